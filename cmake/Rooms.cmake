@@ -1,0 +1,49 @@
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# One folder is one library. A room sees the headers of all rooms, but links only what it names
+# here, so that a call against the direction of the architecture ends in a link error.
+
+add_library(elmworth_options INTERFACE)
+target_include_directories(elmworth_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(elmworth_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough
+    $<$<BOOL:${ELMWORTH_WERROR}>:-Werror>)
+if(ELMWORTH_SANITIZE)
+    target_compile_options(elmworth_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
+endif()
+target_link_options(elmworth_options INTERFACE -Wl,--as-needed)
+# QStringLiteral everywhere and no silent conversions between texts.
+target_compile_definitions(elmworth_options INTERFACE
+    QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+    ELMWORTH_VERSION="${PROJECT_VERSION}")
+
+# elmworth_room(NAME <target> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...])
+function(elmworth_room)
+    cmake_parse_arguments(PARSE_ARGV 0 ROOM "MOC" "NAME" "SOURCES;LINKS;PRIVATE_LINKS")
+    add_library(${ROOM_NAME} STATIC ${ROOM_SOURCES})
+    target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS}
+        PRIVATE ${ROOM_PRIVATE_LINKS})
+    set_target_properties(${ROOM_NAME} PROPERTIES AUTOMOC ${ROOM_MOC} LINKER_LANGUAGE CXX)
+endfunction()
+
+# elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>])
+# Every test case becomes a test of CTest's, in a fixed time zone and locale unless it sets its own.
+function(elmworth_test)
+    cmake_parse_arguments(PARSE_ARGV 0 TEST "" "NAME;TIMEOUT" "SOURCES;LINKS")
+    if(NOT TEST_TIMEOUT)
+        set(TEST_TIMEOUT 120)
+    endif()
+    add_executable(${TEST_NAME} ${TEST_SOURCES})
+    target_link_libraries(${TEST_NAME} PRIVATE ${TEST_LINKS} elmworth_test_support
+        GTest::gmock GTest::gtest_main)
+    target_include_directories(${TEST_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(${TEST_NAME} PRIVATE
+        ELMWORTH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+    gtest_discover_tests(${TEST_NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT ${TEST_TIMEOUT}
+        ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

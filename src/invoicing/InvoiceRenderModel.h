@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/BusinessProfile.h"
+#include "core/LogoImage.h"
+#include "platform/Locale.h"
+
+namespace elmworth {
+
+class Invoice;
+
+/// One invoice as pure text: all dates, amounts and labels are finished, so that pages, preview and
+/// e-mail text decide nothing about data.
+struct InvoiceRenderModel {
+    struct Party {
+        std::string name;
+        std::string address;
+        std::string email;
+        std::string taxID;
+
+        friend bool operator==(const Party&, const Party&) = default;
+    };
+
+    /// A line of the invoice: one project at one rate.
+    struct ProjectRow {
+        std::string name;
+        std::string hours;
+        std::string rate;
+        std::string amount;
+
+        friend bool operator==(const ProjectRow&, const ProjectRow&) = default;
+    };
+
+    /// One entry under a line.
+    struct EntryRow {
+        std::string date;
+        std::string notes;
+        std::string hours;
+
+        friend bool operator==(const EntryRow&, const EntryRow&) = default;
+    };
+
+    using Row = std::variant<ProjectRow, EntryRow>;
+
+    std::string number;
+    std::string issueDate;
+    std::string dueDate;
+    std::string period;
+    Party business;
+    Party billTo;
+    std::vector<Row> rows;
+    std::string subtotal;
+    std::optional<std::string> taxLabel;  ///< absent when the invoice has no tax
+    std::string tax;
+    std::string total;
+    std::string paymentInstructions;
+    std::string notes;
+    LogoImage logo;  ///< null for none
+};
+
+/// The render model of `invoice` in `locale`. The issuer comes from the invoice's own snapshot, or
+/// from `profile` when there is none that can be read; the client, projects and entries from the
+/// live records; dates stand in the calendar days of the current time zone.
+[[nodiscard]] InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
+                                                        const BusinessProfile& profile,
+                                                        const Locale& locale, LogoImage logo);
+
+}  // namespace elmworth

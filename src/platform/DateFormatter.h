@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/Instant.h"
+#include "platform/Locale.h"
+
+namespace elmworth {
+
+/// Turns instants into a locale's own date and time texts (CLDR), in UTF-8.
+class DateFormatter {
+ public:
+    enum class Style {
+        mediumDate,  ///< "Mar 1, 2026", no time
+        shortTime,   ///< "9:30 AM" or "09:30", no date
+        monthDay,    ///< "Mar 1": abbreviated month and day
+        weekday,     ///< "Monday"
+    };
+
+    DateFormatter(Style style, const Locale& locale, std::string_view zoneID);
+    DateFormatter(DateFormatter&& other) noexcept;
+    DateFormatter& operator=(DateFormatter&& other) noexcept;
+    ~DateFormatter();
+
+    [[nodiscard]] std::string string(Instant instant) const;
+
+ private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace elmworth

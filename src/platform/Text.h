@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace elmworth {
+
+/// `text` without blanks and tabs at both ends; line breaks stay.
+[[nodiscard]] std::string_view trimmedBlanks(std::string_view text);
+
+/// `text` (UTF-8) without Unicode white space and line breaks at both ends.
+[[nodiscard]] std::string_view trimmedWhitespace(std::string_view text);
+
+/// The number of user-perceived characters (UAX #29 grapheme clusters) in `text`.
+[[nodiscard]] std::size_t characterCount(std::string_view text);
+
+/// The first `count` user-perceived characters of `text`.
+[[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// `text` in Unicode's full case folding, for comparing names without regard to case.
+[[nodiscard]] std::string caseFolded(std::string_view text);
+
+/// `text` with everything that is not UTF-8 replaced by U+FFFD.
+[[nodiscard]] std::string validUTF8(std::string_view text);
+
+}  // namespace elmworth
