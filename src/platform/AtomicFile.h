@@ -17,7 +17,8 @@ namespace elmworth {
 /// temporary file and leaves the target as it was.
 ///
 /// Every operation throws std::filesystem::filesystem_error with the target's path and the system's
-/// error; after that the target is as it was.
+/// error; after that the target is as it was. Only when the folder cannot be synced at last does
+/// the name already hold the new content, of which a power failure may still bring back the old.
 class AtomicFile {
  public:
     /// Opens the temporary file beside `target`, whose folder must exist.

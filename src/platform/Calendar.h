@@ -77,14 +77,16 @@ class Calendar {
     [[nodiscard]] DateComponents components(Instant instant) const;
 
     /// The instant of year, month, day and wall-clock time in `components` (its weekday is not
-    /// read). Absent when year, month or day are not of this calendar (a 31st of April).
+    /// read). Absent when year, month and day are not of this calendar (a 31st of April, a day that
+    /// the zone skipped) or the time is not on a clock.
     [[nodiscard]] std::optional<Instant> date(const DateComponents& components) const;
 
-    /// The given wall-clock time on the day that holds `day`.
+    /// The given wall-clock time on the day that holds `day`. Absent when it is not on a clock.
     [[nodiscard]] std::optional<Instant> settingTime(int hour, int minute, int second,
                                                      Instant day) const;
 
-    /// Calendar days from the day of `from` to the day of `to`; negative when `to` is earlier.
+    /// Calendar days from the day of `from` to the day of `to`; negative when `to` is earlier. A
+    /// day that the zone skipped is not counted.
     [[nodiscard]] int daysBetween(Instant from, Instant to) const;
 
     /// Seconds east of UTC that hold at `instant`.

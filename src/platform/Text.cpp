@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/Text.h"
+
+#include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/locid.h>
+#include <unicode/uchar.h>
+#include <unicode/uniset.h>
+#include <unicode/unistr.h>
+#include <unicode/utext.h>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+namespace elmworth {
+namespace {
+
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), static_cast<int>(text.size())};
+}
+
+/// The byte offset behind the first `count` characters of `text`, which counts down as they pass.
+std::size_t skipCharacters(std::string_view text, std::size_t& count) {
+    UErrorCode status = U_ZERO_ERROR;
+    thread_local const std::unique_ptr<icu::BreakIterator> boundaries(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    const std::unique_ptr<UText, decltype(&utext_close)> source(
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status),
+        &utext_close);
+    if (U_FAILURE(status)) throw std::bad_alloc();
+    boundaries->setText(source.get(), status);
+    int offset = boundaries->first();
+    while (count > 0) {
+        const int next = boundaries->next();
+        if (next == icu::BreakIterator::DONE) break;
+        offset = next;
+        --count;
+    }
+    return static_cast<std::size_t>(offset);
+}
+
+/// True where each byte is a character of its own; a carriage return may join a line feed.
+bool isPlainASCII(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\r'; });
+}
+
+}  // namespace
+
+std::string_view trimmedBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::string_view trimmedWhitespace(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeSet* blank =
+        icu::UnicodeSet::fromUSet(u_getBinaryPropertySet(UCHAR_WHITE_SPACE, &status));
+    if (blank == nullptr) throw std::bad_alloc();
+    const auto length = [](std::string_view part) { return static_cast<int>(part.size()); };
+    const int start = blank->spanUTF8(text.data(), length(text), USET_SPAN_SIMPLE);
+    text.remove_prefix(static_cast<std::size_t>(start));
+    const int end = blank->spanBackUTF8(text.data(), length(text), USET_SPAN_SIMPLE);
+    return text.substr(0, static_cast<std::size_t>(end));
+}
+
+std::size_t characterCount(std::string_view text) {
+    if (isPlainASCII(text)) return text.size();
+    std::size_t left = text.size();
+    skipCharacters(text, left);
+    return text.size() - left;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    if (count >= text.size() || isPlainASCII(text)) return text.substr(0, count);
+    return text.substr(0, skipCharacters(text, count));
+}
+
+std::string caseFolded(std::string_view text) {
+    std::string folded;
+    icu::StringByteSink<std::string> sink(&folded, static_cast<int>(text.size()));
+    UErrorCode status = U_ZERO_ERROR;
+    icu::CaseMap::utf8Fold(0, piece(text), sink, nullptr, status);
+    return folded;
+}
+
+std::string validUTF8(std::string_view text) {
+    std::string valid;
+    return icu::UnicodeString::fromUTF8(piece(text)).toUTF8String(valid);
+}
+
+}  // namespace elmworth

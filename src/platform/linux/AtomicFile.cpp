@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+
+namespace elmworth {
+namespace {
+
+[[noreturn]] void fail(const char* what, const std::filesystem::path& file, int error) {
+    throw std::filesystem::filesystem_error(what, file,
+                                            std::error_code(error, std::generic_category()));
+}
+
+/// An open file that is closed when the scope ends.
+class Descriptor {
+ public:
+    Descriptor(const std::filesystem::path& path, int flags)
+        : number_(::open(path.c_str(), flags | O_CLOEXEC)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0) ::close(number_);
+    }
+    [[nodiscard]] int number() const noexcept { return number_; }
+
+ private:
+    int number_;
+};
+
+std::filesystem::path folderOf(const std::filesystem::path& file) {
+    const auto parent = file.parent_path();
+    return parent.empty() ? "." : parent;
+}
+
+/// A rename is only durable once the folder that holds the name is.
+void syncFolder(const std::filesystem::path& target) {
+    const Descriptor folder(folderOf(target), O_RDONLY | O_DIRECTORY);
+    if (folder.number() < 0) fail("cannot open the folder of", target, errno);
+    // Some network file systems know no sync of folders.
+    if (::fsync(folder.number()) != 0 && errno != EINVAL)
+        fail("cannot sync the folder of", target, errno);
+}
+
+std::string readAll(int descriptor, const std::filesystem::path& file) {
+    std::string content;
+    char buffer[65536];
+    while (true) {
+        const ssize_t count = ::read(descriptor, buffer, sizeof buffer);
+        if (count == 0) return content;
+        if (count > 0) content.append(buffer, static_cast<std::size_t>(count));
+        if (count < 0 && errno != EINTR) fail("cannot read", file, errno);
+    }
+}
+
+}  // namespace
+
+AtomicFile::AtomicFile(std::filesystem::path target) : target_(std::move(target)) {
+    // Not derived from the target's name, which may be as long as a file system allows.
+    std::string name = folderOf(target_) / ".elmworth-XXXXXX";
+    descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor_ < 0) fail("cannot write beside", target_, errno);
+    temporary_ = std::move(name);
+}
+
+AtomicFile::~AtomicFile() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+void AtomicFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
+        if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+        if (count < 0 && errno != EINTR) fail("cannot write", target_, errno);
+    }
+}
+
+void AtomicFile::commit() {
+    if (::fsync(descriptor_) != 0) fail("cannot sync", target_, errno);
+    if (::close(std::exchange(descriptor_, -1)) != 0) fail("cannot close", target_, errno);
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("cannot replace", target_, errno);
+    temporary_.clear();
+    syncFolder(target_);
+}
+
+void writeAtomically(const std::filesystem::path& target, std::string_view bytes) {
+    AtomicFile file(target);
+    file.write(bytes);
+    file.commit();
+}
+
+std::string readFile(const std::filesystem::path& file) {
+    // Opening a pipe without this flag would wait for its other end.
+    const Descriptor source(file, O_RDONLY | O_NONBLOCK);
+    if (source.number() < 0) fail("cannot open", file, errno);
+    struct stat status {};
+    if (::fstat(source.number(), &status) != 0) fail("cannot read", file, errno);
+    if (S_ISDIR(status.st_mode)) fail("cannot read", file, EISDIR);
+    if (!S_ISREG(status.st_mode)) fail("cannot read", file, EINVAL);
+    return readAll(source.number(), file);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/StandardFolders.h"
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace elmworth {
+namespace {
+
+std::filesystem::path pathFromEnvironment(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value == nullptr ? "" : value;
+}
+
+std::filesystem::path homeFolder() {
+    if (auto home = pathFromEnvironment("HOME"); !home.empty()) return home;
+    const passwd* user = ::getpwuid(::getuid());
+    return user == nullptr ? "/" : user->pw_dir;
+}
+
+/// Relative paths in these variables are invalid and count as not set.
+std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
+    auto folder = pathFromEnvironment(variable);
+    return folder.is_absolute() ? folder : homeFolder() / belowHome;
+}
+
+}  // namespace
+
+std::filesystem::path applicationSupportFolder() {
+    return baseFolder("XDG_DATA_HOME", ".local/share") / "Elmworth";
+}
+
+std::filesystem::path settingsFolder() {
+    return baseFolder("XDG_CONFIG_HOME", ".config") / "Elmworth";
+}
+
+std::filesystem::path createPrivateFolder(const std::filesystem::path& folder) {
+    if (folder.empty() || std::filesystem::is_directory(folder)) return folder;
+    if (folder != folder.parent_path()) createPrivateFolder(folder.parent_path());
+    constexpr mode_t onlyForTheUser = 0700;
+    const bool made = ::mkdir(folder.c_str(), onlyForTheUser) == 0;
+    const int error = errno;
+    if (!made && !std::filesystem::is_directory(folder))
+        throw std::filesystem::filesystem_error("cannot create the folder", folder,
+                                                std::error_code(error, std::generic_category()));
+    return folder;
+}
+
+}  // namespace elmworth
