@@ -4,8 +4,9 @@
 #include "theme/fonts/Fonts.h"
 
 #include <QFontDatabase>
-#include <QStringList>
+#include <QLatin1String>
 #include <QtGlobal>
+#include <array>
 
 // The macro declares a function of the global namespace.
 static void initializeFontResources() {
@@ -16,15 +17,18 @@ namespace elmworth {
 
 namespace {
 
+constexpr std::array fontFiles{
+    "Text-Regular.otf",     "Text-Medium.otf",     "Text-SemiBold.otf",
+    "Text-Bold.otf",        "Tabular-Regular.otf", "Tabular-Medium.otf",
+    "Tabular-SemiBold.otf", "Tabular-Bold.otf",    "Label-SemiBold.otf",
+};
+
 bool loadAll() {
     initializeFontResources();
-    for (const auto* name : {"Text", "Tabular"}) {
-        for (const auto* weight : {"Regular", "Medium", "SemiBold", "Bold"}) {
-            const QString path = QStringLiteral(":/elmworth/fonts/%1-%2.otf")
-                                     .arg(QLatin1String(name), QLatin1String(weight));
-            if (QFontDatabase::addApplicationFont(path) < 0) {
-                qFatal("The embedded font %s-%s cannot be loaded", name, weight);
-            }
+    for (const char* file : fontFiles) {
+        const QString path = QStringLiteral(":/elmworth/fonts/") + QLatin1String(file);
+        if (QFontDatabase::addApplicationFont(path) < 0) {
+            qFatal("The embedded font %s cannot be loaded", file);
         }
     }
     return true;
@@ -52,12 +56,20 @@ QString tabularFontFamily() {
     return QStringLiteral("Elmworth Inter Tabular");
 }
 
+QString labelFontFamily() {
+    return QStringLiteral("Elmworth Inter Label");
+}
+
 QFont textFont(double pointSize, QFont::Weight weight) {
     return unhinted(textFontFamily(), pointSize, weight);
 }
 
 QFont tabularFont(double pointSize, QFont::Weight weight) {
     return unhinted(tabularFontFamily(), pointSize, weight);
+}
+
+QFont labelFont(double pointSize) {
+    return unhinted(labelFontFamily(), pointSize, QFont::DemiBold);
 }
 
 }  // namespace elmworth
