@@ -21,11 +21,11 @@ inline constexpr std::array allPaperSizes{PaperSize::letter, PaperSize::a4};
 
 /// The user's own business and the defaults of new invoices.
 struct BusinessProfile {
-    std::string name;
-    std::string address;
-    std::string taxID;
-    std::string email;
-    std::string paymentInstructions;          ///< printed on invoices
+    std::string name{};
+    std::string address{};
+    std::string taxID{};
+    std::string email{};
+    std::string paymentInstructions{};        ///< printed on invoices
     std::string invoicePrefix = "INV";        ///< first part of the invoice number
     std::int64_t nextInvoiceNumber = 1;       ///< the number that the next invoice takes
     PaperSize paperSize = PaperSize::letter;  ///< of new PDFs

@@ -81,12 +81,16 @@ struct UserDefaults::Impl {
         }
     }
 
-    /// Handlers may add and drop observations.
+    /// Handlers may add and drop observations; a dropped one hears nothing more, so that only its
+    /// function is kept while it runs.
     void tell(std::string_view key) {
         std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
         const auto present = observers;
-        for (const auto& observer : present)
-            if (const auto changed = observer.lock()) (*changed)(key);
+        for (const auto& observer : present) {
+            Observer changed;
+            if (const auto alive = observer.lock()) changed = *alive;
+            if (changed) changed(key);
+        }
     }
 
     [[nodiscard]] std::optional<QString> text(std::string_view key) const {

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/DateFormatter.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/Instants.h"
+#include "support/Rows.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::rowName;
+using Style = DateFormatter::Style;
+
+struct FormatRow {
+    const char* name;
+    Style style;
+    const char* locale;
+    const char* zone;
+    const char* text;
+};
+
+void PrintTo(const FormatRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class DateFormatterText : public testing::TestWithParam<FormatRow> {};
+
+TEST_P(DateFormatterText, IsTheLocalesOwn) {
+    const auto& row = GetParam();
+    const DateFormatter formatter(row.style, Locale(row.locale), row.zone);
+    EXPECT_EQ(formatter.string(at("2026-03-01T20:30Z")), row.text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Row, DateFormatterText,
+    testing::ValuesIn(std::vector<FormatRow>{
+        {"MediumDateAmerican", Style::mediumDate, "en_US", "UTC", "Mar 1, 2026"},
+        {"MediumDateGerman", Style::mediumDate, "de_DE", "UTC", "01.03.2026"},
+        {"MediumDateBritish", Style::mediumDate, "en_GB", "UTC", "1 Mar 2026"},
+        {"MediumDateInTheNextDaysZone", Style::mediumDate, "en_US", "Asia/Kathmandu",
+         "Mar 2, 2026"},
+        {"ShortTimeAmerican", Style::shortTime, "en_US", "UTC", "8:30\u202fPM"},
+        {"ShortTimeGerman", Style::shortTime, "de_DE", "UTC", "20:30"},
+        {"ShortTimeInAZone", Style::shortTime, "de_DE", "Europe/Berlin", "21:30"},
+        {"MonthDayAmerican", Style::monthDay, "en_US", "UTC", "Mar 1"},
+        {"MonthDayGerman", Style::monthDay, "de_DE", "UTC", "1. März"},
+        {"WeekdayAmerican", Style::weekday, "en_US", "UTC", "Sunday"},
+        {"WeekdayGerman", Style::weekday, "de_DE", "UTC", "Sonntag"},
+        {"WeekdayInTheNextDaysZone", Style::weekday, "en_US", "Asia/Kathmandu", "Monday"},
+    }),
+    rowName);
+
+}  // namespace
+}  // namespace elmworth

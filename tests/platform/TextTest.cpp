@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/Rows.h"
+
+namespace elmworth {
+namespace {
+
+using test::rowName;
+using namespace std::string_literals;
+
+struct CharacterRow {
+    const char* name;
+    std::string text;
+    std::size_t count;
+    std::string firstTwo;
+};
+
+void PrintTo(const CharacterRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class Characters : public testing::TestWithParam<CharacterRow> {};
+
+TEST_P(Characters, AreCountedAsPeoplePerceiveThem) {
+    EXPECT_EQ(characterCount(GetParam().text), GetParam().count);
+}
+
+TEST_P(Characters, AreNeverCutInTheMiddle) {
+    EXPECT_EQ(firstCharacters(GetParam().text, 2), GetParam().firstTwo);
+}
+
+INSTANTIATE_TEST_SUITE_P(Row, Characters,
+                         testing::ValuesIn(std::vector<CharacterRow>{
+                             {"Empty", "", 0, ""},
+                             {"Letters", "abc", 3, "ab"},
+                             {"FewerThanAsked", "a", 1, "a"},
+                             {"Umlauts", "äöü", 3, "äö"},
+                             {"CombiningAccents", "e\u0301e\u0301e\u0301", 3, "e\u0301e\u0301"},
+                             {"Family", "👨‍👩‍👧‍👦!", 2,
+                              "👨‍👩‍👧‍👦!"},
+                             {"Flags", "🇩🇪🇺🇸🇫🇷", 3, "🇩🇪🇺🇸"},
+                             {"SkinTones", "👍🏽👍🏿👍", 3, "👍🏽👍🏿"},
+                             {"HangulSyllables", "각각각", 3, "각각"},
+                             {"CarriageReturnAndLineFeed", "\r\na\r\n", 3, "\r\na"},
+                             {"LineFeeds", "\n\n\n", 3, "\n\n"},
+                             {"NotUTF8",
+                              "a\xff"
+                              "b",
+                              3, "a\xff"},
+                         }),
+                         rowName);
+
+TEST(Text, FirstNoneIsEmpty) {
+    EXPECT_EQ(firstCharacters("äöü", 0), "");
+    EXPECT_EQ(firstCharacters("abc", 0), "");
+}
+
+TEST(Text, TrimmedBlanksLeavesLineBreaks) {
+    EXPECT_EQ(trimmedBlanks(" \t a b \t"), "a b");
+    EXPECT_EQ(trimmedBlanks(" \na\n "), "\na\n");
+    EXPECT_EQ(trimmedBlanks(" \t "), "");
+    EXPECT_EQ(trimmedBlanks(""), "");
+}
+
+TEST(Text, TrimmedWhitespaceTakesAllUnicodeWhiteSpace) {
+    EXPECT_EQ(trimmedWhitespace(" \t\r\n\u00a0\u2003a b\u2028\u3000\n "), "a b");
+    EXPECT_EQ(trimmedWhitespace("\u00a0\n"), "");
+    EXPECT_EQ(trimmedWhitespace(""), "");
+    EXPECT_EQ(trimmedWhitespace("ä"), "ä");
+}
+
+TEST(Text, CaseFoldingMakesSpellingsEqual) {
+    EXPECT_EQ(caseFolded("STRASSE"), caseFolded("straße"));
+    EXPECT_EQ(caseFolded("ΣΊΣΥΦΟΣ"), caseFolded("σίσυφος"));
+    EXPECT_EQ(caseFolded("Ärger 7"), "ärger 7");
+    EXPECT_EQ(caseFolded(""), "");
+}
+
+TEST(Text, ValidUTF8ReplacesOnlyWhatIsNot) {
+    EXPECT_EQ(validUTF8("Zürich 👍"), "Zürich 👍");
+    EXPECT_EQ(validUTF8("a\xff"
+                        "b"),
+              "a\ufffd"
+              "b");
+    EXPECT_EQ(validUTF8("caf\xc3"), "caf\ufffd");
+    EXPECT_EQ(validUTF8("a\0b"s), "a\0b"s);
+}
+
+}  // namespace
+}  // namespace elmworth
