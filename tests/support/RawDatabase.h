@@ -19,7 +19,7 @@ class RawDatabase {
     explicit RawDatabase(const std::filesystem::path& file) {
         sqlite3* database = nullptr;
         const int code = sqlite3_open_v2(file.c_str(), &database,
-                                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+                                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, "unix");
         database_.reset(database);
         if (code != SQLITE_OK) throw std::runtime_error(sqlite3_errstr(code));
     }

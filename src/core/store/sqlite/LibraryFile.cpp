@@ -96,6 +96,8 @@ void createLibraryFile(const fs::path& file) {
     AtomicFile target(file);
     {
         Database database(target.temporaryPath().string());
+        // A failure throws the whole file away, so it needs no journal that would be left beside.
+        database.execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         createSchema(database);
     }
     target.commit();
