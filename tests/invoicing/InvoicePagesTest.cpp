@@ -60,7 +60,10 @@ INSTANTIATE_TEST_SUITE_P(
         WrapRow{"LettersOfSeveralBytesCountOnce", "ääääääääää", 1},
         WrapRow{"CombinedLettersCountOnce", "e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301", 1},
         WrapRow{"EmojiSequencesCountOnce",
-                "👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍"
+                "👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍🚀👩‍"
+                "🚀"
+                "👩"
+                "‍"
                 "🚀",
                 1}),
     rowName);
