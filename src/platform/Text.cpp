@@ -81,6 +81,19 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, skipCharacters(text, count));
 }
 
+std::string numericCharacters(std::string_view text, std::string_view alsoKept) {
+    const auto isKept = [&](UChar32 c) {
+        return u_getIntPropertyValue(c, UCHAR_NUMERIC_TYPE) != U_NT_NONE ||
+               (c < 0x80 && alsoKept.find(static_cast<char>(c)) != std::string_view::npos);
+    };
+    const auto source = icu::UnicodeString::fromUTF8(piece(text));
+    icu::UnicodeString kept;
+    for (int i = 0; i < source.length(); i = source.moveIndex32(i, 1))
+        if (const UChar32 c = source.char32At(i); isKept(c)) kept.append(c);
+    std::string utf8;
+    return kept.toUTF8String(utf8);
+}
+
 std::string caseFolded(std::string_view text) {
     std::string folded;
     icu::StringByteSink<std::string> sink(&folded, static_cast<int>(text.size()));

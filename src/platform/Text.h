@@ -21,6 +21,10 @@ namespace elmworth {
 /// The first `count` user-perceived characters of `text`.
 [[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
+/// The characters of `text` that are numeric in Unicode (digits of any script, "½", "²" …) or stand
+/// in `alsoKept`, which is ASCII.
+[[nodiscard]] std::string numericCharacters(std::string_view text, std::string_view alsoKept = {});
+
 /// `text` in Unicode's full case folding, for comparing names without regard to case.
 [[nodiscard]] std::string caseFolded(std::string_view text);
 

@@ -76,6 +76,13 @@ TEST(Text, TrimmedWhitespaceTakesAllUnicodeWhiteSpace) {
     EXPECT_EQ(trimmedWhitespace("ä"), "ä");
 }
 
+TEST(Text, NumericCharactersAreThoseOfAnyScript) {
+    EXPECT_EQ(numericCharacters(" $ 1,200.50 -x"), "120050");
+    EXPECT_EQ(numericCharacters(" $ 1,200.50 -x", ".,"), "1,200.50");
+    EXPECT_EQ(numericCharacters("٣½²Ⅷ一𝟙aé👍"), "٣½²Ⅷ一𝟙");
+    EXPECT_EQ(numericCharacters(""), "");
+}
+
 TEST(Text, CaseFoldingMakesSpellingsEqual) {
     EXPECT_EQ(caseFolded("STRASSE"), caseFolded("straße"));
     EXPECT_EQ(caseFolded("ΣΊΣΥΦΟΣ"), caseFolded("σίσυφος"));

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/LibraryServices.h"
+
+#include <cstdlib>
+
+#include "platform/Calendar.h"
+#include "screens/DemoData.h"
+
+namespace elmworth {
+
+namespace {
+
+/// The demo's settings are a suite of its own that begins empty, so that every demo shows the same.
+UserDefaults& preparedForDemo(UserDefaults& defaults, ModelContext& context, const Clock& now,
+                              bool isDemo) {
+    if (isDemo) {
+        defaults.removeAll();
+        DemoData::seed(context, defaults, now(), Calendar::current());
+    }
+    return defaults;
+}
+
+}  // namespace
+
+bool isHostedRun() {
+    return std::getenv("XCTestConfigurationFilePath") != nullptr;
+}
+
+LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
+    : now_(std::move(now)),
+      container_(ModelConfiguration::standard(isDemo), runLoop),
+      defaults_(isDemo ? UserDefaults::suiteFile("ElmworthDemo") : UserDefaults::standardFile()),
+      profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
+      timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }) {
+    timer_.restore();
+}
+
+}  // namespace elmworth

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/ProfileStore.h"
+#include "core/store/ModelContainer.h"
+#include "platform/UserDefaults.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+
+/// An open library with its long-lived services, made in the start order of the program: the demo
+/// library when it is asked for, the user defaults, the profile, the timer, and the timer's
+/// restore.
+///
+/// Whoever makes one holds the lock of the library (see LibraryLock), unless it is in memory.
+class LibraryServices {
+ public:
+    /// Throws ModelContainerError when the library cannot be opened.
+    LibraryServices(bool isDemo, Clock now, RunLoop& runLoop);
+
+    [[nodiscard]] ModelContext& context() noexcept { return container_.mainContext(); }
+    [[nodiscard]] UserDefaults& defaults() noexcept { return defaults_; }
+    [[nodiscard]] ProfileStore& profiles() noexcept { return profiles_; }
+    [[nodiscard]] TimerService& timer() noexcept { return timer_; }
+    [[nodiscard]] const Clock& clock() const noexcept { return now_; }
+
+ private:
+    Clock now_;
+    ModelContainer container_;
+    UserDefaults defaults_;
+    ProfileStore profiles_;
+    TimerService timer_;
+};
+
+/// Whether this is a hosted run, which keeps its library in memory and watches no power events.
+[[nodiscard]] bool isHostedRun();
+
+}  // namespace elmworth

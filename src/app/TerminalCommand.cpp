@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/TerminalCommand.h"
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <thread>
+
+#include "app/CommandHandOff.h"
+#include "app/LibraryServices.h"
+#include "core/Logo.h"
+#include "platform/LibraryLock.h"
+#include "platform/StandardFolders.h"
+
+namespace elmworth {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longestWait = 5s;
+constexpr auto betweenTries = 10ms;
+constexpr const char* libraryInUse = "The library is in use by another Elmworth process.";
+
+/// With a logo the pages of an invoice can only be counted by a process that can read pictures.
+bool needsPainter(const CommandLine& commandLine) {
+    std::error_code ignored;
+    return commandLine.needsPainter ||
+           (commandLine.countsPages &&
+            std::filesystem::exists(applicationSupportFolder() / "logo.png", ignored));
+}
+
+CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* painter) {
+    try {
+        NoRunLoop runLoop;
+        LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
+        CommandEnvironment environment{services.context(),
+                                       services.timer(),
+                                       services.profiles(),
+                                       services.clock(),
+                                       Locale::current(),
+                                       Calendar::current(),
+                                       std::filesystem::current_path(),
+                                       painter};
+        return runCommand(commandLine, environment);
+    } catch (const ModelContainerError& error) {
+        return failedCommand(error.what());
+    }
+}
+
+std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
+                                          const std::vector<std::string>& arguments,
+                                          InvoicePainter* painter) {
+    LibraryLock lock(applicationSupportFolder());
+    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    while (true) {
+        if (lock.tryAcquire()) {
+            if (!painter && needsPainter(commandLine)) return std::nullopt;
+            return runOnOwnLibrary(commandLine, painter);
+        }
+        if (auto result = handOff(arguments)) return result;
+        if (std::chrono::steady_clock::now() >= deadline) return failedCommand(libraryInUse);
+        std::this_thread::sleep_for(betweenTries);
+    }
+}
+
+}  // namespace
+
+std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
+                                                const std::vector<std::string>& arguments,
+                                                InvoicePainter* painter) {
+    try {
+        if (commandLine.isDemo || isHostedRun()) {
+            if (!painter && needsPainter(commandLine)) return std::nullopt;
+            return runOnOwnLibrary(commandLine, painter);
+        }
+        return runUnderLock(commandLine, arguments, painter);
+    } catch (const std::filesystem::filesystem_error& error) {
+        return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
+                             error.code().message());
+    }
+}
+
+int printResult(const CommandResult& result) {
+    std::fwrite(result.output.data(), 1, result.output.size(), stdout);
+    std::fwrite(result.errors.data(), 1, result.errors.size(), stderr);
+    if (std::fflush(stdout) != 0 && result.exitStatus == 0) {
+        std::fputs("The result could not be written to standard output.\n", stderr);
+        return 1;
+    }
+    return result.exitStatus;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <array>
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+#include "command/FieldTable.h"
+#include "command/JSONOutput.h"
+#include "command/RecordLookup.h"
+#include "command/TextTable.h"
+#include "command/TypedValue.h"
+#include "invoicing/MoneyFormat.h"
+#include "invoicing/UnbilledTime.h"
+#include "tracking/ClientDeletion.h"
+#include "tracking/DurationFormat.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr std::int64_t longestTerm = 120;
+
+struct ClientSummary {
+    Ref<Client> client;
+    std::int64_t activeProjects = 0;
+    UnbilledTime unbilled;
+};
+
+struct ClientArguments {
+    std::string name;
+    std::string field;
+    std::string value;
+    std::string email;
+    std::string address;
+    std::string currency;
+    std::string rate;
+    std::string dueDays;
+    std::string tax;
+};
+
+std::vector<ClientSummary> summaries(ModelContext& context) {
+    const auto unbilled = unbilledTimeByProject(context);
+    std::vector<ClientSummary> clients;
+    for (const auto& client : context.fetch(FetchDescriptor<Client>{
+             .sortBy = {sortedBy<&Client::name>(SortOrder::forward,
+                                                SortComparison::localizedStandard)}})) {
+        ClientSummary summary{client, 0, {}};
+        for (const auto& project : client->projects()) {
+            if (!project->isArchived) ++summary.activeProjects;
+            const auto found = unbilled.find(project->persistentModelID());
+            if (found != unbilled.end()) summary.unbilled += found->second;
+        }
+        clients.push_back(summary);
+    }
+    return clients;
+}
+
+void writeClient(JSONOutput& json, const ClientSummary& summary) {
+    const auto& client = *summary.client;
+    json.beginObject();
+    json.field("id", client.persistentModelID().string());
+    json.field("name", client.name.get());
+    json.field("email", client.email.get());
+    json.field("address", client.address.get());
+    json.field("currencyCode", client.currencyCode.get());
+    json.field("hourlyRateCents", client.hourlyRateCents.get());
+    json.field("dueDays", client.dueDays.get());
+    json.field("taxBasisPoints", client.taxBasisPoints.get());
+    json.field("activeProjects", summary.activeProjects);
+    json.field("unbilledSeconds", summary.unbilled.seconds);
+    json.field("unbilledCents", summary.unbilled.cents);
+    json.endObject();
+}
+
+void list(CommandEnvironment& environment, CommandOutput& output) {
+    const auto clients = summaries(environment.context);
+    if (output.isJSON()) {
+        JSONOutput json;
+        json.beginArray();
+        for (const auto& summary : clients) writeClient(json, summary);
+        json.endArray();
+        output.text += json.document();
+        return;
+    }
+    if (clients.empty()) {
+        return output.line("There are no clients yet. Add one with: elmworth client add NAME");
+    }
+    using enum TextTable::Alignment;
+    TextTable table({{"CLIENT"},
+                     {"EMAIL"},
+                     {"RATE", right},
+                     {"PROJECTS", right},
+                     {"UNBILLED", right},
+                     {"VALUE", right}});
+    for (const auto& [client, projects, unbilled] : clients) {
+        const std::string currency = client->currencyCode;
+        table.add({client->name, client->email,
+                   formatCents(client->hourlyRateCents, currency, environment.locale) + "/h",
+                   std::to_string(projects), formatHoursMinutes(unbilled.seconds),
+                   formatCents(unbilled.cents, currency, environment.locale)});
+    }
+    output.text += table.text();
+}
+
+constexpr std::array<SettableField<Client>, 8> fields{{
+    {"name", [](Client& client, const std::string& value) { client.name = typedName(value); }},
+    {"email", [](Client& client, const std::string& value) { client.email = value; }},
+    {"address", [](Client& client, const std::string& value) { client.address = value; }},
+    {"currency",
+     [](Client& client, const std::string& value) { client.currencyCode = typedCurrency(value); }},
+    {"currencyCode",
+     [](Client& client, const std::string& value) { client.currencyCode = typedCurrency(value); }},
+    {"rate",
+     [](Client& client, const std::string& value) { client.hourlyRateCents = typedAmount(value); }},
+    {"due-days",
+     [](Client& client, const std::string& value) {
+         client.dueDays =
+             value.empty()
+                 ? std::nullopt
+                 : std::optional(typedInteger(value, "a payment term in days", 0, longestTerm));
+     }},
+    {"tax",
+     [](Client& client, const std::string& value) {
+         client.taxBasisPoints = value.empty() ? std::nullopt : std::optional(typedPercent(value));
+     }},
+}};
+
+void set(Client& client, const std::string& field, const std::string& value) {
+    setField<Client>(fields, client, field, value);
+}
+
+void add(const ClientArguments& arguments, CommandEnvironment& environment, CommandOutput& output) {
+    // The record joins the library only when every value was read.
+    const auto client = std::make_shared<Client>(typedName(arguments.name));
+    set(*client, "email", arguments.email);
+    set(*client, "address", arguments.address);
+    if (!arguments.currency.empty()) set(*client, "currency", arguments.currency);
+    if (!arguments.rate.empty()) set(*client, "rate", arguments.rate);
+    if (!arguments.dueDays.empty()) set(*client, "due-days", arguments.dueDays);
+    if (!arguments.tax.empty()) set(*client, "tax", arguments.tax);
+    client->createdAt = environment.now();
+    environment.context.insert(client);
+    environment.context.saveOrRollback();
+    if (!output.isJSON()) return output.line("Added the client “" + client->name.get() + "”.");
+    JSONOutput json;
+    writeClient(json, {client, 0, {}});
+    output.text += json.document();
+}
+
+void change(const ClientArguments& arguments, CommandEnvironment& environment) {
+    const auto client = findClient(environment.context, arguments.name);
+    set(*client, arguments.field, arguments.value);
+    environment.context.saveOrRollback();
+}
+
+void remove(const std::string& name, CommandEnvironment& environment, CommandOutput& output) {
+    const auto client = findClient(environment.context, name);
+    const std::string foundName = client->name;
+    if (hasInvoices(*client)) throw CommandError("Delete " + foundName + "'s invoices first.");
+    deleteClient(client, environment.context, environment.timer);
+    environment.context.saveOrRollback();
+    if (!output.isJSON()) {
+        output.line("Deleted the client “" + foundName +
+                    "” with its projects and their time entries.");
+    }
+}
+
+}  // namespace
+
+void addClientCommand(CommandSyntax& syntax) {
+    auto* client =
+        syntax.program.add_subcommand("client", "Lists, adds, changes and deletes clients");
+    client->require_subcommand(1);
+    auto arguments = std::make_shared<ClientArguments>();
+
+    syntax.carriesOut(client->add_subcommand("list", "Lists all clients with their unbilled time"),
+                      &list);
+
+    auto* adding = client->add_subcommand("add", "Adds a client");
+    adding->add_option("NAME", arguments->name)->required();
+    adding->add_option("--email", arguments->email, "Billing e-mail address");
+    adding->add_option("--address", arguments->address, "Billing address");
+    adding->add_option("--currency", arguments->currency, "ISO code, USD unless given");
+    adding->add_option("--rate", arguments->rate, "Hourly rate like 120 or 120.50")
+        ->type_name("AMOUNT");
+    adding
+        ->add_option("--due-days", arguments->dueDays,
+                     "Payment term; without it the business default")
+        ->type_name("N");
+    adding->add_option("--tax", arguments->tax, "Tax rate; without it the business default")
+        ->type_name("PERCENT");
+    syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        add(*arguments, environment, output);
+    });
+
+    auto* setting = client->add_subcommand("set", "Changes one field of a client");
+    setting->add_option("NAME", arguments->name)->required();
+    setting
+        ->add_option("FIELD", arguments->field,
+                     "name, email, address, currency, rate, due-days or tax")
+        ->required();
+    setting->add_option("VALUE", arguments->value, "Empty for the default of due-days and tax")
+        ->required();
+    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput&) {
+        change(*arguments, environment);
+    });
+
+    auto* deleting = client->add_subcommand(
+        "delete", "Deletes a client with its projects and their time, unless it has invoices");
+    deleting->add_option("NAME", arguments->name)->required();
+    syntax.carriesOut(deleting,
+                      [arguments](CommandEnvironment& environment, CommandOutput& output) {
+                          remove(arguments->name, environment, output);
+                      });
+}
+
+}  // namespace elmworth

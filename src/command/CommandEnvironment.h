@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <filesystem>
+
+#include "core/ProfileStore.h"
+#include "core/store/ModelContext.h"
+#include "invoicing/InvoiceRenderModel.h"
+#include "platform/Calendar.h"
+#include "platform/Instant.h"
+#include "platform/Locale.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+
+/// Draws invoices. A process without a GUI library has none.
+class InvoicePainter {
+ public:
+    virtual ~InvoicePainter() = default;
+
+    /// The current logo, or null.
+    [[nodiscard]] virtual LogoImage loadLogo() = 0;
+
+    /// Writes the PDF of `model` to `file`. Throws RenderError.
+    virtual void render(const InvoiceRenderModel& model, PaperSize paper,
+                        const std::filesystem::path& file) = 0;
+};
+
+/// What a command works on: the open library and its services, and how the person who gave the
+/// command reads dates and amounts.
+struct CommandEnvironment {
+    ModelContext& context;
+    TimerService& timer;
+    ProfileStore& profiles;
+    Clock now;
+    Locale locale;
+    Calendar calendar;
+    std::filesystem::path workingFolder;  ///< relative paths are meant from here
+    InvoicePainter* painter = nullptr;    ///< null where nothing can be drawn
+};
+
+}  // namespace elmworth

@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandLine.h"
+
+#include <array>
+#include <filesystem>
+#include <sstream>
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+
+namespace elmworth {
+
+namespace {
+
+struct CommandEntry {
+    const char* name;
+    void (*add)(CommandSyntax&);
+};
+
+constexpr std::array commands{
+    CommandEntry{"status", &addStatusCommand},   CommandEntry{"start", &addStartCommand},
+    CommandEntry{"stop", &addStopCommand},       CommandEntry{"continue", &addContinueCommand},
+    CommandEntry{"client", &addClientCommand},   CommandEntry{"project", &addProjectCommand},
+    CommandEntry{"log", &addLogCommand},         CommandEntry{"invoice", &addInvoiceCommand},
+    CommandEntry{"profile", &addProfileCommand},
+};
+
+/// A key binding must not wait for the syntax of commands that it does not use.
+void addCommands(CommandSyntax& syntax, const std::vector<std::string>& arguments) {
+    for (const auto& argument : arguments) {
+        for (const auto& command : commands) {
+            if (argument == command.name) return command.add(syntax);
+        }
+    }
+    for (const auto& command : commands) command.add(syntax);
+}
+
+/// "-demo" has one dash, which the parser would read as five short options.
+bool takeDemoSwitch(std::vector<std::string>& arguments) {
+    return std::erase(arguments, "-demo") > 0;
+}
+
+std::string withoutTrailingBreaks(std::string text) {
+    while (!text.empty() && text.back() == '\n') text.pop_back();
+    return text;
+}
+
+CommandResult answerOf(const CLI::App& program, const CLI::ParseError& error) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    const int status = program.exit(error, output, errors);
+    return {output.str(), errors.str(), status == 0 ? 0 : 2};
+}
+
+std::string describe(const std::filesystem::filesystem_error& error) {
+    const std::string reason = error.code().message();
+    return error.path1().empty() ? reason : error.path1().string() + ": " + reason;
+}
+
+CommandResult failure(const std::string& message, int status) {
+    return {{}, withoutTrailingBreaks(message) + '\n', status};
+}
+
+}  // namespace
+
+CommandResult failedCommand(const std::string& message) {
+    return failure(message, 1);
+}
+
+CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
+    auto arguments = givenArguments;
+    CommandLine commandLine;
+    commandLine.isDemo = takeDemoSwitch(arguments);
+
+    CLI::App program{
+        "Elmworth tracks time and turns it into invoices. Without a command it is the "
+        "desktop application.",
+        "elmworth"};
+    program.set_version_flag("--version", "Elmworth " ELMWORTH_VERSION);
+    program.require_subcommand(0, 1);
+    program.fallthrough();
+    program.footer("-demo before a command works on a fresh demo library in memory.");
+    auto format = std::make_shared<OutputFormat>(OutputFormat::text);
+    program.add_option("--format", *format, "How results are printed: text or json")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, OutputFormat>{
+            {"text", OutputFormat::text}, {"json", OutputFormat::json}}))
+        ->type_name("FORMAT");
+    CommandSyntax syntax{program};
+    addCommands(syntax, arguments);
+
+    try {
+        // CLI11 takes the arguments from the back.
+        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::ParseError& error) {
+        commandLine.answer = answerOf(program, error);
+        return commandLine;
+    }
+    commandLine.needsPainter = syntax.drawing == Drawing::drawsPages;
+    commandLine.countsPages = syntax.drawing == Drawing::countsPages;
+    if (syntax.action) {
+        commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,
+                                                              std::string& output) {
+            CommandOutput commandOutput{*format, output};
+            action(environment, commandOutput);
+        };
+    }
+    return commandLine;
+}
+
+CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& environment) {
+    CommandResult result;
+    try {
+        commandLine.action(environment, result.output);
+        return result;
+    } catch (const CommandError& error) {
+        return failure(error.what(), static_cast<int>(error.kind()));
+    } catch (const std::filesystem::filesystem_error& error) {
+        return failedCommand(describe(error));
+    } catch (const std::exception& error) {
+        // The sentences of BuildError, RenderError and StoreError are made for people.
+        return failedCommand(error.what());
+    }
+}
+
+}  // namespace elmworth

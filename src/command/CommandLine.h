@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "command/CommandEnvironment.h"
+
+namespace elmworth {
+
+/// What a command gave: bytes for standard output, text for standard error, and the exit status: 0
+/// done, 1 failed, 2 wrong usage.
+struct CommandResult {
+    std::string output;
+    std::string errors;
+    int exitStatus = 0;
+};
+
+/// A command line that has been read but not carried out.
+struct CommandLine {
+    /// Set when there is nothing to carry out: a help text, the version, or wrong usage.
+    std::optional<CommandResult> answer;
+
+    /// What to do; empty when there is an answer, or no command at all.
+    std::function<void(CommandEnvironment&, std::string& output)> action;
+
+    bool isDemo = false;        ///< works on a fresh demo library in memory
+    bool needsPainter = false;  ///< draws a PDF
+    bool countsPages = false;   ///< counts an invoice's pages, on which a logo takes room
+};
+
+/// Reads the arguments behind the program's name. Touches no library.
+[[nodiscard]] CommandLine parseCommandLine(const std::vector<std::string>& arguments);
+
+/// Carries out `commandLine`. Every failure becomes a line on standard error and an exit status.
+[[nodiscard]] CommandResult runCommand(const CommandLine& commandLine,
+                                       CommandEnvironment& environment);
+
+/// The result of a command that failed before it could begin.
+[[nodiscard]] CommandResult failedCommand(const std::string& message);
+
+}  // namespace elmworth

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "command/CommandEnvironment.h"
+
+namespace elmworth {
+
+enum class OutputFormat { text, json };
+
+/// What a command writes to.
+struct CommandOutput {
+    OutputFormat format;
+    std::string& text;
+
+    [[nodiscard]] bool isJSON() const noexcept { return format == OutputFormat::json; }
+    void line(const std::string& content) { text += content + '\n'; }
+};
+
+using CommandAction = std::function<void(CommandEnvironment&, CommandOutput&)>;
+
+/// What a command needs of the GUI library.
+enum class Drawing {
+    none,
+    countsPages,  ///< the logo, if there is one
+    drawsPages,
+};
+
+/// Collects the action of the command that was parsed.
+struct CommandSyntax {
+    CLI::App& program;
+    CommandAction action = {};
+    Drawing drawing = Drawing::none;
+
+    /// Declares that `command` does `run`.
+    void carriesOut(CLI::App* command, CommandAction run, Drawing needed = Drawing::none) {
+        command->callback([this, run = std::move(run), needed] {
+            action = run;
+            drawing = needed;
+        });
+    }
+};
+
+// One of these for each command; each adds its syntax to the program.
+void addStatusCommand(CommandSyntax& syntax);
+void addStartCommand(CommandSyntax& syntax);
+void addStopCommand(CommandSyntax& syntax);
+void addContinueCommand(CommandSyntax& syntax);
+void addClientCommand(CommandSyntax& syntax);
+void addProjectCommand(CommandSyntax& syntax);
+void addLogCommand(CommandSyntax& syntax);
+void addInvoiceCommand(CommandSyntax& syntax);
+void addProfileCommand(CommandSyntax& syntax);
+
+}  // namespace elmworth

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+#include "command/RecordLookup.h"
+#include "command/TimerOutput.h"
+
+namespace elmworth {
+
+void addContinueCommand(CommandSyntax& syntax) {
+    auto* command = syntax.program.add_subcommand(
+        "continue", "Continues the entry that ended last, with its notes");
+    syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
+        const auto last = environment.timer.lastContinuableEntry();
+        if (!last) throw CommandError("There is no entry to continue.");
+        const auto entry = environment.timer.continueEntry(last);
+        requireSaved(environment.context);
+        printTimer(environment, output, "Tracking " + fullName(*entry->project.get()) + ".");
+    });
+}
+
+}  // namespace elmworth

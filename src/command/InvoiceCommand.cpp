@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/InvoiceCommand.h"
+
+namespace elmworth {
+
+void addInvoiceCommand(CommandSyntax& syntax) {
+    auto* invoice =
+        syntax.program.add_subcommand("invoice", "Makes, shows, changes and prints invoices");
+    invoice->require_subcommand(1);
+    addInvoiceListCommand(syntax, invoice);
+    addInvoicePreviewCommand(syntax, invoice);
+    addInvoiceCreateCommand(syntax, invoice);
+    addInvoiceShowCommand(syntax, invoice);
+    addInvoicePDFCommand(syntax, invoice);
+    addInvoiceSetCommand(syntax, invoice);
+    addInvoiceEmailCommand(syntax, invoice);
+    addInvoiceMarkCommand(syntax, invoice);
+    addInvoiceRenameCommand(syntax, invoice);
+    addInvoiceDeleteCommand(syntax, invoice);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
+#include "command/RecordLookup.h"
+#include "command/TimeArgument.h"
+#include "command/TypedValue.h"
+#include "core/Client.h"
+#include "invoicing/InvoiceBuilder.h"
+
+namespace elmworth {
+
+namespace {
+
+/// What an invoice is made of; preview and creation read it in the same way.
+struct InvoiceArguments {
+    std::string client;
+    PeriodArguments period;
+    std::string tax;
+    bool hasTax = false;
+
+    void addTo(CLI::App* command) {
+        command->add_option("--client", client, "The client to bill")->required();
+        command->add_option("--period", period.period, "“This Week”, “Last Month” and so on");
+        command->add_option("--from", period.from, "First day")->type_name("DAY");
+        command->add_option("--through", period.through, "Last day")->type_name("DAY");
+        command
+            ->add_option("--tax", tax, "Tax rate; without it the client's, or the business default")
+            ->type_name("PERCENT");
+    }
+};
+
+struct InvoiceRequest {
+    Ref<Client> client;
+    DateInterval period;
+    std::int64_t taxBasisPoints;
+};
+
+InvoiceRequest resolve(const InvoiceArguments& arguments, CommandEnvironment& environment) {
+    const auto client = findClient(environment.context, arguments.client);
+    const std::int64_t ownTax =
+        client->taxBasisPoints->value_or(environment.profiles.profile().defaultTaxBasisPoints);
+    return {client, arguments.period.interval(environment),
+            arguments.tax.empty() ? ownTax : typedPercent(arguments.tax)};
+}
+
+InvoiceBuilder makeBuilder(CommandEnvironment& environment) {
+    return {environment.context, environment.now, environment.calendar};
+}
+
+void preview(const InvoiceArguments& arguments, CommandEnvironment& environment,
+             CommandOutput& output) {
+    const auto request = resolve(arguments, environment);
+    const auto entries =
+        makeBuilder(environment)
+            .unbilledEntries(request.client, request.period.start, request.period.end);
+    const auto totals = InvoiceCalculator::calculate(InvoiceCalculator::items(entries),
+                                                     environment.profiles.profile().roundingMinutes,
+                                                     request.taxBasisPoints);
+    if (output.isJSON()) {
+        JSONOutput json;
+        json.beginObject();
+        writeTotals(json, totals, true);
+        json.endObject();
+        output.text += json.document();
+    } else if (totals.lines.empty()) {
+        output.line("No unbilled, finished entries for this client in this period.");
+    } else {
+        output.text += totalsText(totals, request.client->currencyCode, environment.locale);
+    }
+}
+
+void create(const InvoiceArguments& arguments, CommandEnvironment& environment,
+            CommandOutput& output) {
+    const auto request = resolve(arguments, environment);
+    auto profile = environment.profiles.profile();
+    Ref<Invoice> invoice;
+    try {
+        invoice = makeBuilder(environment)
+                      .createInvoice(request.client, request.period.start, request.period.end,
+                                     request.taxBasisPoints, profile);
+    } catch (...) {
+        environment.profiles.setProfile(profile);  // numbers that were skipped stay skipped
+        throw;
+    }
+    environment.profiles.setProfile(profile);
+    if (output.isJSON()) {
+        printInvoice(*invoice, environment, output);
+    } else {
+        output.line(invoice->number);
+    }
+}
+
+using Action = void (*)(const InvoiceArguments&, CommandEnvironment&, CommandOutput&);
+
+void addCommand(CommandSyntax& syntax, CLI::App* invoice, const char* name, const char* help,
+                Action action) {
+    auto* command = invoice->add_subcommand(name, help);
+    auto arguments = std::make_shared<InvoiceArguments>();
+    arguments->addTo(command);
+    syntax.carriesOut(
+        command,
+        [arguments, action](CommandEnvironment& environment, CommandOutput& output) {
+            action(*arguments, environment, output);
+        },
+        Drawing::countsPages);
+}
+
+}  // namespace
+
+void addInvoicePreviewCommand(CommandSyntax& syntax, CLI::App* invoice) {
+    addCommand(syntax, invoice, "preview", "Shows what an invoice would hold; changes nothing",
+               &preview);
+}
+
+void addInvoiceCreateCommand(CommandSyntax& syntax, CLI::App* invoice) {
+    addCommand(syntax, invoice, "create", "Makes a draft of a client's unbilled time in a period",
+               &create);
+}
+
+}  // namespace elmworth

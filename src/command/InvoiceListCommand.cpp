@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandError.h"
+#include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
+#include "command/TextTable.h"
+#include "core/Client.h"
+#include "invoicing/InvoiceFilter.h"
+#include "invoicing/MoneyFormat.h"
+#include "platform/DateFormatter.h"
+
+namespace elmworth {
+
+namespace {
+
+void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& output) {
+    auto invoices = environment.context.fetch(
+        FetchDescriptor<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse)}});
+    std::erase_if(invoices, [&](const auto& invoice) {
+        return !passes(*invoice, filter, environment.now(), environment.calendar);
+    });
+    if (output.isJSON()) {
+        JSONOutput json;
+        json.beginArray();
+        for (const auto& invoice : invoices) writeInvoice(json, *invoice, environment, false);
+        json.endArray();
+        output.text += json.document();
+        return;
+    }
+    if (invoices.empty()) return output.line("There are no invoices here.");
+    const DateFormatter dates(DateFormatter::Style::mediumDate, environment.locale,
+                              environment.calendar.zoneID());
+    using enum TextTable::Alignment;
+    TextTable table({{"NUMBER"}, {"CLIENT"}, {"ISSUED"}, {"DUE"}, {"STATUS"}, {"TOTAL", right}});
+    for (const auto& invoice : invoices) {
+        const auto& client = invoice->client.get();
+        table.add({invoice->number, client ? client->name.get() : "",
+                   dates.string(invoice->issueDate), dates.string(invoice->dueDate),
+                   statusText(*invoice, environment),
+                   formatCents(InvoiceCalculator::totals(*invoice).totalCents,
+                               invoice->effectiveCurrencyCode(), environment.locale)});
+    }
+    output.text += table.text();
+}
+
+}  // namespace
+
+void addInvoiceListCommand(CommandSyntax& syntax, CLI::App* invoice) {
+    auto* command = invoice->add_subcommand("list", "Lists the invoices, newest first");
+    auto filter = std::make_shared<InvoiceFilter>(InvoiceFilter::all);
+    command->add_option("--status", *filter, "all, open, overdue or paid")
+        ->transform(CLI::CheckedTransformer(
+            std::map<std::string, InvoiceFilter>{{"all", InvoiceFilter::all},
+                                                 {"open", InvoiceFilter::open},
+                                                 {"overdue", InvoiceFilter::overdue},
+                                                 {"paid", InvoiceFilter::paid}},
+            CLI::ignore_case))
+        ->type_name("STATUS");
+    syntax.carriesOut(
+        command,
+        [filter](CommandEnvironment& environment, CommandOutput& output) {
+            list(*filter, environment, output);
+        },
+        Drawing::countsPages);
+}
+
+}  // namespace elmworth

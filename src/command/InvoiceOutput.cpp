@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/InvoiceOutput.h"
+
+#include "command/TextTable.h"
+#include "core/Client.h"
+#include "core/HoursFormat.h"
+#include "invoicing/InvoicePages.h"
+#include "invoicing/MoneyFormat.h"
+#include "platform/DateFormatter.h"
+
+namespace elmworth {
+
+namespace {
+
+void writeLine(JSONOutput& json, const InvoiceCalculator::Line& line) {
+    json.beginObject();
+    json.field("projectName", line.projectName);
+    json.field("seconds", line.seconds);
+    json.field("rateCents", line.rateCents);
+    json.field("amountCents", line.amountCents);
+    json.key("entries");
+    json.beginArray();
+    for (const auto& entry : line.entries) {
+        json.beginObject();
+        json.field("date", entry.date);
+        json.field("notes", entry.notes);
+        json.field("seconds", entry.seconds);
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+}
+
+std::string clientName(const Invoice& invoice) {
+    const auto& client = invoice.client.get();
+    return client ? client->name.get() : std::string();
+}
+
+}  // namespace
+
+void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool withLines) {
+    if (withLines) {
+        json.key("lines");
+        json.beginArray();
+        for (const auto& line : totals.lines) writeLine(json, line);
+        json.endArray();
+    }
+    json.field("subtotalCents", totals.subtotalCents);
+    json.field("taxCents", totals.taxCents);
+    json.field("totalCents", totals.totalCents);
+}
+
+int pageCount(const Invoice& invoice, CommandEnvironment& environment) {
+    const LogoImage logo = environment.painter ? environment.painter->loadLogo() : nullptr;
+    const auto model =
+        makeInvoiceRenderModel(invoice, environment.profiles.profile(), environment.locale, logo);
+    return static_cast<int>(pages(model).size());
+}
+
+void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& environment,
+                  bool withLines) {
+    json.beginObject();
+    json.field("number", invoice.number.get());
+    json.field("client", clientName(invoice));
+    json.field("status", rawValue(invoice.status()));
+    json.field("issueDate", invoice.issueDate.get());
+    json.field("dueDate", invoice.dueDate.get());
+    json.field("periodStart", invoice.periodStart.get());
+    json.field("periodEnd", invoice.periodEnd.get());
+    json.field("taxRateBasisPoints", invoice.taxRateBasisPoints.get());
+    json.field("roundingMinutes", invoice.roundingMinutes.get());
+    json.field("currencyCode", invoice.effectiveCurrencyCode());
+    json.field("notes", invoice.notes.get());
+    json.field("paidAt", invoice.paidAt.get());
+    json.field("showsEntryDetails", invoice.showsEntryDetails.get());
+    json.field("isOverdue", invoice.isOverdue(environment.now(), environment.calendar));
+    writeTotals(json, InvoiceCalculator::totals(invoice), withLines);
+    json.field("pages", pageCount(invoice, environment));
+    json.endObject();
+}
+
+std::string totalsText(const InvoiceCalculator::Totals& totals, const std::string& currencyCode,
+                       const Locale& locale) {
+    const auto money = [&](std::int64_t cents) { return formatCents(cents, currencyCode, locale); };
+    using enum TextTable::Alignment;
+    TextTable table({{"PROJECT"}, {"HOURS", right}, {"RATE", right}, {"AMOUNT", right}});
+    for (const auto& line : totals.lines) {
+        table.add({line.projectName, formatDecimalHours(line.seconds), money(line.rateCents),
+                   money(line.amountCents)});
+    }
+    table.add({"Subtotal", "", "", money(totals.subtotalCents)});
+    table.add({"Tax", "", "", money(totals.taxCents)});
+    table.add({"Total", "", "", money(totals.totalCents)});
+    return table.text();
+}
+
+std::string statusText(const Invoice& invoice, const CommandEnvironment& environment) {
+    if (invoice.isOverdue(environment.now(), environment.calendar)) return "Overdue";
+    switch (invoice.status()) {
+        case InvoiceStatus::sent:
+            return "Sent";
+        case InvoiceStatus::paid:
+            return "Paid";
+        default:
+            return "Draft";
+    }
+}
+
+void printInvoice(const Invoice& invoice, CommandEnvironment& environment, CommandOutput& output) {
+    if (output.isJSON()) {
+        JSONOutput json;
+        writeInvoice(json, invoice, environment, true);
+        output.text += json.document();
+        return;
+    }
+    const auto model = makeInvoiceRenderModel(invoice, environment.profiles.profile(),
+                                              environment.locale, nullptr);
+    output.line(model.number + " · " + clientName(invoice) + " · " +
+                statusText(invoice, environment));
+    output.line("Issued " + model.issueDate + " · Due " + model.dueDate);
+    output.line("Period " + model.period + "\n");
+    output.text += totalsText(InvoiceCalculator::totals(invoice), invoice.effectiveCurrencyCode(),
+                              environment.locale);
+    if (!model.notes.empty()) output.line("\n" + model.notes);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <filesystem>
+
+#include "command/CommandError.h"
+#include "command/InvoiceCommand.h"
+#include "command/JSONOutput.h"
+#include "command/RecordLookup.h"
+#include "invoicing/InvoiceFiles.h"
+#include "invoicing/InvoicePages.h"
+#include "platform/AtomicFile.h"
+
+namespace elmworth {
+
+namespace {
+
+struct PDFArguments {
+    std::string number;
+    std::string file;
+    std::string paper;
+};
+
+PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
+    if (name.empty()) return profile.paperSize;
+    const auto paper = paperSizeFromRawValue(name);
+    if (!paper) {
+        throw CommandError("“" + name + "” is no paper size. Choose letter or a4.",
+                           CommandError::Kind::usage);
+    }
+    return *paper;
+}
+
+/// Renders to the file that was asked for and to the stored one, as an export from the window does.
+void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
+               CommandOutput& output) {
+    if (!environment.painter) throw CommandError("PDFs can't be drawn here.");
+    const auto& profile = environment.profiles.profile();
+    const auto paper = choosePaper(arguments.paper, profile);
+    const auto invoice = findInvoice(environment.context, arguments.number);
+    const auto model = makeInvoiceRenderModel(*invoice, profile, environment.locale,
+                                              environment.painter->loadLogo());
+    const bool toStandardOutput = arguments.file == "-";
+    const auto stored = storedInvoiceFile(invoice->number.get());
+    const bool hasFile = !arguments.file.empty() && !toStandardOutput;
+    const auto file = hasFile ? environment.workingFolder / arguments.file : stored;
+    environment.painter->render(model, paper, file);
+    if (hasFile) environment.painter->render(model, paper, stored);
+    if (toStandardOutput) {
+        output.text += readFile(stored);
+        return;
+    }
+    if (!output.isJSON()) return output.line(file.string());
+    JSONOutput json;
+    json.beginObject();
+    json.field("file", file.string());
+    json.field("pages", static_cast<int>(pages(model).size()));
+    json.endObject();
+    output.text += json.document();
+}
+
+}  // namespace
+
+void addInvoicePDFCommand(CommandSyntax& syntax, CLI::App* invoice) {
+    auto* command =
+        invoice->add_subcommand("pdf", "Writes an invoice as a PDF and prints its path");
+    auto arguments = std::make_shared<PDFArguments>();
+    command->add_option("NUMBER", arguments->number)->required();
+    command->add_option("FILE", arguments->file,
+                        "Where to write; - for standard output, nothing for the stored file");
+    command->add_option("--paper", arguments->paper, "letter or a4; without it as in the profile")
+        ->type_name("PAPER");
+    syntax.carriesOut(
+        command,
+        [arguments](CommandEnvironment& environment, CommandOutput& output) {
+            renderPDF(*arguments, environment, output);
+        },
+        Drawing::drawsPages);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
+#include "command/RecordLookup.h"
+#include "invoicing/InvoiceEditing.h"
+
+namespace elmworth {
+
+void addInvoiceRenameCommand(CommandSyntax& syntax, CLI::App* invoice) {
+    auto* command = invoice->add_subcommand("rename", "Gives a draft another number");
+    auto number = std::make_shared<std::string>();
+    auto newNumber = std::make_shared<std::string>();
+    command->add_option("NUMBER", *number)->required();
+    command->add_option("NEW", *newNumber, "The new number")->required();
+    syntax.carriesOut(
+        command,
+        [number, newNumber](CommandEnvironment& environment, CommandOutput& output) {
+            const auto found = findInvoice(environment.context, *number);
+            const InvoiceBuilder builder{environment.context, environment.now,
+                                         environment.calendar};
+            try {
+                renumberWithFile(builder, found, *newNumber);
+            } catch (const StoreError&) {
+                environment.context.rollback();
+                throw;
+            }
+            if (output.isJSON()) printInvoice(*found, environment, output);
+        },
+        Drawing::countsPages);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/stringbuffer.h>
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/ISO8601.h"
+
+namespace elmworth {
+
+/// Writes one JSON document. Absent values are left out with their key; instants are ISO 8601 in
+/// UTC with whole seconds.
+class JSONOutput {
+ public:
+    JSONOutput() { writer_.SetIndent(' ', 2); }
+
+    void beginObject() { writer_.StartObject(); }
+    void endObject() { writer_.EndObject(); }
+    void beginArray() { writer_.StartArray(); }
+    void endArray() { writer_.EndArray(); }
+    void key(std::string_view name) {
+        writer_.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+    }
+
+    void value(std::string_view text) {
+        writer_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+    }
+    void value(const std::string& text) { value(std::string_view(text)); }
+    void value(const char* text) { value(std::string_view(text)); }
+    void value(std::int64_t number) { writer_.Int64(number); }
+    void value(int number) { writer_.Int(number); }
+    void value(bool flag) { writer_.Bool(flag); }
+    void value(Instant instant) { value(formatISO8601(instant)); }
+    void value(double number) {
+        constexpr double exact = 9007199254740992.0;  // 2^53
+        if (std::trunc(number) == number && std::abs(number) < exact) {
+            value(static_cast<std::int64_t>(number));
+        } else {
+            writer_.Double(number);
+        }
+    }
+
+    template <class T>
+    void field(std::string_view name, const T& content) {
+        key(name);
+        value(content);
+    }
+    template <class T>
+    void field(std::string_view name, const std::optional<T>& content) {
+        if (content) field(name, *content);
+    }
+
+    /// The finished document with a line break.
+    [[nodiscard]] std::string document() const {
+        return std::string(buffer_.GetString(), buffer_.GetSize()) + '\n';
+    }
+
+ private:
+    rapidjson::StringBuffer buffer_;
+    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer_{buffer_};
+};
+
+}  // namespace elmworth

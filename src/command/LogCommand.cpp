@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+#include "command/JSONOutput.h"
+#include "command/RecordLookup.h"
+#include "command/TimeArgument.h"
+#include "command/TimerOutput.h"
+#include "tracking/DurationFormat.h"
+#include "tracking/EntryForm.h"
+
+namespace elmworth {
+
+namespace {
+
+struct LogArguments {
+    std::string project;
+    std::string client;
+    std::string from;
+    std::string to;
+    std::string notes;
+};
+
+void log(const LogArguments& arguments, CommandEnvironment& environment, CommandOutput& output) {
+    EntryForm form;
+    form.project = findProject(environment.context, arguments.project, arguments.client);
+    form.start = parseTime(arguments.from, environment);
+    form.end = parseTime(arguments.to, environment);
+    form.notes = arguments.notes;
+    if (const auto problem = form.problem(environment.now())) {
+        throw CommandError(std::string(*problem));
+    }
+    const auto entry = form.save(nullptr, environment.context, environment.timer);
+    requireSaved(environment.context);
+    if (!output.isJSON()) {
+        return output.line("Logged " + formatHoursMinutes(entry->duration(environment.now())) +
+                           " on " + fullName(*form.project) + ".");
+    }
+    JSONOutput json;
+    json.beginObject();
+    json.field("id", entry->persistentModelID().string());
+    json.field("start", entry->start.get());
+    json.field("end", entry->end.get());
+    json.field("seconds", entry->duration(environment.now()));
+    json.field("project", form.project->name.get());
+    if (form.project->client) json.field("client", form.project->client->name.get());
+    json.field("notes", entry->notes.get());
+    json.endObject();
+    output.text += json.document();
+}
+
+}  // namespace
+
+void addLogCommand(CommandSyntax& syntax) {
+    auto* command = syntax.program.add_subcommand("log", "Adds a finished entry");
+    auto arguments = std::make_shared<LogArguments>();
+    command->add_option("PROJECT", arguments->project, "The project's name")->required();
+    command->add_option("--client", arguments->client, "The client whose project it is");
+    command->add_option("--from", arguments->from, "When it began: 14:30, 2026-03-01T14:30")
+        ->required()
+        ->type_name("TIME");
+    command->add_option("--to", arguments->to, "When it ended")->required()->type_name("TIME");
+    command->add_option("--notes", arguments->notes, "What was done");
+    syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        log(*arguments, environment, output);
+    });
+}
+
+}  // namespace elmworth

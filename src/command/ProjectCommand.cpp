@@ -1,0 +1,259 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <array>
+
+#include "command/CommandSyntax.h"
+#include "command/FieldTable.h"
+#include "command/JSONOutput.h"
+#include "command/RecordLookup.h"
+#include "command/TextTable.h"
+#include "command/TypedValue.h"
+#include "invoicing/MoneyFormat.h"
+#include "tracking/DurationFormat.h"
+#include "tracking/ProjectDeletion.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr const char* firstColor = "#7C6CFF";
+
+struct ProjectArguments {
+    std::string name;
+    std::string client;
+    std::string field;
+    std::string value;
+    std::string rate;
+    std::string budget;
+    std::string color;
+    bool all = false;
+};
+
+struct ProjectSummary {
+    Ref<Project> project;
+    double trackedSeconds = 0;
+    double unbilledSeconds = 0;
+    std::optional<double> budgetFraction;
+};
+
+ProjectSummary summarize(const Ref<Project>& project, Instant now) {
+    ProjectSummary summary{project, 0, 0, std::nullopt};
+    double allSeconds = 0;
+    for (const auto& entry : project->entries()) {
+        const double seconds = entry->duration(now);
+        allSeconds += seconds;
+        if (entry->isRunning()) continue;
+        summary.trackedSeconds += seconds;
+        if (!entry->invoice) summary.unbilledSeconds += seconds;
+    }
+    const auto budget = project->budgetHours.get();
+    if (budget && *budget >= 1) {
+        summary.budgetFraction = allSeconds / (static_cast<double>(*budget) * 3600);
+    }
+    return summary;
+}
+
+std::vector<ProjectSummary> summaries(CommandEnvironment& environment, bool withArchived) {
+    std::vector<ProjectSummary> projects;
+    for (const auto& project : environment.context.fetch(FetchDescriptor<Project>{
+             .sortBy = {sortedBy<&Project::name>(SortOrder::forward,
+                                                 SortComparison::localizedStandard)}})) {
+        if (project->isArchived && !withArchived) continue;
+        projects.push_back(summarize(project, environment.now()));
+    }
+    return projects;
+}
+
+void writeProject(JSONOutput& json, const ProjectSummary& summary) {
+    const auto& project = *summary.project;
+    json.beginObject();
+    json.field("id", project.persistentModelID().string());
+    json.field("name", project.name.get());
+    if (project.client) json.field("client", project.client->name.get());
+    json.field("colorHex", project.colorHex.get());
+    json.field("rateOverrideCents", project.rateOverrideCents.get());
+    json.field("isArchived", project.isArchived.get());
+    json.field("budgetHours", project.budgetHours.get());
+    json.field("budgetFraction", summary.budgetFraction);
+    json.field("trackedSeconds", summary.trackedSeconds);
+    json.field("unbilledSeconds", summary.unbilledSeconds);
+    json.endObject();
+}
+
+std::string budgetText(const ProjectSummary& summary) {
+    if (!summary.budgetFraction) return "";
+    const auto percent = static_cast<std::int64_t>(std::round(*summary.budgetFraction * 100));
+    return std::to_string(percent) + "% of " +
+           std::to_string(summary.project->budgetHours->value_or(0)) + " h";
+}
+
+void list(bool withArchived, CommandEnvironment& environment, CommandOutput& output) {
+    const auto projects = summaries(environment, withArchived);
+    if (output.isJSON()) {
+        JSONOutput json;
+        json.beginArray();
+        for (const auto& summary : projects) writeProject(json, summary);
+        json.endArray();
+        output.text += json.document();
+        return;
+    }
+    if (projects.empty()) {
+        return output.line(
+            "There are no projects here. Add one with: elmworth project add NAME --client CLIENT");
+    }
+    using enum TextTable::Alignment;
+    TextTable table({{"PROJECT"},
+                     {"CLIENT"},
+                     {"RATE", right},
+                     {"TRACKED", right},
+                     {"UNBILLED", right},
+                     {"BUDGET", right},
+                     {""}});
+    for (const auto& summary : projects) {
+        const auto& project = *summary.project;
+        const auto& client = project.client.get();
+        const std::string currency = client ? client->currencyCode.get() : "USD";
+        table.add({project.name, client ? client->name.get() : "",
+                   formatCents(project.effectiveRateCents(), currency, environment.locale) + "/h",
+                   formatHoursMinutes(summary.trackedSeconds),
+                   formatHoursMinutes(summary.unbilledSeconds), budgetText(summary),
+                   project.isArchived ? "Archived" : ""});
+    }
+    output.text += table.text();
+}
+
+constexpr std::array<SettableField<Project>, 5> fields{{
+    {"name", [](Project& project, const std::string& value) { project.name = typedName(value); }},
+    {"rate",
+     [](Project& project, const std::string& value) {
+         project.rateOverrideCents =
+             value.empty() ? std::nullopt : std::optional(typedAmount(value));
+     }},
+    {"budget",
+     [](Project& project, const std::string& value) { project.budgetHours = typedBudget(value); }},
+    {"color",
+     [](Project& project, const std::string& value) { project.colorHex = typedColor(value); }},
+    {"colorHex",
+     [](Project& project, const std::string& value) { project.colorHex = typedColor(value); }},
+}};
+
+void set(Project& project, const std::string& field, const std::string& value) {
+    setField<Project>(fields, project, field, value);
+}
+
+void add(const ProjectArguments& arguments, CommandEnvironment& environment,
+         CommandOutput& output) {
+    const auto project = std::make_shared<Project>(
+        typedName(arguments.name), findClient(environment.context, arguments.client));
+    set(*project, "color", arguments.color.empty() ? firstColor : arguments.color);
+    if (!arguments.rate.empty()) set(*project, "rate", arguments.rate);
+    if (!arguments.budget.empty()) set(*project, "budget", arguments.budget);
+    environment.context.insert(project);
+    environment.context.saveOrRollback();
+    if (!output.isJSON()) return output.line("Added the project “" + fullName(*project) + "”.");
+    JSONOutput json;
+    writeProject(json, summarize(project, environment.now()));
+    output.text += json.document();
+}
+
+/// Another client only while no time of the project is on an invoice of the present one.
+void moveToClient(Project& project, const std::string& name, ModelContext& context) {
+    if (hasInvoicedTime(project)) {
+        throw CommandError("Projects with invoiced time stay with their client.");
+    }
+    project.client = findClient(context, name);
+}
+
+void change(const ProjectArguments& arguments, CommandEnvironment& environment) {
+    const auto project = findProject(environment.context, arguments.name);
+    if (arguments.field == "client") {
+        moveToClient(*project, arguments.value, environment.context);
+    } else {
+        set(*project, arguments.field, arguments.value);
+    }
+    environment.context.saveOrRollback();
+    environment.timer.refresh();
+}
+
+void archive(const ProjectArguments& arguments, bool archived, CommandEnvironment& environment) {
+    findProject(environment.context, arguments.name, arguments.client)->isArchived = archived;
+    environment.context.saveOrRollback();
+}
+
+void remove(const ProjectArguments& arguments, CommandEnvironment& environment,
+            CommandOutput& output) {
+    const auto project = findProject(environment.context, arguments.name, arguments.client);
+    const std::string name = fullName(*project);
+    const bool deleted = deleteOrArchiveProject(project, environment.context, environment.timer);
+    environment.context.saveOrRollback();
+    if (output.isJSON()) return;
+    output.line(deleted ? "Deleted the project “" + name + "” with its time entries."
+                        : "“" + name +
+                              "” has invoiced time, so it was archived instead of "
+                              "deleted to keep your invoices intact.");
+}
+
+using Subcommand = void (*)(const ProjectArguments&, CommandEnvironment&, CommandOutput&);
+
+CLI::App* addNamed(CommandSyntax& syntax, CLI::App* parent, const char* name, const char* help,
+                   const std::shared_ptr<ProjectArguments>& arguments, Subcommand run) {
+    auto* command = parent->add_subcommand(name, help);
+    command->add_option("NAME", arguments->name, "The project's name")->required();
+    command->add_option("--client", arguments->client, "The client whose project it is");
+    syntax.carriesOut(command,
+                      [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
+                          run(*arguments, environment, output);
+                      });
+    return command;
+}
+
+}  // namespace
+
+void addProjectCommand(CommandSyntax& syntax) {
+    auto* project =
+        syntax.program.add_subcommand("project", "Lists, adds, changes and deletes projects");
+    project->require_subcommand(1);
+    auto arguments = std::make_shared<ProjectArguments>();
+
+    auto* listing = project->add_subcommand("list", "Lists the projects with their tracked time");
+    listing->add_flag("--all", arguments->all, "Archived projects too");
+    syntax.carriesOut(listing, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        list(arguments->all, environment, output);
+    });
+
+    auto* adding = project->add_subcommand("add", "Adds a project");
+    adding->add_option("NAME", arguments->name)->required();
+    adding->add_option("--client", arguments->client, "The client who owns it")->required();
+    adding->add_option("--rate", arguments->rate, "Its own hourly rate")->type_name("AMOUNT");
+    adding->add_option("--budget", arguments->budget, "Its budget")->type_name("HOURS");
+    adding->add_option("--color", arguments->color, "Its color")->type_name("#RRGGBB");
+    syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        add(*arguments, environment, output);
+    });
+
+    auto* setting = project->add_subcommand("set", "Changes one field of a project");
+    setting->add_option("NAME", arguments->name)->required();
+    setting->add_option("FIELD", arguments->field, "name, client, rate, budget or color")
+        ->required();
+    setting
+        ->add_option("VALUE", arguments->value, "Empty for no rate of its own, and for no budget")
+        ->required();
+    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput&) {
+        change(*arguments, environment);
+    });
+
+    addNamed(syntax, project, "archive", "Takes a project out of the timer's lists", arguments,
+             [](const ProjectArguments& given, CommandEnvironment& environment, CommandOutput&) {
+                 archive(given, true, environment);
+             });
+    addNamed(syntax, project, "unarchive", "Puts a project back into the timer's lists", arguments,
+             [](const ProjectArguments& given, CommandEnvironment& environment, CommandOutput&) {
+                 archive(given, false, environment);
+             });
+    addNamed(syntax, project, "delete",
+             "Deletes a project with its time, or archives it when some of that is invoiced",
+             arguments, &remove);
+}
+
+}  // namespace elmworth

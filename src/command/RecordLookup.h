@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <string>
+
+#include "core/Client.h"
+#include "core/Invoice.h"
+#include "core/Project.h"
+#include "core/store/ModelContext.h"
+
+namespace elmworth {
+
+/// Finds records by the names that people type, without regard to case. A name that fits none or
+/// several throws CommandError with the candidates.
+[[nodiscard]] Ref<Client> findClient(ModelContext& context, const std::string& name);
+
+/// The project called `name`; `clientName` narrows the search unless it is empty.
+[[nodiscard]] Ref<Project> findProject(ModelContext& context, const std::string& name,
+                                       const std::string& clientName = {});
+
+/// The invoice with exactly that number. Throws CommandError when there is none.
+[[nodiscard]] Ref<Invoice> findInvoice(ModelContext& context, const std::string& number);
+
+/// "{project} — {client}", or the project's name alone without a client.
+[[nodiscard]] std::string fullName(const Project& project);
+
+}  // namespace elmworth

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+#include "command/RecordLookup.h"
+#include "command/TimeArgument.h"
+#include "command/TimerOutput.h"
+#include "tracking/DurationFormat.h"
+
+namespace elmworth {
+
+namespace {
+
+void stop(CommandEnvironment& environment, CommandOutput& output, const std::string& at) {
+    auto& timer = environment.timer;
+    const auto instant = at.empty() ? std::nullopt : std::optional(parseTime(at, environment));
+    if (instant && *instant > environment.now()) {
+        throw CommandError("The timer can't be stopped at a time in the future.");
+    }
+    const auto entry = timer.running();
+    if (!entry) return printTimer(environment, output, "Nothing is running.");
+    const std::string name = entry->project ? fullName(*entry->project.get()) : "No project";
+    if (instant) {
+        timer.stop(*instant);
+    } else {
+        timer.stop();
+    }
+    requireSaved(environment.context);
+    const std::string sentence =
+        entry->isDeleted()
+            ? "Stopped " + name + ". It ran for less than a second, so nothing was kept."
+            : "Stopped " + name + " after " +
+                  formatHoursMinutesSeconds(entry->duration(environment.now())) + ".";
+    printTimer(environment, output, sentence);
+}
+
+}  // namespace
+
+void addStopCommand(CommandSyntax& syntax) {
+    auto* command = syntax.program.add_subcommand("stop", "Stops the timer");
+    auto at = std::make_shared<std::string>();
+    command->add_option("--at", *at, "When it ended: 14:30, 2026-03-01T14:30, or with an offset")
+        ->type_name("TIME");
+    syntax.carriesOut(command, [at](CommandEnvironment& environment, CommandOutput& output) {
+        stop(environment, output, *at);
+    });
+}
+
+}  // namespace elmworth

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/TextTable.h"
+
+#include <algorithm>
+
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr std::size_t gap = 2;
+
+std::string padded(const std::string& text, std::size_t width, TextTable::Alignment alignment) {
+    const std::size_t length = characterCount(text);
+    const std::string padding(width > length ? width - length : 0, ' ');
+    return alignment == TextTable::Alignment::right ? padding + text : text + padding;
+}
+
+}  // namespace
+
+void TextTable::add(std::vector<std::string> cells) {
+    for (auto& cell : cells) {
+        std::replace_if(
+            cell.begin(), cell.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; },
+            ' ');
+    }
+    rows_.push_back(std::move(cells));
+}
+
+std::string TextTable::text() const {
+    std::vector<std::size_t> widths;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        std::size_t width = characterCount(columns_[i].title);
+        for (const auto& row : rows_) width = std::max(width, characterCount(row[i]));
+        widths.push_back(width);
+    }
+    std::string text;
+    const auto addRow = [&](const auto& cellAt) {
+        std::string line;
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (i > 0) line.append(gap, ' ');
+            line += padded(cellAt(i), widths[i], columns_[i].alignment);
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + '\n';
+    };
+    addRow([&](std::size_t i) -> const std::string& { return columns_[i].title; });
+    for (const auto& row : rows_)
+        addRow([&](std::size_t i) -> const std::string& { return row[i]; });
+    return text;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace elmworth {
+
+/// Rows of text in aligned columns, for people. Line breaks in cells become blanks.
+class TextTable {
+ public:
+    enum class Alignment { left, right };
+    struct Column {
+        std::string title;
+        Alignment alignment = Alignment::left;
+    };
+
+    explicit TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {}
+
+    /// Adds a row; it has a cell for each column.
+    void add(std::vector<std::string> cells);
+
+    /// The head and the rows, each ended by a line break, without blanks at their ends.
+    [[nodiscard]] std::string text() const;
+
+ private:
+    std::vector<Column> columns_;
+    std::vector<std::vector<std::string>> rows_;
+};
+
+}  // namespace elmworth

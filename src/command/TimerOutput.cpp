@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/TimerOutput.h"
+
+#include "command/JSONOutput.h"
+#include "core/Client.h"
+#include "tracking/DurationFormat.h"
+
+namespace elmworth {
+
+std::string timerJSON(CommandEnvironment& environment) {
+    const auto& timer = environment.timer;
+    JSONOutput json;
+    json.beginObject();
+    if (const auto& running = timer.running()) {
+        const auto& project = running->project.get();
+        const double seconds = secondsBetween(running->start, environment.now());
+        json.key("running");
+        json.beginObject();
+        if (project) json.field("project", project->name.get());
+        if (project && project->client) json.field("client", project->client->name.get());
+        json.field("notes", running->notes.get());
+        json.field("start", running->start.get());
+        json.field("seconds", seconds);
+        json.field("elapsed", formatHoursMinutesSeconds(seconds));
+        json.endObject();
+    }
+    json.field("todaySeconds", timer.todaySeconds());
+    json.field("thisWeekSeconds", timer.thisWeekSeconds());
+    json.endObject();
+    return json.document();
+}
+
+void printTimer(CommandEnvironment& environment, CommandOutput& output,
+                const std::string& sentence) {
+    if (output.isJSON()) {
+        output.text += timerJSON(environment);
+    } else {
+        output.line(sentence);
+    }
+}
+
+void requireSaved(ModelContext& context) {
+    if (context.hasChanges()) context.save();
+}
+
+}  // namespace elmworth

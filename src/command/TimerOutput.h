@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "command/CommandSyntax.h"
+
+namespace elmworth {
+
+/// Prints what the timer shows now: the whole status as JSON, or `sentence` as text.
+void printTimer(CommandEnvironment& environment, CommandOutput& output,
+                const std::string& sentence);
+
+/// The status document of the timer.
+[[nodiscard]] std::string timerJSON(CommandEnvironment& environment);
+
+/// Throws StoreError when the last save of `context` failed and a second try fails as well: the
+/// timer itself goes on with its changes in memory, but a command must not claim what is not on
+/// disk.
+void requireSaved(ModelContext& context);
+
+}  // namespace elmworth

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/Project.h"
+
+#include "core/Client.h"
+#include "core/TimeEntry.h"
+
+namespace elmworth {
+
+Project::Project(std::string projectName, Ref<Client> owner) {
+    name = std::move(projectName);
+    client = std::move(owner);
+}
+
+std::int64_t Project::effectiveRateCents() const {
+    if (rateOverrideCents.get()) return *rateOverrideCents.get();
+    return client ? client->hourlyRateCents.get() : 0;
+}
+
+std::optional<double> Project::budgetFraction(Instant now) const {
+    const auto hours = budgetHours.get();
+    if (!hours || *hours < 1) return std::nullopt;
+    double seconds = 0;
+    for (const auto& entry : entries()) {
+        seconds += secondsBetween(entry->start, entry->end->value_or(now));
+    }
+    return seconds / (static_cast<double>(*hours) * 3600);
+}
+
+const RecordSchema& Project::schema() {
+    static constexpr FieldDescription fields[] = {
+        attribute<&Project::name>("name"),
+        toOne<&Project::client>("client"),
+        attribute<&Project::rateOverrideCents>("rateOverrideCents"),
+        attribute<&Project::colorHex>("colorHex"),
+        attribute<&Project::isArchived>("isArchived"),
+        attribute<&Project::budgetHours>("budgetHours"),
+    };
+    static constexpr ToManyDescription relationships[] = {
+        {"entries", &TimeEntry::schema, "project", DeleteRule::cascade},
+    };
+    static constexpr IndexDescription indexes[] = {
+        {"ProjectByClient", {"client"}},
+    };
+    static constexpr RecordSchema schema{"Project",     1,       fields,
+                                         relationships, indexes, &makeRecord<Project>};
+    return schema;
+}
+
+}  // namespace elmworth

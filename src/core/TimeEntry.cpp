@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/TimeEntry.h"
+
+#include "core/Invoice.h"
+#include "core/Project.h"
+
+namespace elmworth {
+
+TimeEntry::TimeEntry(Instant startInstant, Ref<Project> owner) {
+    start = startInstant;
+    project = std::move(owner);
+}
+
+double TimeEntry::duration(Instant now) const {
+    return secondsBetween(start, end->value_or(now));
+}
+
+std::int64_t TimeEntry::effectiveRateCents() const {
+    if (billedRateCents.get()) return *billedRateCents.get();
+    return project ? project->effectiveRateCents() : 0;
+}
+
+const RecordSchema& TimeEntry::schema() {
+    static constexpr FieldDescription fields[] = {
+        attribute<&TimeEntry::start>("start"),
+        attribute<&TimeEntry::end>("end"),
+        attribute<&TimeEntry::notes>("notes"),
+        toOne<&TimeEntry::project>("project"),
+        toOne<&TimeEntry::invoice>("invoice"),
+        attribute<&TimeEntry::billedRateCents>("billedRateCents"),
+    };
+    static constexpr IndexDescription indexes[] = {
+        {"TimeEntryByStart", {"start"}},
+        {"TimeEntryByEnd", {"end"}, "end"},
+        {"TimeEntryRunning", {"start"}, {}, "end"},
+        {"TimeEntryUnbilled", {"start"}, "end", "invoice"},
+        {"TimeEntryByProject", {"project", "start"}},
+        {"TimeEntryByInvoice", {"invoice"}, "invoice"},
+    };
+    static constexpr RecordSchema schema{"TimeEntry", 2,       fields,
+                                         {},          indexes, &makeRecord<TimeEntry>};
+    return schema;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/ModelContext.h"
+
+#include <algorithm>
+
+#include "core/store/RecordOrder.h"
+#include "core/store/sqlite/RecordStore.h"
+
+namespace elmworth {
+
+struct ModelContext::Observer {
+    std::size_t type;
+    std::function<void()> changed;
+};
+
+ModelContext::ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop)
+    : store_(std::move(store)), runLoop_(runLoop) {}
+
+ModelContext::~ModelContext() {
+    for (auto& [id, weak] : identities_) {
+        if (const auto record = weak.lock()) record->context_ = nullptr;
+    }
+}
+
+ModelContext::RecordMap& ModelContext::pending(const RecordSchema& schema) {
+    return pending_[schema.ordinal];
+}
+
+bool ModelContext::hasChanges() const noexcept {
+    return std::any_of(pending_.begin(), pending_.end(),
+                       [](const auto& map) { return !map.empty(); });
+}
+
+// --- changes -----------------------------------------------------------------------------------
+
+void ModelContext::insert(const Ref<Record>& record) {
+    if (record->context_) return;
+    const auto& schema = record->recordSchema();
+    record->context_ = this;
+    record->state_ = Record::State::inserted;
+    identities_[record->id_] = record;
+    pending(schema)[record->id_] = record;
+    noteChange(schema);
+}
+
+void ModelContext::recordWillChange(Record& record) {
+    if (record.state_ != Record::State::clean) return;
+    record.saved_ = std::make_unique<std::vector<Value>>(record.capture());
+    record.state_ = Record::State::changed;
+    pending(record.recordSchema())[record.id_] = record.shared_from_this();
+}
+
+void ModelContext::recordDidChange(Record& record) {
+    noteChange(record.recordSchema());
+}
+
+void ModelContext::deleteRecord(const Ref<Record>& record) {
+    if (record->context_ != this || record->isDeleted()) return;
+    std::vector<Ref<Record>> deletions;
+    std::vector<std::pair<Ref<Record>, std::size_t>> nullified;
+    collectDeletions(record, deletions, nullified);
+    for (const auto& [other, field] : nullified) {
+        recordWillChange(*other);
+        other->recordSchema().fields[field].write(*other, Value{});
+        recordDidChange(*other);
+    }
+    for (const auto& deletion : deletions) markDeleted(deletion);
+}
+
+void ModelContext::collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
+                                    std::vector<std::pair<Ref<Record>, std::size_t>>& nullified) {
+    deletions.push_back(record);
+    for (const auto& relationship : record->recordSchema().relationships) {
+        if (relationship.rule == DeleteRule::deny) continue;
+        const auto& schema = relationship.target();
+        for (const auto& other : related(schema, relationship.inverse, record->id_)) {
+            if (relationship.rule == DeleteRule::cascade) {
+                collectDeletions(other, deletions, nullified);
+            } else {
+                nullified.emplace_back(other, schema.fieldIndex(relationship.inverse));
+            }
+        }
+    }
+}
+
+void ModelContext::markDeleted(const Ref<Record>& record) {
+    const auto& schema = record->recordSchema();
+    if (record->stored_) {
+        recordWillChange(*record);
+        record->state_ = Record::State::deleted;
+    } else {
+        pending(schema).erase(record->id_);
+        identities_.erase(record->id_);
+        record->context_ = nullptr;
+        record->state_ = Record::State::gone;
+    }
+    noteChange(schema);
+}
+
+void ModelContext::checkDeniedDeletions() {
+    for (const auto& map : pending_) {
+        for (const auto& [id, record] : map) {
+            if (record->state_ != Record::State::deleted) continue;
+            for (const auto& relationship : record->recordSchema().relationships) {
+                if (relationship.rule != DeleteRule::deny) continue;
+                if (related(relationship.target(), relationship.inverse, id).empty()) continue;
+                throw StoreError(StoreError::Code::deleteDenied,
+                                 "A " + std::string(record->recordSchema().name) +
+                                     " that still has " + std::string(relationship.name) +
+                                     " can't be deleted.");
+            }
+        }
+    }
+}
+
+void ModelContext::save() {
+    if (hasChanges()) {
+        checkDeniedDeletions();
+        sqlite::ChangeSet changes;
+        for (const auto* schema : librarySchema()) {
+            std::vector<const Record*> ordered;
+            for (const auto& [id, record] : pending(*schema)) ordered.push_back(record.get());
+            std::sort(ordered.begin(), ordered.end(), [](const auto* a, const auto* b) {
+                return a->persistentModelID() < b->persistentModelID();
+            });
+            for (const auto* record : ordered) {
+                switch (record->state_) {
+                    case Record::State::inserted:
+                        changes.inserted.push_back(record);
+                        break;
+                    case Record::State::deleted:
+                        changes.deleted.push_back(record);
+                        break;
+                    default:
+                        changes.updated.push_back({record, record->saved_.get()});
+                        break;
+                }
+            }
+        }
+        store_->write(changes);
+        forgetChanges();
+        if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
+    }
+    deliverChanges();
+}
+
+void ModelContext::saveQuietly() noexcept {
+    try {
+        save();
+    } catch (const StoreError&) {
+        return;
+    }
+}
+
+void ModelContext::saveOrRollback() {
+    try {
+        save();
+    } catch (const StoreError&) {
+        rollback();
+        throw;
+    }
+}
+
+void ModelContext::forgetChanges() {
+    for (auto& map : pending_) {
+        for (auto& [id, record] : map) {
+            record->saved_.reset();
+            if (record->state_ == Record::State::deleted) {
+                record->state_ = Record::State::gone;
+                record->context_ = nullptr;
+                record->stored_ = false;
+                identities_.erase(id);
+            } else {
+                record->state_ = Record::State::clean;
+                record->stored_ = true;
+            }
+        }
+        // Releasing a record may release others that it points to, so the map must be out of reach.
+        const RecordMap released = std::exchange(map, {});
+    }
+}
+
+void ModelContext::rollback() {
+    for (auto& map : pending_) {
+        for (auto& [id, record] : map) restore(*record);
+        if (!map.empty()) noteChange(map.begin()->second->recordSchema());
+        const RecordMap released = std::exchange(map, {});
+    }
+}
+
+void ModelContext::restore(Record& record) {
+    if (record.state_ == Record::State::inserted) {
+        identities_.erase(record.id_);
+        record.context_ = nullptr;
+        record.state_ = Record::State::detached;
+        return;
+    }
+    const auto fields = record.recordSchema().fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        fields[i].write(record, std::move((*record.saved_)[i]));
+    }
+    record.saved_.reset();
+    record.state_ = Record::State::clean;
+}
+
+// --- reading -----------------------------------------------------------------------------------
+
+Ref<Record> ModelContext::existing(const PersistentID& id) const {
+    const auto found = identities_.find(id);
+    return found == identities_.end() ? nullptr : found->second.lock();
+}
+
+void ModelContext::adopt(Record& record) {
+    record.context_ = this;
+    record.state_ = Record::State::clean;
+    record.stored_ = true;
+    identities_[record.id_] = record.weak_from_this();
+}
+
+void ModelContext::forget(Record& record) noexcept {
+    const auto found = identities_.find(record.id_);
+    if (found != identities_.end() && found->second.expired()) identities_.erase(found);
+}
+
+Ref<Record> ModelContext::record(const RecordSchema& schema, const PersistentID& id) {
+    if (auto known = existing(id)) return known->isDeleted() ? nullptr : known;
+    Ref<Record> found;
+    store_->selectOne(schema, id, [&](const sqlite::Row& row) {
+        found = schema.make(id);
+        row.readInto(*found, schema);
+        adopt(*found);
+    });
+    return found;
+}
+
+std::vector<Ref<Record>> ModelContext::related(const RecordSchema& schema, std::string_view inverse,
+                                               const PersistentID& owner) {
+    const PredicateNode pointsToOwner{
+        PredicateNode::Kind::equal, schema.fieldIndex(inverse), Value{owner}, {}};
+    std::vector<Ref<Record>> records;
+    fetchRecords(schema, &pointsToOwner, {}, std::nullopt,
+                 [&](Ref<Record> record) { records.push_back(std::move(record)); });
+    return records;
+}
+
+void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                                std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
+                                const RecordHandler& handler) {
+    const auto& unsaved = pending(schema);
+    // Each unsaved record may take the place of one of the library's.
+    const auto rowLimit = limit ? std::optional(*limit + unsaved.size()) : std::nullopt;
+    std::vector<Ref<Record>> records;
+    store_->select(schema, predicate, sortBy, rowLimit, [&](const sqlite::Row& row) {
+        const PersistentID id = row.id();
+        auto record = existing(id);
+        if (!record) {
+            record = schema.make(id);
+            row.readInto(*record, schema);
+            adopt(*record);
+        } else if (record->state_ != Record::State::clean) {
+            return;
+        }
+        records.push_back(std::move(record));
+    });
+    if (sortBy.empty()) {
+        std::sort(records.begin(), records.end(),
+                  [](const auto& a, const auto& b) { return a->id_ < b->id_; });
+    }
+    layUnsavedOver(records, schema, predicate, sortBy);
+    if (limit && records.size() > *limit) records.resize(*limit);
+    for (auto& record : records) handler(std::move(record));
+}
+
+void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
+                                  const PredicateNode* predicate, std::span<const SortKey> sortBy) {
+    const RecordOrder order(schema, sortBy);
+    for (const auto& [id, record] : pending(schema)) {
+        if (record->isDeleted()) continue;
+        if (predicate && !predicate->matches(schema, *record)) continue;
+        const auto place =
+            std::upper_bound(records.begin(), records.end(), record,
+                             [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
+        records.insert(place, record);
+    }
+}
+
+std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {
+    std::size_t count = store_->count(schema, predicate);
+    for (const auto& [id, record] : pending(schema)) {
+        if (record->stored_ && store_->rowMatches(schema, id, predicate)) --count;
+        if (!record->isDeleted() && (!predicate || predicate->matches(schema, *record))) ++count;
+    }
+    return count;
+}
+
+// --- observers ---------------------------------------------------------------------------------
+
+ModelContext::Observation ModelContext::observe(const RecordSchema& schema,
+                                                std::function<void()> changed) {
+    auto observer = std::make_shared<Observer>(Observer{schema.ordinal, std::move(changed)});
+    observers_.push_back(observer);
+    return observer;
+}
+
+void ModelContext::noteChange(const RecordSchema& schema) {
+    if (observers_.empty()) return;
+    unnoticed_[schema.ordinal] = true;
+    if (!delivery_) delivery_ = runLoop_.post([this] { deliverChanges(); });
+}
+
+void ModelContext::deliverChanges() {
+    delivery_.reset();
+    const auto changedTypes = std::exchange(unnoticed_, {});
+    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
+    // An observer may add or remove others while it runs.
+    const auto observers = observers_;
+    for (const auto& weak : observers) {
+        const auto observer = weak.lock();
+        if (observer && changedTypes[observer->type]) observer->changed();
+    }
+}
+
+}  // namespace elmworth

@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/store/FetchDescriptor.h"
+#include "core/store/Record.h"
+#include "core/store/StoreError.h"
+#include "platform/RunLoop.h"
+
+namespace elmworth {
+
+namespace sqlite {
+class RecordStore;
+}
+
+/// The unit of work over a library: hands out its records, notes their changes, and writes all of
+/// them in one transaction.
+///
+/// A record of the library has at most one object at a time; a fetch gives the object that exists,
+/// with its unsaved changes, or makes one. Objects that nobody refers to and that have nothing to
+/// save are let go. All fetches see unsaved changes. Reads throw StoreError when the library cannot
+/// be read.
+class ModelContext {
+ public:
+    ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop);
+    ModelContext(const ModelContext&) = delete;
+    ModelContext& operator=(const ModelContext&) = delete;
+    ~ModelContext();
+
+    /// Takes a new record. What it points to must be in the context by the time of the save.
+    void insert(const Ref<Record>& record);
+
+    /// Deletes a record and does to those that point to it what the delete rules say. A rule that
+    /// denies the deletion speaks at the save. Throws StoreError when the related records cannot be
+    /// read; nothing is deleted then.
+    void deleteRecord(const Ref<Record>& record);
+
+    /// Makes all changes durable in one transaction. Throws StoreError; the changes then stay
+    /// pending, and the next save tries them again.
+    void save();
+
+    /// As `save`; a failure is dropped on purpose, and the changes stay pending.
+    void saveQuietly() noexcept;
+
+    /// As `save`; a failure rolls all changes back before it is thrown.
+    void saveOrRollback();
+
+    /// Drops all changes since the last save: changed and deleted records have the values that
+    /// stood then, new ones leave the context.
+    void rollback();
+
+    [[nodiscard]] bool hasChanges() const noexcept;
+
+    /// The records of type `T` that `descriptor` asks for.
+    template <class T>
+    [[nodiscard]] std::vector<Ref<T>> fetch(const FetchDescriptor<T>& descriptor = {}) {
+        std::vector<Ref<T>> records;
+        fetchRecords(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
+                     [&](Ref<Record> record) {
+                         records.push_back(std::static_pointer_cast<T>(std::move(record)));
+                     });
+        return records;
+    }
+
+    /// As `fetch`; a failure counts as an empty answer.
+    template <class T>
+    [[nodiscard]] std::vector<Ref<T>> fetchQuietly(const FetchDescriptor<T>& descriptor = {}) {
+        try {
+            return fetch(descriptor);
+        } catch (const StoreError&) {
+            return {};
+        }
+    }
+
+    /// How many records `fetch` would give without a limit.
+    template <class T>
+    [[nodiscard]] std::size_t fetchCount(const FetchDescriptor<T>& descriptor = {}) {
+        return countRecords(T::schema(), node(descriptor));
+    }
+
+    /// The record of an identity, or null when the library has none or it is deleted.
+    template <class T>
+    [[nodiscard]] Ref<T> record(const PersistentID& id) {
+        return std::static_pointer_cast<T>(record(T::schema(), id));
+    }
+    [[nodiscard]] Ref<Record> record(const RecordSchema& schema, const PersistentID& id);
+
+    /// The records of `schema` whose to-one field `inverse` points to `owner`, oldest first.
+    [[nodiscard]] std::vector<Ref<Record>> related(const RecordSchema& schema,
+                                                   std::string_view inverse,
+                                                   const PersistentID& owner);
+
+    /// Calls `changed` after records of `schema` changed: once in the next turn of the run loop
+    /// however many changes there were, and at once in `save`. Ends when the handle dies.
+    using Observation = std::shared_ptr<void>;
+    [[nodiscard]] Observation observe(const RecordSchema& schema, std::function<void()> changed);
+
+    /// Delivers what waits for the next turn of the run loop now.
+    void deliverChanges();
+
+ private:
+    friend class Record;
+    using RecordHandler = std::function<void(Ref<Record>)>;
+    using RecordMap = std::unordered_map<PersistentID, Ref<Record>>;
+    struct Observer;
+
+    template <class T>
+    static const PredicateNode* node(const FetchDescriptor<T>& descriptor) {
+        return descriptor.predicate ? descriptor.predicate->node().get() : nullptr;
+    }
+
+    void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                      std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
+                      const RecordHandler& handler);
+    [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
+                                           const PredicateNode* predicate);
+    [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;
+    void adopt(Record& record);
+    void layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
+                        const PredicateNode* predicate, std::span<const SortKey> sortBy);
+
+    void recordWillChange(Record& record);
+    void recordDidChange(Record& record);
+    void forget(Record& record) noexcept;
+    void noteChange(const RecordSchema& schema);
+
+    void collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
+                          std::vector<std::pair<Ref<Record>, std::size_t>>& nullified);
+    void markDeleted(const Ref<Record>& record);
+    void checkDeniedDeletions();
+    void forgetChanges();
+
+    [[nodiscard]] RecordMap& pending(const RecordSchema& schema);
+    void restore(Record& record);
+
+    std::unique_ptr<sqlite::RecordStore> store_;
+    RunLoop& runLoop_;
+    std::unordered_map<PersistentID, std::weak_ptr<Record>> identities_;
+    std::array<RecordMap, recordTypeCount> pending_;  ///< new, changed and deleted records
+    std::vector<std::weak_ptr<Observer>> observers_;
+    std::array<bool, recordTypeCount> unnoticed_{};  ///< types with changes not delivered yet
+    RunLoop::Handle delivery_;
+    RunLoop::Handle upkeep_;
+};
+
+}  // namespace elmworth

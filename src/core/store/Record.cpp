@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/Record.h"
+
+#include "core/store/Attribute.h"
+#include "core/store/ModelContext.h"
+#include "core/store/Schema.h"
+
+namespace elmworth {
+
+Record::Record() : id_(PersistentID::make()) {}
+
+Record::~Record() {
+    if (context_) context_->forget(*this);
+}
+
+void Record::willChange() {
+    if (context_) context_->recordWillChange(*this);
+}
+
+void Record::didChange() {
+    if (context_) context_->recordDidChange(*this);
+}
+
+std::vector<Value> Record::capture() const {
+    std::vector<Value> values;
+    const auto& schema = recordSchema();
+    values.reserve(schema.fields.size());
+    for (const auto& field : schema.fields) values.push_back(field.read(*this));
+    return values;
+}
+
+Ref<Record> resolveRecord(const Record& owner, const RecordSchema& target, const PersistentID& id) {
+    return owner.modelContext() ? owner.modelContext()->record(target, id) : nullptr;
+}
+
+std::vector<Ref<Record>> relatedRecords(const Record& owner, const RecordSchema& target,
+                                        std::string_view inverse) {
+    if (!owner.modelContext()) return {};
+    return owner.modelContext()->related(target, inverse, owner.persistentModelID());
+}
+
+}  // namespace elmworth

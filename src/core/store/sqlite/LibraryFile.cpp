@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/sqlite/LibraryFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <system_error>
+
+#include "core/store/Schema.h"
+#include "core/store/sqlite/RecordSQL.h"
+#include "platform/AtomicFile.h"
+#include "platform/StandardFolders.h"
+
+namespace elmworth::sqlite {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint32_t applicationID = 0x454C4D57;  // "ELMW"
+
+/// The fields of an SQLite file header that tell whose file it is (sqlite.org/fileformat.html).
+struct FileHeader {
+    std::array<unsigned char, 100> bytes{};
+    std::size_t length = 0;
+
+    [[nodiscard]] std::uint32_t number(std::size_t offset) const {
+        return (std::uint32_t{bytes[offset]} << 24) | (std::uint32_t{bytes[offset + 1]} << 16) |
+               (std::uint32_t{bytes[offset + 2]} << 8) | std::uint32_t{bytes[offset + 3]};
+    }
+    [[nodiscard]] bool isLibrary() const {
+        return length == bytes.size() && std::memcmp(bytes.data(), "SQLite format 3", 16) == 0 &&
+               number(68) == applicationID;
+    }
+    [[nodiscard]] std::uint32_t version() const { return number(60); }
+};
+
+FileHeader readHeader(const fs::path& file) {
+    FileHeader header;
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        throw fs::filesystem_error("cannot read the library", file,
+                                   std::error_code(errno, std::generic_category()));
+    }
+    const auto count = ::pread(descriptor, header.bytes.data(), header.bytes.size(), 0);
+    ::close(descriptor);
+    header.length = count > 0 ? static_cast<std::size_t>(count) : 0;
+    return header;
+}
+
+std::string versionText(std::uint32_t version) {
+    return std::to_string(version / 10000) + '.' + std::to_string(version / 100 % 100) + '.' +
+           std::to_string(version % 100);
+}
+
+void refuseForeignFile(const fs::path& file) {
+    const auto header = readHeader(file);
+    if (!header.isLibrary()) {
+        throw StoreError(StoreError::Code::other, "The file " + file.string() +
+                                                      " is not an Elmworth library. Move it away "
+                                                      "to start with an empty one.");
+    }
+    if (header.version() > static_cast<std::uint32_t>(librarySchemaVersion)) {
+        throw StoreError(StoreError::Code::other,
+                         "The library " + file.string() + " has version " +
+                             versionText(header.version()) +
+                             ", which needs a newer Elmworth than this one.");
+    }
+}
+
+void createSchema(Database& database) {
+    database.execute("BEGIN; PRAGMA application_id = " + std::to_string(applicationID) +
+                     "; PRAGMA user_version = " + std::to_string(librarySchemaVersion) + ';' +
+                     createSchemaSQL() + "COMMIT");
+}
+
+/// A library appears under its name only when it is whole.
+void createLibraryFile(const fs::path& file) {
+    AtomicFile target(file);
+    {
+        Database database(target.temporaryPath().string());
+        createSchema(database);
+    }
+    target.commit();
+}
+
+void useOneConnection(Database& database) {
+    // No shared memory file, no lock calls: one process has the library open, and LibraryLock says
+    // so.
+    database.execute(
+        "PRAGMA locking_mode = EXCLUSIVE; PRAGMA foreign_keys = ON;"
+        "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 0;"
+        "PRAGMA cache_size = -8192; PRAGMA temp_store = MEMORY");
+    sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    int keep = 1;
+    sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
+}
+
+/// The first commit to a fresh log syncs its header as well; an empty one now keeps that from a
+/// person's click.
+void beginLog(Database& database) {
+    database.execute("PRAGMA user_version = " + std::to_string(librarySchemaVersion));
+}
+
+bool hasLog(const fs::path& file) {
+    std::error_code error;
+    const auto size = fs::file_size(file.string() + "-wal", error);
+    return !error && size > 0;
+}
+
+}  // namespace
+
+Database openLibraryFile(const fs::path& file) {
+    createPrivateFolder(file.parent_path());
+    if (!fs::exists(file)) createLibraryFile(file);
+    refuseForeignFile(file);
+    const bool continuesLog = hasLog(file);
+    Database database(file.string());
+    useOneConnection(database);
+    database.execute("PRAGMA journal_mode = WAL; SELECT count(*) FROM sqlite_schema");
+    if (!continuesLog) beginLog(database);
+    return database;
+}
+
+Database openLibraryInMemory() {
+    Database database(":memory:");
+    database.execute("PRAGMA foreign_keys = ON");
+    createSchema(database);
+    return database;
+}
+
+void moveLogIntoLibrary(Database& database) {
+    const int code = sqlite3_wal_checkpoint_v2(database.handle(), nullptr,
+                                               SQLITE_CHECKPOINT_RESTART, nullptr, nullptr);
+    if (code != SQLITE_OK) fail(code, sqlite3_errmsg(database.handle()));
+    beginLog(database);
+}
+
+}  // namespace elmworth::sqlite

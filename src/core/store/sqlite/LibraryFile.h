@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <filesystem>
+
+#include "core/store/sqlite/Database.h"
+
+namespace elmworth::sqlite {
+
+/// Opens the library file `file` for the only process that uses it, making a new one where there is
+/// none: folder 0700, file 0600, write-ahead log, every commit durable by exactly one sync. A file
+/// that is no library, or of a newer version, is refused without being opened. Throws StoreError or
+/// std::filesystem::filesystem_error.
+[[nodiscard]] Database openLibraryFile(const std::filesystem::path& file);
+
+/// A new, empty library in memory.
+[[nodiscard]] Database openLibraryInMemory();
+
+/// Moves the write-ahead log into the library file and begins a new one, so that the next opening
+/// stays quick. Throws StoreError; what is not moved stays in the log.
+void moveLogIntoLibrary(Database& database);
+
+}  // namespace elmworth::sqlite

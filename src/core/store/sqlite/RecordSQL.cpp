@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/sqlite/RecordSQL.h"
+
+#include <algorithm>
+
+namespace elmworth::sqlite {
+
+namespace {
+
+std::string quoted(std::string_view name) {
+    return '"' + std::string(name) + '"';
+}
+
+std::string_view columnType(StorageClass storage) {
+    switch (storage) {
+        case StorageClass::integer:
+            return "INTEGER";
+        case StorageClass::text:
+            return "TEXT";
+        default:
+            return "BLOB";
+    }
+}
+
+std::string_view referenceAction(const RecordSchema& target, const RecordSchema& source,
+                                 std::string_view field) {
+    for (const auto& relationship : target.relationships) {
+        if (&relationship.target() != &source || relationship.inverse != field) continue;
+        if (relationship.rule == DeleteRule::cascade) return " ON DELETE CASCADE";
+        if (relationship.rule == DeleteRule::nullify) return " ON DELETE SET NULL";
+    }
+    return "";
+}
+
+std::string columnSQL(const RecordSchema& schema, const FieldDescription& field) {
+    std::string sql = ", " + quoted(field.name) + ' ' + std::string(columnType(field.storage));
+    if (!field.optional) sql += " NOT NULL";
+    if (field.unique) sql += " UNIQUE";
+    if (field.target) {
+        const auto& target = field.target();
+        sql += " REFERENCES " + quoted(target.name) + "(\"id\")";
+        sql += referenceAction(target, schema, field.name);
+        sql += " DEFERRABLE INITIALLY DEFERRED";  // rows may be written in any order
+    }
+    return sql;
+}
+
+std::string createTableSQL(const RecordSchema& schema) {
+    std::string sql = "CREATE TABLE " + quoted(schema.name) +
+                      "(\"id\" BLOB PRIMARY KEY NOT NULL CHECK(length(\"id\") = 16)";
+    for (const auto& field : schema.fields) sql += columnSQL(schema, field);
+    return sql + ") STRICT, WITHOUT ROWID;\n";
+}
+
+std::string createIndexSQL(const RecordSchema& schema, const IndexDescription& index) {
+    std::string sql = "CREATE INDEX " + quoted(index.name) + " ON " + quoted(schema.name) + '(' +
+                      quoted(index.columns[0]);
+    if (!index.columns[1].empty()) sql += ", " + quoted(index.columns[1]);
+    sql += ')';
+    if (!index.present.empty()) sql += " WHERE " + quoted(index.present) + " IS NOT NULL";
+    if (!index.absent.empty()) {
+        sql += (index.present.empty() ? " WHERE " : " AND ") + quoted(index.absent) + " IS NULL";
+    }
+    return sql + ";\n";
+}
+
+std::string_view comparisonSQL(PredicateNode::Kind kind) {
+    switch (kind) {
+        case PredicateNode::Kind::less:
+            return " < ?";
+        case PredicateNode::Kind::lessOrEqual:
+            return " <= ?";
+        case PredicateNode::Kind::greater:
+            return " > ?";
+        default:
+            return " >= ?";
+    }
+}
+
+class ConditionWriter {
+ public:
+    ConditionWriter(const RecordSchema& schema, SQLCondition& condition)
+        : schema_(schema), condition_(condition) {}
+
+    void write(const PredicateNode& node) {
+        switch (node.kind) {
+            case PredicateNode::Kind::both:
+                return writeJoined(node, " AND ");
+            case PredicateNode::Kind::either:
+                return writeJoined(node, " OR ");
+            case PredicateNode::Kind::negated:
+                add("NOT (");
+                write(*node.operands.front());
+                return add(")");
+            default:
+                return writeComparison(node);
+        }
+    }
+
+ private:
+    void add(std::string_view text) { condition_.text += text; }
+
+    void writeJoined(const PredicateNode& node, std::string_view joint) {
+        add("(");
+        for (std::size_t i = 0; i < node.operands.size(); ++i) {
+            if (i > 0) add(joint);
+            write(*node.operands[i]);
+        }
+        add(")");
+    }
+
+    void writeComparison(const PredicateNode& node) {
+        const auto& field = schema_.fields[node.field];
+        const std::string column = quoted(field.name);
+        const bool isAbsent = std::holds_alternative<std::monostate>(node.value);
+        const bool isEquality =
+            node.kind == PredicateNode::Kind::equal || node.kind == PredicateNode::Kind::notEqual;
+        if (isEquality && isAbsent) {
+            return add(column +
+                       (node.kind == PredicateNode::Kind::equal ? " IS NULL" : " IS NOT NULL"));
+        }
+        condition_.values.push_back(&node.value);
+        if (isEquality)
+            return add(column + (node.kind == PredicateNode::Kind::equal ? " IS ?" : " IS NOT ?"));
+        // An absent value must make the comparison false and not unknown, or NOT would lose it.
+        const bool guarded = field.optional;
+        if (guarded) add("(" + column + " IS NOT NULL AND ");
+        add(column + std::string(comparisonSQL(node.kind)));
+        if (guarded) add(")");
+    }
+
+    const RecordSchema& schema_;
+    SQLCondition& condition_;
+};
+
+}  // namespace
+
+std::string createSchemaSQL() {
+    std::string sql;
+    for (const auto* schema : librarySchema()) sql += createTableSQL(*schema);
+    for (const auto* schema : librarySchema()) {
+        for (const auto& index : schema->indexes) sql += createIndexSQL(*schema, index);
+    }
+    return sql;
+}
+
+SQLCondition whereSQL(const RecordSchema& schema, const PredicateNode* predicate) {
+    SQLCondition condition;
+    if (!predicate) return condition;
+    condition.text = " WHERE ";
+    ConditionWriter(schema, condition).write(*predicate);
+    return condition;
+}
+
+std::string selectSQL(const RecordSchema& schema) {
+    std::string sql = "SELECT \"id\"";
+    for (const auto& field : schema.fields) sql += ", " + quoted(field.name);
+    return sql + " FROM " + quoted(schema.name);
+}
+
+std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy, bool isLimited) {
+    if (sortBy.empty() && !isLimited) return {};
+    std::string sql = " ORDER BY ";
+    for (const auto& key : sortBy) {
+        sql += quoted(schema.fields[key.field].name);
+        if (key.comparison == SortComparison::localizedStandard)
+            sql += " COLLATE localizedStandard";
+        sql += key.order == SortOrder::reverse ? " DESC, " : ", ";
+    }
+    const bool reverse = !sortBy.empty() && sortBy.back().order == SortOrder::reverse;
+    return sql + (reverse ? "\"id\" DESC" : "\"id\"");
+}
+
+std::string insertSQL(const RecordSchema& schema) {
+    std::string sql = "INSERT INTO " + quoted(schema.name) + " VALUES(?";
+    for (std::size_t i = 0; i < schema.fields.size(); ++i) sql += ",?";
+    return sql + ')';
+}
+
+std::string updateSQL(const RecordSchema& schema, std::uint32_t fieldMask) {
+    std::string sql = "UPDATE " + quoted(schema.name) + " SET ";
+    bool first = true;
+    for (std::size_t i = 0; i < schema.fields.size(); ++i) {
+        if ((fieldMask & (1U << i)) == 0) continue;
+        if (!first) sql += ", ";
+        sql += quoted(schema.fields[i].name) + " = ?";
+        first = false;
+    }
+    return sql + " WHERE \"id\" = ?";
+}
+
+}  // namespace elmworth::sqlite

@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/sqlite/RecordStore.h"
+
+#include <utility>
+
+#include "core/store/sqlite/LibraryFile.h"
+#include "core/store/sqlite/RecordSQL.h"
+
+namespace elmworth::sqlite {
+
+void Row::readInto(Record& record, const RecordSchema& schema) const {
+    int column = 1;
+    for (const auto& field : schema.fields) {
+        Value value = statement_.value(column++, field.storage);
+        if (!field.optional && std::holds_alternative<std::monostate>(value)) {
+            throw StoreError(StoreError::Code::corrupt, "The library holds a damaged record.");
+        }
+        field.write(record, std::move(value));
+    }
+}
+
+RecordStore::RecordStore(Database database) : database_(std::move(database)) {
+    sqlite3_wal_hook(
+        database_.handle(),
+        [](void* pages, sqlite3* /*database*/, const char* /*name*/, int count) {
+            *static_cast<int*>(pages) = count;
+            return SQLITE_OK;
+        },
+        &logPages_);
+}
+
+RecordStore::~RecordStore() {
+    if (hasLongLog()) tidyLog();
+}
+
+void RecordStore::tidyLog() noexcept {
+    try {
+        moveLogIntoLibrary(database_);
+    } catch (const StoreError&) {
+        return;  // tried again after a later save
+    }
+}
+
+Statement& RecordStore::prepared(const std::string& sql) {
+    const auto found = statements_.find(sql);
+    if (found != statements_.end()) return found->second;
+    return statements_.emplace(sql, Statement(database_.handle(), sql)).first->second;
+}
+
+void RecordStore::run(const std::string& sql) {
+    StatementUse statement(prepared(sql));
+    statement->step();
+}
+
+void RecordStore::select(const RecordSchema& schema, const PredicateNode* predicate,
+                         std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
+                         const RowHandler& handler) {
+    const auto where = whereSQL(schema, predicate);
+    std::string sql = selectSQL(schema) + where.text + orderSQL(schema, sortBy, limit.has_value());
+    if (limit) sql += " LIMIT ?";
+    auto& shared = prepared(sql);
+    StatementUse statement(shared);
+    int parameter = 0;
+    for (const auto* value : where.values) statement->bind(parameter++, *value);
+    if (limit) statement->bind(parameter, Value{static_cast<std::int64_t>(*limit)});
+    const Row row(shared);
+    while (statement->step()) handler(row);
+}
+
+void RecordStore::selectOne(const RecordSchema& schema, const PersistentID& id,
+                            const RowHandler& handler) {
+    auto& shared = prepared(selectSQL(schema) + " WHERE \"id\" = ?");
+    StatementUse statement(shared);
+    statement->bind(0, id);
+    if (statement->step()) handler(Row(shared));
+}
+
+std::size_t RecordStore::count(const RecordSchema& schema, const PredicateNode* predicate) {
+    const auto where = whereSQL(schema, predicate);
+    StatementUse statement(
+        prepared("SELECT count(*) FROM \"" + std::string(schema.name) + '"' + where.text));
+    int parameter = 0;
+    for (const auto* value : where.values) statement->bind(parameter++, *value);
+    statement->step();
+    return static_cast<std::size_t>(statement->integer(0));
+}
+
+bool RecordStore::rowMatches(const RecordSchema& schema, const PersistentID& id,
+                             const PredicateNode* predicate) {
+    const auto where = whereSQL(schema, predicate);
+    const std::string joint = where.text.empty() ? " WHERE " : " AND ";
+    StatementUse statement(prepared("SELECT 1 FROM \"" + std::string(schema.name) + '"' +
+                                    where.text + joint + "\"id\" = ?"));
+    int parameter = 0;
+    for (const auto* value : where.values) statement->bind(parameter++, *value);
+    statement->bind(parameter, id);
+    return statement->step();
+}
+
+void RecordStore::write(const ChangeSet& changes) {
+    run("BEGIN IMMEDIATE");
+    try {
+        // Deletions first: a number that a deleted invoice had may be taken again in the same save.
+        for (const auto* record : changes.deleted) deleteRow(*record);
+        for (const auto* record : changes.inserted) insertRow(*record);
+        for (const auto& update : changes.updated) updateRow(update);
+        run("COMMIT");
+    } catch (...) {
+        // SQLite ends the transaction by itself after some failures.
+        if (sqlite3_get_autocommit(database_.handle()) == 0) {
+            sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        }
+        throw;
+    }
+}
+
+void RecordStore::insertRow(const Record& record) {
+    const auto& schema = record.recordSchema();
+    StatementUse statement(prepared(insertSQL(schema)));
+    statement->bind(0, record.persistentModelID());
+    int parameter = 1;
+    for (const auto& field : schema.fields) statement->bind(parameter++, field.read(record));
+    statement->step();
+}
+
+void RecordStore::updateRow(const ChangeSet::Update& update) {
+    const auto& schema = update.record->recordSchema();
+    std::vector<Value> changed;
+    std::uint32_t mask = 0;
+    for (std::size_t i = 0; i < schema.fields.size(); ++i) {
+        Value value = schema.fields[i].read(*update.record);
+        if (value == (*update.saved)[i]) continue;
+        mask |= 1U << i;
+        changed.push_back(std::move(value));
+    }
+    if (mask == 0) return;
+    StatementUse statement(prepared(updateSQL(schema, mask)));
+    int parameter = 0;
+    for (const auto& value : changed) statement->bind(parameter++, value);
+    statement->bind(parameter, update.record->persistentModelID());
+    statement->step();
+}
+
+void RecordStore::deleteRow(const Record& record) {
+    StatementUse statement(prepared("DELETE FROM \"" + std::string(record.recordSchema().name) +
+                                    "\" WHERE \"id\" = ?"));
+    statement->bind(0, record.persistentModelID());
+    statement->step();
+}
+
+}  // namespace elmworth::sqlite

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "core/store/FetchDescriptor.h"
+#include "core/store/sqlite/Database.h"
+
+namespace elmworth::sqlite {
+
+/// The current row of a record type's table.
+class Row {
+ public:
+    explicit Row(const Statement& statement) : statement_(statement) {}
+    [[nodiscard]] PersistentID id() const { return statement_.identity(0); }
+    /// Sets all fields of `record`.
+    void readInto(Record& record, const RecordSchema& schema) const;
+
+ private:
+    const Statement& statement_;
+};
+
+/// What one save writes.
+struct ChangeSet {
+    struct Update {
+        const Record* record;
+        const std::vector<Value>* saved;  ///< the values that the library holds
+    };
+    std::vector<const Record*> inserted;
+    std::vector<Update> updated;
+    std::vector<const Record*> deleted;
+};
+
+/// Reads and writes the rows of records. Every operation throws StoreError.
+class RecordStore {
+ public:
+    explicit RecordStore(Database database);
+    RecordStore(const RecordStore&) = delete;
+    RecordStore& operator=(const RecordStore&) = delete;
+    ~RecordStore();
+
+    using RowHandler = std::function<void(const Row&)>;
+
+    void select(const RecordSchema& schema, const PredicateNode* predicate,
+                std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
+                const RowHandler& handler);
+    void selectOne(const RecordSchema& schema, const PersistentID& id, const RowHandler& handler);
+    [[nodiscard]] std::size_t count(const RecordSchema& schema, const PredicateNode* predicate);
+    /// Whether the stored row of `id` exists and meets `predicate`.
+    [[nodiscard]] bool rowMatches(const RecordSchema& schema, const PersistentID& id,
+                                  const PredicateNode* predicate);
+
+    /// Writes all of `changes` in one transaction, or nothing.
+    void write(const ChangeSet& changes);
+
+    /// Whether the write-ahead log has grown so that moving it is worth the time.
+    [[nodiscard]] bool hasLongLog() const noexcept { return logPages_ >= 256; }
+    /// Moves the log into the library file. What cannot be moved stays in the log.
+    void tidyLog() noexcept;
+
+    [[nodiscard]] Database& database() noexcept { return database_; }
+
+ private:
+    Statement& prepared(const std::string& sql);
+    void run(const std::string& sql);
+    void insertRow(const Record& record);
+    void updateRow(const ChangeSet::Update& update);
+    void deleteRow(const Record& record);
+
+    Database database_;
+    int logPages_ = 0;
+    std::unordered_map<std::string, Statement> statements_;
+};
+
+}  // namespace elmworth::sqlite

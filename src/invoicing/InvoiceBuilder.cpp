@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/InvoiceBuilder.h"
+
+#include <limits>
+
+#include "core/Project.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+const char* message(BuildError::Code code) {
+    switch (code) {
+        case BuildError::Code::noEntries:
+            return "There are no unbilled, finished entries for this client and range.";
+        case BuildError::Code::emptyNumber:
+            return "The invoice number can't be empty.";
+        case BuildError::Code::duplicateNumber:
+            return "Another invoice already uses that number.";
+        case BuildError::Code::notDraft:
+            return "Only draft invoices can be renumbered.";
+    }
+    return "";
+}
+
+/// A count that fails must not stand in the way of the operation.
+bool isTaken(ModelContext& context, const std::string& number) {
+    try {
+        return context.fetchCount(
+                   FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number}) > 0;
+    } catch (const StoreError&) {
+        return false;
+    }
+}
+
+/// Moves the counter of `profile` on to a number that is free, and gives it.
+std::string takeNumber(ModelContext& context, BusinessProfile& profile, std::int64_t year) {
+    std::string candidate = profile.formattedInvoiceNumber(year);
+    while (isTaken(context, candidate)) {
+        if (profile.nextInvoiceNumber == std::numeric_limits<std::int64_t>::max()) {
+            throw BuildError(BuildError::Code::duplicateNumber);
+        }
+        ++profile.nextInvoiceNumber;
+        candidate = profile.formattedInvoiceNumber(year);
+    }
+    return candidate;
+}
+
+std::optional<std::int64_t> rateOfTheMoment(const TimeEntry& entry) {
+    const auto& project = entry.project.get();
+    return project ? std::optional(project->effectiveRateCents()) : std::nullopt;
+}
+
+Instant dueDate(const Calendar& calendar, Instant issue, std::int64_t days) {
+    if (days < std::numeric_limits<int>::min() || days > std::numeric_limits<int>::max()) {
+        return issue;
+    }
+    return calendar.adding(static_cast<int>(days), CalendarUnit::day, issue).value_or(issue);
+}
+
+}  // namespace
+
+BuildError::BuildError(Code code) : std::runtime_error(message(code)), code_(code) {}
+
+std::vector<Ref<TimeEntry>> InvoiceBuilder::unbilledEntries(const Ref<Client>& client, Instant from,
+                                                            Instant to) const {
+    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
+        .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent &&
+                     key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
+        .sortBy = {sortedBy<&TimeEntry::start>()},
+    });
+    std::erase_if(entries, [&](const auto& entry) {
+        const auto& project = entry->project.get();
+        return !project || project->client.get() != client;
+    });
+    return entries;
+}
+
+Ref<Invoice> InvoiceBuilder::createInvoice(const Ref<Client>& client, Instant from, Instant to,
+                                           std::int64_t taxBasisPoints,
+                                           BusinessProfile& profile) const {
+    // What waits from an earlier failed save must not be rolled back with this invoice.
+    if (context.hasChanges()) context.save();
+    const auto entries = unbilledEntries(client, from, to);
+    if (entries.empty()) throw BuildError(BuildError::Code::noEntries);
+
+    const Instant issue = now();
+    const std::int64_t year = calendar.components(issue).year;
+    profile.applyYearlyReset(year);
+    const auto invoice = std::make_shared<Invoice>(takeNumber(context, profile, year));
+    invoice->client = client;
+    invoice->issueDate = issue;
+    invoice->dueDate = dueDate(calendar, issue, client->dueDays->value_or(profile.defaultDueDays));
+    invoice->periodStart = from;
+    invoice->periodEnd = to;
+    invoice->taxRateBasisPoints = taxBasisPoints;
+    invoice->roundingMinutes = profile.roundingMinutes;
+    invoice->currencyCode = client->currencyCode;
+    invoice->businessSnapshot = Blob{encodeProfile(profile)};
+    context.insert(invoice);
+    for (const auto& entry : entries) {
+        entry->billedRateCents = rateOfTheMoment(*entry);
+        entry->invoice = invoice;
+    }
+    context.saveOrRollback();
+    if (profile.nextInvoiceNumber < std::numeric_limits<std::int64_t>::max()) {
+        ++profile.nextInvoiceNumber;
+    }
+    return invoice;
+}
+
+void InvoiceBuilder::renumber(const Ref<Invoice>& invoice, std::string_view number) const {
+    const std::string trimmed{trimmedWhitespace(number)};
+    if (invoice->status() != InvoiceStatus::draft) throw BuildError(BuildError::Code::notDraft);
+    if (trimmed.empty()) throw BuildError(BuildError::Code::emptyNumber);
+    if (trimmed == invoice->number.get()) return;
+    if (isTaken(context, trimmed)) throw BuildError(BuildError::Code::duplicateNumber);
+    invoice->number = trimmed;
+    context.save();
+}
+
+void InvoiceBuilder::deleteInvoice(const Ref<Invoice>& invoice) const {
+    for (const auto& entry : invoice->entries()) {
+        entry->invoice = nullptr;
+        entry->billedRateCents = std::nullopt;
+    }
+    context.deleteRecord(invoice);
+    context.save();
+}
+
+}  // namespace elmworth

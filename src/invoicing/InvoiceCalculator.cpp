@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/InvoiceCalculator.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "core/Project.h"
+#include "platform/Collator.h"
+#include "platform/StopProgram.h"
+
+namespace elmworth::InvoiceCalculator {
+
+namespace {
+
+constexpr double largestAmount = 9e15;
+
+std::int64_t sum(std::int64_t a, std::int64_t b) {
+    std::int64_t result = 0;
+    if (__builtin_add_overflow(a, b, &result)) stopProgram("an invoice's sum exceeds 64 bits");
+    return result;
+}
+
+std::int64_t product(std::int64_t a, std::int64_t b) {
+    std::int64_t result = 0;
+    if (__builtin_mul_overflow(a, b, &result)) stopProgram("an invoice's product exceeds 64 bits");
+    return result;
+}
+
+/// The groups of items with one key, in the order in which the keys first appear.
+std::vector<std::vector<Item>> grouped(std::vector<Item> items) {
+    std::vector<std::vector<Item>> groups;
+    std::map<ProjectKey, std::size_t> places;
+    for (auto& item : items) {
+        const auto [place, isNew] = places.try_emplace(item.projectKey, groups.size());
+        if (isNew) groups.emplace_back();
+        groups[place->second].push_back(std::move(item));
+    }
+    return groups;
+}
+
+Line makeLine(std::vector<Item> group, double stepSeconds) {
+    Line line;
+    line.projectName = group.front().projectName;
+    line.rateCents = group.front().rateCents;
+    for (auto& item : group) {
+        const double seconds = roundedSeconds(item.seconds, stepSeconds);
+        line.seconds += seconds;
+        line.entries.push_back({item.start, std::move(item.notes), seconds});
+    }
+    line.amountCents = amountCents(line.seconds, line.rateCents);
+    return line;
+}
+
+bool precedes(const Line& a, const Line& b) {
+    const int names = localizedStandardCompare(a.projectName, b.projectName);
+    return names != 0 ? names < 0 : a.rateCents < b.rateCents;
+}
+
+}  // namespace
+
+double roundedSeconds(double seconds, double stepSeconds) {
+    const double whole = std::round(seconds);
+    return whole > 0 ? std::ceil(whole / stepSeconds) * stepSeconds : 0;
+}
+
+std::int64_t amountCents(double seconds, std::int64_t rateCents) {
+    const double rounded = std::round((seconds / 3600.0) * static_cast<double>(rateCents));
+    if (!std::isfinite(rounded)) return 0;
+    return static_cast<std::int64_t>(std::clamp(rounded, -largestAmount, largestAmount));
+}
+
+std::vector<Item> items(const std::vector<Ref<TimeEntry>>& entries) {
+    std::vector<Item> items;
+    items.reserve(entries.size());
+    for (const auto& entry : entries) {
+        const auto& project = entry->project.get();
+        if (entry->isRunning() || !project) continue;
+        const std::int64_t rate = entry->effectiveRateCents();
+        items.push_back({{project->persistentModelID(), rate},
+                         project->name,
+                         rate,
+                         entry->start,
+                         secondsBetween(entry->start, *entry->end.get()),
+                         entry->notes});
+    }
+    return items;
+}
+
+Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
+                 std::int64_t taxBasisPoints) {
+    std::stable_sort(items.begin(), items.end(),
+                     [](const Item& a, const Item& b) { return a.start < b.start; });
+    const auto step = static_cast<double>(product(std::max<std::int64_t>(roundingMinutes, 1), 60));
+
+    Totals totals;
+    for (auto& group : grouped(std::move(items))) {
+        totals.lines.push_back(makeLine(std::move(group), step));
+    }
+    std::stable_sort(totals.lines.begin(), totals.lines.end(), precedes);
+    for (const auto& line : totals.lines) {
+        totals.subtotalCents = sum(totals.subtotalCents, line.amountCents);
+    }
+    totals.taxCents = sum(product(totals.subtotalCents, taxBasisPoints), 5000) / 10000;
+    totals.totalCents = sum(totals.subtotalCents, totals.taxCents);
+    return totals;
+}
+
+Totals totals(const Invoice& invoice) {
+    return calculate(items(invoice.entries()), invoice.roundingMinutes, invoice.taxRateBasisPoints);
+}
+
+}  // namespace elmworth::InvoiceCalculator

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/InvoiceFiles.h"
+
+#include <QCryptographicHash>
+#include <algorithm>
+
+#include "platform/StandardFolders.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+namespace {
+
+constexpr char hashMark = '~';
+constexpr std::size_t hashLength = 16;
+/// File systems take 255 bytes, those of encrypted home folders 143; hash and suffix come on top.
+constexpr std::size_t longestName = 110;
+
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
+}
+
+std::string hashOf(std::string_view number) {
+    const QByteArrayView bytes(number.data(), static_cast<qsizetype>(number.size()));
+    const QByteArray hash =
+        QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha256);
+    return hash.toHex().toStdString().substr(0, hashLength);
+}
+
+/// A number that ends like a hash would pass for another number's stored name.
+bool endsLikeAHash(std::string_view name) {
+    if (name.size() <= hashLength || name[name.size() - hashLength - 1] != hashMark) return false;
+    return name.substr(name.size() - hashLength).find_first_not_of("0123456789abcdef") ==
+           std::string_view::npos;
+}
+
+bool isPlainName(std::string_view number) {
+    return !number.empty() && number.front() != '.' && number.size() <= longestName &&
+           std::none_of(number.begin(), number.end(), isControl) && !endsLikeAHash(number) &&
+           safeFileName(number) == number && validUTF8(number) == number;
+}
+
+/// As much of `number` as can stand in a file's name; different numbers may become the same.
+std::string readableName(std::string_view number) {
+    std::string name = safeFileName(validUTF8(number));
+    std::replace_if(name.begin(), name.end(), isControl, '-');
+    if (!name.empty() && name.front() == '.') name.front() = '-';
+    if (name.size() <= longestName) return name;
+    const auto isInsideACharacter = [&](std::size_t i) { return (name[i] & '\xc0') == '\x80'; };
+    std::size_t length = longestName;
+    while (length > 0 && isInsideACharacter(length)) --length;
+    return name.substr(0, length);
+}
+
+}  // namespace
+
+std::filesystem::path invoicesFolder() {
+    return createPrivateFolder(applicationSupportFolder() / "Invoices");
+}
+
+std::string safeFileName(std::string_view number) {
+    std::string name(number);
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '/' || c == ':'; }, '-');
+    return name;
+}
+
+std::filesystem::path storedInvoiceFile(std::string_view number) {
+    const std::string name = isPlainName(number) ? std::string(number)
+                                                 : readableName(number) + hashMark + hashOf(number);
+    return invoicesFolder() / (name + ".pdf");
+}
+
+}  // namespace elmworth

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/InvoiceRenderModel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/Client.h"
+#include "core/HoursFormat.h"
+#include "core/Invoice.h"
+#include "invoicing/InvoiceCalculator.h"
+#include "invoicing/MoneyFormat.h"
+#include "platform/DateFormatter.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+std::vector<InvoiceRenderModel::Row> makeRows(const InvoiceCalculator::Totals& totals,
+                                              const Invoice& invoice, const Locale& locale,
+                                              const DateFormatter& dates) {
+    const std::string currency = invoice.effectiveCurrencyCode();
+    std::vector<InvoiceRenderModel::Row> rows;
+    for (const auto& line : totals.lines) {
+        rows.emplace_back(
+            InvoiceRenderModel::ProjectRow{line.projectName, formatDecimalHours(line.seconds),
+                                           formatCents(line.rateCents, currency, locale),
+                                           formatCents(line.amountCents, currency, locale)});
+        if (!invoice.showsEntryDetails) continue;
+        for (const auto& entry : line.entries) {
+            rows.emplace_back(InvoiceRenderModel::EntryRow{dates.string(entry.date), entry.notes,
+                                                           formatDecimalHours(entry.seconds)});
+        }
+    }
+    return rows;
+}
+
+std::optional<std::string> makeTaxLabel(const Invoice& invoice, const BusinessProfile& business) {
+    if (invoice.taxRateBasisPoints < 1) return std::nullopt;
+    const std::string word = business.taxLabel.empty() ? "Tax" : business.taxLabel;
+    return word + " (" + formatBasisPoints(invoice.taxRateBasisPoints) + "%)";
+}
+
+/// The end is exclusive, at midnight: people read the last day before it.
+std::string makePeriod(const Invoice& invoice, const DateFormatter& dates) {
+    const Instant start = invoice.periodStart;
+    const Instant end = std::max(start, invoice.periodEnd.get());
+    return dates.string(start) + " – " + dates.string(end - std::chrono::seconds(1));
+}
+
+InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
+    if (!client) return {};
+    return {client->name, client->address, client->email, {}};
+}
+
+}  // namespace
+
+InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const BusinessProfile& profile,
+                                          const Locale& locale, LogoImage logo) {
+    const auto totals = InvoiceCalculator::totals(invoice);
+    const auto business = invoice.resolvedBusiness(profile);
+    const std::string currency = invoice.effectiveCurrencyCode();
+    const DateFormatter dates(DateFormatter::Style::mediumDate, locale,
+                              Calendar::current().zoneID());
+    InvoiceRenderModel model;
+    model.number = invoice.number;
+    model.issueDate = dates.string(invoice.issueDate);
+    model.dueDate = dates.string(invoice.dueDate);
+    model.period = makePeriod(invoice, dates);
+    model.business = {business.name, business.address, business.email, business.taxID};
+    model.billTo = makeBillTo(invoice.client);
+    model.rows = makeRows(totals, invoice, locale, dates);
+    model.subtotal = formatCents(totals.subtotalCents, currency, locale);
+    model.taxLabel = makeTaxLabel(invoice, business);
+    model.tax = formatCents(totals.taxCents, currency, locale);
+    model.total = formatCents(totals.totalCents, currency, locale);
+    model.paymentInstructions = business.paymentInstructions;
+    model.notes = trimmedWhitespace(invoice.notes.get());
+    model.logo = std::move(logo);
+    return model;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/UnbilledTime.h"
+
+#include "core/TimeEntry.h"
+#include "invoicing/InvoiceCalculator.h"
+
+namespace elmworth {
+
+std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(ModelContext& context) {
+    std::unordered_map<PersistentID, UnbilledTime> byProject;
+    for (const auto& entry : context.fetch(FetchDescriptor<TimeEntry>{
+             .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent,
+         })) {
+        const auto project = entry->project.id();
+        if (!project) continue;
+        const double seconds = secondsBetween(entry->start, *entry->end.get());
+        byProject[*project] +=
+            {seconds, InvoiceCalculator::amountCents(seconds, entry->effectiveRateCents())};
+    }
+    return byProject;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/DurationFormat.h"
+
+#include <algorithm>
+#include <cinttypes>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/SystemLog.h"
+
+namespace elmworth {
+namespace {
+
+std::int64_t wholeTotal(double seconds) {
+    constexpr double limit = 9223372036854775808.0;  // 2^63, the first value that does not fit
+    const bool fits = seconds >= -limit && seconds < limit;
+    if (!fits) {  // not a number comes here too
+        writeSystemLog("Elmworth: a duration is not a number of seconds");
+        std::abort();
+    }
+    return std::max<std::int64_t>(0, static_cast<std::int64_t>(seconds));
+}
+
+}  // namespace
+
+std::string formatHoursMinutes(double seconds) {
+    const std::int64_t total = wholeTotal(seconds);
+    char text[32];
+    std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64, total / 3600, total / 60 % 60);
+    return text;
+}
+
+std::string formatHoursMinutesSeconds(double seconds) {
+    const std::int64_t total = wholeTotal(seconds);
+    char text[32];
+    std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64 ":%02" PRId64, total / 3600,
+                  total / 60 % 60, total % 60);
+    return text;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,302 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/TimerService.h"
+
+#include <algorithm>
+
+#include "core/DateRangePreset.h"
+#include "platform/SystemLog.h"
+#include "tracking/DurationFormat.h"
+
+namespace elmworth {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto minimumLength = 1s;
+constexpr auto tickInterval = 1000ms;
+constexpr double awayThreshold = 600;
+constexpr double longRunThreshold = 36000;
+constexpr std::size_t recentEntriesWindow = 200;
+constexpr std::size_t lastEntriesWindow = 20;
+constexpr auto overlapLookBack = 86400s;
+
+bool isListed(const Ref<Project>& project) {
+    return project && !project->isArchived;
+}
+
+}  // namespace
+
+TimerService::TimerService(ModelContext& context, Clock now, RunLoop& runLoop,
+                           std::function<Calendar()> calendar)
+    : context_(context), now_(std::move(now)), runLoop_(runLoop), calendar_(std::move(calendar)) {}
+
+// --- control -----------------------------------------------------------------------------------
+
+void TimerService::restore() {
+    const auto open = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+        .predicate = key<&TimeEntry::end>() == absent,
+        .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
+    });
+    for (std::size_t i = 1; i < open.size(); ++i) {
+        open[i]->end = open[i]->start.get() + minimumLength;
+    }
+    setRunning(open.empty() ? nullptr : open.front());
+    if (open.size() > 1) save();
+    if (running_) {
+        startTicker();
+    } else {
+        stopTicker();
+    }
+}
+
+void TimerService::start(const Ref<Project>& project, const std::string& notes) {
+    closeRunning();
+    open(project, notes);
+    save();
+    startTicker();
+}
+
+Ref<TimeEntry> TimerService::continueEntry(const Ref<TimeEntry>& entry) {
+    const Ref<Project> project = entry->project;
+    if (!project) return nullptr;
+    start(project, entry->notes);  // one save for both: a crash must not lose the notes
+    return running_;
+}
+
+void TimerService::closeRunning() {
+    setAwayIntervals({});
+    if (!running_) return;
+    const auto entry = running_;
+    setRunning(nullptr);
+    if (entry->isDeleted()) return;
+    const Instant t = now_();
+    if (t - entry->start.get() >= minimumLength) {
+        entry->end = t;
+    } else {
+        context_.deleteRecord(entry);
+    }
+}
+
+void TimerService::open(const Ref<Project>& project, const std::string& notes) {
+    const auto entry = std::make_shared<TimeEntry>(now_(), project);
+    entry->notes = notes;
+    context_.insert(entry);
+    setRunning(entry);
+}
+
+void TimerService::stop() {
+    closeRunning();
+    save();
+    stopTicker();
+}
+
+void TimerService::stop(Instant at) {
+    setAwayIntervals({});
+    if (!running_) return;
+    const auto entry = running_;
+    setRunning(nullptr);
+    entry->end = std::max(at, entry->start.get() + minimumLength);
+    save();
+    stopTicker();
+}
+
+void TimerService::refresh() {
+    const bool stillRuns =
+        running_ && !running_->isDeleted() && running_->modelContext() && running_->isRunning();
+    if (running_ && !stillRuns) {
+        setRunning(nullptr);
+        stopTicker();
+    }
+    tick();
+}
+
+void TimerService::save() {
+    try {
+        context_.save();
+    } catch (const StoreError& error) {
+        writeSystemLog(std::string("Elmworth: save failed: ") + error.what());
+    }
+}
+
+// --- the ticker --------------------------------------------------------------------------------
+
+void TimerService::startTicker() {
+    tick();
+    if (!ticker_) ticker_ = runLoop_.repeat(tickInterval, [this] { tick(); });
+}
+
+void TimerService::stopTicker() {
+    ticker_.reset();
+    setText(elapsedText_, {}, Property::elapsedText);
+    setText(elapsedLongText_, {}, Property::elapsedLongText);
+}
+
+void TimerService::tick() {
+    if (!running_) {
+        setText(elapsedText_, {}, Property::elapsedText);
+        setText(elapsedLongText_, {}, Property::elapsedLongText);
+        return;
+    }
+    const double seconds = secondsBetween(running_->start, now_());
+    setText(elapsedText_, formatHoursMinutes(seconds), Property::elapsedText);
+    setText(elapsedLongText_, formatHoursMinutesSeconds(seconds), Property::elapsedLongText);
+}
+
+// --- sleep -------------------------------------------------------------------------------------
+
+void TimerService::installSleepObservers(PowerEvents& powerEvents) {
+    if (!sleepObservers_.empty()) return;
+    sleepObservers_.push_back(powerEvents.onWillSleep([this] { machineWillSleep(); }));
+    sleepObservers_.push_back(powerEvents.onDidWake([this] { machineDidWake(); }));
+}
+
+void TimerService::machineWillSleep() {
+    sleptAt_ = now_();
+}
+
+void TimerService::machineDidWake() {
+    const auto sleptAt = std::exchange(sleptAt_, std::nullopt);
+    if (!sleptAt || !running_ || *sleptAt <= running_->start.get()) return;
+    const Instant wokeAt = now_();
+    if (secondsBetween(*sleptAt, wokeAt) < awayThreshold) return;  // counts as work
+    auto intervals = awayIntervals_;
+    intervals.push_back({*sleptAt, wokeAt});
+    setAwayIntervals(std::move(intervals));
+}
+
+void TimerService::keepAwayTime() {
+    setAwayIntervals({});
+}
+
+void TimerService::discardAwayTime() {
+    auto sleeps = awayIntervals_;
+    setAwayIntervals({});
+    if (!running_ || sleeps.empty()) return;
+    std::stable_sort(sleeps.begin(), sleeps.end(),
+                     [](const auto& a, const auto& b) { return a.start < b.start; });
+    const auto first = running_;
+    first->end = std::max(sleeps.front().start, first->start.get() + minimumLength);
+    for (std::size_t i = 1; i < sleeps.size(); ++i) {
+        if (sleeps[i].start > sleeps[i - 1].end) {
+            insertFinished(*first, sleeps[i - 1].end, sleeps[i].start);
+        }
+    }
+    const auto last = std::make_shared<TimeEntry>(sleeps.back().end, first->project.get());
+    last->notes = first->notes;
+    context_.insert(last);
+    setRunning(last);
+    save();
+    tick();
+}
+
+void TimerService::insertFinished(const TimeEntry& like, Instant start, Instant end) {
+    const auto entry = std::make_shared<TimeEntry>(start, like.project.get());
+    entry->end = end;
+    entry->notes = like.notes;
+    context_.insert(entry);
+}
+
+bool TimerService::isLongRunning() const {
+    return running_ && secondsBetween(running_->start, now_()) >= longRunThreshold;
+}
+
+// --- questions ---------------------------------------------------------------------------------
+
+std::vector<Ref<Project>> TimerService::recentProjects(std::size_t limit) const {
+    std::vector<Ref<Project>> projects;
+    const auto take = [&](const Ref<Project>& project) {
+        if (projects.size() >= limit || !isListed(project)) return;
+        if (std::find(projects.begin(), projects.end(), project) != projects.end()) return;
+        projects.push_back(project);
+    };
+    for (const auto& entry : context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+             .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
+ .fetchLimit = recentEntriesWindow,
+         })) {
+        take(entry->project);
+    }
+    if (projects.size() >= limit) return projects;
+    for (const auto& project : context_.fetchQuietly(FetchDescriptor<Project>{
+             .sortBy = {sortedBy<&Project::name>(SortOrder::forward,
+                                                 SortComparison::localizedStandard)},
+         })) {
+        take(project);
+    }
+    return projects;
+}
+
+Ref<TimeEntry> TimerService::lastContinuableEntry() const {
+    const auto entries = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+        .predicate = key<&TimeEntry::end>() != absent,
+        .sortBy = {sortedBy<&TimeEntry::end>(SortOrder::reverse)},
+        .fetchLimit = lastEntriesWindow,
+    });
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [](const auto& entry) { return isListed(entry->project); });
+    return found == entries.end() ? nullptr : *found;
+}
+
+double TimerService::todaySeconds() const {
+    const auto day = calendar_().interval(CalendarUnit::day, now_());
+    return day ? trackedSeconds(day->start, day->end) : 0;
+}
+
+double TimerService::thisWeekSeconds() const {
+    const auto week = calendar_().interval(CalendarUnit::weekOfYear, now_());
+    return week ? trackedSeconds(week->start, week->end) : 0;
+}
+
+double TimerService::trackedSeconds(Instant from, Instant to) const {
+    const auto entries = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+        .predicate =
+            key<&TimeEntry::start>() < to && (key<&TimeEntry::start>() >= from - overlapLookBack ||
+                                              key<&TimeEntry::end>() == absent),
+    });
+    const Instant now = now_();
+    double seconds = 0;
+    for (const auto& entry : entries) {
+        const Instant start = std::max(entry->start.get(), from);
+        const Instant end = std::min(to, entry->end->value_or(now));
+        seconds += std::max(0.0, secondsBetween(start, end));
+    }
+    return seconds;
+}
+
+// --- observers ---------------------------------------------------------------------------------
+
+TimerService::Observation TimerService::observe(std::function<void(Property)> changed) {
+    auto observer = std::make_shared<Observer>(std::move(changed));
+    observers_.push_back(observer);
+    return observer;
+}
+
+void TimerService::notify(Property property) {
+    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
+    const auto observers = observers_;
+    for (const auto& weak : observers) {
+        if (const auto observer = weak.lock()) (*observer)(property);
+    }
+}
+
+void TimerService::setRunning(Ref<TimeEntry> entry) {
+    if (entry == running_) return;
+    running_ = std::move(entry);
+    notify(Property::running);
+}
+
+void TimerService::setText(std::string& text, std::string value, Property property) {
+    if (text == value) return;
+    text = std::move(value);
+    notify(property);
+}
+
+void TimerService::setAwayIntervals(std::vector<DateInterval> intervals) {
+    if (intervals == awayIntervals_) return;
+    awayIntervals_ = std::move(intervals);
+    notify(Property::awayIntervals);
+}
+
+}  // namespace elmworth
