@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Layouts
+import Elmworth.Theme
+import Elmworth.Main
+
+/// The entry that runs, with its time and the button that stops it.
+Rectangle {
+    id: card
+
+    required property TimerWindowModel model
+
+    implicitHeight: column.implicitHeight + 32
+    radius: Theme.cardRadius
+    color: Theme.cardFill
+    border.width: 1
+    border.color: Theme.cardBorder
+
+    ColumnLayout {
+        id: column
+
+        anchors { fill: parent; margins: 16 }
+        spacing: 4
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 8
+
+            Rectangle {
+                Layout.preferredWidth: 8
+                Layout.preferredHeight: 8
+                radius: 4
+                color: card.model.projectColor
+            }
+
+            Text {
+                Layout.fillWidth: true
+                text: "Tracking"
+                color: Theme.secondaryText
+                font.family: Theme.textFamily
+                font.pixelSize: 12
+                font.weight: Font.Medium
+            }
+        }
+
+        Text {
+            Layout.fillWidth: true
+            text: card.model.elapsed
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 20
+            color: Theme.primaryText
+            font.family: Theme.tabularFamily
+            font.pixelSize: 44
+            font.weight: Font.Medium
+            Accessible.role: Accessible.StaticText
+            Accessible.name: "Elapsed " + text
+        }
+
+        Text {
+            Layout.fillWidth: true
+            text: card.model.projectName
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.primaryText
+            font.family: Theme.textFamily
+            font.pixelSize: 15
+            font.weight: Font.DemiBold
+        }
+
+        Text {
+            Layout.fillWidth: true
+            visible: text.length > 0
+            text: card.model.clientName
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.secondaryText
+            font.family: Theme.textFamily
+            font.pixelSize: 13
+        }
+
+        Text {
+            Layout.fillWidth: true
+            Layout.topMargin: 4
+            visible: text.length > 0
+            text: card.model.notes
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            color: Theme.secondaryText
+            font.family: Theme.textFamily
+            font.pixelSize: 13
+        }
+
+        GlowButton {
+            Layout.topMargin: 12
+            text: "Stop"
+            glyph: "\ue047"
+            prominent: true
+            onClicked: card.model.stop()
+        }
+    }
+}
