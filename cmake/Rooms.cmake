@@ -32,6 +32,19 @@ function(elmworth_room)
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS}
         PRIVATE ${ROOM_PRIVATE_LINKS})
     set_target_properties(${ROOM_NAME} PROPERTIES AUTOMOC ${ROOM_MOC} LINKER_LANGUAGE CXX)
+    elmworth_check_arrows(${ROOM_NAME})
+endfunction()
+
+# A static library would link with anything. This links the whole room with what it names, and no more.
+function(elmworth_check_arrows room)
+    if(NOT ELMWORTH_TESTS OR ELMWORTH_SANITIZE)
+        return()
+    endif()
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${room}_arrows.cpp CONTENT "// The room itself is all there is to link.\n")
+    add_library(${room}_arrows MODULE ${CMAKE_CURRENT_BINARY_DIR}/${room}_arrows.cpp)
+    set_target_properties(${room}_arrows PROPERTIES AUTOMOC FALSE)
+    target_link_libraries(${room}_arrows PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${room}>)
+    target_link_options(${room}_arrows PRIVATE -Wl,--no-undefined)
 endfunction()
 
 # elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>])

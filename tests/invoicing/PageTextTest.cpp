@@ -7,9 +7,9 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QRectF>
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace elmworth {
 namespace {
@@ -23,23 +23,22 @@ double widthOf(std::string_view text, const TextStyle& style) {
     return PageText::line(text, style, wide).width();
 }
 
-/// The columns of pixels between the first and the last that the text at (20, 0) blackens.
-std::pair<int, int> inkColumns(const PageText& text) {
-    QImage image(400, 20, QImage::Format_Grayscale8);
+/// The rectangle in points that the text blackens; it is painted at (20, 0).
+QRectF inkOf(const PageText& text) {
+    constexpr int scale = 8;
+    QImage image(200 * scale, 20 * scale, QImage::Format_Grayscale8);
     image.fill(Qt::white);
     QPainter painter(&image);
+    painter.scale(scale, scale);
     text.paint(painter, {20, 0});
     painter.end();
-    int first = image.width();
-    int last = -1;
+    QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y).red() > 128) continue;
-            first = std::min(first, x);
-            last = std::max(last, x);
+            if (image.pixelColor(x, y).red() < 128) ink |= QRect(x, y, 1, 1);
         }
     }
-    return {first, last};
+    return {QPointF(ink.topLeft()) / scale, QSizeF(ink.size()) / scale};
 }
 
 TEST(PageText, LineThatFitsIsNotCut) {
@@ -97,13 +96,24 @@ TEST(PageText, LinesOfOtherScriptsAreAsHigh) {
     }
 }
 
+TEST(PageText, SmallerFiguresStandOnTheSameBaseline) {
+    const double baseline = inkOf(PageText::line("1111", {}, wide)).bottom();
+    EXPECT_NEAR(inkOf(PageText::figure("1111111111", {}, 30)).bottom(), baseline, 0.2);
+}
+
+TEST(PageText, LettersOfOtherFontsStandOnTheSameBaseline) {
+    const double baseline = inkOf(PageText::line("H", {}, wide)).bottom();
+    for (const char* text : {"HΗא", "Hあ", "Hก"}) {
+        EXPECT_NEAR(inkOf(PageText::line(text, {}, wide)).bottom(), baseline, 1) << text;
+    }
+}
+
 TEST(PageText, TextFromRightToLeftStartsAtTheLeftEdge) {
     for (const PageText& text :
          {PageText::line("שלום", {}, wide), PageText::paragraphs("שלום", {}, wide)}) {
-        const auto [first, last] = inkColumns(text);
-        EXPECT_GE(first, 19);
-        EXPECT_LE(first, 22);
-        EXPECT_LE(last, 21 + text.width());
+        const QRectF ink = inkOf(text);
+        EXPECT_NEAR(ink.left(), 20.5, 1);
+        EXPECT_LE(ink.right(), 20 + text.width());
     }
 }
 

@@ -11,26 +11,22 @@ ColumnLayout {
 
     spacing: 10
 
-    Text {
+    PlainText {
         Layout.fillWidth: true
         Layout.topMargin: 32
         horizontalAlignment: Text.AlignHCenter
         text: "No projects yet"
         wrapMode: Text.Wrap
-        color: Theme.primaryText
-        font.family: Theme.textFamily
         font.pixelSize: 22
         font.weight: Font.Medium
     }
 
-    Text {
+    PlainText {
         Layout.fillWidth: true
         horizontalAlignment: Text.AlignHCenter
         text: "Add a client and a project, then start tracking with one click."
         wrapMode: Text.Wrap
         color: Theme.secondaryText
-        font.family: Theme.textFamily
-        font.pixelSize: 13
     }
 
     Rectangle {

@@ -40,26 +40,18 @@ Basic.AbstractButton {
             Layout.fillWidth: true
             spacing: 1
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 text: row.name
-                textFormat: Text.PlainText
-                elide: Text.ElideRight
-                color: Theme.primaryText
-                font.family: Theme.textFamily
-                font.pixelSize: 13
                 font.weight: Font.Medium
                 Accessible.ignored: true
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 visible: text.length > 0
                 text: row.client
-                textFormat: Text.PlainText
-                elide: Text.ElideRight
                 color: Theme.secondaryText
-                font.family: Theme.textFamily
                 font.pixelSize: 12
                 Accessible.ignored: true
             }

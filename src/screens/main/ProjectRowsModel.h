@@ -5,6 +5,7 @@
 
 #include <QAbstractListModel>
 #include <QString>
+#include <QtQmlIntegration>
 #include <vector>
 
 #include "core/store/PersistentID.h"
@@ -13,8 +14,10 @@ namespace elmworth {
 
 /// A list of projects to start. A new list is taken over by removing, inserting, moving and
 /// changing rows, so that focus and the pointer stay where they are.
-class ProjectRowsModel final : public QAbstractListModel {
+class ProjectRowsModel : public QAbstractListModel {
     Q_OBJECT
+    QML_ANONYMOUS
+    QML_ANONYMOUS
 
  public:
     struct Row {

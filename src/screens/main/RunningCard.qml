@@ -35,63 +35,48 @@ Rectangle {
                 color: card.model.projectColor
             }
 
-            Text {
+            PlainText {
                 Layout.fillWidth: true
                 text: "Tracking"
                 color: Theme.secondaryText
-                font.family: Theme.textFamily
                 font.pixelSize: 12
                 font.weight: Font.Medium
             }
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             text: card.model.elapsed
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 20
-            color: Theme.primaryText
             font.family: Theme.tabularFamily
             font.pixelSize: 44
             font.weight: Font.Medium
-            Accessible.role: Accessible.StaticText
             Accessible.name: "Elapsed " + text
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             text: card.model.projectName
-            textFormat: Text.PlainText
-            elide: Text.ElideRight
-            color: Theme.primaryText
-            font.family: Theme.textFamily
             font.pixelSize: 15
             font.weight: Font.DemiBold
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             visible: text.length > 0
             text: card.model.clientName
-            textFormat: Text.PlainText
-            elide: Text.ElideRight
             color: Theme.secondaryText
-            font.family: Theme.textFamily
-            font.pixelSize: 13
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             Layout.topMargin: 4
             visible: text.length > 0
             text: card.model.notes
-            textFormat: Text.PlainText
             wrapMode: Text.Wrap
             maximumLineCount: 2
-            elide: Text.ElideRight
             color: Theme.secondaryText
-            font.family: Theme.textFamily
-            font.pixelSize: 13
         }
 
         GlowButton {

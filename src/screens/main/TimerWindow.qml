@@ -22,7 +22,7 @@ Basic.ApplicationWindow {
     color: Theme.backgroundTop
 
     Shortcut {
-        sequences: [StandardKey.Quit]
+        sequence: "Ctrl+Q"
         onActivated: Qt.quit()
     }
 
@@ -46,20 +46,17 @@ Basic.ApplicationWindow {
             RowLayout {
                 Layout.fillWidth: true
 
-                Text {
+                PlainText {
                     Layout.fillWidth: true
                     text: "Elmworth"
-                    color: Theme.primaryText
-                    font.family: Theme.textFamily
                     font.pixelSize: 22
                     font.weight: Font.Medium
                 }
 
-                Text {
+                PlainText {
                     text: "Today " + window.model.today
                     color: Theme.secondaryText
                     font.family: Theme.tabularFamily
-                    font.pixelSize: 13
                 }
             }
 
@@ -69,11 +66,10 @@ Basic.ApplicationWindow {
                 model: window.model
             }
 
-            Text {
+            PlainText {
                 visible: projectList.count > 0
                 text: window.model.sectionTitle
                 color: Theme.secondaryText
-                font.family: Theme.textFamily
                 font.pixelSize: 12
                 font.weight: Font.DemiBold
             }
@@ -91,7 +87,10 @@ Basic.ApplicationWindow {
                         id: row
 
                         Layout.fillWidth: true
+                        // The window outlives its rows.
+                        // qmllint disable unqualified
                         onClicked: window.model.start(row.index)
+                        // qmllint enable unqualified
                     }
                 }
             }
