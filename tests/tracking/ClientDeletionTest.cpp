@@ -61,7 +61,14 @@ TEST_F(ClientDeletionTest, ProjectsAndTimeGoWithTheClient) {
 TEST_F(ClientDeletionTest, TheTimerOnTheClientStopsAndItsEntryGoes) {
     timer_.start(website_);
     now_ += 1h;
+    int stops = 0;
+    const auto observation = timer_.observe([&](TimerService::Property property) {
+        if (property != TimerService::Property::running) return;
+        ++stops;
+        EXPECT_FALSE(client_->isDeleted()) << "it stops before the client goes";
+    });
     deleteClient(client_, context(), timer_);
+    EXPECT_EQ(stops, 1);
     EXPECT_FALSE(timer_.running());
     EXPECT_EQ(timer_.elapsedText(), "");
     EXPECT_EQ(library_.runLoop.repeatingCount(), 0U);
