@@ -45,6 +45,8 @@ ColumnLayout {
             readOnly: true
             selectByMouse: true
             activeFocusOnTab: true
+            // A focused text keeps the keys from the window's shortcuts.
+            Keys.onPressed: event => { if (event.matches(StandardKey.Quit)) Qt.quit(); }
             wrapMode: TextEdit.Wrap
             text: "elmworth client add \"Acme Co\" --rate 120\nelmworth project add Website --client \"Acme Co\""
             color: Theme.primaryText
