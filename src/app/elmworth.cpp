@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 
 namespace {
@@ -58,6 +59,7 @@ int startApplication(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    elmworth::reserveStandardStreams();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto commandLine = elmworth::parseCommandLine(arguments);
     if (commandLine.answer) return elmworth::printResult(*commandLine.answer);
