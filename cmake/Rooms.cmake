@@ -4,10 +4,14 @@
 # One folder is one library. A room sees the headers of all rooms, but links only what it names
 # here, so that a call against the direction of the architecture ends in a link error.
 
+# The code that Qt's QML compiler writes does not pass these; sources beside it get them one by one.
+set(strict_warnings -Wconversion -Wsign-conversion -Wshadow)
+
 add_library(elmworth_options INTERFACE)
 target_include_directories(elmworth_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(elmworth_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor
+    "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:ELMWORTH_HAS_QML>>>:${strict_warnings}>"
     -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough
     $<$<BOOL:${ELMWORTH_WERROR}>:-Werror>)
 if(ELMWORTH_SANITIZE)
@@ -28,6 +32,19 @@ function(elmworth_room)
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS}
         PRIVATE ${ROOM_PRIVATE_LINKS})
     set_target_properties(${ROOM_NAME} PROPERTIES AUTOMOC ${ROOM_MOC} LINKER_LANGUAGE CXX)
+    elmworth_check_arrows(${ROOM_NAME})
+endfunction()
+
+# A static library would link with anything. This links the whole room with what it names, and no more.
+function(elmworth_check_arrows room)
+    if(NOT ELMWORTH_TESTS OR ELMWORTH_SANITIZE)
+        return()
+    endif()
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${room}_arrows.cpp CONTENT "// The room itself is all there is to link.\n")
+    add_library(${room}_arrows MODULE ${CMAKE_CURRENT_BINARY_DIR}/${room}_arrows.cpp)
+    set_target_properties(${room}_arrows PROPERTIES AUTOMOC FALSE)
+    target_link_libraries(${room}_arrows PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${room}>)
+    target_link_options(${room}_arrows PRIVATE -Wl,--no-undefined)
 endfunction()
 
 # elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>])
@@ -46,4 +63,24 @@ function(elmworth_test)
     gtest_discover_tests(${TEST_NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT ${TEST_TIMEOUT}
         ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+# elmworth_qml_room(NAME <target> URI <uri> QML_FILES <file>... [SINGLETONS <file>...]
+#                   [SOURCES <file>...] [LINKS <target>...])
+# The views of a room with their models, as a static QML module.
+function(elmworth_qml_room)
+    cmake_parse_arguments(PARSE_ARGV 0 ROOM "" "NAME;URI" "SINGLETONS;QML_FILES;SOURCES;LINKS")
+    if(ROOM_SINGLETONS)
+        set_source_files_properties(${ROOM_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    endif()
+    string(REPLACE "." "/" module_folder ${ROOM_URI})
+    qt_add_qml_module(${ROOM_NAME} STATIC URI ${ROOM_URI} VERSION 1.0
+        RESOURCE_PREFIX /qt-project.org/imports
+        DEPENDENCIES QtQuick
+        IMPORT_PATH ${CMAKE_BINARY_DIR}/qml
+        OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/${module_folder}
+        QML_FILES ${ROOM_SINGLETONS} ${ROOM_QML_FILES} SOURCES ${ROOM_SOURCES})
+    target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS} Qt6::Quick)
+    set_target_properties(${ROOM_NAME} PROPERTIES ELMWORTH_HAS_QML TRUE)
+    set_source_files_properties(${ROOM_SOURCES} PROPERTIES COMPILE_OPTIONS "${strict_warnings}")
 endfunction()

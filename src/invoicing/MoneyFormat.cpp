@@ -3,6 +3,7 @@
 
 #include "invoicing/MoneyFormat.h"
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>

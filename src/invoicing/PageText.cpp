@@ -78,13 +78,6 @@ double lineWidth(const QString& text, const QFont& font) {
     return QFontMetricsF(font).horizontalAdvance(text) / detail;
 }
 
-// Left is left, also for a text that runs from right to left.
-QTextOption leftAligned() {
-    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    return option;
-}
-
 }  // namespace
 
 double TextStyle::lineHeight() const {
@@ -141,7 +134,9 @@ void PageText::append(const QString& paragraph, const QFont& font, double width)
     const double pitch = style_.lineHeight();
     const double baseline = QFontMetricsF(detailedFont(style_, style_.size)).ascent();
     auto layout = std::make_unique<QTextLayout>(paragraph, font);
-    layout->setTextOption(leftAligned());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout->setTextOption(option);
     layout->beginLayout();
     while (true) {
         QTextLine line = layout->createLine();

@@ -69,7 +69,7 @@ class PageText {
     void append(const QString& paragraph, const QFont& font, double width);
 
     TextStyle style_;
-    QSizeF size_;
+    QSizeF size_{0, 0};
     std::vector<std::unique_ptr<QTextLayout>> layouts_;
 };
 

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace elmworth {
 namespace {
@@ -74,6 +75,11 @@ struct Calendar::Impl {
     std::unique_ptr<icu::Calendar> cursor;
     std::string zoneID;
 
+    explicit Impl(std::unique_ptr<icu::Calendar> calendar) : cursor(std::move(calendar)) {
+        icu::UnicodeString id;
+        cursor->getTimeZone().getID(id).toUTF8String(zoneID);
+    }
+
     void moveTo(Instant instant) const {
         UErrorCode status = U_ZERO_ERROR;
         cursor->setTime(toUDate(instant), status);
@@ -123,10 +129,7 @@ struct Calendar::Impl {
 };
 
 Calendar::Calendar(const Locale& locale, std::string_view zoneID)
-    : impl_(std::make_unique<Impl>(makeCalendar(locale, zoneID))) {
-    icu::UnicodeString id;
-    impl_->cursor->getTimeZone().getID(id).toUTF8String(impl_->zoneID);
-}
+    : impl_(std::make_unique<Impl>(makeCalendar(locale, zoneID))) {}
 
 Calendar Calendar::current() {
     const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
@@ -136,8 +139,7 @@ Calendar Calendar::current() {
 }
 
 Calendar::Calendar(const Calendar& other)
-    : impl_(std::make_unique<Impl>(std::unique_ptr<icu::Calendar>(other.impl_->cursor->clone()),
-                                   other.impl_->zoneID)) {}
+    : impl_(std::make_unique<Impl>(std::unique_ptr<icu::Calendar>(other.impl_->cursor->clone()))) {}
 Calendar& Calendar::operator=(const Calendar& other) {
     return *this = Calendar(other);
 }

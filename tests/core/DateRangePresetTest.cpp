@@ -188,6 +188,12 @@ TEST(SplitByDay, ASkippedDayHasNoSlice) {
               texts(slices({{"2011-12-29T00:00-10:00", 3600}, {"2011-12-31T00:00+14:00", 7200}})));
 }
 
+TEST(SplitByDay, TheLastHourOfADayThatIsRepeatedBehindMidnightCountsOnTheNextDay) {
+    EXPECT_EQ(texts(splitByDay(at("2010-11-06T23:30-03:30"), at("2010-11-07T01:30-03:30"),
+                               in("America/St_Johns"))),
+              texts(slices({{"2010-11-07T00:00-02:30", 7200}})));
+}
+
 TEST(SplitByDay, FractionsOfASecondAreKept) {
     const Instant start = at("2026-03-03T23:59:59Z") + std::chrono::microseconds(250'000);
     EXPECT_EQ(texts(splitByDay(start, at("2026-03-04T00:00:01Z"), in("UTC"))),

@@ -82,6 +82,8 @@ TEST(Calendar, AddingBeyondAllDatesIsAbsent) {
         EXPECT_FALSE(in("UTC").adding(most, unit, at("2026-01-15T10:00Z")));
         EXPECT_FALSE(in("UTC").adding(-most, unit, at("2026-01-15T10:00Z")));
     }
+    constexpr int yearsIn32BitsOfDays = 11'759'221;
+    EXPECT_FALSE(in("UTC").adding(yearsIn32BitsOfDays, year, at("2026-01-15T10:00Z")));
     EXPECT_FALSE(in("UTC").adding(1, year, Instant::max()));
     EXPECT_FALSE(in("UTC").interval(year, Instant::max()));
 }

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/BusAdaptors.h"
+
+namespace elmworth {
+
+QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& workingFolder,
+                                const QString& locale, const QString& zone, QByteArray& errors,
+                                int& exitStatus) {
+    std::vector<std::string> words;
+    for (const auto& argument : arguments) words.push_back(argument.toStdString());
+    const auto result =
+        service_.run(words, workingFolder.toStdString(), locale.toStdString(), zone.toStdString());
+    errors = QByteArray::fromStdString(result.errors);
+    exitStatus = result.exitStatus;
+    return QByteArray::fromStdString(result.output);
+}
+
+void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/) {
+    service_.activate();
+}
+
+void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& /*platformData*/) {
+    service_.activate();
+}
+
+void ApplicationAdaptor::ActivateAction(const QString& /*name*/, const QVariantList& /*parameters*/,
+                                        const QVariantMap& /*platformData*/) {
+    service_.activate();
+}
+
+}  // namespace elmworth

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QDBusAbstractAdaptor>
+#include <QStringList>
+#include <QVariantMap>
+
+#include "app/CommandService.h"
+
+namespace elmworth {
+
+/// org.elmworth.Commands: commands from terminals.
+class CommandsAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.elmworth.Commands")
+
+ public:
+    explicit CommandsAdaptor(CommandService& service)
+        : QDBusAbstractAdaptor(&service), service_(service) {}
+
+ public Q_SLOTS:
+    QByteArray Run(const QStringList& arguments, const QString& workingFolder,
+                   const QString& locale, const QString& zone, QByteArray& errors, int& exitStatus);
+
+ private:
+    CommandService& service_;
+};
+
+/// org.freedesktop.Application, as far as a program without documents needs it.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+ public:
+    explicit ApplicationAdaptor(CommandService& service)
+        : QDBusAbstractAdaptor(&service), service_(service) {}
+
+ public Q_SLOTS:
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& name, const QVariantList& parameters,
+                        const QVariantMap& platformData);
+
+ private:
+    CommandService& service_;
+};
+
+}  // namespace elmworth

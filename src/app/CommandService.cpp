@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/CommandService.h"
+
+#include <QDBusConnection>
+
+#include "app/BusAdaptors.h"
+#include "app/CommandHandOff.h"
+#include "command/CommandLine.h"
+
+namespace elmworth {
+
+CommandService::CommandService(LibraryServices& services, InvoicePainter& painter,
+                               std::function<void()> activate)
+    : services_(services), painter_(painter), activate_(std::move(activate)) {
+    new CommandsAdaptor(*this);     // owned by this object
+    new ApplicationAdaptor(*this);  // likewise
+}
+
+bool CommandService::publish() {
+    auto sessionBus = QDBusConnection::sessionBus();
+    return sessionBus.isConnected() &&
+           sessionBus.registerObject(QString::fromLatin1(bus::object), this) &&
+           sessionBus.registerService(QString::fromLatin1(bus::service));
+}
+
+CommandResult CommandService::run(const std::vector<std::string>& arguments,
+                                  const std::string& workingFolder, const std::string& locale,
+                                  const std::string& zone) {
+    const auto commandLine = parseCommandLine(arguments);
+    if (commandLine.answer) return *commandLine.answer;
+    if (!commandLine.action) return failedCommand("There is no command to carry out.");
+    const Locale callersLocale(locale);
+    CommandEnvironment environment{services_.context(),  services_.timer(),
+                                   services_.profiles(), services_.clock(),
+                                   callersLocale,        Calendar(callersLocale, zone),
+                                   workingFolder,        &painter_};
+    return runCommand(commandLine, environment);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/ElmworthApp.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "theme/fonts/Fonts.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
+
+namespace elmworth {
+
+ElmworthApp::ElmworthApp(bool isDemo)
+    : services_(isDemo, currentInstant, runLoop_),
+      commandService_(services_, painter_, [this] { showMainWindow(); }),
+      terminationSignals_([] { QGuiApplication::quit(); }),
+      timerWindowModel_(services_.context(), services_.timer()) {
+    if (!isHostedRun()) services_.timer().installSleepObservers(powerEvents_);
+    if (!isDemo) commandService_.publish();
+    loadEmbeddedFonts();
+    engine_.setInitialProperties(
+        {{QStringLiteral("model"), QVariant::fromValue(&timerWindowModel_)}});
+    engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/TimerWindow.qml")));
+}
+
+ElmworthApp::~ElmworthApp() {
+    services_.context().saveQuietly();
+}
+
+void ElmworthApp::showMainWindow() {
+    const auto windows = engine_.rootObjects();
+    if (windows.isEmpty()) return;
+    if (auto* window = qobject_cast<QQuickWindow*>(windows.first())) {
+        window->show();
+        window->raise();
+        window->requestActivate();
+    }
+}
+
+}  // namespace elmworth

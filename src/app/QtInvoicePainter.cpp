@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/QtInvoicePainter.h"
+
+#include "core/Logo.h"
+#include "invoicing/InvoicePDFRenderer.h"
+
+namespace elmworth {
+
+LogoImage QtInvoicePainter::loadLogo() {
+    return elmworth::loadLogo();
+}
+
+void QtInvoicePainter::render(const InvoiceRenderModel& model, PaperSize paper,
+                              const std::filesystem::path& file) {
+    InvoicePDFRenderer::render(model, paper, file);
+}
+
+}  // namespace elmworth

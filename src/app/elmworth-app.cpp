@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The program "elmworth-app": the desktop application, and commands that draw.
+
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QQuickStyle>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "app/CommandHandOff.h"
+#include "app/ElmworthApp.h"
+#include "app/TerminalCommand.h"
+#include "platform/LibraryLock.h"
+#include "platform/StandardFolders.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace elmworth;
+
+void describeApplication() {
+    QGuiApplication::setApplicationName(QStringLiteral("Elmworth"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(ELMWORTH_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.elmworth.Elmworth"));
+}
+
+int runCommandWithPainter(int argc, char** argv, std::vector<std::string> arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error is for the command's own sentences, not for Qt's remarks on the surroundings.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    const QGuiApplication application(argc, argv);
+    describeApplication();
+    arguments.erase(arguments.begin());
+    const auto commandLine = parseCommandLine(arguments);
+    if (commandLine.answer) return printResult(*commandLine.answer);
+    if (!commandLine.action) return printResult(failedCommand("There is no command to carry out."));
+    QtInvoicePainter painter;
+    return printResult(*runTerminalCommand(commandLine, arguments, &painter));
+}
+
+/// Waits for a command that has the library; an application that has it comes to the front instead.
+enum class Start { ours, activatedOther, refused };
+Start takeLibrary(LibraryLock& lock) {
+    const auto deadline = std::chrono::steady_clock::now() + 5s;
+    while (!lock.tryAcquire()) {
+        if (activateRunningApplication()) return Start::activatedOther;
+        if (std::chrono::steady_clock::now() >= deadline) return Start::refused;
+        std::this_thread::sleep_for(20ms);
+    }
+    return Start::ours;
+}
+
+int runApplication(int argc, char** argv, bool isDemo) {
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    const QGuiApplication application(argc, argv);
+    describeApplication();
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    LibraryLock lock(applicationSupportFolder());
+    if (!isDemo && !isHostedRun()) {
+        const Start start = takeLibrary(lock);
+        if (start == Start::activatedOther) return 0;
+        if (start == Start::refused) {
+            std::fputs("The library is in use by another Elmworth process.\n", stderr);
+            return 1;
+        }
+    }
+    ElmworthApp app(isDemo);
+    return QGuiApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    try {
+        if (!arguments.empty() && arguments.front() == "--command") {
+            return runCommandWithPainter(argc, argv, arguments);
+        }
+        const bool isDemo =
+            std::find(arguments.begin(), arguments.end(), "-demo") != arguments.end();
+        return runApplication(argc, argv, isDemo);
+    } catch (const ModelContainerError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    } catch (const std::filesystem::filesystem_error& error) {
+        std::fprintf(stderr, "Could not create ModelContainer: %s: %s\n", error.path1().c_str(),
+                     error.code().message().c_str());
+    }
+    return 1;
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Elmworth.Theme
+
+/// Text as it is, never markup, that tells assistive technology when it changes.
+Text {
+    textFormat: Text.PlainText
+    elide: Text.ElideRight
+    color: Theme.primaryText
+    font.family: Theme.textFamily
+    font.pixelSize: 13
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+}

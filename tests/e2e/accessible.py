@@ -1,0 +1,73 @@
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The running application as an assistive technology sees it."""
+
+import pyatspi
+from gi.repository import GLib
+
+DEADLINE_SECONDS = 20
+
+
+def wait_until(condition, what):
+    """Lets the bus deliver events until the condition gives something, and returns that."""
+    loop = GLib.MainContext.default()
+    expired = []
+    deadline = GLib.timeout_add_seconds(DEADLINE_SECONDS, lambda: expired.append(True))
+    wake = GLib.timeout_add(50, lambda: True)
+    try:
+        while True:
+            result = condition()
+            if result:
+                return result
+            if expired:
+                raise AssertionError(f"never happened: {what}")
+            loop.iteration(True)
+    finally:
+        GLib.source_remove(wake)
+        if not expired:
+            GLib.source_remove(deadline)
+
+
+def application():
+    """The accessible root of the program, or None while it is not there."""
+    desktop = pyatspi.Registry.getDesktop(0)
+    for child in desktop:
+        if child is not None and child.name == "Elmworth":
+            return child
+    return None
+
+
+def walk(node):
+    node.clearCache()  # a name that was read before may have changed
+    yield node
+    for child in node:
+        if child is not None:
+            yield from walk(child)
+
+
+def showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def find(name, role=None):
+    """The control of that name which shows, or None."""
+    root = application()
+    if root is None:
+        return None
+    for node in walk(root):
+        try:
+            if node.name == name and showing(node) and role in (None, node.getRoleName()):
+                return node
+        except GLib.Error:  # it went away while being looked at
+            continue
+    return None
+
+
+def press(name):
+    button = wait_until(lambda: find(name), f"a control named {name}")
+    action = button.queryAction()
+    for index in range(action.nActions):
+        if action.getName(index) in ("Press", "press"):
+            action.doAction(index)
+            return
+    raise AssertionError(f"{name} can't be pressed")
