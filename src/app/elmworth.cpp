@@ -36,6 +36,7 @@ int becomeApplication(const std::vector<std::string>& arguments) {
     std::vector<std::string> words{application.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (auto& word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
     ::execv(application.c_str(), pointers.data());

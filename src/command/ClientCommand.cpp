@@ -39,19 +39,25 @@ struct ClientArguments {
     std::string tax;
 };
 
+using UnbilledByProject = std::unordered_map<PersistentID, UnbilledTime>;
+
+ClientSummary summarize(const Ref<Client>& client, const UnbilledByProject& unbilled) {
+    ClientSummary summary{client, 0, {}};
+    for (const auto& project : client->projects()) {
+        if (!project->isArchived) ++summary.activeProjects;
+        const auto found = unbilled.find(project->persistentModelID());
+        if (found != unbilled.end()) summary.unbilled += found->second;
+    }
+    return summary;
+}
+
 std::vector<ClientSummary> summaries(ModelContext& context) {
     const auto unbilled = unbilledTimeByProject(context);
     std::vector<ClientSummary> clients;
     for (const auto& client : context.fetch(FetchDescriptor<Client>{
              .sortBy = {sortedBy<&Client::name>(SortOrder::forward,
                                                 SortComparison::localizedStandard)}})) {
-        ClientSummary summary{client, 0, {}};
-        for (const auto& project : client->projects()) {
-            if (!project->isArchived) ++summary.activeProjects;
-            const auto found = unbilled.find(project->persistentModelID());
-            if (found != unbilled.end()) summary.unbilled += found->second;
-        }
-        clients.push_back(summary);
+        clients.push_back(summarize(client, unbilled));
     }
     return clients;
 }
@@ -71,6 +77,12 @@ void writeClient(JSONOutput& json, const ClientSummary& summary) {
     json.field("unbilledSeconds", summary.unbilled.seconds);
     json.field("unbilledCents", summary.unbilled.cents);
     json.endObject();
+}
+
+void printJSON(const Ref<Client>& client, CommandEnvironment& environment, CommandOutput& output) {
+    JSONOutput json;
+    writeClient(json, summarize(client, unbilledTimeByProject(environment.context)));
+    output.text += json.document();
 }
 
 void list(CommandEnvironment& environment, CommandOutput& output) {
@@ -103,7 +115,14 @@ void list(CommandEnvironment& environment, CommandOutput& output) {
     output.text += table.text();
 }
 
-constexpr std::array<SettableField<Client>, 8> fields{{
+void setDueDays(Client& client, const std::string& value) {
+    client.dueDays =
+        value.empty()
+            ? std::nullopt
+            : std::optional(typedInteger(value, "a payment term in days", 0, longestTerm));
+}
+
+constexpr std::array<SettableField<Client>, 9> fields{{
     {"name", [](Client& client, const std::string& value) { client.name = typedName(value); }},
     {"email", [](Client& client, const std::string& value) { client.email = value; }},
     {"address", [](Client& client, const std::string& value) { client.address = value; }},
@@ -113,13 +132,8 @@ constexpr std::array<SettableField<Client>, 8> fields{{
      [](Client& client, const std::string& value) { client.currencyCode = typedCurrency(value); }},
     {"rate",
      [](Client& client, const std::string& value) { client.hourlyRateCents = typedAmount(value); }},
-    {"due-days",
-     [](Client& client, const std::string& value) {
-         client.dueDays =
-             value.empty()
-                 ? std::nullopt
-                 : std::optional(typedInteger(value, "a payment term in days", 0, longestTerm));
-     }},
+    {"due-days", &setDueDays},
+    {"dueDays", &setDueDays},
     {"tax",
      [](Client& client, const std::string& value) {
          client.taxBasisPoints = value.empty() ? std::nullopt : std::optional(typedPercent(value));
@@ -143,15 +157,15 @@ void add(const ClientArguments& arguments, CommandEnvironment& environment, Comm
     environment.context.insert(client);
     environment.context.saveOrRollback();
     if (!output.isJSON()) return output.line("Added the client “" + client->name.get() + "”.");
-    JSONOutput json;
-    writeClient(json, {client, 0, {}});
-    output.text += json.document();
+    printJSON(client, environment, output);
 }
 
-void change(const ClientArguments& arguments, CommandEnvironment& environment) {
+void change(const ClientArguments& arguments, CommandEnvironment& environment,
+            CommandOutput& output) {
     const auto client = findClient(environment.context, arguments.name);
     set(*client, arguments.field, arguments.value);
     environment.context.saveOrRollback();
+    if (output.isJSON()) printJSON(client, environment, output);
 }
 
 void remove(const std::string& name, CommandEnvironment& environment, CommandOutput& output) {
@@ -160,10 +174,9 @@ void remove(const std::string& name, CommandEnvironment& environment, CommandOut
     if (hasInvoices(*client)) throw CommandError("Delete " + foundName + "'s invoices first.");
     deleteClient(client, environment.context, environment.timer);
     environment.context.saveOrRollback();
-    if (!output.isJSON()) {
-        output.line("Deleted the client “" + foundName +
-                    "” with its projects and their time entries.");
-    }
+    printDeletion(
+        output, true,
+        "Deleted the client “" + foundName + "” with its projects and their time entries.");
 }
 
 }  // namespace
@@ -178,37 +191,42 @@ void addClientCommand(CommandSyntax& syntax) {
                       &list);
 
     auto* adding = client->add_subcommand("add", "Adds a client");
-    adding->add_option("NAME", arguments->name)->required();
-    adding->add_option("--email", arguments->email, "Billing e-mail address");
-    adding->add_option("--address", arguments->address, "Billing address");
-    adding->add_option("--currency", arguments->currency, "ISO code, USD unless given");
-    adding->add_option("--rate", arguments->rate, "Hourly rate like 120 or 120.50")
+    adding->add_option("NAME", arguments->name, "The new client's name")->required();
+    adding->add_option("--email", arguments->email, "Billing e-mail address")->type_name("EMAIL");
+    adding->add_option("--address", arguments->address, "Billing address")->type_name("TEXT");
+    adding->add_option("--currency", arguments->currency, "ISO code like EUR. Without it: USD")
+        ->type_name("CODE");
+    adding->add_option("--rate", arguments->rate, "Hourly rate like 120 or 120.50. Without it: 100")
         ->type_name("AMOUNT");
     adding
         ->add_option("--due-days", arguments->dueDays,
-                     "Payment term; without it the business default")
+                     "Payment term in days. Without it: the business default")
         ->type_name("N");
-    adding->add_option("--tax", arguments->tax, "Tax rate; without it the business default")
+    adding
+        ->add_option("--tax", arguments->tax,
+                     "Tax rate like 8.25. Without it: the business default")
         ->type_name("PERCENT");
     syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
     auto* setting = client->add_subcommand("set", "Changes one field of a client");
-    setting->add_option("NAME", arguments->name)->required();
+    setting->add_option("NAME", arguments->name, "The client's name")->required();
     setting
         ->add_option("FIELD", arguments->field,
-                     "name, email, address, currency, rate, due-days or tax")
+                     "One of name, email, address, currency, rate, due-days and tax")
         ->required();
-    setting->add_option("VALUE", arguments->value, "Empty for the default of due-days and tax")
+    setting
+        ->add_option("VALUE", arguments->value,
+                     "As typed with \"client add\". Empty due-days or tax: the business default")
         ->required();
-    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput&) {
-        change(*arguments, environment);
+    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        change(*arguments, environment, output);
     });
 
     auto* deleting = client->add_subcommand(
         "delete", "Deletes a client with its projects and their time, unless it has invoices");
-    deleting->add_option("NAME", arguments->name)->required();
+    deleting->add_option("NAME", arguments->name, "The client's name")->required();
     syntax.carriesOut(deleting,
                       [arguments](CommandEnvironment& environment, CommandOutput& output) {
                           remove(arguments->name, environment, output);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "command/Choice.h"
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 
@@ -47,6 +48,21 @@ std::string withoutTrailingBreaks(std::string text) {
     return text;
 }
 
+/// Names say what a positional is, and the usage line whether it may be left out.
+class HelpFormatter final : public CLI::Formatter {
+ public:
+    HelpFormatter() {
+        label("Positionals", "Arguments");
+        label("SUBCOMMAND", "COMMAND");
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        if (option->get_positional()) return {};
+        const std::string type = option->get_type_name();
+        return (type.empty() ? "" : " " + type) + (option->get_required() ? " (required)" : "");
+    }
+};
+
 CommandResult answerOf(const CLI::App& program, const CLI::ParseError& error) {
     std::ostringstream output;
     std::ostringstream errors;
@@ -81,14 +97,19 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     program.set_version_flag("--version", "Elmworth " ELMWORTH_VERSION);
     program.require_subcommand(0, 1);
     program.fallthrough();
-    program.footer("-demo before a command works on a fresh demo library in memory.");
+    program.formatter(std::make_shared<HelpFormatter>());
     auto format = std::make_shared<OutputFormat>(OutputFormat::text);
-    program.add_option("--format", *format, "How results are printed: text or json")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, OutputFormat>{
-            {"text", OutputFormat::text}, {"json", OutputFormat::json}}))
+    addChoice(&program, "--format", format,
+              {{"text", OutputFormat::text}, {"json", OutputFormat::json}},
+              "How results are printed: ")
         ->type_name("FORMAT");
+    // Commands take over the footer that stands when they are added.
+    program.footer("With --format json the result is one JSON document.");
     CommandSyntax syntax{program};
     addCommands(syntax, arguments);
+    program.footer(
+        "elmworth COMMAND --help tells how a command is used.\n"
+        "-demo before a command works on a fresh demo library in memory.");
 
     try {
         // CLI11 takes the arguments from the back.

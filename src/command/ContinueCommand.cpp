@@ -10,7 +10,7 @@ namespace elmworth {
 
 void addContinueCommand(CommandSyntax& syntax) {
     auto* command = syntax.program.add_subcommand(
-        "continue", "Continues the entry that ended last, with its notes");
+        "continue", "Starts the timer again on what ended last, with its notes");
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
         const auto last = environment.timer.lastContinuableEntry();
         if (!last) throw CommandError("There is no entry to continue.");

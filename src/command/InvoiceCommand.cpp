@@ -21,4 +21,8 @@ void addInvoiceCommand(CommandSyntax& syntax) {
     addInvoiceDeleteCommand(syntax, invoice);
 }
 
+void addNumber(CLI::App* command, std::string& number) {
+    command->add_option("NUMBER", number, "The invoice's number, such as INV-2026-001")->required();
+}
+
 }  // namespace elmworth

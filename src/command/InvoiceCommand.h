@@ -19,4 +19,7 @@ void addInvoiceMarkCommand(CommandSyntax& syntax, CLI::App* invoice);
 void addInvoiceRenameCommand(CommandSyntax& syntax, CLI::App* invoice);
 void addInvoiceDeleteCommand(CommandSyntax& syntax, CLI::App* invoice);
 
+/// The invoice that a command is about.
+void addNumber(CLI::App* command, std::string& number);
+
 }  // namespace elmworth

@@ -18,15 +18,20 @@ struct InvoiceArguments {
     std::string client;
     PeriodArguments period;
     std::string tax;
-    bool hasTax = false;
 
     void addTo(CLI::App* command) {
-        command->add_option("--client", client, "The client to bill")->required();
-        command->add_option("--period", period.period, "“This Week”, “Last Month” and so on");
-        command->add_option("--from", period.from, "First day")->type_name("DAY");
-        command->add_option("--through", period.through, "Last day")->type_name("DAY");
+        command->add_option("--client", client, "The client to bill")
+            ->required()
+            ->type_name("CLIENT");
+        command->add_option("--period", period.period, "One of " + periodNames())
+            ->type_name("PERIOD");
+        command->add_option("--from", period.from, "Instead of a period: its first day, 2026-03-01")
+            ->type_name("DAY");
+        command->add_option("--through", period.through, "And its last day, 2026-03-31")
+            ->type_name("DAY");
         command
-            ->add_option("--tax", tax, "Tax rate; without it the client's, or the business default")
+            ->add_option("--tax", tax,
+                         "Tax rate like 8.25. Without it: the client's, or the business default")
             ->type_name("PERCENT");
     }
 };
@@ -95,7 +100,7 @@ void create(const InvoiceArguments& arguments, CommandEnvironment& environment,
 using Action = void (*)(const InvoiceArguments&, CommandEnvironment&, CommandOutput&);
 
 void addCommand(CommandSyntax& syntax, CLI::App* invoice, const char* name, const char* help,
-                Action action) {
+                Action action, Drawing drawing) {
     auto* command = invoice->add_subcommand(name, help);
     auto arguments = std::make_shared<InvoiceArguments>();
     arguments->addTo(command);
@@ -104,19 +109,19 @@ void addCommand(CommandSyntax& syntax, CLI::App* invoice, const char* name, cons
         [arguments, action](CommandEnvironment& environment, CommandOutput& output) {
             action(*arguments, environment, output);
         },
-        Drawing::countsPages);
+        drawing);
 }
 
 }  // namespace
 
 void addInvoicePreviewCommand(CommandSyntax& syntax, CLI::App* invoice) {
     addCommand(syntax, invoice, "preview", "Shows what an invoice would hold; changes nothing",
-               &preview);
+               &preview, Drawing::none);
 }
 
 void addInvoiceCreateCommand(CommandSyntax& syntax, CLI::App* invoice) {
     addCommand(syntax, invoice, "create", "Makes a draft of a client's unbilled time in a period",
-               &create);
+               &create, Drawing::countsPages);
 }
 
 }  // namespace elmworth

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "command/InvoiceCommand.h"
+#include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "invoicing/InvoiceEditing.h"
 
@@ -11,7 +12,7 @@ void addInvoiceDeleteCommand(CommandSyntax& syntax, CLI::App* invoice) {
     auto* command =
         invoice->add_subcommand("delete", "Deletes an invoice; its entries become unbilled again");
     auto number = std::make_shared<std::string>();
-    command->add_option("NUMBER", *number)->required();
+    addNumber(command, *number);
     syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
         const auto entries = found->entries().size();
@@ -22,10 +23,10 @@ void addInvoiceDeleteCommand(CommandSyntax& syntax, CLI::App* invoice) {
             environment.context.rollback();
             throw;
         }
-        if (!output.isJSON()) {
-            output.line("Deleted " + *number + ". Its " + std::to_string(entries) +
-                        " time entries are unbilled again.");
-        }
+        printDeletion(output, true,
+                      "Deleted " + *number + ". Its " + std::to_string(entries) +
+                          (entries == 1 ? " time entry is" : " time entries are") +
+                          " unbilled again.");
     });
 }
 

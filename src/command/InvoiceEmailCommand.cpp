@@ -11,7 +11,7 @@ namespace elmworth {
 void addInvoiceEmailCommand(CommandSyntax& syntax, CLI::App* invoice) {
     auto* command = invoice->add_subcommand("email", "Prints the e-mail text of an invoice");
     auto number = std::make_shared<std::string>();
-    command->add_option("NUMBER", *number)->required();
+    addNumber(command, *number);
     syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
         const auto model = makeInvoiceRenderModel(*found, environment.profiles.profile(),

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "command/Choice.h"
 #include "command/CommandError.h"
 #include "command/InvoiceCommand.h"
 #include "command/InvoiceOutput.h"
@@ -49,13 +50,12 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
 void addInvoiceListCommand(CommandSyntax& syntax, CLI::App* invoice) {
     auto* command = invoice->add_subcommand("list", "Lists the invoices, newest first");
     auto filter = std::make_shared<InvoiceFilter>(InvoiceFilter::all);
-    command->add_option("--status", *filter, "all, open, overdue or paid")
-        ->transform(CLI::CheckedTransformer(
-            std::map<std::string, InvoiceFilter>{{"all", InvoiceFilter::all},
-                                                 {"open", InvoiceFilter::open},
-                                                 {"overdue", InvoiceFilter::overdue},
-                                                 {"paid", InvoiceFilter::paid}},
-            CLI::ignore_case))
+    addChoice(command, "--status", filter,
+              {{"all", InvoiceFilter::all},
+               {"open", InvoiceFilter::open},
+               {"overdue", InvoiceFilter::overdue},
+               {"paid", InvoiceFilter::paid}},
+              "Which of them: ")
         ->type_name("STATUS");
     syntax.carriesOut(
         command,

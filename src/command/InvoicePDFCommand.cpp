@@ -10,6 +10,7 @@
 #include "invoicing/InvoiceFiles.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/AtomicFile.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -23,7 +24,7 @@ struct PDFArguments {
 
 PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
     if (name.empty()) return profile.paperSize;
-    const auto paper = paperSizeFromRawValue(name);
+    const auto paper = paperSizeFromRawValue(caseFolded(name));
     if (!paper) {
         throw CommandError("“" + name + "” is no paper size. Choose letter or a4.",
                            CommandError::Kind::usage);
@@ -65,10 +66,13 @@ void addInvoicePDFCommand(CommandSyntax& syntax, CLI::App* invoice) {
     auto* command =
         invoice->add_subcommand("pdf", "Writes an invoice as a PDF and prints its path");
     auto arguments = std::make_shared<PDFArguments>();
-    command->add_option("NUMBER", arguments->number)->required();
-    command->add_option("FILE", arguments->file,
-                        "Where to write; - for standard output, nothing for the stored file");
-    command->add_option("--paper", arguments->paper, "letter or a4; without it as in the profile")
+    addNumber(command, arguments->number);
+    command->add_option(
+        "FILE", arguments->file,
+        "Where to write it; - is standard output. Without it: the program's own folder");
+    command
+        ->add_option("--paper", arguments->paper,
+                     "letter or a4. Without it: as in the business profile")
         ->type_name("PAPER");
     syntax.carriesOut(
         command,

@@ -3,6 +3,7 @@
 
 #include "command/CommandError.h"
 #include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
 #include "command/TypedValue.h"
@@ -35,8 +36,8 @@ void setDate(const Ref<Invoice>& invoice, const SetArguments& arguments,
     }
 }
 
-void setInvoiceField(const SetArguments& arguments, CommandEnvironment& environment) {
-    const auto invoice = findInvoice(environment.context, arguments.number);
+void setInvoiceField(const Ref<Invoice>& invoice, const SetArguments& arguments,
+                     CommandEnvironment& environment) {
     if (arguments.field == "notes") {
         setInvoiceNotes(invoice, arguments.value, environment.context);
     } else if (arguments.field == "showsEntryDetails") {
@@ -54,15 +55,24 @@ void setInvoiceField(const SetArguments& arguments, CommandEnvironment& environm
 }  // namespace
 
 void addInvoiceSetCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("set", "Changes one field of an invoice");
+    auto* command = invoice->add_subcommand(
+        "set", "Changes one field of an invoice; its dates only while it is a draft");
     auto arguments = std::make_shared<SetArguments>();
-    command->add_option("NUMBER", arguments->number)->required();
-    command->add_option("FIELD", arguments->field, "notes, showsEntryDetails, issueDate or dueDate")
+    addNumber(command, arguments->number);
+    command
+        ->add_option("FIELD", arguments->field,
+                     "One of notes, showsEntryDetails, issueDate and dueDate")
         ->required();
-    command->add_option("VALUE", arguments->value, "Text, true or false, or a DAY")->required();
-    syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput&) {
-        setInvoiceField(*arguments, environment);
-    });
+    command->add_option("VALUE", arguments->value, "Text, true or false, or a day like 2026-03-01")
+        ->required();
+    syntax.carriesOut(
+        command,
+        [arguments](CommandEnvironment& environment, CommandOutput& output) {
+            const auto found = findInvoice(environment.context, arguments->number);
+            setInvoiceField(found, *arguments, environment);
+            if (output.isJSON()) printInvoice(*found, environment, output);
+        },
+        Drawing::countsPages);
 }
 
 }  // namespace elmworth

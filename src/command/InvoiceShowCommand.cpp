@@ -10,7 +10,7 @@ namespace elmworth {
 void addInvoiceShowCommand(CommandSyntax& syntax, CLI::App* invoice) {
     auto* command = invoice->add_subcommand("show", "Shows an invoice with every figure");
     auto number = std::make_shared<std::string>();
-    command->add_option("NUMBER", *number)->required();
+    addNumber(command, *number);
     syntax.carriesOut(
         command,
         [number](CommandEnvironment& environment, CommandOutput& output) {

@@ -12,7 +12,9 @@
 #include <string>
 #include <string_view>
 
+#include "command/CommandSyntax.h"
 #include "platform/ISO8601.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -30,8 +32,10 @@ class JSONOutput {
         writer_.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
     }
 
+    /// What was typed in another encoding must not spoil the document.
     void value(std::string_view text) {
-        writer_.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+        const std::string valid = validUTF8(text);
+        writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
     }
     void value(const std::string& text) { value(std::string_view(text)); }
     void value(const char* text) { value(std::string_view(text)); }
@@ -67,5 +71,15 @@ class JSONOutput {
     rapidjson::StringBuffer buffer_;
     rapidjson::PrettyWriter<rapidjson::StringBuffer> writer_{buffer_};
 };
+
+/// Tells of a deletion: `sentence` as text, or whether there was one as JSON.
+inline void printDeletion(CommandOutput& output, bool deleted, const std::string& sentence) {
+    if (!output.isJSON()) return output.line(sentence);
+    JSONOutput json;
+    json.beginObject();
+    json.field("deleted", deleted);
+    json.endObject();
+    output.text += json.document();
+}
 
 }  // namespace elmworth

@@ -28,6 +28,10 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
     form.start = parseTime(arguments.from, environment);
     form.end = parseTime(arguments.to, environment);
     form.notes = arguments.notes;
+    if (form.project->isArchived) {
+        throw CommandError("“" + fullName(*form.project) +
+                           "” is archived. Unarchive it to log time on it.");
+    }
     if (const auto problem = form.problem(environment.now())) {
         throw CommandError(std::string(*problem));
     }
@@ -53,15 +57,21 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
 }  // namespace
 
 void addLogCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand("log", "Adds a finished entry");
+    auto* command =
+        syntax.program.add_subcommand("log", "Adds time that was worked without the timer");
     auto arguments = std::make_shared<LogArguments>();
     command->add_option("PROJECT", arguments->project, "The project's name")->required();
-    command->add_option("--client", arguments->client, "The client whose project it is");
-    command->add_option("--from", arguments->from, "When it began: 14:30, 2026-03-01T14:30")
+    command->add_option("--client", arguments->client, "The client whose project it is")
+        ->type_name("CLIENT");
+    command
+        ->add_option("--from", arguments->from,
+                     "When it began: 14:30 today, 2026-03-01T14:30, or with an offset")
         ->required()
         ->type_name("TIME");
-    command->add_option("--to", arguments->to, "When it ended")->required()->type_name("TIME");
-    command->add_option("--notes", arguments->notes, "What was done");
+    command->add_option("--to", arguments->to, "When it ended, written in the same way")
+        ->required()
+        ->type_name("TIME");
+    command->add_option("--notes", arguments->notes, "What was done")->type_name("TEXT");
     syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         log(*arguments, environment, output);
     });

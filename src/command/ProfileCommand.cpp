@@ -42,7 +42,7 @@ void setText(BusinessProfile& profile, const std::string& value) {
 
 template <auto Member, std::int64_t Highest>
 void setNumber(BusinessProfile& profile, const std::string& value) {
-    profile.*Member = typedInteger(value, "this field", 0, Highest);
+    profile.*Member = typedInteger(value, "the value", 0, Highest);
 }
 
 constexpr std::array<ProfileField, 14> texts{{
@@ -116,8 +116,10 @@ void show(CommandEnvironment& environment, CommandOutput& output) {
     output.text += table.text();
 }
 
-void set(const std::string& field, const std::string& value, CommandEnvironment& environment) {
-    auto profile = environment.profiles.profile();
+void set(const std::string& field, const std::string& value, CommandEnvironment& environment,
+         CommandOutput& output) {
+    const auto old = environment.profiles.profile();
+    auto profile = old;
     setField<BusinessProfile>(fields, profile, field, value);
     if (field == "nextInvoiceNumber") {
         // A number set by hand stands: the yearly restart must not undo it before the next year.
@@ -125,30 +127,31 @@ void set(const std::string& field, const std::string& value, CommandEnvironment&
         profile.numberingYear = environment.calendar.components(environment.now()).year;
     }
     environment.profiles.setProfile(profile);
-    if (environment.profiles.defaults().lastWriteFailed()) {
+    if (profile != old && environment.profiles.defaults().lastWriteFailed()) {
+        environment.profiles.setProfile(old);
         throw CommandError("The settings file can't be written, so the change was not kept.");
     }
+    if (output.isJSON()) show(environment, output);
 }
 
 }  // namespace
 
 void addProfileCommand(CommandSyntax& syntax) {
     auto* profile = syntax.program.add_subcommand(
-        "profile", "Shows your business profile, or sets one of its fields");
+        "profile", "Shows your business profile and invoice defaults, or sets one of them");
     profile->require_subcommand(0, 1);
     auto field = std::make_shared<std::string>();
     auto value = std::make_shared<std::string>();
 
-    auto* setting = profile->add_subcommand("set", "Sets one field, by its name");
-    setting->add_option("FIELD", *field)->required();
-    setting->add_option("VALUE", *value, "Amounts of tax are basis points: 825 is 8.25%")
-        ->required();
+    auto* setting = profile->add_subcommand("set", "Sets one field of the profile");
+    setting->add_option("FIELD", *field, "Its name, as \"elmworth profile\" shows it")->required();
+    setting->add_option("VALUE", *value, "Tax is in basis points: 825 is 8.25%")->required();
     // A parent's callback runs after its subcommand's, so the parent decides for both.
     profile->callback([&syntax, setting, field, value] {
         const bool isSetting = setting->parsed();
         syntax.action = [isSetting, field, value](CommandEnvironment& environment,
                                                   CommandOutput& output) {
-            if (isSetting) return set(*field, *value, environment);
+            if (isSetting) return set(*field, *value, environment, output);
             show(environment, output);
         };
     });

@@ -88,6 +88,13 @@ std::string budgetText(const ProjectSummary& summary) {
            std::to_string(summary.project->budgetHours->value_or(0)) + " h";
 }
 
+void printJSON(const Ref<Project>& project, CommandEnvironment& environment,
+               CommandOutput& output) {
+    JSONOutput json;
+    writeProject(json, summarize(project, environment.now()));
+    output.text += json.document();
+}
+
 void list(bool withArchived, CommandEnvironment& environment, CommandOutput& output) {
     const auto projects = summaries(environment, withArchived);
     if (output.isJSON()) {
@@ -152,9 +159,7 @@ void add(const ProjectArguments& arguments, CommandEnvironment& environment,
     environment.context.insert(project);
     environment.context.saveOrRollback();
     if (!output.isJSON()) return output.line("Added the project “" + fullName(*project) + "”.");
-    JSONOutput json;
-    writeProject(json, summarize(project, environment.now()));
-    output.text += json.document();
+    printJSON(project, environment, output);
 }
 
 /// Another client only while no time of the project is on an invoice of the present one.
@@ -165,8 +170,9 @@ void moveToClient(Project& project, const std::string& name, ModelContext& conte
     project.client = findClient(context, name);
 }
 
-void change(const ProjectArguments& arguments, CommandEnvironment& environment) {
-    const auto project = findProject(environment.context, arguments.name);
+void change(const ProjectArguments& arguments, CommandEnvironment& environment,
+            CommandOutput& output) {
+    const auto project = findProject(environment.context, arguments.name, arguments.client);
     if (arguments.field == "client") {
         moveToClient(*project, arguments.value, environment.context);
     } else {
@@ -174,11 +180,15 @@ void change(const ProjectArguments& arguments, CommandEnvironment& environment) 
     }
     environment.context.saveOrRollback();
     environment.timer.refresh();
+    if (output.isJSON()) printJSON(project, environment, output);
 }
 
-void archive(const ProjectArguments& arguments, bool archived, CommandEnvironment& environment) {
-    findProject(environment.context, arguments.name, arguments.client)->isArchived = archived;
+void archive(const ProjectArguments& arguments, bool archived, CommandEnvironment& environment,
+             CommandOutput& output) {
+    const auto project = findProject(environment.context, arguments.name, arguments.client);
+    project->isArchived = archived;
     environment.context.saveOrRollback();
+    if (output.isJSON()) printJSON(project, environment, output);
 }
 
 void remove(const ProjectArguments& arguments, CommandEnvironment& environment,
@@ -187,11 +197,11 @@ void remove(const ProjectArguments& arguments, CommandEnvironment& environment,
     const std::string name = fullName(*project);
     const bool deleted = deleteOrArchiveProject(project, environment.context, environment.timer);
     environment.context.saveOrRollback();
-    if (output.isJSON()) return;
-    output.line(deleted ? "Deleted the project “" + name + "” with its time entries."
-                        : "“" + name +
-                              "” has invoiced time, so it was archived instead of "
-                              "deleted to keep your invoices intact.");
+    printDeletion(output, deleted,
+                  deleted ? "Deleted the project “" + name + "” with its time entries."
+                          : "“" + name +
+                                "” has invoiced time, so it was archived instead of "
+                                "deleted to keep your invoices intact.");
 }
 
 using Subcommand = void (*)(const ProjectArguments&, CommandEnvironment&, CommandOutput&);
@@ -200,7 +210,8 @@ CLI::App* addNamed(CommandSyntax& syntax, CLI::App* parent, const char* name, co
                    const std::shared_ptr<ProjectArguments>& arguments, Subcommand run) {
     auto* command = parent->add_subcommand(name, help);
     command->add_option("NAME", arguments->name, "The project's name")->required();
-    command->add_option("--client", arguments->client, "The client whose project it is");
+    command->add_option("--client", arguments->client, "The client whose project it is")
+        ->type_name("CLIENT");
     syntax.carriesOut(command,
                       [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
                           run(*arguments, environment, output);
@@ -223,34 +234,41 @@ void addProjectCommand(CommandSyntax& syntax) {
     });
 
     auto* adding = project->add_subcommand("add", "Adds a project");
-    adding->add_option("NAME", arguments->name)->required();
-    adding->add_option("--client", arguments->client, "The client who owns it")->required();
-    adding->add_option("--rate", arguments->rate, "Its own hourly rate")->type_name("AMOUNT");
-    adding->add_option("--budget", arguments->budget, "Its budget")->type_name("HOURS");
-    adding->add_option("--color", arguments->color, "Its color")->type_name("#RRGGBB");
+    adding->add_option("NAME", arguments->name, "The new project's name")->required();
+    adding->add_option("--client", arguments->client, "The client it is for")
+        ->required()
+        ->type_name("CLIENT");
+    adding
+        ->add_option("--rate", arguments->rate,
+                     "Its own hourly rate like 120. Without it: the client's")
+        ->type_name("AMOUNT");
+    adding->add_option("--budget", arguments->budget, "Its budget like 40")->type_name("HOURS");
+    adding->add_option("--color", arguments->color, "Its color. Without it: #7C6CFF")
+        ->type_name("#RRGGBB");
     syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
     auto* setting = project->add_subcommand("set", "Changes one field of a project");
-    setting->add_option("NAME", arguments->name)->required();
-    setting->add_option("FIELD", arguments->field, "name, client, rate, budget or color")
+    setting->add_option("NAME", arguments->name, "The project's name")->required();
+    setting->add_option("--client", arguments->client, "The client whose project it is")
+        ->type_name("CLIENT");
+    setting->add_option("FIELD", arguments->field, "One of name, client, rate, budget and color")
         ->required();
     setting
-        ->add_option("VALUE", arguments->value, "Empty for no rate of its own, and for no budget")
+        ->add_option("VALUE", arguments->value,
+                     "As typed with \"project add\". Empty rate: the client's; empty budget: none")
         ->required();
-    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput&) {
-        change(*arguments, environment);
+    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        change(*arguments, environment, output);
     });
 
     addNamed(syntax, project, "archive", "Takes a project out of the timer's lists", arguments,
-             [](const ProjectArguments& given, CommandEnvironment& environment, CommandOutput&) {
-                 archive(given, true, environment);
-             });
+             [](const ProjectArguments& given, CommandEnvironment& environment,
+                CommandOutput& output) { archive(given, true, environment, output); });
     addNamed(syntax, project, "unarchive", "Puts a project back into the timer's lists", arguments,
-             [](const ProjectArguments& given, CommandEnvironment& environment, CommandOutput&) {
-                 archive(given, false, environment);
-             });
+             [](const ProjectArguments& given, CommandEnvironment& environment,
+                CommandOutput& output) { archive(given, false, environment, output); });
     addNamed(syntax, project, "delete",
              "Deletes a project with its time, or archives it when some of that is invoiced",
              arguments, &remove);

@@ -35,6 +35,13 @@ std::optional<Instant> localTime(const std::string& text, const CommandEnvironme
     return fields ? isoCalendar(environment).date(*fields) : std::nullopt;
 }
 
+/// An instant with an offset may leave its seconds out.
+std::string withSeconds(const std::string& text) {
+    constexpr std::size_t offset = 16;
+    const bool hasNone = text.size() > offset && text[offset] != ':';
+    return hasNone ? text.substr(0, offset) + ":00" + text.substr(offset) : text;
+}
+
 std::string today(const CommandEnvironment& environment) {
     const Instant now = environment.now();
     return formatISO8601(now, environment.calendar.secondsFromUTC(now)).substr(0, 10);
@@ -49,7 +56,9 @@ std::optional<DateRangePreset> findPreset(const std::string& name) {
     return std::nullopt;
 }
 
-std::string presetNames() {
+}  // namespace
+
+std::string periodNames() {
     std::string names;
     for (const auto preset : allDateRangePresets) {
         if (preset == DateRangePreset::custom) continue;
@@ -58,10 +67,8 @@ std::string presetNames() {
     return names;
 }
 
-}  // namespace
-
 Instant parseTime(const std::string& text, const CommandEnvironment& environment) {
-    std::optional<Instant> instant = parseISO8601(text);
+    std::optional<Instant> instant = parseISO8601(withSeconds(text));
     if (!instant && text.size() == 5) {
         instant = localTime(today(environment) + 'T' + text + ":00", environment);
     }
@@ -94,7 +101,7 @@ DateInterval PeriodArguments::interval(const CommandEnvironment& environment) co
                               environment.calendar);
     }
     const auto preset = findPreset(period);
-    if (!preset) refuse("“" + period + "” is no period. Choose one of " + presetNames() + ".");
+    if (!preset) refuse("“" + period + "” is no period. Choose one of " + periodNames() + ".");
     const auto found = elmworth::interval(*preset, environment.now(), environment.calendar);
     if (!found) refuse("The calendar has no “" + period + "” now.");
     return *found;

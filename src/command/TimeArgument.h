@@ -10,12 +10,15 @@
 namespace elmworth {
 
 /// Reads a TIME: HH:mm today, yyyy-MM-ddTHH:mm[:ss] in local time, or an ISO 8601 instant with an
-/// offset. A wall-clock time that a time-zone change skips means the next valid one. Throws
-/// CommandError (usage).
+/// offset, with or without seconds. A wall-clock time that a time-zone change skips means the next
+/// valid one. Throws CommandError (usage).
 [[nodiscard]] Instant parseTime(const std::string& text, const CommandEnvironment& environment);
 
 /// Reads a DAY, yyyy-MM-dd, as the start of that local day. Throws CommandError (usage).
 [[nodiscard]] Instant parseDay(const std::string& text, const CommandEnvironment& environment);
+
+/// The names of all periods: "“Today”, “Yesterday” …".
+[[nodiscard]] std::string periodNames();
 
 /// The period that --period, or --from and --through, name. Throws CommandError (usage) unless
 /// exactly one of the two ways was used in full.

@@ -27,7 +27,8 @@ void Invoice::setStatus(InvoiceStatus status, Instant now) {
 
 std::string Invoice::effectiveCurrencyCode() const {
     if (!currencyCode->empty()) return currencyCode;
-    return client ? client->currencyCode.get() : "USD";
+    const auto& billed = client.get();
+    return billed ? billed->currencyCode.get() : "USD";
 }
 
 bool Invoice::isOverdue(Instant asOf, const Calendar& calendar) const {

@@ -15,7 +15,8 @@ Project::Project(std::string projectName, Ref<Client> owner) {
 
 std::int64_t Project::effectiveRateCents() const {
     if (rateOverrideCents.get()) return *rateOverrideCents.get();
-    return client ? client->hourlyRateCents.get() : 0;
+    const auto& owner = client.get();
+    return owner ? owner->hourlyRateCents.get() : 0;
 }
 
 std::optional<double> Project::budgetFraction(Instant now) const {

@@ -19,7 +19,8 @@ double TimeEntry::duration(Instant now) const {
 
 std::int64_t TimeEntry::effectiveRateCents() const {
     if (billedRateCents.get()) return *billedRateCents.get();
-    return project ? project->effectiveRateCents() : 0;
+    const auto& owner = project.get();
+    return owner ? owner->effectiveRateCents() : 0;
 }
 
 const RecordSchema& TimeEntry::schema() {

@@ -90,7 +90,7 @@ Ref<Invoice> InvoiceBuilder::createInvoice(const Ref<Client>& client, Instant fr
     const Instant issue = now();
     const std::int64_t year = calendar.components(issue).year;
     profile.applyYearlyReset(year);
-    const auto invoice = std::make_shared<Invoice>(takeNumber(context, profile, year));
+    auto invoice = std::make_shared<Invoice>(takeNumber(context, profile, year));
     invoice->client = client;
     invoice->issueDate = issue;
     invoice->dueDate = dueDate(calendar, issue, client->dueDays->value_or(profile.defaultDueDays));

@@ -36,7 +36,9 @@ std::optional<seconds> parseOffset(std::string_view text) {
 }  // namespace
 
 std::string formatISO8601(Instant instant, int secondsFromUTC) {
-    const auto local = floor<seconds>(instant) + seconds{secondsFromUTC};
+    // The offset has no seconds, as zones had before 1900, and the text must mean this instant.
+    const minutes offset = duration_cast<minutes>(seconds{secondsFromUTC});
+    const auto local = floor<seconds>(instant) + offset;
     const auto midnight = floor<days>(local);
     const year_month_day date{midnight};
     const hh_mm_ss time{local - midnight};
@@ -47,9 +49,9 @@ std::string formatISO8601(Instant instant, int secondsFromUTC) {
         static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
         static_cast<int>(time.seconds().count()));
     std::string result(text.data(), static_cast<std::size_t>(length));
-    const int offsetMinutes = std::abs(secondsFromUTC) / 60;
-    std::snprintf(text.data(), text.size(), "%c%02d:%02d", secondsFromUTC < 0 ? '-' : '+',
-                  offsetMinutes / 60, offsetMinutes % 60);
+    const auto magnitude = static_cast<int>(abs(offset).count());
+    std::snprintf(text.data(), text.size(), "%c%02d:%02d", offset < minutes{0} ? '-' : '+',
+                  magnitude / 60, magnitude % 60);
     return result + text.data();
 }
 

@@ -52,9 +52,11 @@ void TimerService::restore() {
     }
 }
 
-void TimerService::start(const Ref<Project>& project, const std::string& notes) {
-    closeRunning();
-    open(project, notes);
+// By value: both may be parts of the running entry, which may not outlive its closing.
+void TimerService::start(Ref<Project> project, std::string notes) {  // NOLINT
+    const Instant t = now_();  // read once, so that there is no gap between the two entries
+    closeRunning(t);
+    open(project, t, notes);
     save();
     startTicker();
 }
@@ -66,13 +68,12 @@ Ref<TimeEntry> TimerService::continueEntry(const Ref<TimeEntry>& entry) {
     return running_;
 }
 
-void TimerService::closeRunning() {
+void TimerService::closeRunning(Instant t) {
     setAwayIntervals({});
     if (!running_) return;
     const auto entry = running_;
     setRunning(nullptr);
     if (entry->isDeleted()) return;
-    const Instant t = now_();
     if (t - entry->start.get() >= minimumLength) {
         entry->end = t;
     } else {
@@ -80,15 +81,15 @@ void TimerService::closeRunning() {
     }
 }
 
-void TimerService::open(const Ref<Project>& project, const std::string& notes) {
-    const auto entry = std::make_shared<TimeEntry>(now_(), project);
+void TimerService::open(const Ref<Project>& project, Instant t, const std::string& notes) {
+    const auto entry = std::make_shared<TimeEntry>(t, project);
     entry->notes = notes;
     context_.insert(entry);
     setRunning(entry);
 }
 
 void TimerService::stop() {
-    closeRunning();
+    closeRunning(now_());
     save();
     stopTicker();
 }

@@ -40,7 +40,7 @@ class TimerService {
     void installSleepObservers(PowerEvents& powerEvents);
 
     /// Starts a timer on `project`. A running one ends at the same instant.
-    void start(const Ref<Project>& project, const std::string& notes = {});
+    void start(Ref<Project> project, std::string notes = {});
 
     /// Starts a new entry with the project and the notes of `entry`. Null when it has no project.
     Ref<TimeEntry> continueEntry(const Ref<TimeEntry>& entry);
@@ -98,8 +98,8 @@ class TimerService {
  private:
     using Observer = std::function<void(Property)>;
 
-    void closeRunning();
-    void open(const Ref<Project>& project, const std::string& notes);
+    void closeRunning(Instant t);
+    void open(const Ref<Project>& project, Instant t, const std::string& notes);
     void save();
     void startTicker();
     void stopTicker();

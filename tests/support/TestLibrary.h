@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,6 +19,7 @@
 #include "core/Project.h"
 #include "core/TimeEntry.h"
 #include "core/store/ModelContainer.h"
+#include "platform/AtomicFile.h"
 #include "platform/RunLoop.h"
 #include "support/TemporaryFolder.h"
 
@@ -66,6 +69,21 @@ class ManualRunLoop final : public RunLoop {
 class TestLibrary {
  public:
     TestLibrary() { open(); }
+    /// A library whose file is there already, with these bytes.
+    explicit TestLibrary(std::string_view bytes) {
+        std::ofstream(file(), std::ios::binary) << bytes;
+        open();
+    }
+
+    /// The file of an empty library, for tests that need many: making one waits for the disk.
+    [[nodiscard]] static const std::string& emptyFile() {
+        static const std::string bytes = [] {
+            TestLibrary library;
+            library.close();
+            return readFile(library.file());
+        }();
+        return bytes;
+    }
 
     void open() {
         container_ = std::make_unique<ModelContainer>(ModelConfiguration{file()}, runLoop);

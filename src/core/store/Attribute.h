@@ -67,6 +67,8 @@ class ToOne {
     }
     operator const Ref<T>&() const { return get(); }  // NOLINT: reads like a reference
     T* operator->() const { return get().get(); }
+    /// Whether there is a related record, without reading it. A record that was deleted keeps the
+    /// identity, but may no longer find the related one.
     explicit operator bool() const noexcept { return !id_.isNil(); }
 
     /// The identity of the related record, without reading it; absent for none.

@@ -22,29 +22,37 @@ class LiveQuery {
     using Handler = std::function<void(const std::vector<Ref<T>>&)>;
 
     LiveQuery(ModelContext& context, FetchDescriptor<T> descriptor, Handler changed)
-        : context_(context), descriptor_(std::move(descriptor)), changed_(std::move(changed)) {
-        observation_ = context_.observe(T::schema(), [this] { evaluate(); });
-        evaluate();
+        : state_(std::make_shared<State>(context, std::move(descriptor), std::move(changed))) {
+        observation_ = context.observe(T::schema(), [state = state_] { evaluate(state); });
+        evaluate(state_);
     }
     LiveQuery(const LiveQuery&) = delete;
     LiveQuery& operator=(const LiveQuery&) = delete;
 
-    [[nodiscard]] const std::vector<Ref<T>>& records() const noexcept { return records_; }
+    [[nodiscard]] const std::vector<Ref<T>>& records() const noexcept { return *state_->records; }
 
  private:
-    void evaluate() {
-        try {
-            records_ = context_.fetch(descriptor_);
-        } catch (const StoreError&) {
-            records_.clear();
-        }
-        if (changed_) changed_(records_);
+    using Records = std::vector<Ref<T>>;
+    struct State {
+        State(ModelContext& owner, FetchDescriptor<T> what, Handler handler)
+            : context(owner), descriptor(std::move(what)), changed(std::move(handler)) {}
+
+        ModelContext& context;
+        FetchDescriptor<T> descriptor;
+        Handler changed;
+        std::shared_ptr<const Records> records = std::make_shared<Records>();
+    };
+
+    /// The handler may save, which evaluates again, and may end the query: it reads records of its
+    /// own, and `state` outlives its call.
+    static void evaluate(std::shared_ptr<State> state) {  // NOLINT: a reference of its own
+        const auto records =
+            std::make_shared<const Records>(state->context.fetchQuietly(state->descriptor));
+        state->records = records;
+        if (state->changed) state->changed(*records);
     }
 
-    ModelContext& context_;
-    FetchDescriptor<T> descriptor_;
-    Handler changed_;
-    std::vector<Ref<T>> records_;
+    std::shared_ptr<State> state_;
     ModelContext::Observation observation_;
 };
 

@@ -10,13 +10,8 @@
 
 namespace elmworth {
 
-struct ModelContext::Observer {
-    std::size_t type;
-    std::function<void()> changed;
-};
-
 ModelContext::ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop)
-    : store_(std::move(store)), runLoop_(runLoop) {}
+    : store_(std::move(store)), runLoop_(runLoop), observers_(runLoop) {}
 
 ModelContext::~ModelContext() {
     for (auto& [id, weak] : identities_) {
@@ -42,7 +37,7 @@ void ModelContext::insert(const Ref<Record>& record) {
     record->state_ = Record::State::inserted;
     identities_[record->id_] = record;
     pending(schema)[record->id_] = record;
-    noteChange(schema);
+    observers_.note(schema);
 }
 
 void ModelContext::recordWillChange(Record& record) {
@@ -53,7 +48,7 @@ void ModelContext::recordWillChange(Record& record) {
 }
 
 void ModelContext::recordDidChange(Record& record) {
-    noteChange(record.recordSchema());
+    observers_.note(record.recordSchema());
 }
 
 void ModelContext::deleteRecord(const Ref<Record>& record) {
@@ -96,7 +91,7 @@ void ModelContext::markDeleted(const Ref<Record>& record) {
         record->context_ = nullptr;
         record->state_ = Record::State::gone;
     }
-    noteChange(schema);
+    observers_.note(schema);
 }
 
 void ModelContext::checkDeniedDeletions() {
@@ -143,7 +138,7 @@ void ModelContext::save() {
         forgetChanges();
         if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
     }
-    deliverChanges();
+    observers_.deliver();
 }
 
 void ModelContext::saveQuietly() noexcept {
@@ -185,7 +180,7 @@ void ModelContext::forgetChanges() {
 void ModelContext::rollback() {
     for (auto& map : pending_) {
         for (auto& [id, record] : map) restore(*record);
-        if (!map.empty()) noteChange(map.begin()->second->recordSchema());
+        if (!map.empty()) observers_.note(map.begin()->second->recordSchema());
         const RecordMap released = std::exchange(map, {});
     }
 }
@@ -275,15 +270,16 @@ void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode*
 
 void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
                                   const PredicateNode* predicate, std::span<const SortKey> sortBy) {
-    const RecordOrder order(schema, sortBy);
+    const auto stored = static_cast<std::ptrdiff_t>(records.size());
     for (const auto& [id, record] : pending(schema)) {
         if (record->isDeleted()) continue;
-        if (predicate && !predicate->matches(schema, *record)) continue;
-        const auto place =
-            std::upper_bound(records.begin(), records.end(), record,
-                             [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
-        records.insert(place, record);
+        if (!predicate || predicate->matches(schema, *record)) records.push_back(record);
     }
+    const auto precedes = [order = RecordOrder(schema, sortBy)](const auto& a, const auto& b) {
+        return order.precedes(*a, *b);
+    };
+    std::sort(records.begin() + stored, records.end(), precedes);
+    std::inplace_merge(records.begin(), records.begin() + stored, records.end(), precedes);
 }
 
 std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {
@@ -293,33 +289,6 @@ std::size_t ModelContext::countRecords(const RecordSchema& schema, const Predica
         if (!record->isDeleted() && (!predicate || predicate->matches(schema, *record))) ++count;
     }
     return count;
-}
-
-// --- observers ---------------------------------------------------------------------------------
-
-ModelContext::Observation ModelContext::observe(const RecordSchema& schema,
-                                                std::function<void()> changed) {
-    auto observer = std::make_shared<Observer>(Observer{schema.ordinal, std::move(changed)});
-    observers_.push_back(observer);
-    return observer;
-}
-
-void ModelContext::noteChange(const RecordSchema& schema) {
-    if (observers_.empty()) return;
-    unnoticed_[schema.ordinal] = true;
-    if (!delivery_) delivery_ = runLoop_.post([this] { deliverChanges(); });
-}
-
-void ModelContext::deliverChanges() {
-    delivery_.reset();
-    const auto changedTypes = std::exchange(unnoticed_, {});
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    // An observer may add or remove others while it runs.
-    const auto observers = observers_;
-    for (const auto& weak : observers) {
-        const auto observer = weak.lock();
-        if (observer && changedTypes[observer->type]) observer->changed();
-    }
 }
 
 }  // namespace elmworth

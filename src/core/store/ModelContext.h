@@ -10,8 +10,10 @@
 #include <span>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "core/store/ChangeObservers.h"
 #include "core/store/FetchDescriptor.h"
 #include "core/store/Record.h"
 #include "core/store/StoreError.h"
@@ -102,17 +104,18 @@ class ModelContext {
 
     /// Calls `changed` after records of `schema` changed: once in the next turn of the run loop
     /// however many changes there were, and at once in `save`. Ends when the handle dies.
-    using Observation = std::shared_ptr<void>;
-    [[nodiscard]] Observation observe(const RecordSchema& schema, std::function<void()> changed);
+    using Observation = ChangeObservers::Observation;
+    [[nodiscard]] Observation observe(const RecordSchema& schema, std::function<void()> changed) {
+        return observers_.observe(schema, std::move(changed));
+    }
 
     /// Delivers what waits for the next turn of the run loop now.
-    void deliverChanges();
+    void deliverChanges() { observers_.deliver(); }
 
  private:
     friend class Record;
     using RecordHandler = std::function<void(Ref<Record>)>;
     using RecordMap = std::unordered_map<PersistentID, Ref<Record>>;
-    struct Observer;
 
     template <class T>
     static const PredicateNode* node(const FetchDescriptor<T>& descriptor) {
@@ -132,7 +135,6 @@ class ModelContext {
     void recordWillChange(Record& record);
     void recordDidChange(Record& record);
     void forget(Record& record) noexcept;
-    void noteChange(const RecordSchema& schema);
 
     void collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
                           std::vector<std::pair<Ref<Record>, std::size_t>>& nullified);
@@ -147,9 +149,7 @@ class ModelContext {
     RunLoop& runLoop_;
     std::unordered_map<PersistentID, std::weak_ptr<Record>> identities_;
     std::array<RecordMap, recordTypeCount> pending_;  ///< new, changed and deleted records
-    std::vector<std::weak_ptr<Observer>> observers_;
-    std::array<bool, recordTypeCount> unnoticed_{};  ///< types with changes not delivered yet
-    RunLoop::Handle delivery_;
+    ChangeObservers observers_;
     RunLoop::Handle upkeep_;
 };
 

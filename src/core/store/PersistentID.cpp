@@ -10,7 +10,7 @@ namespace elmworth {
 
 namespace {
 
-/// Counts up in sixteenths of a microsecond or so, never standing still, so that the identifiers of
+/// Counts up in quarters of a microsecond or so, never standing still, so that the identifiers of
 /// one process keep the order in which they were made.
 std::uint64_t nextTimestamp() {
     using namespace std::chrono;

@@ -5,14 +5,15 @@
 
 #include <gtest/gtest.h>
 
-#include "core/store/LiveQuery.h"
 #include "support/Instants.h"
+#include "support/StatementTrace.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
 namespace {
 
 using test::at;
+using test::StatementTrace;
 using test::TestLibrary;
 
 TEST(ModelContext, savedRecordsAreThereAfterReopening) {
@@ -34,87 +35,206 @@ TEST(ModelContext, savedRecordsAreThereAfterReopening) {
     EXPECT_EQ(read->project->client->name.get(), "Acme");
 }
 
+TEST(ModelContext, everyFieldOfAnInvoiceIsStored) {
+    TestLibrary library;
+    const auto client = library.addClient("Acme");
+    const auto invoice = library.addInvoice("INV-2026-001", client);
+    invoice->issueDate = at("2026-03-01T09:00Z");
+    invoice->dueDate = at("2026-03-15T09:00Z");
+    invoice->periodStart = at("2026-02-01T00:00Z");
+    invoice->periodEnd = at("2026-03-01T00:00Z");
+    invoice->taxRateBasisPoints = -25;
+    invoice->statusRaw = "paid";
+    invoice->roundingMinutes = 15;
+    invoice->notes = std::string(
+        "Gr\xC3\xBC\xC3\x9F"
+        "e\0!",
+        9);
+    invoice->paidAt = at("2026-03-10T12:00Z");
+    invoice->showsEntryDetails = false;
+    invoice->businessSnapshot = Blob{std::string("\0\xFF{}", 4)};
+    invoice->currencyCode = "EUR";
+    const auto written = invoice->recordSchema().fields;
+    std::vector<Value> values;
+    for (const auto& field : written) values.push_back(field.read(*invoice));
+    library.context().save();
+
+    library.reopen();
+    const auto read = library.context().fetch<Invoice>().at(0);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        EXPECT_EQ(read->recordSchema().fields[i].read(*read), values[i]) << written[i].name;
+    }
+}
+
+TEST(ModelContext, anEmptyBlobIsNotAbsent) {
+    TestLibrary library;
+    const auto invoice = library.addInvoice("1", nullptr);
+    invoice->businessSnapshot = Blob{};
+    library.context().save();
+    library.reopen();
+    EXPECT_TRUE(library.context().fetch<Invoice>().at(0)->businessSnapshot.get().has_value());
+}
+
+TEST(ModelContext, unsavedRecordsAreGoneAfterReopening) {
+    TestLibrary library;
+    library.addClient("Acme");
+    library.reopen();
+    EXPECT_TRUE(library.context().fetch<Client>().empty());
+}
+
+TEST(ModelContext, aNewRecordIsNotInTheLibraryUntilItIsInserted) {
+    TestLibrary library;
+    const auto client = std::make_shared<Client>("Acme");
+    client->email = "office@acme.example";
+    EXPECT_EQ(client->modelContext(), nullptr);
+    EXPECT_FALSE(library.context().hasChanges());
+    EXPECT_TRUE(library.context().fetch<Client>().empty());
+    library.context().insert(client);
+    EXPECT_EQ(client->modelContext(), &library.context());
+    EXPECT_EQ(library.context().fetch<Client>(), std::vector{client});
+}
+
+TEST(ModelContext, insertingARecordTwiceDoesNothing) {
+    TestLibrary library;
+    const auto client = library.addClient("Acme");
+    library.context().insert(client);
+    library.context().save();
+    library.context().insert(client);
+    EXPECT_FALSE(library.context().hasChanges());
+    EXPECT_EQ(library.context().fetchCount<Client>(), 1U);
+}
+
+TEST(ModelContext, anAssignmentOfTheSameValueIsNoChange) {
+    TestLibrary library;
+    const auto project = library.addProject("Website", library.addClient("Acme"));
+    library.context().save();
+    project->name = "Website";
+    project->client = project->client.get();
+    EXPECT_FALSE(library.context().hasChanges());
+}
+
+TEST(ModelContext, aSaveWithoutChangesRunsNoStatement) {
+    const StatementTrace trace;
+    TestLibrary library;
+    library.addClient("Acme");
+    library.context().save();
+    EXPECT_FALSE(StatementTrace::take().empty());
+    library.context().save();
+    EXPECT_TRUE(StatementTrace::take().empty());
+}
+
 TEST(ModelContext, aStoredRecordHasOneObject) {
     TestLibrary library;
     const auto client = library.addClient("Acme");
+    const auto project = library.addProject("Website", client);
     library.context().save();
     EXPECT_EQ(library.context().fetch<Client>().front(), client);
     EXPECT_EQ(library.context().record<Client>(client->persistentModelID()), client);
+    library.reopen();
+    const auto readProject = library.context().fetch<Project>().at(0);
+    const auto readClient = library.context().fetch<Client>().at(0);
+    EXPECT_EQ(readProject->client.get(), readClient);
+    EXPECT_EQ(readClient->projects(), std::vector{readProject});
 }
 
-TEST(ModelContext, fetchSeesUnsavedChanges) {
+TEST(ModelContext, anObjectThatNobodyRefersToIsLetGoAndReadAgain) {
     TestLibrary library;
-    const auto client = library.addClient("Acme");
-    const auto project = library.addProject("Website", client);
+    auto client = library.addClient("Acme");
     library.context().save();
-    project->isArchived = true;
-    const auto added = library.addProject("App", client);
-
-    const FetchDescriptor<Project> active{.predicate = key<&Project::isArchived>() == false};
-    EXPECT_EQ(library.context().fetch(active), std::vector{added});
-    EXPECT_EQ(library.context().fetchCount(active), 1U);
+    const auto id = client->persistentModelID();
+    const std::weak_ptr<Client> released = std::exchange(client, nullptr);
+    EXPECT_TRUE(released.expired());
+    const auto read = library.context().record<Client>(id);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->name.get(), "Acme");
 }
 
-TEST(ModelContext, rollbackRestoresTheValuesOfTheLastSave) {
+TEST(ModelContext, anObjectWithUnsavedChangesIsKept) {
     TestLibrary library;
-    const auto client = library.addClient("Acme");
-    const auto project = library.addProject("Website", client);
+    auto client = library.addClient("Acme");
     library.context().save();
     client->name = "Globex";
-    library.context().deleteRecord(project);
-    const auto added = library.addClient("Initech");
-
-    library.context().rollback();
-    EXPECT_EQ(client->name.get(), "Acme");
-    EXPECT_FALSE(project->isDeleted());
-    EXPECT_EQ(added->modelContext(), nullptr);
-    EXPECT_FALSE(library.context().hasChanges());
-    EXPECT_EQ(client->projects(), std::vector{project});
+    const std::weak_ptr<Client> kept = std::exchange(client, nullptr);
+    EXPECT_FALSE(kept.expired());
+    library.context().save();
+    EXPECT_TRUE(kept.expired());
+    EXPECT_EQ(library.context().fetch<Client>().at(0)->name.get(), "Globex");
 }
 
-TEST(ModelContext, deletingAClientWithInvoicesIsRefusedAtTheSave) {
+TEST(ModelContext, aRecordKeepsThoseItPointsToAndLetsThemGoWithItself) {
     TestLibrary library;
-    const auto client = library.addClient("Acme");
-    const auto invoice = library.addInvoice("INV-2026-001", client);
+    library.addEntry(library.addProject("Website", library.addClient("Acme")),
+                     at("2026-03-01T09:00Z"), std::nullopt);
     library.context().save();
-    library.context().deleteRecord(client);
-    EXPECT_THROW(library.context().save(), StoreError);
-    library.context().rollback();
-    EXPECT_EQ(library.context().fetch<Client>(), std::vector{client});
-    EXPECT_EQ(invoice->client.get(), client);
+    auto entry = library.context().fetch<TimeEntry>().at(0);
+    const std::weak_ptr<Client> client = entry->project->client.get();
+    EXPECT_FALSE(client.expired());
+    entry.reset();
+    EXPECT_TRUE(client.expired());
 }
 
-TEST(ModelContext, deletingAnInvoiceSetsItsEntriesFree) {
+TEST(ModelContext, aRelationshipIsReadOnFirstUse) {
+    const StatementTrace trace;
     TestLibrary library;
-    const auto client = library.addClient("Acme");
-    const auto project = library.addProject("Website", client);
-    const auto entry = library.addEntry(project, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
-    const auto invoice = library.addInvoice("INV-2026-001", client);
-    entry->invoice = invoice;
+    library.addProject("Website", library.addClient("Acme"));
     library.context().save();
-    library.context().deleteRecord(invoice);
-    library.context().save();
-    library.reopen();
-    const auto read = library.context().fetch<TimeEntry>();
-    ASSERT_EQ(read.size(), 1U);
-    EXPECT_FALSE(read.front()->invoice);
+    const auto project = library.context().fetch<Project>().at(0);
+    (void)StatementTrace::take();
+    EXPECT_TRUE(project->client);
+    EXPECT_TRUE(project->client.id());
+    EXPECT_TRUE(StatementTrace::take().empty());
+    EXPECT_EQ(project->client->name.get(), "Acme");
+    EXPECT_EQ(StatementTrace::take().size(), 1U);
+    EXPECT_EQ(project->client->name.get(), "Acme");
+    EXPECT_TRUE(StatementTrace::take().empty());
 }
 
-TEST(ModelContext, aLiveQueryFiresOnceInATurn) {
+TEST(ModelContext, relationshipsShowUnsavedChanges) {
     TestLibrary library;
-    int calls = 0;
-    std::size_t seen = 0;
-    const LiveQuery<Client> query(library.context(), {}, [&](const auto& clients) {
-        ++calls;
-        seen = clients.size();
-    });
-    EXPECT_EQ(calls, 1);
-    library.addClient("Acme");
-    library.addClient("Globex");
-    EXPECT_EQ(calls, 1);
-    library.runLoop.turn();
-    EXPECT_EQ(calls, 2);
-    EXPECT_EQ(seen, 2U);
+    const auto acme = library.addClient("Acme");
+    const auto globex = library.addClient("Globex");
+    const auto moved = library.addProject("Website", acme);
+    const auto stays = library.addProject("App", acme);
+    library.context().save();
+    moved->client = globex;
+    const auto added = library.addProject("Shop", globex);
+    EXPECT_EQ(acme->projects(), std::vector{stays});
+    EXPECT_EQ(globex->projects(), (std::vector{moved, added}));
+    library.context().deleteRecord(stays);
+    EXPECT_TRUE(acme->projects().empty());
+}
+
+TEST(ModelContext, recordsOutliveTheirContext) {
+    Ref<Project> project;
+    {
+        TestLibrary library;
+        project = library.addProject("Website", library.addClient("Acme"));
+        library.context().save();
+    }
+    EXPECT_EQ(project->modelContext(), nullptr);
+    project->name = "App";
+    EXPECT_TRUE(project->entries().empty());
+}
+
+TEST(ModelContext, twoLibrariesInMemorySeeNothingOfEachOther) {
+    test::ManualRunLoop runLoop;
+    ModelContainer first({}, runLoop);
+    ModelContainer second({}, runLoop);
+    first.mainContext().insert(std::make_shared<Client>("Acme"));
+    first.mainContext().save();
+    EXPECT_EQ(first.mainContext().fetchCount<Client>(), 1U);
+    EXPECT_EQ(second.mainContext().fetchCount<Client>(), 0U);
+}
+
+TEST(ModelContext, identitiesOfOneProcessKeepTheOrderOfTheirCreation) {
+    auto last = PersistentID::make();
+    for (int i = 0; i < 10000; ++i) {
+        const auto next = PersistentID::make();
+        ASSERT_LT(last, next);
+        last = next;
+    }
+    EXPECT_EQ(last.string().size(), 36U);
+    EXPECT_EQ(last.string()[14], '7');
 }
 
 }  // namespace

@@ -56,26 +56,30 @@ Statement::Statement(sqlite3* database, std::string_view sql) {
 }
 
 void Statement::bind(int parameter, const PersistentID& id) {
-    sqlite3_bind_blob(statement_.get(), parameter + 1, id.bytes.data(),
-                      static_cast<int>(id.bytes.size()), SQLITE_TRANSIENT);
+    check(sqlite3_bind_blob(statement_.get(), parameter + 1, id.bytes.data(),
+                            static_cast<int>(id.bytes.size()), SQLITE_TRANSIENT));
 }
 
 void Statement::bind(int parameter, const Value& value) {
     auto* statement = statement_.get();
     const int index = parameter + 1;
     if (const auto* number = std::get_if<std::int64_t>(&value)) {
-        sqlite3_bind_int64(statement, index, *number);
+        check(sqlite3_bind_int64(statement, index, *number));
     } else if (const auto* text = std::get_if<std::string>(&value)) {
-        sqlite3_bind_text64(statement, index, text->data(), text->size(), SQLITE_TRANSIENT,
-                            SQLITE_UTF8);
+        check(sqlite3_bind_text64(statement, index, text->data(), text->size(), SQLITE_TRANSIENT,
+                                  SQLITE_UTF8));
     } else if (const auto* blob = std::get_if<Blob>(&value)) {
-        sqlite3_bind_blob64(statement, index, blob->bytes.data(), blob->bytes.size(),
-                            SQLITE_TRANSIENT);
+        check(sqlite3_bind_blob64(statement, index, blob->bytes.data(), blob->bytes.size(),
+                                  SQLITE_TRANSIENT));
     } else if (const auto* id = std::get_if<PersistentID>(&value)) {
         bind(parameter, *id);
     } else {
-        sqlite3_bind_null(statement, index);
+        check(sqlite3_bind_null(statement, index));
     }
+}
+
+void Statement::check(int code) const {
+    if (code != SQLITE_OK) fail(code, sqlite3_errmsg(sqlite3_db_handle(statement_.get())));
 }
 
 bool Statement::step() {

@@ -41,6 +41,8 @@ class Statement {
     [[nodiscard]] Value value(int column, StorageClass storage) const;
 
  private:
+    void check(int code) const;
+
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
     };

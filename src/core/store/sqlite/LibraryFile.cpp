@@ -44,7 +44,7 @@ struct FileHeader {
 
 FileHeader readHeader(const fs::path& file) {
     FileHeader header;
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) {
         throw fs::filesystem_error("cannot read the library", file,
                                    std::error_code(errno, std::generic_category()));
@@ -64,7 +64,7 @@ void refuseForeignFile(const fs::path& file) {
     const auto header = readHeader(file);
     if (!header.isLibrary()) {
         throw StoreError(StoreError::Code::other, "The file " + file.string() +
-                                                      " is not an Elmworth library. Move it away "
+                                                      " is not an Elmworth library; move it away "
                                                       "to start with an empty one.");
     }
     if (header.version() > static_cast<std::uint32_t>(librarySchemaVersion)) {
@@ -81,11 +81,23 @@ void createSchema(Database& database) {
                      createSchemaSQL() + "COMMIT");
 }
 
+/// A log without its library belongs to one that was moved away. SQLite would write it into the new
+/// one, so it makes room; it is kept because it may hold that library's last changes.
+void moveOrphanedLogAside(const fs::path& file) {
+    for (const char* suffix : {"-wal", "-journal"}) {
+        const std::string log = file.string() + suffix;
+        if (fs::exists(log)) fs::rename(log, log + ".orphaned");
+    }
+}
+
 /// A library appears under its name only when it is whole.
 void createLibraryFile(const fs::path& file) {
+    moveOrphanedLogAside(file);
     AtomicFile target(file);
     {
         Database database(target.temporaryPath().string());
+        // A failure throws the whole file away, so it needs no journal that would be left beside.
+        database.execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         createSchema(database);
     }
     target.commit();

@@ -68,6 +68,8 @@ std::string createIndexSQL(const RecordSchema& schema, const IndexDescription& i
 
 std::string_view comparisonSQL(PredicateNode::Kind kind) {
     switch (kind) {
+        case PredicateNode::Kind::equal:
+            return " = ?";
         case PredicateNode::Kind::less:
             return " < ?";
         case PredicateNode::Kind::lessOrEqual:
@@ -114,21 +116,21 @@ class ConditionWriter {
     void writeComparison(const PredicateNode& node) {
         const auto& field = schema_.fields[node.field];
         const std::string column = quoted(field.name);
-        const bool isAbsent = std::holds_alternative<std::monostate>(node.value);
-        const bool isEquality =
-            node.kind == PredicateNode::Kind::equal || node.kind == PredicateNode::Kind::notEqual;
-        if (isEquality && isAbsent) {
-            return add(column +
-                       (node.kind == PredicateNode::Kind::equal ? " IS NULL" : " IS NOT NULL"));
-        }
+        if (std::holds_alternative<std::monostate>(node.value))
+            return writeAbsence(node.kind, column);
         condition_.values.push_back(&node.value);
-        if (isEquality)
-            return add(column + (node.kind == PredicateNode::Kind::equal ? " IS ?" : " IS NOT ?"));
+        if (node.kind == PredicateNode::Kind::notEqual) return add(column + " IS NOT ?");
         // An absent value must make the comparison false and not unknown, or NOT would lose it.
-        const bool guarded = field.optional;
-        if (guarded) add("(" + column + " IS NOT NULL AND ");
+        // "IS ?" would do that too, but keeps SQLite from the indexes over present values.
+        if (field.optional) add("(" + column + " IS NOT NULL AND ");
         add(column + std::string(comparisonSQL(node.kind)));
-        if (guarded) add(")");
+        if (field.optional) add(")");
+    }
+
+    void writeAbsence(PredicateNode::Kind kind, const std::string& column) {
+        if (kind == PredicateNode::Kind::equal) return add(column + " IS NULL");
+        if (kind == PredicateNode::Kind::notEqual) return add(column + " IS NOT NULL");
+        add("0");  // nothing is less or greater than an absent value
     }
 
     const RecordSchema& schema_;

@@ -102,7 +102,11 @@ bool RecordStore::rowMatches(const RecordSchema& schema, const PersistentID& id,
 void RecordStore::write(const ChangeSet& changes) {
     run("BEGIN IMMEDIATE");
     try {
-        // Deletions first: a number that a deleted invoice had may be taken again in the same save.
+        // Deletions come before insertions and updates: a number that a deleted invoice had may be
+        // taken again in the same save. What changed records give up goes before all of that:
+        // SQLite would delete an entry with the project that it has left, and would refuse a number
+        // that another record still has.
+        for (const auto& update : changes.updated) releaseRow(update);
         for (const auto* record : changes.deleted) deleteRow(*record);
         for (const auto* record : changes.inserted) insertRow(*record);
         for (const auto& update : changes.updated) updateRow(update);
@@ -125,22 +129,40 @@ void RecordStore::insertRow(const Record& record) {
     statement->step();
 }
 
-void RecordStore::updateRow(const ChangeSet::Update& update) {
-    const auto& schema = update.record->recordSchema();
-    std::vector<Value> changed;
-    std::uint32_t mask = 0;
-    for (std::size_t i = 0; i < schema.fields.size(); ++i) {
-        Value value = schema.fields[i].read(*update.record);
-        if (value == (*update.saved)[i]) continue;
-        mask |= 1U << i;
-        changed.push_back(std::move(value));
+void RecordStore::releaseRow(const ChangeSet::Update& update) {
+    const auto& fields = update.record->recordSchema().fields;
+    ColumnValues released;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const Value& saved = (*update.saved)[i];
+        const bool mayBlock = fields[i].target != nullptr || fields[i].unique;
+        if (!mayBlock || saved == Value{} || fields[i].read(*update.record) == saved) continue;
+        // The identity stands in where a value is needed that no other row has.
+        released.set(
+            i, fields[i].unique ? Value{update.record->persistentModelID().string()} : Value{});
     }
-    if (mask == 0) return;
-    StatementUse statement(prepared(updateSQL(schema, mask)));
+    updateColumns(*update.record, released);
+}
+
+void RecordStore::updateRow(const ChangeSet::Update& update) {
+    const auto& fields = update.record->recordSchema().fields;
+    ColumnValues changed;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        Value value = fields[i].read(*update.record);
+        if (value != (*update.saved)[i]) changed.set(i, std::move(value));
+    }
+    updateColumns(*update.record, changed);
+}
+
+void RecordStore::updateColumns(const Record& record, const ColumnValues& columns) {
+    if (columns.mask == 0) return;
+    StatementUse statement(prepared(updateSQL(record.recordSchema(), columns.mask)));
     int parameter = 0;
-    for (const auto& value : changed) statement->bind(parameter++, value);
-    statement->bind(parameter, update.record->persistentModelID());
+    for (const auto& value : columns.values) statement->bind(parameter++, value);
+    statement->bind(parameter, record.persistentModelID());
     statement->step();
+    if (sqlite3_changes(database_.handle()) != 1) {
+        throw StoreError(StoreError::Code::corrupt, "The library has lost a record.");
+    }
 }
 
 void RecordStore::deleteRow(const Record& record) {

@@ -3,11 +3,13 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "core/store/FetchDescriptor.h"
@@ -68,10 +70,24 @@ class RecordStore {
     [[nodiscard]] Database& database() noexcept { return database_; }
 
  private:
+    /// New values for some of a record's fields, in the order of the schema.
+    struct ColumnValues {
+        std::uint32_t mask = 0;  ///< a bit for each field
+        std::vector<Value> values;
+
+        void set(std::size_t field, Value value) {
+            mask |= 1U << field;
+            values.push_back(std::move(value));
+        }
+    };
+
     Statement& prepared(const std::string& sql);
     void run(const std::string& sql);
     void insertRow(const Record& record);
+    /// Takes from a row what its record gives up: links to other records, and unique values.
+    void releaseRow(const ChangeSet::Update& update);
     void updateRow(const ChangeSet::Update& update);
+    void updateColumns(const Record& record, const ColumnValues& columns);
     void deleteRow(const Record& record);
 
     Database database_;

@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandLine.h"
+
+#include "command/CommandTest.h"
+#include "support/Rows.h"
+
+namespace elmworth {
+namespace {
+
+using test::Arguments;
+using test::CommandTest;
+using testing::HasSubstr;
+using testing::Not;
+
+TEST(CommandLine, WithoutACommandThereIsNothingToCarryOut) {
+    const auto commandLine = parseCommandLine({});
+    EXPECT_FALSE(commandLine.answer);
+    EXPECT_FALSE(commandLine.action);
+}
+
+TEST(CommandLine, TheVersionIsPrinted) {
+    const auto answer = parseCommandLine({"--version"}).answer;
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->output, "Elmworth " ELMWORTH_VERSION "\n");
+    EXPECT_EQ(answer->exitStatus, 0);
+}
+
+TEST(CommandLine, TheDemoSwitchMayStandAnywhere) {
+    EXPECT_FALSE(parseCommandLine({"status"}).isDemo);
+    EXPECT_TRUE(parseCommandLine({"-demo"}).isDemo);
+    const auto commandLine = parseCommandLine({"-demo", "invoice", "list"});
+    EXPECT_TRUE(commandLine.isDemo);
+    EXPECT_TRUE(commandLine.action);
+}
+
+TEST(CommandLine, TellsWhichCommandsNeedToDraw) {
+    EXPECT_TRUE(parseCommandLine({"invoice", "pdf", "A"}).needsPainter);
+    EXPECT_FALSE(parseCommandLine({"invoice", "show", "A"}).needsPainter);
+    EXPECT_TRUE(parseCommandLine({"invoice", "show", "A"}).countsPages);
+    EXPECT_FALSE(parseCommandLine({"status"}).countsPages);
+}
+
+// --- help --------------------------------------------------------------------------------------
+
+class CommandHelp : public testing::TestWithParam<const char*> {
+ protected:
+    [[nodiscard]] static Arguments words() {
+        Arguments words{""};
+        for (const char c : std::string(GetParam())) {
+            if (c == ' ')
+                words.emplace_back();
+            else
+                words.back() += c;
+        }
+        return words;
+    }
+};
+
+TEST_P(CommandHelp, TellsPeopleHowToUseIt) {
+    auto arguments = words();
+    arguments.emplace_back("--help");
+    const auto answer = parseCommandLine(arguments).answer;
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exitStatus, 0);
+    EXPECT_EQ(answer->errors, "");
+    EXPECT_THAT(answer->output, HasSubstr("Usage: elmworth " + std::string(GetParam())));
+    for (const char* technical : {"{", "->", "REQUIRED", " TEXT REQUIRED", "value in"})
+        EXPECT_THAT(answer->output, Not(HasSubstr(technical)));
+}
+
+TEST_P(CommandHelp, RefusesAnOptionThatItDoesNotHave) {
+    auto arguments = words();
+    arguments.emplace_back("--no-such-option");
+    const auto answer = parseCommandLine(arguments).answer;
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exitStatus, 2);
+    EXPECT_EQ(answer->output, "");
+    EXPECT_NE(answer->errors, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , CommandHelp,
+    testing::Values("status", "start", "stop", "continue", "client", "client list", "client add",
+                    "client set", "client delete", "project", "project list", "project add",
+                    "project set", "project archive", "project unarchive", "project delete", "log",
+                    "invoice", "invoice list", "invoice preview", "invoice create", "invoice show",
+                    "invoice pdf", "invoice set", "invoice email", "invoice mark", "invoice rename",
+                    "invoice delete", "profile", "profile set"),
+    test::textName);
+
+TEST(CommandLine, TheHelpNamesAllCommands) {
+    const auto help = parseCommandLine({"--help"}).answer->output;
+    for (const char* name : {"status", "start", "stop", "continue", "client", "project", "log",
+                             "invoice", "profile", "--format", "--version", "-demo"})
+        EXPECT_THAT(help, HasSubstr(name));
+    EXPECT_THAT(help, Not(HasSubstr("{")));
+}
+
+// --- usage -------------------------------------------------------------------------------------
+
+struct UsageRow {
+    const char* name;
+    Arguments arguments;
+    const char* part;
+};
+
+class CommandUsage : public CommandTest, public testing::WithParamInterface<UsageRow> {};
+
+TEST_P(CommandUsage, IsWrong) {
+    expectUsageError(GetParam().arguments, GetParam().part);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , CommandUsage,
+    testing::Values(
+        UsageRow{"UnknownCommand", {"fly"}, "fly"},
+        UsageRow{"TooManyWords", {"status", "extra"}, "extra"},
+        UsageRow{"NoSubcommand", {"client"}, "subcommand"},
+        UsageRow{"NoProject", {"start"}, "PROJECT"},
+        UsageRow{"UnknownFormat", {"status", "--format", "xml"}, "Choose text or json."},
+        UsageRow{"FormatByItsPlace", {"status", "--format", "1"}, "Choose text or json."},
+        UsageRow{"UnknownStatus", {"invoice", "mark", "A", "void"}, "Choose draft, sent or paid."},
+        UsageRow{"UnknownListStatus",
+                 {"invoice", "list", "--status", "late"},
+                 "Choose all, open, overdue or paid."},
+        UsageRow{"UnknownField", {"client", "set", "Globex", "colour", "x"}, "The fields are name"},
+        UsageRow{"UnknownProjectField", {"project", "set", "Design", "x", "x"}, "The fields are"},
+        UsageRow{"UnknownProfileField", {"profile", "set", "x", "x"}, "The fields are name"},
+        UsageRow{"NoTime", {"stop", "--at", "noon"}, "“noon” is no time."},
+        UsageRow{"LogWithoutAnEnd", {"log", "Design", "--from", "10:00"}, "--to"},
+        UsageRow{"NoPeriod", {"invoice", "create", "--client", "Globex"}, "Give a period"},
+        UsageRow{"HalfAPeriod",
+                 {"invoice", "preview", "--client", "Globex", "--from", "2026-03-01"},
+                 "Give a period"},
+        UsageRow{"TwoPeriods",
+                 {"invoice", "preview", "--client", "Globex", "--period", "Today", "--from",
+                  "2026-03-01", "--through", "2026-03-31"},
+                 "not both"},
+        UsageRow{"UnknownPeriod",
+                 {"invoice", "preview", "--client", "Globex", "--period", "Next Week"},
+                 "Choose one of “Today”"},
+        UsageRow{"CustomIsNoPeriodByItself",
+                 {"invoice", "preview", "--client", "Globex", "--period", "Custom"},
+                 "is no period"},
+        UsageRow{"NoDay",
+                 {"invoice", "preview", "--client", "Globex", "--from", "2026-02-29", "--through",
+                  "2026-03-31"},
+                 "“2026-02-29” is no day."}),
+    test::rowName);
+
+TEST_F(CommandTest, TheFormatMayStandBeforeOrBehindTheCommand) {
+    EXPECT_EQ(output({"--format", "json", "status"}), output({"status", "--format", "JSON"}));
+}
+
+TEST_F(CommandTest, AnEmptyLibraryListsNothing) {
+    for (const auto& client : library_.context().fetch<Client>())
+        library_.context().deleteRecord(client);
+    library_.context().save();
+    for (const char* kind : {"client", "project", "invoice"}) {
+        EXPECT_TRUE(json({kind, "list"}).GetArray().Empty()) << kind;
+        EXPECT_THAT(output({kind, "list"}), HasSubstr("There are no " + std::string(kind) + "s"));
+    }
+}
+
+TEST_F(CommandTest, TextInAnotherEncodingDoesNotSpoilTheJSON) {
+    output({"client", "add", "M\xfcller"});
+    EXPECT_EQ(json({"client", "list"}).GetArray().Size(), 3U);
+}
+
+}  // namespace
+}  // namespace elmworth

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// status, start, stop, continue and log.
+
+#include "command/CommandTest.h"
+#include "support/FileSizeLimit.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::keys;
+using testing::ElementsAre;
+using namespace std::chrono_literals;
+
+class TimerCommands : public test::CommandTest {};
+
+TEST_F(TimerCommands, StatusOfNothing) {
+    EXPECT_EQ(output({"status"}), "Nothing is running.\nToday 0:00 · This week 0:00\n");
+    const auto status = json({"status"});
+    EXPECT_THAT(keys(status), ElementsAre("todaySeconds", "thisWeekSeconds"));
+    EXPECT_EQ(status["todaySeconds"].GetInt(), 0);
+}
+
+TEST_F(TimerCommands, StatusOfARunningTimer) {
+    addEntry(design_, "2026-03-30T09:00+02:00", 60);
+    timer_.start(design_, "Logo");
+    now_ += 65min + 9s;
+    const auto status = json({"status"});
+    EXPECT_THAT(keys(status), ElementsAre("running", "todaySeconds", "thisWeekSeconds"));
+    const auto& running = status["running"];
+    EXPECT_THAT(keys(running),
+                ElementsAre("project", "client", "notes", "start", "seconds", "elapsed"));
+    EXPECT_STREQ(running["project"].GetString(), "Design");
+    EXPECT_STREQ(running["client"].GetString(), "Acme Co");
+    EXPECT_STREQ(running["notes"].GetString(), "Logo");
+    EXPECT_STREQ(running["start"].GetString(), "2026-03-31T10:00:00Z");
+    EXPECT_EQ(running["seconds"].GetInt(), 3909);
+    EXPECT_STREQ(running["elapsed"].GetString(), "1:05:09");
+    EXPECT_EQ(status["todaySeconds"].GetInt(), 3909);
+    EXPECT_EQ(status["thisWeekSeconds"].GetInt(), 3909 + 3600);
+    EXPECT_EQ(
+        output({"status"}),
+        "1:05:09  Design — Acme Co\nSince 12:00\u202FPM · Logo\nToday 1:05 · This week 2:05\n");
+}
+
+// --- start -------------------------------------------------------------------------------------
+
+TEST_F(TimerCommands, StartFindsTheProjectWithoutRegardToCase) {
+    EXPECT_EQ(output({"start", "DESIGN", "--notes", "Logo"}), "Tracking Design — Acme Co.\n");
+    ASSERT_TRUE(timer_.running());
+    EXPECT_EQ(timer_.running()->project.get(), design_);
+    EXPECT_EQ(timer_.running()->notes.get(), "Logo");
+}
+
+TEST_F(TimerCommands, StartClosesWhatRuns) {
+    timer_.start(design_);
+    const auto first = timer_.running();
+    now_ += 10min;
+    const auto status = json({"start", "website", "--client", "globex"});
+    EXPECT_STREQ(status["running"]["client"].GetString(), "Globex");
+    EXPECT_EQ(first->end.get(), now_);
+}
+
+TEST_F(TimerCommands, ANameOfSeveralProjectsIsRefusedWithTheCandidates) {
+    expectRefusal({"start", "website"}, 1,
+                  "There are 2 projects “website”: Website — Acme Co, Website — Globex. Name the "
+                  "client with --client.");
+    EXPECT_FALSE(timer_.running());
+}
+
+TEST_F(TimerCommands, AnUnknownNameIsRefusedWithTheCandidates) {
+    expectRefusal({"start", "Web"}, 1,
+                  "There is no project “Web”. Candidates: Website — Acme Co, Website — Globex.");
+    expectRefusal({"start", "Nothing like it"}, 1,
+                  "There is no project “Nothing like it”. Candidates: Design — Acme Co, Website — "
+                  "Acme Co, Website — Globex.");
+    expectRefusal({"start", "Website", "--client", "acme"}, 1,
+                  "There is no client “acme”. Candidates: Acme Co.");
+}
+
+TEST_F(TimerCommands, AtMostEightCandidatesAreNamed) {
+    for (int i = 1; i <= 8; ++i) library_.addProject("P" + std::to_string(i), globex_);
+    library_.context().save();
+    EXPECT_THAT(run({"start", "zzz"}).errors, testing::EndsWith("P6 — Globex, P7 — Globex and 3 "
+                                                                "more.\n"));
+}
+
+TEST_F(TimerCommands, ATimerThatIsNotOnDiskIsNoSuccess) {
+    const test::FileSizeLimit fullDisk(0);
+    const auto result = run({"start", "Design"});
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_NE(result.errors, "");
+}
+
+// --- stop and continue -------------------------------------------------------------------------
+
+TEST_F(TimerCommands, StopWithNothingRunningIsFine) {
+    EXPECT_EQ(output({"stop"}), "Nothing is running.\n");
+    EXPECT_EQ(output({"stop", "--at", "09:00"}), "Nothing is running.\n");
+}
+
+TEST_F(TimerCommands, StopEndsTheEntry) {
+    timer_.start(design_);
+    const auto entry = timer_.running();
+    now_ += 3909s;
+    EXPECT_EQ(output({"stop"}), "Stopped Design — Acme Co after 1:05:09.\n");
+    EXPECT_EQ(entry->end.get(), now_);
+    EXPECT_FALSE(timer_.running());
+}
+
+TEST_F(TimerCommands, StopWithinASecondKeepsNothing) {
+    timer_.start(design_);
+    EXPECT_EQ(output({"stop"}),
+              "Stopped Design — Acme Co. It ran for less than a second, so nothing was kept.\n");
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 0U);
+}
+
+TEST_F(TimerCommands, StopAtAnEarlierTime) {
+    timer_.start(design_);
+    const auto entry = timer_.running();
+    now_ += 3h;
+    output({"stop", "--at", "13:30"});
+    EXPECT_EQ(entry->end.get(), at("2026-03-31T13:30+02:00"));
+}
+
+TEST_F(TimerCommands, StopBeforeTheStartLeavesOneSecond) {
+    timer_.start(design_);
+    const auto entry = timer_.running();
+    output({"stop", "--at", "2026-03-01T10:00"});
+    EXPECT_EQ(entry->end.get(), now_ + 1s);
+}
+
+TEST_F(TimerCommands, StopInTheFutureIsRefused) {
+    timer_.start(design_);
+    expectRefusal({"stop", "--at", "12:01"}, 1,
+                  "The timer can't be stopped at a time in the future.");
+    EXPECT_TRUE(timer_.running());
+}
+
+TEST_F(TimerCommands, ContinueTakesUpWhatEndedLast) {
+    addEntry(design_, "2026-03-30T09:00+02:00", 60, "Logo");
+    EXPECT_EQ(output({"continue"}), "Tracking Design — Acme Co.\n");
+    EXPECT_EQ(timer_.running()->notes.get(), "Logo");
+    EXPECT_EQ(timer_.running()->start.get(), now_);
+}
+
+TEST_F(TimerCommands, ContinueWithNothingToContinueIsRefused) {
+    expectRefusal({"continue"}, 1, "There is no entry to continue.");
+    design_->isArchived = true;
+    addEntry(design_, "2026-03-30T09:00+02:00", 60);
+    expectRefusal({"continue"}, 1, "There is no entry to continue.");
+}
+
+// --- log ---------------------------------------------------------------------------------------
+
+TEST_F(TimerCommands, LogAddsAFinishedEntry) {
+    const auto entry =
+        json({"log", "design", "--from", "09:00", "--to", "10:30", "--notes", "Logo"});
+    EXPECT_THAT(keys(entry),
+                ElementsAre("id", "start", "end", "seconds", "project", "client", "notes"));
+    EXPECT_STREQ(entry["start"].GetString(), "2026-03-31T07:00:00Z");
+    EXPECT_EQ(entry["seconds"].GetInt(), 5400);
+    library_.reopen();
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
+}
+
+TEST_F(TimerCommands, LogSaysHowLong) {
+    EXPECT_EQ(output({"log", "Design", "--from", "09:00", "--to", "10:30"}),
+              "Logged 1:30 on Design — Acme Co.\n");
+}
+
+TEST_F(TimerCommands, LogFollowsTheRulesOfTheEntryForm) {
+    expectRefusal({"log", "Design", "--from", "10:00", "--to", "10:00"}, 1,
+                  "End must be after start.");
+    expectRefusal({"log", "Design", "--from", "12:01", "--to", "13:00"}, 1,
+                  "The start can't be in the future.");
+    output({"log", "Design", "--from", "12:00", "--to", "13:00"});  // it may end in the future
+}
+
+TEST_F(TimerCommands, LogIsNotForArchivedProjects) {
+    output({"project", "archive", "Design"});
+    expectRefusal({"log", "Design", "--from", "09:00", "--to", "10:00"}, 1,
+                  "“Design — Acme Co” is archived. Unarchive it to log time on it.");
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 0U);
+}
+
+}  // namespace
+}  // namespace elmworth

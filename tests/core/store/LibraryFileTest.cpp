@@ -1,0 +1,298 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/store/sqlite/LibraryFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <random>
+
+#include "core/store/ModelContainer.h"
+#include "platform/AtomicFile.h"
+#include "support/Instants.h"
+#include "support/RawDatabase.h"
+#include "support/Rows.h"
+#include "support/ScopedEnvironment.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+namespace fs = std::filesystem;
+using test::at;
+using test::RawDatabase;
+using test::TestLibrary;
+
+mode_t modeOf(const fs::path& file) {
+    struct stat status {};
+    EXPECT_EQ(::stat(file.c_str(), &status), 0) << file;
+    return status.st_mode & 0777U;
+}
+
+/// A folder in which a library may be, and what opening it says.
+class LibraryFile : public testing::Test {
+ protected:
+    [[nodiscard]] fs::path file() const { return folder.path() / "library.sqlite"; }
+
+    /// The message of the refusal; empty when the library opens.
+    [[nodiscard]] std::string open() {
+        try {
+            const ModelContainer container({file()}, runLoop);
+            return {};
+        } catch (const ModelContainerError& error) {
+            return error.what();
+        }
+    }
+    /// Makes a library that holds the client "Acme".
+    void makeLibrary() {
+        ModelContainer container({file()}, runLoop);
+        container.mainContext().insert(std::make_shared<Client>("Acme"));
+        container.mainContext().save();
+    }
+    void write(const std::string& bytes) const { std::ofstream(file(), std::ios::binary) << bytes; }
+
+    test::TemporaryFolder folder;
+    test::ManualRunLoop runLoop;
+};
+
+TEST_F(LibraryFile, isForTheUserAlone) {
+    const auto home = folder.path() / "data" / "Elmworth";
+    const ModelContainer container({home / "library.sqlite"}, runLoop);
+    EXPECT_EQ(modeOf(home), 0700U);
+    for (const auto& entry : fs::directory_iterator(home)) {
+        EXPECT_EQ(modeOf(entry.path()), 0600U) << entry.path();
+    }
+    EXPECT_TRUE(fs::exists(home / "library.sqlite-wal"));
+}
+
+TEST_F(LibraryFile, leavesNothingBesideItselfAndItsLog) {
+    makeLibrary();
+    auto names = folder.names();
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"library.sqlite", "library.sqlite-wal"}));
+}
+
+TEST_F(LibraryFile, isSoundAndCarriesItsVersion) {
+    makeLibrary();
+    RawDatabase raw(file());
+    EXPECT_TRUE(raw.faults().empty());
+    EXPECT_EQ(raw.rows("PRAGMA user_version"), std::vector<std::string>{"10000"});
+    EXPECT_EQ(raw.rows("PRAGMA journal_mode"), std::vector<std::string>{"wal"});
+}
+
+TEST_F(LibraryFile, isReadTogetherWithALeftOverLog) {
+    makeLibrary();
+    const auto copy = folder.path() / "copy" / "library.sqlite";
+    fs::create_directory(copy.parent_path());
+    {
+        ModelContainer container({file()}, runLoop);
+        container.mainContext().insert(std::make_shared<Client>("Globex"));
+        container.mainContext().save();
+        // As a crash would leave it: the log is not moved into the library.
+        fs::copy_file(file(), copy);
+        fs::copy_file(file() += "-wal", fs::path(copy) += "-wal");
+    }
+    ModelContainer container({copy}, runLoop);
+    EXPECT_EQ(container.mainContext().fetchCount<Client>(), 2U);
+}
+
+TEST_F(LibraryFile, ignoresTheTornEndOfALog) {
+    makeLibrary();
+    const auto log = file() += "-wal";
+    const auto wholeSize = fs::file_size(log);
+    {
+        ModelContainer container({file()}, runLoop);
+        container.mainContext().insert(std::make_shared<Client>("Globex"));
+        container.mainContext().save();
+    }
+    ASSERT_GT(fs::file_size(log), wholeSize);
+    fs::resize_file(log, fs::file_size(log) - 100);
+    ModelContainer container({file()}, runLoop);
+    ASSERT_EQ(container.mainContext().fetchCount<Client>(), 1U);
+    EXPECT_EQ(container.mainContext().fetch<Client>().at(0)->name.get(), "Acme");
+}
+
+TEST_F(LibraryFile, doesNotTakeTheLogOfOneThatWasMovedAway) {
+    makeLibrary();
+    fs::rename(file(), folder.path() / "moved.sqlite");
+    const auto log = readFile(file() += "-wal");
+    ModelContainer container({file()}, runLoop);
+    EXPECT_EQ(container.mainContext().fetchCount<Client>(), 0U);
+    EXPECT_EQ(readFile(file() += "-wal.orphaned"), log);
+}
+
+TEST_F(LibraryFile, isMadeAgainAfterACreationThatWasCutShort) {
+    // What a process leaves that is killed before the new library got its name.
+    std::ofstream(folder.path() / ".elmworth-a1b2c3") << "SQLite format 3";
+    std::ofstream(folder.path() / ".elmworth-a1b2c3-journal") << "half";
+    makeLibrary();
+    EXPECT_EQ(open(), "");
+    EXPECT_TRUE(RawDatabase(file()).faults().empty());
+}
+
+TEST_F(LibraryFile, isLockedForOthersWhileItIsOpen) {
+    makeLibrary();
+    const ModelContainer container({file()}, runLoop);
+    EXPECT_EQ(RawDatabase(file()).run("SELECT count(*) FROM Client"), SQLITE_BUSY);
+}
+
+TEST_F(LibraryFile, cannotBeMadeInAFolderThatIsAFile) {
+    std::ofstream(folder.path() / "file") << "text";
+    try {
+        const ModelContainer container({folder.path() / "file" / "library.sqlite"}, runLoop);
+        FAIL();
+    } catch (const ModelContainerError& error) {
+        EXPECT_EQ(std::string(error.what()).find("Could not create ModelContainer: "), 0U);
+    }
+}
+
+// --- files that are refused ----------------------------------------------------------------------
+
+std::string libraryOfVersion(std::uint8_t patch) {
+    test::TemporaryFolder folder;
+    test::ManualRunLoop runLoop;
+    const auto file = folder.path() / "library.sqlite";
+    { const ModelContainer container({file}, runLoop); }
+    auto bytes = readFile(file);
+    bytes[63] = static_cast<char>(0x10 + patch);  // the last byte of user_version, 10000 = 0x2710
+    return bytes;
+}
+
+std::string otherDatabase() {
+    test::TemporaryFolder folder;
+    RawDatabase(folder.path() / "other")
+        .run("CREATE TABLE Client(name); INSERT INTO Client VALUES(1)");
+    return readFile(folder.path() / "other");
+}
+
+struct Refusal {
+    const char* name;
+    std::string (*content)();
+    const char* reason;
+};
+class RefusedFile : public LibraryFile, public testing::WithParamInterface<Refusal> {};
+
+TEST_P(RefusedFile, isLeftAsItWasAndNamedInOneSentence) {
+    const auto bytes = GetParam().content();
+    write(bytes);
+    const auto message = open();
+    EXPECT_EQ(message, "Could not create ModelContainer: The " +
+                           std::string(GetParam().name == std::string("newerVersion") ? "library "
+                                                                                      : "file ") +
+                           file().string() + GetParam().reason);
+    EXPECT_EQ(readFile(file()), bytes);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"library.sqlite"});
+}
+
+constexpr const char* foreign =
+    " is not an Elmworth library; move it away to start with an empty one.";
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, RefusedFile,
+    testing::Values(
+        Refusal{"emptyFile", [] { return std::string(); }, foreign},
+        Refusal{"textFile", [] { return std::string("Dear diary,\n").append(5000, '.'); }, foreign},
+        Refusal{"shortHeader", [] { return std::string("SQLite format 3\0", 16); }, foreign},
+        Refusal{"otherDatabase", &otherDatabase, foreign},
+        Refusal{"newerVersion", [] { return libraryOfVersion(1); },
+                " has version 1.0.1, which needs a newer Elmworth than this one."}),
+    test::rowName);
+
+TEST_F(LibraryFile, thatIsAFolderIsRefused) {
+    fs::create_directory(file());
+    EXPECT_NE(open(), "");
+    EXPECT_TRUE(fs::is_directory(file()));
+}
+
+// --- damaged libraries ---------------------------------------------------------------------------
+
+/// Reads all that a library holds and tries to write; it may fail, but only with a store error.
+void useAll(const fs::path& file, RunLoop& runLoop) {
+    try {
+        ModelContainer container({file}, runLoop);
+        auto& context = container.mainContext();
+        for (const auto& entry : context.fetchQuietly<TimeEntry>())
+            (void)entry->effectiveRateCents();
+        for (const auto& client : context.fetchQuietly<Client>()) (void)client->projects();
+        (void)context.fetchQuietly<Invoice>();
+        context.insert(std::make_shared<Client>("New"));
+        context.save();
+    } catch (const StoreError&) {
+    } catch (const ModelContainerError&) {
+    }
+}
+
+class DamagedLibrary : public LibraryFile {
+ protected:
+    DamagedLibrary() {
+        {
+            TestLibrary library;
+            for (int i = 0; i < 30; ++i) {
+                const auto project = library.addProject("Website", library.addClient("Acme"));
+                for (int hour = 0; hour < 20; ++hour) {
+                    library.addEntry(project, at("2026-03-01T00:00Z") + std::chrono::hours(hour),
+                                     at("2026-03-02T00:00Z"));
+                }
+            }
+            library.context().save();
+            library.close();
+            RawDatabase(library.file()).run("PRAGMA wal_checkpoint(TRUNCATE)");
+            whole = readFile(library.file());
+        }
+    }
+    std::string whole;
+};
+
+TEST_F(DamagedLibrary, thatIsTruncatedNeverCrashes) {
+    for (std::size_t size = 0; size < whole.size(); size += 1777) {
+        fs::remove(file() += "-wal");
+        write(whole.substr(0, size));
+        useAll(file(), runLoop);
+    }
+}
+
+TEST_F(DamagedLibrary, withRandomBytesNeverCrashes) {
+    std::mt19937 random(20260302);
+    std::uniform_int_distribution<std::size_t> place(100, whole.size() - 1);
+    for (int round = 0; round < 100; ++round) {
+        auto bytes = whole;
+        for (int i = 0; i < 200; ++i) bytes[place(random)] = static_cast<char>(random());
+        fs::remove(file() += "-wal");
+        write(bytes);
+        useAll(file(), runLoop);
+    }
+}
+
+TEST_F(DamagedLibrary, isAnErrorAndNotAnEmptyAnswer) {
+    write(whole.substr(0, 8192));
+    try {
+        ModelContainer container({file()}, runLoop);
+        (void)container.mainContext().fetch<TimeEntry>();
+        FAIL() << "most of the library is missing";
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), StoreError::Code::corrupt);
+    } catch (const ModelContainerError&) {
+    }
+}
+
+// --- where the user's library is -----------------------------------------------------------------
+
+TEST(ModelConfiguration, isTheLibraryInTheUsersFolder) {
+    const test::ScopedEnvironment data("XDG_DATA_HOME", "/home/ada/data");
+    const test::ScopedEnvironment hosted("XCTestConfigurationFilePath", std::nullopt);
+    EXPECT_EQ(ModelConfiguration::standard(false).url, "/home/ada/data/Elmworth/library.sqlite");
+}
+
+TEST(ModelConfiguration, isInMemoryForADemo) {
+    EXPECT_FALSE(ModelConfiguration::standard(true).url);
+}
+
+TEST(ModelConfiguration, isInMemoryForAHostedRunWhateverTheVariableHolds) {
+    const test::ScopedEnvironment hosted("XCTestConfigurationFilePath", "");
+    EXPECT_FALSE(ModelConfiguration::standard(false).url);
+}
+
+}  // namespace
+}  // namespace elmworth

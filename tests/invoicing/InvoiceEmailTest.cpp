@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "invoicing/InvoiceEmail.h"
+
+#include <gtest/gtest.h>
+
+#include "support/BilledMarch.h"
+#include "support/Golden.h"
+
+namespace elmworth {
+namespace {
+
+InvoiceRenderModel plainModel() {
+    InvoiceRenderModel model;
+    model.number = "INV-2026-014";
+    model.total = "$1,187.50";
+    model.dueDate = "Apr 15, 2026";
+    return model;
+}
+
+TEST(InvoiceEmail, SaysNumberTotalDueDateAndHowToPay) {
+    const test::BilledMarch march;
+    const auto model =
+        makeInvoiceRenderModel(*march.invoice, march.profile, Locale("en_US"), nullptr);
+    test::expectGolden(emailText(model, "Northwind Traders"), "invoicing/Email.en_US.txt");
+}
+
+TEST(InvoiceEmail, LeavesOutWhatIsEmpty) {
+    EXPECT_EQ(emailText(plainModel(), ""),
+              "Hi there,\n"
+              "\n"
+              "Please find attached invoice INV-2026-014 for $1,187.50, due Apr 15, 2026.\n"
+              "\n"
+              "Thank you!");
+}
+
+TEST(InvoiceEmail, ClosesWithTheNameOfTheBusiness) {
+    auto model = plainModel();
+    model.business.name = "Ada";
+    const std::string text = emailText(model, "Jo");
+    EXPECT_EQ(text.substr(0, 7), "Hi Jo,\n");
+    EXPECT_EQ(text.substr(text.size() - 15), "\nThank you!\nAda");
+}
+
+TEST(InvoiceEmail, TakesThePaymentInstructionsAsTheyStand) {
+    auto model = plainModel();
+    model.paymentInstructions = " Bank A\nBank B ";
+    EXPECT_NE(
+        emailText(model, "Jo").find("2026.\n\nPayment details:\n Bank A\nBank B \n\nThank you!"),
+        std::string::npos);
+}
+
+}  // namespace
+}  // namespace elmworth

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/PowerEvents.h"
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth::test {
+
+/// A machine that sleeps and wakes when a test says so.
+class ManualPowerEvents final : public PowerEvents {
+ public:
+    Observation onWillSleep(std::function<void()> handler) override {
+        return keep(willSleep_, std::move(handler));
+    }
+    Observation onDidWake(std::function<void()> handler) override {
+        return keep(didWake_, std::move(handler));
+    }
+    void sleep() { callAll(willSleep_); }
+    void wake() { callAll(didWake_); }
+    /// How many handlers are told of a wake.
+    [[nodiscard]] std::size_t observerCount() const { return didWake_.size(); }
+
+ private:
+    using Handlers = std::vector<std::weak_ptr<std::function<void()>>>;
+
+    static Observation keep(Handlers& handlers, std::function<void()> handler) {
+        auto kept = std::make_shared<std::function<void()>>(std::move(handler));
+        handlers.push_back(kept);
+        return kept;
+    }
+    static void callAll(const Handlers& handlers) {
+        for (const auto& weak : handlers) {
+            if (const auto handler = weak.lock()) (*handler)();
+        }
+    }
+
+    Handlers willSleep_;
+    Handlers didWake_;
+};
+
+/// A timer over a library on disk, with a clock that stands still until it is set. It is Monday,
+/// 2026-03-02, 09:00 in UTC.
+class TestTimer {
+ public:
+    TestTimer() { makeService(); }
+    /// Over a library whose file is there already, with these bytes.
+    explicit TestTimer(std::string_view bytes) : library(bytes) { makeService(); }
+
+    /// Quits and starts again, as far as the timer is concerned.
+    void restart() {
+        service.reset();
+        library.reopen();
+        makeService();
+        service->restore();
+    }
+    /// Sets the clock to an instant, "2026-03-02T10:00Z".
+    void setClock(const std::string& text) { now = at(text); }
+    /// Sets the clock to a time of the day on which the test begins, "10:00" or "10:00:59".
+    void setTime(const std::string& time) { now = today(time); }
+    [[nodiscard]] static Instant today(const std::string& time) {
+        return at("2026-03-02T" + time + "Z");
+    }
+    void sleep(const std::string& from, const std::string& to) {
+        setTime(from);
+        power.sleep();
+        setTime(to);
+        power.wake();
+    }
+
+    /// All entries as "09:00:00-10:00:00", or "09:00:00-" for a running one, by start.
+    [[nodiscard]] std::vector<std::string> spans() {
+        std::vector<std::string> texts;
+        for (const auto& entry : library.context().fetch(
+                 FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
+            texts.push_back(timeText(entry->start) + '-' +
+                            (entry->end.get() ? timeText(*entry->end.get()) : ""));
+        }
+        return texts;
+    }
+
+    TestLibrary library;
+    ManualPowerEvents power;
+    Instant now = today("09:00");
+    Calendar calendar{Locale("en_US"), "UTC"};
+    std::unique_ptr<TimerService> service;
+
+ private:
+    static std::string timeText(Instant instant) { return iso(instant).substr(11, 8); }
+    void makeService() {
+        service = std::make_unique<TimerService>(
+            library.context(), [this] { return now; }, library.runLoop,
+            [this] { return calendar; });
+        service->installSleepObservers(power);
+    }
+};
+
+}  // namespace elmworth::test
