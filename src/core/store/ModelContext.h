@@ -90,6 +90,15 @@ class ModelContext {
         return countRecords(T::schema(), node(descriptor));
     }
 
+    /// Calls `handler` with each record of type `T` that meets `predicate`, in no particular order
+    /// and without making an object for each: one that nobody has is lent for the call alone. For
+    /// sums over many records. `handler` may follow relationships, but fetches and changes nothing.
+    template <class T>
+    void forEach(const Predicate<T>& predicate, const std::function<void(const T&)>& handler) {
+        streamRecords(T::schema(), predicate.node().get(),
+                      [&](const Record& record) { handler(static_cast<const T&>(record)); });
+    }
+
     /// The record of an identity, or null when the library has none or it is deleted.
     template <class T>
     [[nodiscard]] Ref<T> record(const PersistentID& id) {
@@ -125,6 +134,8 @@ class ModelContext {
     void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
                       std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                       const RecordHandler& handler);
+    void streamRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                       const std::function<void(const Record&)>& handler);
     [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
                                            const PredicateNode* predicate);
     [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;
