@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "app/LibraryServices.h"
+#include "app/WorkingFolder.h"
 #include "app/SiblingProgram.h"
 #include "core/Logo.h"
 #include "platform/LibraryLock.h"
@@ -38,14 +39,9 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
     try {
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
-        CommandEnvironment environment{services.context(),
-                                       services.timer(),
-                                       services.profiles(),
-                                       services.clock(),
-                                       Locale::current(),
-                                       Calendar::current(),
-                                       std::filesystem::current_path(),
-                                       painter};
+        CommandEnvironment environment{
+            services.context(), services.timer(),    services.profiles(), services.clock(),
+            Locale::current(),  Calendar::current(), workingFolder(),     painter};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());
@@ -99,9 +95,10 @@ int finishTerminalCommand(const CommandLine& commandLine, const std::vector<std:
 }
 
 int printResult(const CommandResult& result) {
-    std::fwrite(result.output.data(), 1, result.output.size(), stdout);
+    const auto& output = result.output;
+    const bool written = std::fwrite(output.data(), 1, output.size(), stdout) == output.size();
     std::fwrite(result.errors.data(), 1, result.errors.size(), stderr);
-    if (std::fflush(stdout) != 0 && result.exitStatus == 0) {
+    if ((!written || std::fflush(stdout) != 0) && result.exitStatus == 0) {
         std::fputs("The result could not be written to standard output.\n", stderr);
         return 1;
     }

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "app/StandardStreams.h"
 #include "app/SiblingProgram.h"
 #include "app/TerminalCommand.h"
 
@@ -37,6 +38,7 @@ int startApplication(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    elmworth::reserveStandardStreams();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto commandLine = elmworth::parseCommandLine(arguments);
     if (commandLine.answer) return elmworth::printResult(*commandLine.answer);
