@@ -11,7 +11,9 @@
 namespace elmworth {
 
 ModelContext::ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop)
-    : store_(std::move(store)), runLoop_(runLoop), observers_(runLoop) {}
+    : store_(std::move(store)), runLoop_(runLoop), observers_(runLoop) {
+    upkeep_ = runLoop_.post([this] { store_->prepareLog(); });
+}
 
 ModelContext::~ModelContext() {
     for (auto& [id, weak] : identities_) {

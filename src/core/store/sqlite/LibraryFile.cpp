@@ -156,4 +156,10 @@ void moveLogIntoLibrary(Database& database) {
     beginLog(database);
 }
 
+void syncLog(const Database& database) noexcept {
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    if (log && log->pMethods) log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
+}
+
 }  // namespace elmworth::sqlite

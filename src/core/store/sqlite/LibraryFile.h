@@ -10,8 +10,9 @@
 namespace elmworth::sqlite {
 
 /// Opens the library file `file` for the only process that uses it, making a new one where there is
-/// none: folder 0700, file 0600, write-ahead log, every commit durable by exactly one sync. A file
-/// that is no library, or of a newer version, is refused without being opened. Throws StoreError or
+/// none: folder 0700, file 0600, write-ahead log, every commit durable by exactly one sync, the
+/// first one by another of the folder unless `syncLog` came before. A file that is no library, or
+/// of a newer version, is refused without being opened. Throws StoreError or
 /// std::filesystem::filesystem_error.
 [[nodiscard]] Database openLibraryFile(const std::filesystem::path& file);
 
@@ -21,5 +22,9 @@ namespace elmworth::sqlite {
 /// Moves the write-ahead log into the library file and begins a new one, so that the next opening
 /// stays quick. Throws StoreError; what is not moved stays in the log.
 void moveLogIntoLibrary(Database& database);
+
+/// Syncs the log. The first sync that a connection makes takes in the library's folder too, and
+/// whoever has the time spares the first save that. A failure is left to that save.
+void syncLog(const Database& database) noexcept;
 
 }  // namespace elmworth::sqlite

@@ -43,6 +43,10 @@ void RecordStore::tidyLog() noexcept {
     }
 }
 
+void RecordStore::prepareLog() noexcept {
+    syncLog(database_);
+}
+
 Statement& RecordStore::prepared(const std::string& sql) {
     const auto found = statements_.find(sql);
     if (found != statements_.end()) return found->second;

@@ -66,6 +66,8 @@ class RecordStore {
     [[nodiscard]] bool hasLongLog() const noexcept { return logPages_ >= 256; }
     /// Moves the log into the library file. What cannot be moved stays in the log.
     void tidyLog() noexcept;
+    /// Makes the first save as quick as those after it.
+    void prepareLog() noexcept;
 
     [[nodiscard]] Database& database() noexcept { return database_; }
 
