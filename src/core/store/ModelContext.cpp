@@ -4,6 +4,7 @@
 #include "core/store/ModelContext.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/store/RecordOrder.h"
 #include "core/store/sqlite/RecordStore.h"
@@ -268,18 +269,45 @@ void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode*
     for (auto& record : records) handler(std::move(record));
 }
 
-void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
-                                  const PredicateNode* predicate, std::span<const SortKey> sortBy) {
-    const auto stored = static_cast<std::ptrdiff_t>(records.size());
+std::vector<Ref<Record>> ModelContext::unsavedMatches(const RecordSchema& schema,
+                                                      const PredicateNode* predicate,
+                                                      const RecordOrder& order) {
+    std::vector<Ref<Record>> records;
     for (const auto& [id, record] : pending(schema)) {
         if (record->isDeleted()) continue;
         if (!predicate || predicate->matches(schema, *record)) records.push_back(record);
     }
-    const auto precedes = [order = RecordOrder(schema, sortBy)](const auto& a, const auto& b) {
-        return order.precedes(*a, *b);
-    };
-    std::sort(records.begin() + stored, records.end(), precedes);
-    std::inplace_merge(records.begin(), records.begin() + stored, records.end(), precedes);
+    std::sort(records.begin(), records.end(),
+              [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
+    return records;
+}
+
+void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
+                                  const PredicateNode* predicate, std::span<const SortKey> sortBy) {
+    const RecordOrder order(schema, sortBy);
+    const auto stored = static_cast<std::ptrdiff_t>(records.size());
+    auto unsaved = unsavedMatches(schema, predicate, order);
+    std::move(unsaved.begin(), unsaved.end(), std::back_inserter(records));
+    std::inplace_merge(records.begin(), records.begin() + stored, records.end(),
+                       [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
+}
+
+void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                                std::span<const SortKey> sortBy,
+                                const std::function<void(const Record&)>& visit) {
+    const RecordOrder order(schema, sortBy);
+    const auto unsaved = unsavedMatches(schema, predicate, order);
+    const auto& changed = pending(schema);
+    auto next = unsaved.begin();
+    const auto scratch = schema.make(PersistentID{});
+    store_->select(schema, predicate, sortBy, std::nullopt, [&](const sqlite::Row& row) {
+        scratch->id_ = row.id();
+        if (changed.contains(scratch->id_)) return;  // stands among the unsaved ones, or is deleted
+        row.readInto(*scratch, schema);
+        while (next != unsaved.end() && order.precedes(**next, *scratch)) visit(**next++);
+        visit(*scratch);
+    });
+    while (next != unsaved.end()) visit(**next++);
 }
 
 std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {

@@ -16,6 +16,7 @@
 #include "core/store/ChangeObservers.h"
 #include "core/store/FetchDescriptor.h"
 #include "core/store/Record.h"
+#include "core/store/RecordOrder.h"
 #include "core/store/StoreError.h"
 #include "platform/RunLoop.h"
 
@@ -84,6 +85,16 @@ class ModelContext {
         }
     }
 
+    /// Hands out what `fetch` would give, one after another and in its order, without keeping
+    /// objects: work on the whole library costs the memory of one record. The object that `visit`
+    /// gets is good for the call only, and its relationships tell identities (`id()`) but not
+    /// records. `visit` must not change records.
+    template <class T>
+    void forEach(const FetchDescriptor<T>& descriptor, const std::function<void(const T&)>& visit) {
+        visitRecords(T::schema(), node(descriptor), descriptor.sortBy,
+                     [&](const Record& record) { visit(static_cast<const T&>(record)); });
+    }
+
     /// How many records `fetch` would give without a limit.
     template <class T>
     [[nodiscard]] std::size_t fetchCount(const FetchDescriptor<T>& descriptor = {}) {
@@ -125,6 +136,12 @@ class ModelContext {
     void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
                       std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                       const RecordHandler& handler);
+    void visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                      std::span<const SortKey> sortBy,
+                      const std::function<void(const Record&)>& visit);
+    [[nodiscard]] std::vector<Ref<Record>> unsavedMatches(const RecordSchema& schema,
+                                                          const PredicateNode* predicate,
+                                                          const RecordOrder& order);
     [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
                                            const PredicateNode* predicate);
     [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;
