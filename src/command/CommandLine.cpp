@@ -135,6 +135,9 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
 CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& environment) {
     CommandResult result;
     try {
+        // A command that fails rolls back, which must not reach what waits from an earlier failed
+        // save: the running timer may be among it.
+        if (environment.context.hasChanges()) environment.context.save();
         commandLine.action(environment, result.output);
         return result;
     } catch (const CommandError& error) {

@@ -5,13 +5,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidjson/document.h>
 
 #include <string>
 #include <vector>
 
 #include "command/CommandLine.h"
-#include "platform/AtomicFile.h"
+#include "command/JSONKeys.h"
+#include "command/TextPainter.h"
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TestLibrary.h"
@@ -19,23 +19,6 @@
 namespace elmworth::test {
 
 using Arguments = std::vector<std::string>;
-
-/// The keys of a JSON object, in their order.
-inline std::vector<std::string> keys(const rapidjson::Value& object) {
-    std::vector<std::string> names;
-    for (const auto& member : object.GetObject()) names.emplace_back(member.name.GetString());
-    return names;
-}
-
-/// Draws nothing: the file holds the number of the invoice and the paper.
-class TextPainter final : public InvoicePainter {
- public:
-    LogoImage loadLogo() override { return nullptr; }
-    void render(const InvoiceRenderModel& model, PaperSize paper,
-                const std::filesystem::path& file) override {
-        writeAtomically(file, model.number + " " + std::string(rawValue(paper)));
-    }
-};
 
 /// Commands on a library in Berlin, at noon on the last of March 2026, without a process. Two
 /// clients have a project called "Website"; "Acme Co" has one called "Design" as well.

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gtest/gtest.h>
+
+#include "invoicing/InvoiceBuilder.h"
+#include "support/RawDatabase.h"
+#include "support/StatementTrace.h"
+#include "support/TestTimer.h"
+#include "tracking/ClientDeletion.h"
+#include "tracking/ProjectDeletion.h"
+
+namespace elmworth {
+namespace {
+
+using test::RawDatabase;
+using test::StatementTrace;
+using test::TestTimer;
+using Plan = std::vector<std::string>;
+
+/// A library with some of everything.
+struct Library {
+    Library() {
+        auto& library = timer.library;
+        client = library.addClient("Acme");
+        project = library.addProject("Website", client);
+        invoice = library.addInvoice("1", client);
+        entry = library.addEntry(project, TestTimer::today("07:00"), TestTimer::today("08:00"));
+        entry->invoice = invoice;
+        library.addEntry(project, TestTimer::today("08:00"), std::nullopt);
+        library.context().save();
+    }
+
+    const StatementTrace trace;
+    TestTimer timer;
+    Ref<Client> client;
+    Ref<Project> project;
+    Ref<Invoice> invoice;
+    Ref<TimeEntry> entry;
+};
+
+struct Question {
+    const char* name;
+    void (*ask)(Library&);
+    Plan plan;
+};
+
+const Question questions[] = {
+    {"theOpenEntriesAtTheStart",
+     [](Library& library) { library.timer.service->restore(); },
+     {"SCAN TimeEntry USING INDEX TimeEntryRunning"}},
+    {"theRecentProjects",
+     [](Library& library) { (void)library.timer.service->recentProjects(1); },
+     {"SCAN TimeEntry USING INDEX TimeEntryByStart"}},
+    {"theEntryToContinue",
+     [](Library& library) { (void)library.timer.service->lastContinuableEntry(); },
+     {"SEARCH TimeEntry USING INDEX TimeEntryByEnd (end>?)"}},
+    {"theTotals",
+     [](Library& library) { (void)library.timer.service->todaySeconds(); },
+     {"MULTI-INDEX OR", "INDEX 1",
+      "SEARCH TimeEntry USING INDEX TimeEntryByStart (start>? AND start<?)", "INDEX 2",
+      "SEARCH TimeEntry USING INDEX TimeEntryRunning (start<?)"}},
+    {"theUnbilledEntries",
+     [](Library& library) {
+         const InvoiceBuilder builder{library.timer.library.context(), currentInstant,
+                                      library.timer.calendar};
+         (void)builder.unbilledEntries(library.client, TestTimer::today("00:00"),
+                                       TestTimer::today("23:00"));
+     },
+     {"SEARCH TimeEntry USING INDEX TimeEntryUnbilled (start>? AND start<?)"}},
+    {"theUseOfANumber",
+     [](Library& library) {
+         (void)library.timer.library.context().fetchCount(
+             FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == std::string("1")});
+     },
+     {"SEARCH Invoice USING COVERING INDEX sqlite_autoindex_Invoice_2 (number=?)"}},
+    {"theEntriesOfAnInvoice",
+     [](Library& library) { (void)library.invoice->entries(); },
+     {"SEARCH TimeEntry USING INDEX TimeEntryByInvoice (invoice=?)"}},
+    {"theEntriesOfAProject",
+     [](Library& library) { (void)library.project->entries(); },
+     {"SEARCH TimeEntry USING INDEX TimeEntryByProject (project=?)"}},
+    {"theProjectsOfAClient",
+     [](Library& library) { (void)library.client->projects(); },
+     {"SEARCH Project USING INDEX ProjectByClient (client=?)"}},
+    {"theInvoicesOfAClient",
+     [](Library& library) { (void)library.client->invoices(); },
+     {"SEARCH Invoice USING INDEX InvoiceByClient (client=?)"}},
+};
+
+class QueryPlan : public testing::TestWithParam<Question> {};
+
+TEST_P(QueryPlan, usesAnIndexAndSortsNothing) {
+    Library library;
+    (void)StatementTrace::take();
+    GetParam().ask(library);
+    const auto statements = StatementTrace::take();
+    ASSERT_FALSE(statements.empty());
+    library.timer.service.reset();
+    library.timer.library.close();
+
+    RawDatabase raw(library.timer.library.file());
+    Plan plan;
+    for (const auto& row : raw.rows("EXPLAIN QUERY PLAN " + statements.front()))
+        plan.push_back(row.substr(row.rfind('|') + 1));
+    EXPECT_EQ(plan, GetParam().plan) << statements.front();
+}
+
+INSTANTIATE_TEST_SUITE_P(Questions, QueryPlan, testing::ValuesIn(questions),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace
+}  // namespace elmworth
