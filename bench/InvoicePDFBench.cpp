@@ -3,20 +3,21 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QSizeF>
 
 #include "invoicing/InvoicePDFRenderer.h"
 #include "invoicing/InvoicePageView.h"
 #include "invoicing/InvoicePages.h"
+#include "platform/AtomicFile.h"
 #include "support/Invoices.h"
 #include "support/TemporaryFolder.h"
 
+namespace elmworth::bench {
 namespace {
-
-using namespace elmworth;
 
 /// Writing the file of an invoice with so many rows, with all that makes it durable.
 void renderPDF(benchmark::State& state) {
@@ -26,7 +27,29 @@ void renderPDF(benchmark::State& state) {
     InvoicePDFRenderer::render(model, PaperSize::letter, file);
     for (auto _ : state) InvoicePDFRenderer::render(model, PaperSize::letter, file);
 }
-BENCHMARK(renderPDF)->Arg(3)->Arg(12)->Arg(56)->Arg(500)->Unit(benchmark::kMillisecond);
+BENCHMARK(renderPDF)
+    ->Name("pdf")
+    ->Arg(3)
+    ->Arg(12)
+    ->Arg(56)
+    ->Arg(500)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+/// A page with nothing on it, as durable.
+void renderEmptyPage(benchmark::State& state) {
+    const test::TemporaryFolder folder;
+    for (auto _ : state) {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        QPainter(&writer).end();
+        writeAtomically(folder.path() / "empty.pdf",
+                        {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    }
+}
+BENCHMARK(renderEmptyPage)->Name("limit/pdf")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// One page as the preview shows it.
 void paintPreview(benchmark::State& state) {
@@ -39,21 +62,14 @@ void paintPreview(benchmark::State& state) {
         InvoicePageView(all.front(), model, PaperSize::letter).paint(painter);
     }
 }
-BENCHMARK(paintPreview)->Unit(benchmark::kMillisecond);
+BENCHMARK(paintPreview)->Name("preview")->Unit(benchmark::kMillisecond);
 
 /// The pages of an invoice without drawing them.
 void dealOutPages(benchmark::State& state) {
     const auto model = test::plainInvoice(static_cast<int>(state.range(0)));
     for (auto _ : state) benchmark::DoNotOptimize(pages(model));
 }
-BENCHMARK(dealOutPages)->Arg(12)->Arg(500)->Unit(benchmark::kMicrosecond);
+BENCHMARK(dealOutPages)->Name("pages")->Arg(12)->Arg(500)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+}  // namespace elmworth::bench

@@ -7,9 +7,9 @@
 #include <QDBusMessage>
 #include <QStringList>
 #include <QVariantMap>
-#include <filesystem>
 #include <limits>
 
+#include "app/WorkingFolder.h"
 #include "platform/Calendar.h"
 
 namespace elmworth {
@@ -37,7 +37,7 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) 
     if (!QDBusConnection::sessionBus().isConnected()) return std::nullopt;
     QStringList list;
     for (const auto& argument : arguments) list << text(argument);
-    const QVariantList message{list, text(std::filesystem::current_path().string()),
+    const QVariantList message{list, text(workingFolder().string()),
                                text(Locale::current().identifier()),
                                text(Calendar::current().zoneID())};
     const auto reply = call(bus::commandInterface, "Run", message, std::numeric_limits<int>::max());

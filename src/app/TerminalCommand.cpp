@@ -8,9 +8,11 @@
 #include <filesystem>
 #include <system_error>
 #include <thread>
+#include <utility>
 
-#include "app/CommandHandOff.h"
 #include "app/LibraryServices.h"
+#include "app/WorkingFolder.h"
+#include "app/SiblingProgram.h"
 #include "core/Logo.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"
@@ -37,31 +39,30 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
     try {
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
-        CommandEnvironment environment{services.context(),
-                                       services.timer(),
-                                       services.profiles(),
-                                       services.clock(),
-                                       Locale::current(),
-                                       Calendar::current(),
-                                       std::filesystem::current_path(),
-                                       painter};
+        CommandEnvironment environment{
+            services.context(), services.timer(),    services.profiles(), services.clock(),
+            Locale::current(),  Calendar::current(), workingFolder(),     painter};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());
     }
 }
 
-std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
-                                          const std::vector<std::string>& arguments,
-                                          InvoicePainter* painter) {
+using Outcome = std::variant<CommandResult, LackingMeans>;
+
+Outcome runWithLibrary(const CommandLine& commandLine, InvoicePainter* painter) {
+    if (!painter && needsPainter(commandLine)) return LackingMeans::painter;
+    return runOnOwnLibrary(commandLine, painter);
+}
+
+Outcome runUnderLock(const CommandLine& commandLine, const std::vector<std::string>& arguments,
+                     const TerminalMeans& means) {
     LibraryLock lock(applicationSupportFolder());
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (true) {
-        if (lock.tryAcquire()) {
-            if (!painter && needsPainter(commandLine)) return std::nullopt;
-            return runOnOwnLibrary(commandLine, painter);
-        }
-        if (auto result = handOff(arguments)) return result;
+        if (lock.tryAcquire()) return runWithLibrary(commandLine, means.painter);
+        if (!means.handOff) return LackingMeans::handOff;
+        if (auto result = means.handOff(arguments)) return *std::move(result);
         if (std::chrono::steady_clock::now() >= deadline) return failedCommand(libraryInUse);
         std::this_thread::sleep_for(betweenTries);
     }
@@ -69,25 +70,35 @@ std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
 
 }  // namespace
 
-std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
-                                                const std::vector<std::string>& arguments,
-                                                InvoicePainter* painter) {
+std::variant<CommandResult, LackingMeans> runTerminalCommand(
+    const CommandLine& commandLine, const std::vector<std::string>& arguments,
+    const TerminalMeans& means) {
     try {
-        if (commandLine.isDemo || isHostedRun()) {
-            if (!painter && needsPainter(commandLine)) return std::nullopt;
-            return runOnOwnLibrary(commandLine, painter);
-        }
-        return runUnderLock(commandLine, arguments, painter);
+        if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, means.painter);
+        return runUnderLock(commandLine, arguments, means);
     } catch (const std::filesystem::filesystem_error& error) {
         return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
                              error.code().message());
     }
 }
 
+int finishTerminalCommand(const CommandLine& commandLine, const std::vector<std::string>& arguments,
+                          const TerminalMeans& means) {
+    const auto outcome = runTerminalCommand(commandLine, arguments, means);
+    if (const auto* result = std::get_if<CommandResult>(&outcome)) return printResult(*result);
+    if (std::get<LackingMeans>(outcome) == LackingMeans::handOff) {
+        return becomeSibling("elmworth-handoff", arguments);
+    }
+    std::vector<std::string> handedOn{"--command"};
+    handedOn.insert(handedOn.end(), arguments.begin(), arguments.end());
+    return becomeSibling("elmworth-app", handedOn);
+}
+
 int printResult(const CommandResult& result) {
-    std::fwrite(result.output.data(), 1, result.output.size(), stdout);
+    const auto& output = result.output;
+    const bool written = std::fwrite(output.data(), 1, output.size(), stdout) == output.size();
     std::fwrite(result.errors.data(), 1, result.errors.size(), stderr);
-    if (std::fflush(stdout) != 0 && result.exitStatus == 0) {
+    if ((!written || std::fflush(stdout) != 0) && result.exitStatus == 0) {
         std::fputs("The result could not be written to standard output.\n", stderr);
         return 1;
     }

@@ -15,7 +15,9 @@
 #include <vector>
 
 #include "app/CommandHandOff.h"
+#include "app/Display.h"
 #include "app/ElmworthApp.h"
+#include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"
@@ -34,7 +36,7 @@ void describeApplication() {
 int runCommandWithPainter(int argc, char** argv, std::vector<std::string> arguments) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Standard error is for the command's own sentences, not for Qt's remarks on the surroundings.
-    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     const QGuiApplication application(argc, argv);
     describeApplication();
     arguments.erase(arguments.begin());
@@ -42,7 +44,7 @@ int runCommandWithPainter(int argc, char** argv, std::vector<std::string> argume
     if (commandLine.answer) return printResult(*commandLine.answer);
     if (!commandLine.action) return printResult(failedCommand("There is no command to carry out."));
     QtInvoicePainter painter;
-    return printResult(*runTerminalCommand(commandLine, arguments, &painter));
+    return finishTerminalCommand(commandLine, arguments, {&painter, &handOff});
 }
 
 /// Waits for a command that has the library; an application that has it comes to the front instead.
@@ -59,7 +61,7 @@ Start takeLibrary(LibraryLock& lock) {
 
 int runApplication(int argc, char** argv, bool isDemo) {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const QGuiApplication application(argc, argv);
+    const auto application = openDisplay(argc, argv);
     describeApplication();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     LibraryLock lock(applicationSupportFolder());
@@ -78,6 +80,7 @@ int runApplication(int argc, char** argv, bool isDemo) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    reserveStandardStreams();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     try {
         if (!arguments.empty() && arguments.front() == "--command") {

@@ -10,6 +10,8 @@
 #include "command/Choice.h"
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
+#include "command/OneLine.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -78,7 +80,27 @@ std::string describe(const std::filesystem::filesystem_error& error) {
 }
 
 CommandResult failure(const std::string& message, int status) {
-    return {{}, withoutTrailingBreaks(message) + '\n', status};
+    return {{}, oneLine(withoutTrailingBreaks(message)) + '\n', status};
+}
+
+/// What cannot be read as text could neither be stored nor shown as it was meant.
+std::optional<CommandResult> refuseOtherEncodings(const std::vector<std::string>& arguments) {
+    for (const auto& argument : arguments) {
+        const std::string valid = validUTF8(argument);
+        if (valid != argument) return failure("“" + valid + "” is no text in UTF-8.", 2);
+    }
+    return std::nullopt;
+}
+
+std::string describe(const StoreError& error) {
+    switch (error.code()) {
+        case StoreError::Code::io:
+            return std::string("The library can't be read or written: ") + error.what() + '.';
+        case StoreError::Code::corrupt:
+            return std::string("The library is damaged: ") + error.what() + '.';
+        default:
+            return error.what();
+    }
 }
 
 }  // namespace
@@ -91,6 +113,8 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     auto arguments = givenArguments;
     CommandLine commandLine;
     commandLine.isDemo = takeDemoSwitch(arguments);
+    commandLine.answer = refuseOtherEncodings(arguments);
+    if (commandLine.answer) return commandLine;
 
     CLI::App program{
         "Elmworth tracks time and turns it into invoices. Without a command it is the "
@@ -144,8 +168,10 @@ CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& env
         return failure(error.what(), static_cast<int>(error.kind()));
     } catch (const std::filesystem::filesystem_error& error) {
         return failedCommand(describe(error));
+    } catch (const StoreError& error) {
+        return failedCommand(describe(error));
     } catch (const std::exception& error) {
-        // The sentences of BuildError, RenderError and StoreError are made for people.
+        // The sentences of BuildError and RenderError are made for people.
         return failedCommand(error.what());
     }
 }

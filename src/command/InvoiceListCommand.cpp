@@ -7,6 +7,7 @@
 #include "command/InvoiceOutput.h"
 #include "command/TextTable.h"
 #include "core/Client.h"
+#include "core/Project.h"
 #include "invoicing/InvoiceFilter.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
@@ -21,6 +22,8 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
     std::erase_if(invoices, [&](const auto& invoice) {
         return !passes(*invoice, filter, environment.now(), environment.calendar);
     });
+    // Kept in memory meanwhile, so that each is read once and not again for every invoice.
+    const auto projects = environment.context.fetch<Project>();
     if (output.isJSON()) {
         JSONOutput json;
         json.beginArray();

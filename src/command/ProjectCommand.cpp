@@ -37,16 +37,16 @@ struct ProjectSummary {
     std::optional<double> budgetFraction;
 };
 
-ProjectSummary summarize(const Ref<Project>& project, Instant now) {
+ProjectSummary summarize(const Ref<Project>& project, ModelContext& context, Instant now) {
     ProjectSummary summary{project, 0, 0, std::nullopt};
     double allSeconds = 0;
-    for (const auto& entry : project->entries()) {
-        const double seconds = entry->duration(now);
+    context.forEach<TimeEntry>({.predicate = key<&TimeEntry::project>() == project}, [&](const TimeEntry& entry) {
+        const double seconds = entry.duration(now);
         allSeconds += seconds;
-        if (entry->isRunning()) continue;
+        if (entry.isRunning()) return;
         summary.trackedSeconds += seconds;
-        if (!entry->invoice) summary.unbilledSeconds += seconds;
-    }
+        if (!entry.invoice) summary.unbilledSeconds += seconds;
+    });
     const auto budget = project->budgetHours.get();
     if (budget && *budget >= 1) {
         summary.budgetFraction = allSeconds / (static_cast<double>(*budget) * 3600);
@@ -60,7 +60,7 @@ std::vector<ProjectSummary> summaries(CommandEnvironment& environment, bool with
              .sortBy = {sortedBy<&Project::name>(SortOrder::forward,
                                                  SortComparison::localizedStandard)}})) {
         if (project->isArchived && !withArchived) continue;
-        projects.push_back(summarize(project, environment.now()));
+        projects.push_back(summarize(project, environment.context, environment.now()));
     }
     return projects;
 }
@@ -91,7 +91,7 @@ std::string budgetText(const ProjectSummary& summary) {
 void printJSON(const Ref<Project>& project, CommandEnvironment& environment,
                CommandOutput& output) {
     JSONOutput json;
-    writeProject(json, summarize(project, environment.now()));
+    writeProject(json, summarize(project, environment.context, environment.now()));
     output.text += json.document();
 }
 

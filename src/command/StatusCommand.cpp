@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "command/CommandSyntax.h"
+#include "command/OneLine.h"
 #include "command/RecordLookup.h"
 #include "command/TimerOutput.h"
 #include "platform/DateFormatter.h"
@@ -20,7 +21,7 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
         output.line(formatHoursMinutesSeconds(secondsBetween(running->start, environment.now())) +
                     "  " + (project ? fullName(*project) : "No project"));
         output.line("Since " + times.string(running->start) +
-                    (running->notes->empty() ? "" : " · " + running->notes.get()));
+                    (running->notes->empty() ? "" : " · " + oneLine(running->notes.get())));
     } else {
         output.line("Nothing is running.");
     }
@@ -34,6 +35,7 @@ void addStatusCommand(CommandSyntax& syntax) {
     auto* command = syntax.program.add_subcommand(
         "status", "Shows what runs now, and the time of today and this week");
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
+        requireReadable(environment);
         if (output.isJSON()) {
             output.text += timerJSON(environment);
         } else {

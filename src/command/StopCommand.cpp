@@ -18,6 +18,7 @@ void stop(CommandEnvironment& environment, CommandOutput& output, const std::str
     if (instant && *instant > environment.now()) {
         throw CommandError("The timer can't be stopped at a time in the future.");
     }
+    requireReadable(environment);
     const auto entry = timer.running();
     if (!entry) return printTimer(environment, output, "Nothing is running.");
     const std::string name = entry->project ? fullName(*entry->project.get()) : "No project";

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "command/OneLine.h"
 #include "platform/Text.h"
 
 namespace elmworth {
@@ -22,11 +23,7 @@ std::string padded(const std::string& text, std::size_t width, TextTable::Alignm
 }  // namespace
 
 void TextTable::add(std::vector<std::string> cells) {
-    for (auto& cell : cells) {
-        std::replace_if(
-            cell.begin(), cell.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; },
-            ' ');
-    }
+    for (auto& cell : cells) cell = oneLine(cell);
     rows_.push_back(std::move(cells));
 }
 

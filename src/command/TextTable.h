@@ -8,7 +8,8 @@
 
 namespace elmworth {
 
-/// Rows of text in aligned columns, for people. Line breaks in cells become blanks.
+/// Rows of text in aligned columns, for people. Line breaks and control characters in cells
+/// become blanks.
 class TextTable {
  public:
     enum class Alignment { left, right };

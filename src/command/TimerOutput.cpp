@@ -3,6 +3,8 @@
 
 #include "command/TimerOutput.h"
 
+#include <tuple>
+
 #include "command/JSONOutput.h"
 #include "core/Client.h"
 #include "tracking/DurationFormat.h"
@@ -43,6 +45,12 @@ void printTimer(CommandEnvironment& environment, CommandOutput& output,
 
 void requireSaved(ModelContext& context) {
     if (context.hasChanges()) context.save();
+}
+
+void requireReadable(CommandEnvironment& environment) {
+    if (environment.timer.running()) return;
+    std::ignore = environment.context.fetch(
+        FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent});
 }
 
 }  // namespace elmworth

@@ -19,4 +19,8 @@ void printTimer(CommandEnvironment& environment, CommandOutput& output,
 /// disk.
 void requireSaved(ModelContext& context);
 
+/// Throws StoreError when the running entry can't be looked up: the timer itself takes a damaged
+/// library for one in which nothing runs, but a command must not say so.
+void requireReadable(CommandEnvironment& environment);
+
 }  // namespace elmworth

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "command/CommandError.h"
+#include "command/OneLine.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/CurrencyFormatter.h"
 #include "platform/Text.h"
@@ -88,6 +89,9 @@ std::string typedCurrency(const std::string& text) {
 std::string typedName(const std::string& text) {
     const std::string_view name = trimmedBlanks(text);
     if (name.empty()) throw CommandError("The name can't be empty.");
+    if (oneLine(name) != name) {
+        throw CommandError("A name can't hold line breaks or control characters.");
+    }
     return std::string(name);
 }
 

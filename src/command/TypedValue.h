@@ -33,7 +33,7 @@ namespace elmworth {
 /// An ISO 4217 code in use, in upper case.
 [[nodiscard]] std::string typedCurrency(const std::string& text);
 
-/// A name without blanks at its ends; it must not be empty.
+/// A name without blanks at its ends; it must not be empty, and fits on one line.
 [[nodiscard]] std::string typedName(const std::string& text);
 
 }  // namespace elmworth

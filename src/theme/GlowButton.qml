@@ -18,7 +18,7 @@ Basic.Button {
     rightPadding: leftPadding
     topPadding: prominent ? 8 : 7
     bottomPadding: topPadding
-    opacity: !enabled ? 0.45 : down ? 0.8 : 1
+    opacity: !enabled ? 0.45 : down ? 0.8 : prominent && hovered ? 0.9 : 1
     scale: down ? 0.98 : 1
 
     Accessible.role: Accessible.Button

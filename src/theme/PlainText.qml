@@ -8,6 +8,8 @@ import Elmworth.Theme
 Text {
     textFormat: Text.PlainText
     elide: Text.ElideRight
+    // A name in a right-to-left script stays in line with the others.
+    horizontalAlignment: Text.AlignLeft
     color: Theme.primaryText
     font.family: Theme.textFamily
     font.pixelSize: 13

@@ -72,6 +72,8 @@ TEST_F(ClientCommand, WhatCannotBeReadIsRefusedAndNothingIsAdded) {
     expectRefusal({"client", "add", "X", "--currency", "DOLLARS"}, 1,
                   "“DOLLARS” is no currency. Use an ISO code like USD or EUR.");
     expectRefusal({"client", "add", " \t"}, 1, "The name can't be empty.");
+    expectRefusal({"client", "add", "Two\nlines"}, 1,
+                  "A name can't hold line breaks or control characters.");
     EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
 }
 

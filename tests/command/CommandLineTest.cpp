@@ -13,6 +13,7 @@ using test::Arguments;
 using test::CommandTest;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 TEST(CommandLine, WithoutACommandThereIsNothingToCarryOut) {
     const auto commandLine = parseCommandLine({});
@@ -116,6 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
     , CommandUsage,
     testing::Values(
         UsageRow{"UnknownCommand", {"fly"}, "fly"},
+        UsageRow{"AnotherEncoding", {"client", "add", "M\xfcller"}, "is no text in UTF-8"},
         UsageRow{"TooManyWords", {"status", "extra"}, "extra"},
         UsageRow{"NoSubcommand", {"client"}, "subcommand"},
         UsageRow{"NoProject", {"start"}, "PROJECT"},
@@ -154,6 +156,11 @@ TEST_F(CommandTest, TheFormatMayStandBeforeOrBehindTheCommand) {
     EXPECT_EQ(output({"--format", "json", "status"}), output({"status", "--format", "JSON"}));
 }
 
+TEST_F(CommandTest, AFailureIsOneLine) {
+    EXPECT_THAT(run({"start", "two\nlines\x1b[31m"}).errors,
+                StartsWith("There is no project “two lines [31m”."));
+}
+
 TEST_F(CommandTest, AnEmptyLibraryListsNothing) {
     for (const auto& client : library_.context().fetch<Client>())
         library_.context().deleteRecord(client);
@@ -165,7 +172,7 @@ TEST_F(CommandTest, AnEmptyLibraryListsNothing) {
 }
 
 TEST_F(CommandTest, TextInAnotherEncodingDoesNotSpoilTheJSON) {
-    output({"client", "add", "M\xfcller"});
+    library_.context().insert(std::make_shared<Client>("M\xfcller"));
     EXPECT_EQ(json({"client", "list"}).GetArray().Size(), 3U);
 }
 

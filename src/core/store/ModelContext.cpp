@@ -292,24 +292,6 @@ void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const Recor
                        [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
 }
 
-void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                                std::span<const SortKey> sortBy,
-                                const std::function<void(const Record&)>& visit) {
-    const RecordOrder order(schema, sortBy);
-    const auto unsaved = unsavedMatches(schema, predicate, order);
-    const auto& changed = pending(schema);
-    auto next = unsaved.begin();
-    const auto scratch = schema.make(PersistentID{});
-    store_->select(schema, predicate, sortBy, std::nullopt, [&](const sqlite::Row& row) {
-        scratch->id_ = row.id();
-        if (changed.contains(scratch->id_)) return;  // stands among the unsaved ones, or is deleted
-        row.readInto(*scratch, schema);
-        while (next != unsaved.end() && order.precedes(**next, *scratch)) visit(**next++);
-        visit(*scratch);
-    });
-    while (next != unsaved.end()) visit(**next++);
-}
-
 std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {
     std::size_t count = store_->count(schema, predicate);
     for (const auto& [id, record] : pending(schema)) {

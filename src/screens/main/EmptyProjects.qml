@@ -36,7 +36,7 @@ ColumnLayout {
         radius: Theme.rowRadius
         color: Theme.cardFill
         border.width: 1
-        border.color: Theme.cardBorder
+        border.color: commands.activeFocus ? Theme.focusRing : Theme.cardBorder
 
         TextEdit {
             id: commands
@@ -44,6 +44,9 @@ ColumnLayout {
             anchors { fill: parent; margins: 12 }
             readOnly: true
             selectByMouse: true
+            activeFocusOnTab: true
+            // A focused text keeps the keys from the window's shortcuts.
+            Keys.onPressed: event => { if (event.matches(StandardKey.Quit)) Qt.quit(); }
             wrapMode: TextEdit.Wrap
             text: "elmworth client add \"Acme Co\" --rate 120\nelmworth project add Website --client \"Acme Co\""
             color: Theme.primaryText

@@ -17,7 +17,6 @@ namespace elmworth {
 class ProjectRowsModel : public QAbstractListModel {
     Q_OBJECT
     QML_ANONYMOUS
-    QML_ANONYMOUS
 
  public:
     struct Row {

@@ -11,6 +11,7 @@ Rectangle {
     id: card
 
     required property TimerWindowModel model
+    readonly property bool hasKeyboardFocus: stop.visualFocus
 
     implicitHeight: column.implicitHeight + 32
     radius: Theme.cardRadius
@@ -80,6 +81,8 @@ Rectangle {
         }
 
         GlowButton {
+            id: stop
+
             Layout.topMargin: 12
             text: "Stop"
             glyph: "\ue047"

@@ -35,12 +35,26 @@ Basic.ApplicationWindow {
     Basic.ScrollView {
         id: scroll
 
+        readonly property int margin: 20
+        readonly property Flickable view: contentItem as Flickable
+
+        /// Brings what the keyboard has reached into the visible part.
+        function reveal(item: Item) {
+            const top = content.mapFromItem(item, 0, 0).y;
+            const lowest = top + item.height + 2 * margin - height;
+            view.contentY = Math.max(lowest, Math.min(view.contentY, top));
+        }
+
         anchors.fill: parent
         contentWidth: availableWidth
-        padding: 20
+        contentHeight: content.implicitHeight + 2 * margin
 
         ColumnLayout {
-            width: scroll.availableWidth
+            id: content
+
+            x: scroll.margin
+            y: scroll.margin
+            width: scroll.availableWidth - 2 * scroll.margin
             spacing: 16
 
             RowLayout {
@@ -61,9 +75,12 @@ Basic.ApplicationWindow {
             }
 
             RunningCard {
+                id: card
+
                 Layout.fillWidth: true
                 visible: window.model.isRunning
                 model: window.model
+                onHasKeyboardFocusChanged: if (hasKeyboardFocus) scroll.reveal(card)
             }
 
             PlainText {
@@ -90,6 +107,7 @@ Basic.ApplicationWindow {
                         // The window outlives its rows.
                         // qmllint disable unqualified
                         onClicked: window.model.start(row.index)
+                        onVisualFocusChanged: if (row.visualFocus) scroll.reveal(row)
                         // qmllint enable unqualified
                     }
                 }

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Whole commands as a key binding or a status bar runs them, from the start of the process to its
+// end, without a running application.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "BenchLibrary.h"
+#include "core/Client.h"
+#include "core/Project.h"
+
+namespace elmworth::bench {
+namespace {
+
+using namespace std::chrono_literals;
+using Words = std::vector<std::string>;
+
+std::vector<char*> pointers(Words& words) {
+    std::vector<char*> result;
+    for (auto& word : words) result.push_back(word.data());
+    result.push_back(nullptr);
+    return result;
+}
+
+/// The home of somebody who works with a library of a given size, as far as a process sees it.
+class Home {
+ public:
+    explicit Home(std::int64_t entries) {
+        static const Instant now = currentInstant();
+        std::filesystem::create_directories(libraryFolder());
+        if (entries > 0) copyLibrary(entries, now, libraryFolder());
+    }
+
+    /// Runs a program with its output thrown away. Throws when it fails.
+    void run(Words arguments) {
+        auto argv = pointers(arguments);
+        auto envp = pointers(environment_);
+        pid_t process = 0;
+        int status = 0;
+        if (::posix_spawn(&process, argv[0], actions_.get(), nullptr, argv.data(), envp.data()) !=
+                0 ||
+            ::waitpid(process, &status, 0) != process || status != 0) {
+            throw std::runtime_error(arguments[0] + " failed");
+        }
+    }
+    void elmworth(Words arguments) {
+        arguments.insert(arguments.begin(), ELMWORTH_PROGRAM);
+        run(std::move(arguments));
+    }
+
+    /// Changes the library while no program has it open.
+    template <class Change>
+    void change(Change make) {
+        NoRunLoop loop;
+        ModelContainer container(ModelConfiguration{libraryFolder() / "library.sqlite"}, loop);
+        make(container.mainContext());
+        container.mainContext().save();
+    }
+
+ private:
+    struct Actions {
+        Actions() {
+            ::posix_spawn_file_actions_init(&actions);
+            ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        }
+        Actions(const Actions&) = delete;
+        Actions& operator=(const Actions&) = delete;
+        ~Actions() { ::posix_spawn_file_actions_destroy(&actions); }
+        [[nodiscard]] const posix_spawn_file_actions_t* get() const { return &actions; }
+        posix_spawn_file_actions_t actions{};
+    };
+
+    [[nodiscard]] std::filesystem::path libraryFolder() const {
+        return folder_.path() / "Elmworth";
+    }
+
+    test::TemporaryFolder folder_;
+    Words environment_{"XDG_DATA_HOME=" + folder_.path().string(),
+                       "XDG_CONFIG_HOME=" + folder_.path().string(), "LC_ALL=C.UTF-8",
+                       "TZ=Europe/Berlin"};
+    Actions actions_;
+};
+
+void emptyProgram(benchmark::State& state) {
+    Home home(0);
+    for (auto _ : state) home.run({ELMWORTH_EMPTY_PROGRAM});
+}
+
+void status(benchmark::State& state) {
+    Home home(state.range(0));
+    for (auto _ : state) home.elmworth({"status"});
+}
+
+void addProject(ModelContext& context) {
+    const auto client = std::make_shared<Client>("Key binding");
+    context.insert(client);
+    context.insert(std::make_shared<Project>("Bench", client));
+}
+
+/// An entry younger than a second would be dropped and not stopped.
+void ageRunningEntry(ModelContext& context) {
+    for (const auto& entry :
+         context.fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent})) {
+        entry->start = entry->start.get() - 1h;
+    }
+}
+
+void start(benchmark::State& state) {
+    Home home(state.range(0));
+    home.change(&addProject);
+    for (auto _ : state) {
+        state.PauseTiming();
+        home.change(&ageRunningEntry);
+        home.elmworth({"stop"});
+        state.ResumeTiming();
+        home.elmworth({"start", "Bench"});
+    }
+}
+
+void stop(benchmark::State& state) {
+    Home home(state.range(0));
+    home.change(&addProject);
+    for (auto _ : state) {
+        state.PauseTiming();
+        home.elmworth({"start", "Bench"});
+        home.change(&ageRunningEntry);
+        state.ResumeTiming();
+        home.elmworth({"stop"});
+    }
+}
+
+template <class... Arguments>
+void list(benchmark::State& state, Arguments... arguments) {
+    Home home(state.range(0));
+    for (auto _ : state) home.elmworth({arguments...});
+}
+
+void onSizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(100)->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+BENCHMARK(emptyProgram)->Name("limit/process")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(status)->Name("process/status")->Apply(onSizes);
+BENCHMARK(start)->Name("process/start")->Apply(onSizes);
+BENCHMARK(stop)->Name("process/stop")->Apply(onSizes);
+BENCHMARK_CAPTURE(list, clients, "client", "list")->Name("process/clientList")->Apply(onSizes);
+BENCHMARK_CAPTURE(list, projects, "project", "list")->Name("process/projectList")->Apply(onSizes);
+BENCHMARK_CAPTURE(list, invoices, "invoice", "list")->Name("process/invoiceList")->Apply(onSizes);
+
+}  // namespace
+}  // namespace elmworth::bench

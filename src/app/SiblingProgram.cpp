@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/SiblingProgram.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+namespace elmworth {
+
+int becomeSibling(const std::string& name, const std::vector<std::string>& arguments) {
+    std::error_code error;
+    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
+    const auto sibling = self.parent_path() / name;
+    std::vector<std::string> words{sibling.string()};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
+    for (auto& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    ::execv(sibling.c_str(), pointers.data());
+    std::fprintf(stderr, "%s can't be started: %s.\n", sibling.c_str(), std::strerror(errno));
+    return 1;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace elmworth {
+
+/// Makes this process the program called `name` that stands beside it. Returns only on failure,
+/// with the exit status, after a line on standard error.
+int becomeSibling(const std::string& name, const std::vector<std::string>& arguments);
+
+}  // namespace elmworth

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <filesystem>
+#include <system_error>
+
+namespace elmworth {
+
+/// The folder from which relative paths are meant. One that was deleted still has a name, under
+/// which nothing can be written; commands that need no path work there.
+[[nodiscard]] inline std::filesystem::path workingFolder() {
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/cwd", ignored);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::TestLibrary;
+
+class ModelContextStream : public testing::Test {
+ protected:
+    ModelContextStream() {
+        project = library.addProject("Website", library.addClient("Acme"));
+        other = library.addProject("App", project->client.get());
+        for (const auto* notes : {"a", "b", "c"}) addEntry(project, notes);
+        addEntry(other, "elsewhere");
+        library.context().save();
+    }
+
+    void addEntry(const Ref<Project>& owner, const std::string& notes) {
+        library.addEntry(owner, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"))->notes = notes;
+    }
+    Ref<TimeEntry> entry(const std::string& notes) {
+        return library.context()
+            .fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::notes>() == notes})
+            .front();
+    }
+    /// The notes of the project's entries, sorted.
+    std::vector<std::string> streamed() {
+        std::vector<std::string> notes;
+        library.context().forEach<TimeEntry>(
+            {.predicate = key<&TimeEntry::project>() == project},
+            [&](const TimeEntry& each) { notes.push_back(each.notes); });
+        std::sort(notes.begin(), notes.end());
+        return notes;
+    }
+
+    TestLibrary library;
+    Ref<Project> project;
+    Ref<Project> other;
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(ModelContextStream, givesEachRecordThatMeetsThePredicate) {
+    EXPECT_EQ(streamed(), (Texts{"a", "b", "c"}));
+}
+
+TEST_F(ModelContextStream, seesUnsavedChanges) {
+    const auto left = entry("a");
+    const auto renamed = entry("b");
+    const auto arrived = entry("elsewhere");
+    left->project = other;
+    renamed->notes = "B";
+    arrived->project = project;
+    library.context().deleteRecord(entry("c"));
+    addEntry(project, "new");
+    EXPECT_EQ(streamed(), (Texts{"B", "elsewhere", "new"}));
+}
+
+TEST_F(ModelContextStream, unsavedRecordsStandAtTheirPlaceInTheOrder) {
+    entry("b")->notes = "z";
+    addEntry(project, "aa");
+    Texts notes;
+    library.context().forEach<TimeEntry>(
+        {.predicate = key<&TimeEntry::project>() == project,
+         .sortBy = {sortedBy<&TimeEntry::notes>()}},
+        [&](const TimeEntry& each) { notes.push_back(each.notes); });
+    EXPECT_EQ(notes, (Texts{"a", "aa", "c", "z"}));
+}
+
+TEST_F(ModelContextStream, aRecordThatSomebodyHasIsItself) {
+    const auto held = entry("b");
+    std::vector<const TimeEntry*> seen;
+    library.context().forEach<TimeEntry>({.predicate = key<&TimeEntry::notes>() == "b"},
+                                         [&](const TimeEntry& each) { seen.push_back(&each); });
+    EXPECT_EQ(seen, std::vector<const TimeEntry*>{held.get()});
+}
+
+TEST_F(ModelContextStream, aLentRecordLeadsOnIntoTheLibrary) {
+    Texts clients;
+    library.context().forEach<TimeEntry>(
+        {.predicate = key<&TimeEntry::notes>() == "a"},
+        [&](const TimeEntry& each) { clients.push_back(each.project->client->name); });
+    EXPECT_EQ(clients, Texts{"Acme"});
+}
+
+}  // namespace
+}  // namespace elmworth
