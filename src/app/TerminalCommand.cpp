@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "app/LibraryServices.h"
-#include "app/WorkingFolder.h"
 #include "app/SiblingProgram.h"
+#include "app/WorkingFolder.h"
 #include "core/Logo.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"

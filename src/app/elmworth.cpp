@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "app/StandardStreams.h"
 #include "app/SiblingProgram.h"
+#include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 
 namespace {
