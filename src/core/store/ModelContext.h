@@ -85,13 +85,13 @@ class ModelContext {
         }
     }
 
-    /// Hands out what `fetch` would give, one after another and in its order, without making an object
-    /// for each: one that nobody has is lent for the call alone, so that work on the whole library takes
-    /// the memory of one record. Without sort keys the order is any. `visit` may follow relationships,
-    /// but fetches and changes nothing. The descriptor's limit is not looked at.
+    /// Hands out what `fetch` would give, one after another and in its order, without making an
+    /// object for each: one that nobody has is lent for the call alone, so that work on the whole
+    /// library takes the memory of one record. Without sort keys the order is any. `visit` may
+    /// follow relationships, but fetches and changes nothing. The descriptor's limit is not looked
+    /// at.
     template <class T>
-    void forEach(const FetchDescriptor<T>& descriptor,
-                 const std::function<void(const T&)>& visit) {
+    void forEach(const FetchDescriptor<T>& descriptor, const std::function<void(const T&)>& visit) {
         visitRecords(T::schema(), node(descriptor), descriptor.sortBy,
                      [&](const Record& record) { visit(static_cast<const T&>(record)); });
     }

@@ -18,7 +18,8 @@ void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode*
     store_->select(schema, predicate, sortBy, std::nullopt, [&](const sqlite::Row& row) {
         lent->id_ = row.id();
         const auto known = existing(lent->id_);
-        if (known && known->state_ != Record::State::clean) return;  // among the unsaved, or deleted
+        if (known && known->state_ != Record::State::clean)
+            return;  // among the unsaved, or deleted
         if (!known) row.readInto(*lent, schema);
         const Record& record = known ? *known : *lent;
         while (next != unsaved.end() && order.precedes(**next, record)) visit(**next++);
