@@ -20,6 +20,10 @@ ElmworthApp::ElmworthApp(bool isDemo)
       terminationSignals_([] { QGuiApplication::quit(); }),
       timerWindowModel_(services_.context(), services_.timer()) {
     if (!isHostedRun()) services_.timer().installSleepObservers(powerEvents_);
+    if (!isHostedRun() && !isDemo) {
+        autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
+                            powerEvents_);
+    }
     if (!isDemo) commandService_.publish();
     loadEmbeddedFonts();
     engine_.setInitialProperties(

@@ -5,10 +5,12 @@
 
 #include <QQmlApplicationEngine>
 #include <memory>
+#include <optional>
 
 #include "app/CommandService.h"
 #include "app/LibraryServices.h"
 #include "app/QtInvoicePainter.h"
+#include "exchange/AutoBackup.h"
 #include "platform/linux/LogindPowerEvents.h"
 #include "platform/linux/QtRunLoop.h"
 #include "platform/linux/TerminationSignals.h"
@@ -37,6 +39,7 @@ class ElmworthApp {
     QtRunLoop runLoop_;
     LibraryServices services_;
     LogindPowerEvents powerEvents_;
+    std::optional<AutoBackup> autoBackup_;  ///< none for a demo or a hosted run
     QtInvoicePainter painter_;
     CommandService commandService_;
     TerminationSignals terminationSignals_;

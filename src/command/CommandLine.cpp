@@ -27,7 +27,9 @@ constexpr std::array commands{
     CommandEntry{"stop", &addStopCommand},       CommandEntry{"continue", &addContinueCommand},
     CommandEntry{"client", &addClientCommand},   CommandEntry{"project", &addProjectCommand},
     CommandEntry{"log", &addLogCommand},         CommandEntry{"invoice", &addInvoiceCommand},
-    CommandEntry{"profile", &addProfileCommand},
+    CommandEntry{"profile", &addProfileCommand}, CommandEntry{"report", &addReportCommand},
+    CommandEntry{"export", &addExportCommand},   CommandEntry{"import", &addImportCommand},
+    CommandEntry{"backup", &addBackupCommand},   CommandEntry{"restore", &addRestoreCommand},
 };
 
 /// A key binding must not wait for the syntax of commands that it does not use.

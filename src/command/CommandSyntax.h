@@ -57,5 +57,10 @@ void addProjectCommand(CommandSyntax& syntax);
 void addLogCommand(CommandSyntax& syntax);
 void addInvoiceCommand(CommandSyntax& syntax);
 void addProfileCommand(CommandSyntax& syntax);
+void addReportCommand(CommandSyntax& syntax);
+void addExportCommand(CommandSyntax& syntax);
+void addImportCommand(CommandSyntax& syntax);
+void addBackupCommand(CommandSyntax& syntax);
+void addRestoreCommand(CommandSyntax& syntax);
 
 }  // namespace elmworth

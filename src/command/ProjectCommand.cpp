@@ -40,13 +40,14 @@ struct ProjectSummary {
 ProjectSummary summarize(const Ref<Project>& project, ModelContext& context, Instant now) {
     ProjectSummary summary{project, 0, 0, std::nullopt};
     double allSeconds = 0;
-    context.forEach<TimeEntry>(key<&TimeEntry::project>() == project, [&](const TimeEntry& entry) {
-        const double seconds = entry.duration(now);
-        allSeconds += seconds;
-        if (entry.isRunning()) return;
-        summary.trackedSeconds += seconds;
-        if (!entry.invoice) summary.unbilledSeconds += seconds;
-    });
+    context.forEach<TimeEntry>({.predicate = key<&TimeEntry::project>() == project},
+                               [&](const TimeEntry& entry) {
+                                   const double seconds = entry.duration(now);
+                                   allSeconds += seconds;
+                                   if (entry.isRunning()) return;
+                                   summary.trackedSeconds += seconds;
+                                   if (!entry.invoice) summary.unbilledSeconds += seconds;
+                               });
     const auto budget = project->budgetHours.get();
     if (budget && *budget >= 1) {
         summary.budgetFraction = allSeconds / (static_cast<double>(*budget) * 3600);

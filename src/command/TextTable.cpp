@@ -27,26 +27,37 @@ void TextTable::add(std::vector<std::string> cells) {
     rows_.push_back(std::move(cells));
 }
 
-std::string TextTable::text() const {
+std::vector<std::size_t> TextTable::widths() const {
     std::vector<std::size_t> widths;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         std::size_t width = characterCount(columns_[i].title);
         for (const auto& row : rows_) width = std::max(width, characterCount(row[i]));
         widths.push_back(width);
     }
+    return widths;
+}
+
+std::string TextTable::line(const std::vector<std::string>& cells,
+                            const std::vector<std::size_t>& widths) const {
+    std::string line;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (i > 0) line.append(gap, ' ');
+        line += padded(cells[i], widths[i], columns_[i].alignment);
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + '\n';
+}
+
+std::string TextTable::text() const {
+    std::vector<std::string> titles;
+    for (const auto& column : columns_) titles.push_back(column.title);
+    return line(titles, widths()) + rowsText();
+}
+
+std::string TextTable::rowsText() const {
+    const auto columnWidths = widths();
     std::string text;
-    const auto addRow = [&](const auto& cellAt) {
-        std::string line;
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            if (i > 0) line.append(gap, ' ');
-            line += padded(cellAt(i), widths[i], columns_[i].alignment);
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        text += line + '\n';
-    };
-    addRow([&](std::size_t i) -> const std::string& { return columns_[i].title; });
-    for (const auto& row : rows_)
-        addRow([&](std::size_t i) -> const std::string& { return row[i]; });
+    for (const auto& row : rows_) text += line(row, columnWidths);
     return text;
 }
 

@@ -26,7 +26,14 @@ class TextTable {
     /// The head and the rows, each ended by a line break, without blanks at their ends.
     [[nodiscard]] std::string text() const;
 
+    /// The rows without the head.
+    [[nodiscard]] std::string rowsText() const;
+
  private:
+    [[nodiscard]] std::vector<std::size_t> widths() const;
+    [[nodiscard]] std::string line(const std::vector<std::string>& cells,
+                                   const std::vector<std::size_t>& widths) const;
+
     std::vector<Column> columns_;
     std::vector<std::vector<std::string>> rows_;
 };

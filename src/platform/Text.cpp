@@ -49,6 +49,22 @@ bool isPlainASCII(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\r'; });
 }
 
+/// The code point that begins at `position`; U+FFFD for what is no UTF-8.
+UChar32 characterAt(std::string_view text, std::size_t position) {
+    // A code point takes at most four bytes.
+    return icu::UnicodeString::fromUTF8(piece(text.substr(position, 4))).char32At(0);
+}
+
+/// The code point that ends before `position`.
+UChar32 characterBefore(std::string_view text, std::size_t position) {
+    std::size_t start = position - 1;
+    const auto continues = [&](std::size_t i) {
+        return (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80U;
+    };
+    while (start > 0 && position - start < 4 && continues(start)) --start;
+    return characterAt(text.substr(0, position), start);
+}
+
 }  // namespace
 
 std::string_view trimmedBlanks(std::string_view text) {
@@ -92,6 +108,28 @@ std::string numericCharacters(std::string_view text, std::string_view alsoKept) 
         if (const UChar32 c = source.char32At(i); isKept(c)) kept.append(c);
     std::string utf8;
     return kept.toUTF8String(utf8);
+}
+
+bool isCharacterBoundary(std::string_view text, std::size_t position) {
+    if (position == 0 || position >= text.size()) return true;
+    const UChar32 previous = characterBefore(text, position);
+    const UChar32 next = characterAt(text, position);
+    // UAX #29, as far as it applies beside ASCII: GB9, GB9a and GB9b.
+    const auto classOf = [](UChar32 c) {
+        return u_getIntPropertyValue(c, UCHAR_GRAPHEME_CLUSTER_BREAK);
+    };
+    const int following = classOf(next);
+    const bool joins =
+        following == U_GCB_EXTEND || following == U_GCB_ZWJ || following == U_GCB_SPACING_MARK;
+    return !joins && classOf(previous) != U_GCB_PREPEND;
+}
+
+std::string lowerCased(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result);
+    icu::CaseMap::utf8ToLower("", 0, piece(text), sink, nullptr, status);
+    return result;
 }
 
 std::string caseFolded(std::string_view text) {

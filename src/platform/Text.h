@@ -25,6 +25,13 @@ namespace elmworth {
 /// in `alsoKept`, which is ASCII.
 [[nodiscard]] std::string numericCharacters(std::string_view text, std::string_view alsoKept = {});
 
+/// Whether a user-perceived character begins at the byte `position` of `text`, or the text ends
+/// there. For positions beside an ASCII character other than a line break, which is cheap to tell.
+[[nodiscard]] bool isCharacterBoundary(std::string_view text, std::size_t position);
+
+/// `text` in lower case, by the rules that hold in every locale.
+[[nodiscard]] std::string lowerCased(std::string_view text);
+
 /// `text` in Unicode's full case folding, for comparing names without regard to case.
 [[nodiscard]] std::string caseFolded(std::string_view text);
 

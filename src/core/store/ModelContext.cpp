@@ -4,6 +4,7 @@
 #include "core/store/ModelContext.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/store/RecordOrder.h"
 #include "core/store/sqlite/RecordStore.h"
@@ -270,18 +271,27 @@ void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode*
     for (auto& record : records) handler(std::move(record));
 }
 
-void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
-                                  const PredicateNode* predicate, std::span<const SortKey> sortBy) {
-    const auto stored = static_cast<std::ptrdiff_t>(records.size());
+std::vector<Ref<Record>> ModelContext::unsavedMatches(const RecordSchema& schema,
+                                                      const PredicateNode* predicate,
+                                                      const RecordOrder& order) {
+    std::vector<Ref<Record>> records;
     for (const auto& [id, record] : pending(schema)) {
         if (record->isDeleted()) continue;
         if (!predicate || predicate->matches(schema, *record)) records.push_back(record);
     }
-    const auto precedes = [order = RecordOrder(schema, sortBy)](const auto& a, const auto& b) {
-        return order.precedes(*a, *b);
-    };
-    std::sort(records.begin() + stored, records.end(), precedes);
-    std::inplace_merge(records.begin(), records.begin() + stored, records.end(), precedes);
+    std::sort(records.begin(), records.end(),
+              [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
+    return records;
+}
+
+void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
+                                  const PredicateNode* predicate, std::span<const SortKey> sortBy) {
+    const RecordOrder order(schema, sortBy);
+    const auto stored = static_cast<std::ptrdiff_t>(records.size());
+    auto unsaved = unsavedMatches(schema, predicate, order);
+    std::move(unsaved.begin(), unsaved.end(), std::back_inserter(records));
+    std::inplace_merge(records.begin(), records.begin() + stored, records.end(),
+                       [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
 }
 
 std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {

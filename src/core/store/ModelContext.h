@@ -16,6 +16,7 @@
 #include "core/store/ChangeObservers.h"
 #include "core/store/FetchDescriptor.h"
 #include "core/store/Record.h"
+#include "core/store/RecordOrder.h"
 #include "core/store/StoreError.h"
 #include "platform/RunLoop.h"
 
@@ -84,19 +85,21 @@ class ModelContext {
         }
     }
 
+    /// Hands out what `fetch` would give, one after another and in its order, without making an
+    /// object for each: one that nobody has is lent for the call alone, so that work on the whole
+    /// library takes the memory of one record. Without sort keys the order is any. `visit` may
+    /// follow relationships, but fetches and changes nothing. The descriptor's limit is not looked
+    /// at.
+    template <class T>
+    void forEach(const FetchDescriptor<T>& descriptor, const std::function<void(const T&)>& visit) {
+        visitRecords(T::schema(), node(descriptor), descriptor.sortBy,
+                     [&](const Record& record) { visit(static_cast<const T&>(record)); });
+    }
+
     /// How many records `fetch` would give without a limit.
     template <class T>
     [[nodiscard]] std::size_t fetchCount(const FetchDescriptor<T>& descriptor = {}) {
         return countRecords(T::schema(), node(descriptor));
-    }
-
-    /// Calls `handler` with each record of type `T` that meets `predicate`, in no particular order
-    /// and without making an object for each: one that nobody has is lent for the call alone. For
-    /// sums over many records. `handler` may follow relationships, but fetches and changes nothing.
-    template <class T>
-    void forEach(const Predicate<T>& predicate, const std::function<void(const T&)>& handler) {
-        streamRecords(T::schema(), predicate.node().get(),
-                      [&](const Record& record) { handler(static_cast<const T&>(record)); });
     }
 
     /// The record of an identity, or null when the library has none or it is deleted.
@@ -134,8 +137,12 @@ class ModelContext {
     void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
                       std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                       const RecordHandler& handler);
-    void streamRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                       const std::function<void(const Record&)>& handler);
+    void visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                      std::span<const SortKey> sortBy,
+                      const std::function<void(const Record&)>& visit);
+    [[nodiscard]] std::vector<Ref<Record>> unsavedMatches(const RecordSchema& schema,
+                                                          const PredicateNode* predicate,
+                                                          const RecordOrder& order);
     [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
                                            const PredicateNode* predicate);
     [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;

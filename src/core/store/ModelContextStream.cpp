@@ -6,25 +6,26 @@
 
 namespace elmworth {
 
-void ModelContext::streamRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                                 const std::function<void(const Record&)>& handler) {
+void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
+                                std::span<const SortKey> sortBy,
+                                const std::function<void(const Record&)>& visit) {
+    const RecordOrder order(schema, sortBy);
+    const auto unsaved = unsavedMatches(schema, predicate, order);
+    auto next = unsaved.begin();
     const auto lent = schema.make(PersistentID{});
     lent->context_ = this;  // its relationships lead on into the library
     lent->state_ = Record::State::clean;
-    store_->select(schema, predicate, {}, std::nullopt, [&](const sqlite::Row& row) {
+    store_->select(schema, predicate, sortBy, std::nullopt, [&](const sqlite::Row& row) {
         lent->id_ = row.id();
         const auto known = existing(lent->id_);
-        if (!known) {
-            row.readInto(*lent, schema);
-            handler(*lent);
-        } else if (known->state_ == Record::State::clean) {
-            handler(*known);
-        }
+        if (known && known->state_ != Record::State::clean)
+            return;  // among the unsaved, or deleted
+        if (!known) row.readInto(*lent, schema);
+        const Record& record = known ? *known : *lent;
+        while (next != unsaved.end() && order.precedes(**next, record)) visit(**next++);
+        visit(record);
     });
-    for (const auto& [id, record] : pending(schema)) {
-        if (record->isDeleted()) continue;
-        if (!predicate || predicate->matches(schema, *record)) handler(*record);
-    }
+    while (next != unsaved.end()) visit(**next++);
 }
 
 }  // namespace elmworth

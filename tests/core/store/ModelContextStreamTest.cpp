@@ -38,7 +38,7 @@ class ModelContextStream : public testing::Test {
     std::vector<std::string> streamed() {
         std::vector<std::string> notes;
         library.context().forEach<TimeEntry>(
-            key<&TimeEntry::project>() == project,
+            {.predicate = key<&TimeEntry::project>() == project},
             [&](const TimeEntry& each) { notes.push_back(each.notes); });
         std::sort(notes.begin(), notes.end());
         return notes;
@@ -67,10 +67,21 @@ TEST_F(ModelContextStream, seesUnsavedChanges) {
     EXPECT_EQ(streamed(), (Texts{"B", "elsewhere", "new"}));
 }
 
+TEST_F(ModelContextStream, unsavedRecordsStandAtTheirPlaceInTheOrder) {
+    entry("b")->notes = "z";
+    addEntry(project, "aa");
+    Texts notes;
+    library.context().forEach<TimeEntry>(
+        {.predicate = key<&TimeEntry::project>() == project,
+         .sortBy = {sortedBy<&TimeEntry::notes>()}},
+        [&](const TimeEntry& each) { notes.push_back(each.notes); });
+    EXPECT_EQ(notes, (Texts{"a", "aa", "c", "z"}));
+}
+
 TEST_F(ModelContextStream, aRecordThatSomebodyHasIsItself) {
     const auto held = entry("b");
     std::vector<const TimeEntry*> seen;
-    library.context().forEach<TimeEntry>(key<&TimeEntry::notes>() == "b",
+    library.context().forEach<TimeEntry>({.predicate = key<&TimeEntry::notes>() == "b"},
                                          [&](const TimeEntry& each) { seen.push_back(&each); });
     EXPECT_EQ(seen, std::vector<const TimeEntry*>{held.get()});
 }
@@ -78,7 +89,7 @@ TEST_F(ModelContextStream, aRecordThatSomebodyHasIsItself) {
 TEST_F(ModelContextStream, aLentRecordLeadsOnIntoTheLibrary) {
     Texts clients;
     library.context().forEach<TimeEntry>(
-        key<&TimeEntry::notes>() == "a",
+        {.predicate = key<&TimeEntry::notes>() == "a"},
         [&](const TimeEntry& each) { clients.push_back(each.project->client->name); });
     EXPECT_EQ(clients, Texts{"Acme"});
 }

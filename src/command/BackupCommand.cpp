@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandSyntax.h"
+#include "command/JSONOutput.h"
+#include "exchange/BackupExporter.h"
+
+namespace elmworth {
+
+namespace {
+
+void backUp(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+    const auto& profile = environment.profiles.profile();
+    if (file == "-") {
+        BackupExporter::write(environment.context, profile, environment.now(),
+                              [&](std::string_view bytes) { output.text += bytes; });
+        return;
+    }
+    const auto path = environment.workingFolder / file;
+    const auto counts =
+        BackupExporter::writeFile(environment.context, profile, environment.now(), path);
+    if (!output.isJSON()) return output.line(path.string());
+    JSONOutput json;
+    json.beginObject();
+    json.field("file", path.string());
+    json.field("clients", static_cast<std::int64_t>(counts.clients));
+    json.field("projects", static_cast<std::int64_t>(counts.projects));
+    json.field("entries", static_cast<std::int64_t>(counts.entries));
+    json.field("invoices", static_cast<std::int64_t>(counts.invoices));
+    json.endObject();
+    output.text += json.document();
+}
+
+}  // namespace
+
+void addBackupCommand(CommandSyntax& syntax) {
+    auto* command = syntax.program.add_subcommand(
+        "backup", "Writes the whole library as a JSON document and prints its path");
+    auto file = std::make_shared<std::string>();
+    command->add_option("FILE", *file, "Where to write; - for standard output")->required();
+    syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
+        backUp(*file, environment, output);
+    });
+}
+
+}  // namespace elmworth

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "command/CommandError.h"
+#include "command/CommandSyntax.h"
+#include "command/JSONOutput.h"
+#include "exchange/CSVImporter.h"
+#include "platform/AtomicFile.h"
+#include "platform/TextEncoding.h"
+
+namespace elmworth {
+
+namespace {
+
+void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+    const auto text = decodeText(readFile(environment.workingFolder / file));
+    if (!text) throw CommandError("The text encoding of this file can't be determined.");
+    const auto rows = CSVImporter::parse(*text, environment.calendar.zoneID());
+    CSVImporter::Result result;
+    try {
+        if (environment.context.hasChanges()) environment.context.save();
+        result = CSVImporter::apply(rows, environment.context);
+    } catch (const StoreError&) {
+        environment.context.rollback();
+        throw;
+    }
+    const std::string message = CSVImporter::message(result);
+    if (!output.isJSON()) return output.line(message);
+    JSONOutput json;
+    json.beginObject();
+    json.field("imported", result.imported);
+    json.key("newClients");
+    json.beginArray();
+    for (const auto& name : result.newClients) json.value(name);
+    json.endArray();
+    json.field("skipped", result.skipped);
+    json.field("message", message);
+    json.endObject();
+    output.text += json.document();
+}
+
+}  // namespace
+
+void addImportCommand(CommandSyntax& syntax) {
+    auto* command = syntax.program.add_subcommand(
+        "import", "Adds time from a CSV file: an export, or a Toggl Track detailed report");
+    auto file = std::make_shared<std::string>();
+    command->add_option("FILE", *file)->required();
+    syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
+        importCSV(*file, environment, output);
+    });
+}
+
+}  // namespace elmworth

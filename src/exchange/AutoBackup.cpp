@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/AutoBackup.h"
+
+#include <algorithm>
+#include <exception>
+#include <system_error>
+
+#include "core/ProfileStore.h"
+#include "core/TimeEntry.h"
+#include "exchange/BackupDecoder.h"
+#include "exchange/BackupExporter.h"
+#include "platform/ISO8601.h"
+#include "platform/StandardFolders.h"
+
+namespace elmworth {
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+constexpr auto firstRunDelay = 20s;
+constexpr auto interval = 21'600s;
+constexpr auto minimumAge = 72'000s;
+constexpr std::string_view prefix = "Elmworth-";
+
+/// "2026-03-01T09-30-00", in UTC: the ISO form with what file systems allow.
+std::string timestamp(Instant instant) {
+    std::string text = formatISO8601(instant);
+    text.pop_back();
+    std::replace(text.begin() + 11, text.end(), ':', '-');
+    return text;
+}
+
+std::optional<Instant> parseTimestamp(std::string text) {
+    if (text.size() != 19 || text[13] != '-' || text[16] != '-') return std::nullopt;
+    text[13] = text[16] = ':';
+    return parseISO8601(text + 'Z');
+}
+
+BackupExporter::Counts countsOf(const Backup& backup) {
+    BackupExporter::Counts counts;
+    counts.clients = backup.clients.size();
+    counts.invoices = backup.invoices.size();
+    for (const auto& client : backup.clients) {
+        counts.projects += client.projects.size();
+        for (const auto& project : client.projects) counts.entries += project.entries.size();
+    }
+    return counts;
+}
+
+/// A snapshot that cannot be read back is none.
+void verify(const fs::path& file, const BackupExporter::Counts& written) {
+    try {
+        if (countsOf(decodeBackupFile(file)) == written) return;
+        throw BackupDecodeError("The snapshot does not hold what was written.");
+    } catch (...) {
+        std::error_code ignored;
+        fs::remove(file, ignored);
+        throw;
+    }
+}
+
+void prune(const fs::path& folder) {
+    const auto all = AutoBackup::snapshots(folder);
+    for (std::size_t i = AutoBackup::snapshotsKept; i < all.size(); ++i) {
+        std::error_code ignored;
+        fs::remove(all[i].url, ignored);
+    }
+}
+
+}  // namespace
+
+AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
+                       PowerEvents& powerEvents)
+    : context_(context), defaults_(defaults), now_(std::move(now)) {
+    first_ = runLoop.repeat(firstRunDelay, [this] {
+        first_.reset();
+        tick();
+    });
+    repeating_ = runLoop.repeat(interval, [this] { tick(); });
+    wake_ = powerEvents.onDidWake([this] { tick(); });
+}
+
+void AutoBackup::tick() {
+    try {
+        runIfDue(context_, ProfileStore(defaults_).profile(), now_());
+    } catch (const std::exception&) {
+        return;  // nobody asked for it: the next trigger tries again
+    }
+}
+
+std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const BusinessProfile& profile,
+                                             Instant now, const std::optional<fs::path>& given) {
+    const fs::path target = given ? *given : folder();
+    const auto existing = snapshots(target);
+    if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
+    if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
+    const fs::path file = target / (std::string(prefix) + timestamp(now) + ".json");
+    verify(file, BackupExporter::writeFile(context, profile, now, file));
+    prune(target);
+    return file;
+}
+
+fs::path AutoBackup::folder() {
+    return createPrivateFolder(applicationSupportFolder() / "Backups");
+}
+
+std::vector<AutoBackup::Snapshot> AutoBackup::snapshots(const fs::path& folder) {
+    std::vector<Snapshot> found;
+    std::error_code error;
+    for (fs::directory_iterator item(folder, error), end; !error && item != end;
+         item.increment(error)) {
+        const std::string name = item->path().stem().string();
+        if (!name.starts_with(prefix)) continue;
+        const auto date = parseTimestamp(name.substr(prefix.size()));
+        if (date) found.push_back({item->path(), *date});
+    }
+    std::sort(found.begin(), found.end(),
+              [](const auto& a, const auto& b) { return a.date > b.date; });
+    return found;
+}
+
+}  // namespace elmworth

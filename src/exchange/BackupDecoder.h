@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "exchange/Backup.h"
+
+namespace elmworth {
+
+/// Why a document could not be read as a backup: one sentence that names the place, such as
+/// "clients[3].projects[0].entries[12].start: not a date (line 4711)."
+class BackupDecodeError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads a backup document. Kinds, 64-bit ranges and required keys are strict; optional keys may be
+/// missing or null; unknown keys are passed over, however deep they go; of two equal keys the last
+/// counts. Throws BackupDecodeError.
+[[nodiscard]] Backup decodeBackup(std::string_view json);
+
+/// The same from a regular file, read piece by piece. Also throws
+/// std::filesystem::filesystem_error.
+[[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file);
+
+}  // namespace elmworth

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "core/store/ModelContext.h"
+#include "exchange/Backup.h"
+#include "exchange/BackupWriter.h"
+
+namespace elmworth::BackupExporter {
+
+/// How much a document holds.
+struct Counts {
+    std::size_t clients = 0;
+    std::size_t projects = 0;
+    std::size_t entries = 0;
+    std::size_t invoices = 0;
+
+    friend bool operator==(const Counts&, const Counts&) = default;
+};
+
+/// The whole library of `context` as a document, with `profile`, as of `now`. Clients and invoices
+/// stand in the localized standard order of their names and numbers, projects in the order of the
+/// code points of theirs, entries by start. Throws StoreError.
+[[nodiscard]] Backup makeBackup(ModelContext& context, const BusinessProfile& profile, Instant now);
+
+/// The document as JSON in UTF-8.
+[[nodiscard]] std::string encode(const Backup& backup);
+
+/// Writes what `encode(makeBackup(…))` would give to `sink`, without holding the library in memory.
+/// Throws StoreError, and whatever the sink throws.
+Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
+             const ByteSink& sink);
+
+/// Writes the same to `file`, which has either its old content or the whole document at any time.
+/// Throws StoreError or std::filesystem::filesystem_error.
+Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
+                 const std::filesystem::path& file);
+
+}  // namespace elmworth::BackupExporter

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <rapidjson/prettywriter.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "exchange/Backup.h"
+
+namespace elmworth {
+
+/// Takes the bytes of a document piece by piece.
+using ByteSink = std::function<void(std::string_view)>;
+
+/// Writes a backup document as indented JSON with its keys in order, piece by piece: a library of
+/// any size takes the memory of its largest client. Call begin, client for each, beginInvoices,
+/// invoice for each, end.
+class BackupWriter {
+ public:
+    explicit BackupWriter(ByteSink sink) : stream_{std::move(sink), {}}, writer_(stream_) {}
+
+    void begin();
+    void client(const ClientDTO& client);
+    void beginInvoices(Instant exportedAt);
+    void invoice(const InvoiceDTO& invoice);
+    void end(const BusinessProfile& profile, std::int64_t version);
+
+ private:
+    /// A stream of RapidJSON's that hands on what it has gathered.
+    struct Stream {
+        using Ch = char;
+        ByteSink sink;
+        std::string gathered;
+
+        void Put(char c) {
+            gathered.push_back(c);
+            if (gathered.size() >= pieceSize) Flush();
+        }
+        void Flush() {
+            sink(gathered);
+            gathered.clear();
+        }
+        static constexpr std::size_t pieceSize = 1 << 16;
+    };
+
+    void project(const ProjectDTO& project);
+    void entry(const EntryDTO& entry);
+    void profile(const BusinessProfile& profile);
+    void key(std::string_view name);
+    void text(std::string_view name, std::string_view value);
+    void number(std::string_view name, std::int64_t value);
+    void flag(std::string_view name, bool value);
+    void date(std::string_view name, Instant value);
+
+    Stream stream_;
+    rapidjson::PrettyWriter<Stream> writer_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/CSVDocument.h"
+
+#include "core/HoursFormat.h"
+#include "platform/ISO8601.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr std::size_t pieceSize = 1 << 16;
+
+bool isBreakOfItsOwn(std::string_view value, std::size_t position) {
+    if (value[position] == '\r') {
+        return position + 1 >= value.size() || value[position + 1] != '\n';
+    }
+    return position == 0 || value[position - 1] != '\r';
+}
+
+bool needsQuotes(std::string_view value) {
+    std::size_t position = value.find_first_of("\",\r\n");
+    while (position != std::string_view::npos) {
+        const char c = value[position];
+        const bool isBreak = c == '\r' || c == '\n';
+        if (isBreak ? isBreakOfItsOwn(value, position)
+                    : isCharacterBoundary(value, position) &&
+                          isCharacterBoundary(value, position + 1)) {
+            return true;
+        }
+        position = value.find_first_of("\",\r\n", position + 1);
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string csvField(std::string_view value) {
+    if (!needsQuotes(value)) return std::string(value);
+    std::string field = "\"";
+    for (const char c : value) {
+        if (c == '"') field += '"';
+        field += c;
+    }
+    return field + '"';
+}
+
+CSVDocument::CSVDocument(const std::string& zoneID, std::function<void(std::string_view)> sink)
+    : calendar_(Locale("en_US"), zoneID), sink_(std::move(sink)) {
+    addLine({"Date", "Start", "End", "Client", "Project", "Notes", "Hours"});
+}
+
+void CSVDocument::add(Instant start, Instant end, std::string_view client, std::string_view project,
+                      std::string_view notes) {
+    const std::string startText = formatISO8601(start, calendar_.secondsFromUTC(start));
+    const std::string endText = formatISO8601(end, calendar_.secondsFromUTC(end));
+    addLine({std::string_view(startText).substr(0, 10), startText, endText, client, project, notes,
+             formatDecimalHours(secondsBetween(start, end))});
+}
+
+void CSVDocument::addLine(std::initializer_list<std::string_view> values) {
+    bool isFirst = true;
+    for (const auto value : values) {
+        if (!isFirst) gathered_ += ',';
+        gathered_ += csvField(value);
+        isFirst = false;
+    }
+    gathered_ += "\r\n";
+    if (gathered_.size() < pieceSize) return;
+    sink_(gathered_);
+    gathered_.clear();
+}
+
+void CSVDocument::finish() {
+    sink_(gathered_);
+    gathered_.clear();
+}
+
+}  // namespace elmworth

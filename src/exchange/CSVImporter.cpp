@@ -1,0 +1,290 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/CSVImporter.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "core/Client.h"
+#include "core/Project.h"
+#include "core/TimeEntry.h"
+#include "exchange/CSVTokenizer.h"
+#include "platform/Calendar.h"
+#include "platform/ISO8601.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+ImportError::ImportError(Code code)
+    : std::runtime_error(code == Code::empty
+                             ? "No time entries were found in this file."
+                             : "This CSV isn't in a format Elmworth knows. Use an Elmworth export "
+                               "or a Toggl Track detailed report."),
+      code_(code) {}
+
+namespace CSVImporter {
+
+namespace {
+
+using Fields = std::vector<std::string>;
+using Column = std::optional<std::size_t>;
+
+constexpr std::array palette{"#7C6CFF", "#4AA8FF", "#2EC4B6", "#40D19E", "#FFB400",
+                             "#FF8A4C", "#FF6B8B", "#C06CFF", "#8E8E93"};
+
+/// The names of the columns, trimmed and in lower case.
+class Header {
+ public:
+    explicit Header(const Fields& names) {
+        for (const auto& name : names) names_.push_back(lowerCased(trimmedBlanks(name)));
+    }
+    [[nodiscard]] Column column(std::string_view name) const {
+        const auto found = std::find(names_.begin(), names_.end(), name);
+        if (found == names_.end()) return std::nullopt;
+        return static_cast<std::size_t>(found - names_.begin());
+    }
+    [[nodiscard]] bool hasAll(std::initializer_list<std::string_view> names) const {
+        return std::all_of(names.begin(), names.end(),
+                           [&](auto name) { return column(name).has_value(); });
+    }
+
+ private:
+    Fields names_;
+};
+
+std::string optionalField(const Fields& fields, Column column) {
+    if (!column || *column >= fields.size()) return {};
+    return std::string(trimmedBlanks(fields[*column]));
+}
+
+/// Reads one kind of file, row by row.
+class Format {
+ public:
+    virtual ~Format() = default;
+    /// Start and end of a row; absent when they cannot be read.
+    [[nodiscard]] virtual std::optional<DateInterval> span(const Fields& fields) const = 0;
+    [[nodiscard]] virtual std::string_view notesColumn() const = 0;
+};
+
+class OwnFormat final : public Format {
+ public:
+    explicit OwnFormat(const Header& header)
+        : start_(*header.column("start")), end_(*header.column("end")) {}
+    [[nodiscard]] std::optional<DateInterval> span(const Fields& fields) const override {
+        if (std::max(start_, end_) >= fields.size()) return std::nullopt;
+        const auto start = parseISO8601(fields[start_]);
+        const auto end = parseISO8601(fields[end_]);
+        if (!start || !end) return std::nullopt;
+        return DateInterval{*start, *end};
+    }
+    [[nodiscard]] std::string_view notesColumn() const override { return "notes"; }
+
+ private:
+    std::size_t start_;
+    std::size_t end_;
+};
+
+class TogglFormat final : public Format {
+ public:
+    TogglFormat(const Header& header, const std::string& zoneID)
+        : startDate_(*header.column("start date")),
+          startTime_(*header.column("start time")),
+          endDate_(*header.column("end date")),
+          endTime_(*header.column("end time")),
+          calendar_(Locale("en_US"), zoneID),
+          utc_(Locale("en_US"), "UTC") {}
+
+    [[nodiscard]] std::optional<DateInterval> span(const Fields& fields) const override {
+        if (std::max({startDate_, startTime_, endDate_, endTime_}) >= fields.size()) {
+            return std::nullopt;
+        }
+        const auto start = localTime(fields[startDate_], fields[startTime_]);
+        const auto end = localTime(fields[endDate_], fields[endTime_]);
+        if (!start || !end) return std::nullopt;
+        return DateInterval{*start, *end};
+    }
+    [[nodiscard]] std::string_view notesColumn() const override { return "description"; }
+
+ private:
+    [[nodiscard]] std::optional<Instant> localTime(const std::string& date,
+                                                   const std::string& time) const {
+        const auto asIfUTC = parseISO8601(date + 'T' + time + 'Z');
+        if (!asIfUTC) return std::nullopt;
+        return calendar_.date(utc_.components(*asIfUTC));
+    }
+
+    std::size_t startDate_;
+    std::size_t startTime_;
+    std::size_t endDate_;
+    std::size_t endTime_;
+    Calendar calendar_;
+    Calendar utc_;
+};
+
+std::unique_ptr<Format> recognize(const Header& header, const std::string& zoneID) {
+    if (header.hasAll({"start", "end", "hours"})) return std::make_unique<OwnFormat>(header);
+    if (header.hasAll({"start date", "start time", "end date", "end time"})) {
+        return std::make_unique<TogglFormat>(header, zoneID);
+    }
+    throw ImportError(ImportError::Code::unrecognizedFormat);
+}
+
+/// What makes two entries the same.
+struct Signature {
+    PersistentID project;
+    std::int64_t start = 0;
+    std::int64_t end = 0;
+
+    friend bool operator==(const Signature&, const Signature&) = default;
+};
+
+struct SignatureHash {
+    std::size_t operator()(const Signature& signature) const noexcept {
+        constexpr std::size_t spread = 0x9E3779B97F4A7C15U;
+        std::size_t hash = std::hash<PersistentID>{}(signature.project);
+        hash = (hash ^ static_cast<std::size_t>(signature.start)) * spread;
+        return (hash ^ static_cast<std::size_t>(signature.end)) * spread;
+    }
+};
+
+/// Whole seconds since 1970, truncated toward zero.
+std::int64_t truncatedSeconds(Instant instant) {
+    return std::chrono::duration_cast<std::chrono::seconds>(instant.time_since_epoch()).count();
+}
+
+/// Adds rows to one library, unsaved.
+class Importer {
+ public:
+    explicit Importer(ModelContext& context) : context_(context) {
+        for (const auto& client : context.fetchQuietly<Client>()) {
+            clients_.try_emplace(lowerCased(client->name.get()), client);
+        }
+        for (const auto& project : context.fetchQuietly<Project>()) {
+            const auto& client = project->client.get();
+            projects_[projectKey(client ? client->name.get() : "", project->name)] = project;
+        }
+        noteEntries();
+    }
+
+    void add(const Row& row) {
+        const auto project = findProject(row);
+        const Signature signature{project->persistentModelID(), truncatedSeconds(row.start),
+                                  truncatedSeconds(row.end)};
+        if (!signatures_.insert(signature).second) {
+            ++result.skipped;
+            return;
+        }
+        const auto entry = std::make_shared<TimeEntry>(row.start, project);
+        entry->end = row.end;
+        entry->notes = row.notes;
+        context_.insert(entry);
+        ++result.imported;
+    }
+
+    Result result;
+
+ private:
+    static std::string projectKey(const std::string& client, const std::string& project) {
+        return lowerCased(client) + '|' + lowerCased(project);
+    }
+
+    void noteEntries() {
+        try {
+            context_.forEach<TimeEntry>(
+                {.predicate = key<&TimeEntry::end>() != absent}, [&](const TimeEntry& entry) {
+                    signatures_.insert({entry.project.id().value_or(PersistentID{}),
+                                        truncatedSeconds(entry.start),
+                                        truncatedSeconds(*entry.end.get())});
+                });
+        } catch (const StoreError&) {
+            return;  // a library that cannot be read counts as empty; the save will tell
+        }
+    }
+
+    Ref<Client> findClient(const std::string& name) {
+        auto& client = clients_[lowerCased(name)];
+        if (!client) {
+            client = std::make_shared<Client>(name);
+            context_.insert(client);
+            result.newClients.push_back(name);
+        }
+        return client;
+    }
+
+    Ref<Project> findProject(const Row& row) {
+        const std::string clientName = row.client.empty() ? "Imported" : row.client;
+        const std::string projectName = row.project.empty() ? "General" : row.project;
+        const auto client = findClient(clientName);
+        auto& project = projects_[projectKey(clientName, projectName)];
+        if (!project) {
+            project = std::make_shared<Project>(projectName, client);
+            project->colorHex = palette[newProjects_++ % palette.size()];
+            context_.insert(project);
+        }
+        return project;
+    }
+
+    ModelContext& context_;
+    std::unordered_map<std::string, Ref<Client>> clients_;
+    std::unordered_map<std::string, Ref<Project>> projects_;
+    std::unordered_set<Signature, SignatureHash> signatures_;
+    std::size_t newProjects_ = 0;
+};
+
+}  // namespace
+
+std::vector<Row> parse(std::string_view text, const std::string& zoneID) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.substr(0, byteOrderMark.size()) == byteOrderMark) {
+        text.remove_prefix(byteOrderMark.size());
+    }
+    CSVTokenizer tokenizer(text);
+    Fields fields;
+    if (!tokenizer.next(fields)) throw ImportError(ImportError::Code::empty);
+    const Header header(fields);
+    const auto format = recognize(header, zoneID);
+    const Column client = header.column("client");
+    const Column project = header.column("project");
+    const Column notes = header.column(format->notesColumn());
+
+    std::vector<Row> rows;
+    while (tokenizer.next(fields)) {
+        const auto span = format->span(fields);
+        if (!span || span->end <= span->start) continue;
+        rows.push_back({optionalField(fields, client), optionalField(fields, project),
+                        optionalField(fields, notes), span->start, span->end});
+    }
+    if (rows.empty()) throw ImportError(ImportError::Code::empty);
+    return rows;
+}
+
+Result apply(const std::vector<Row>& rows, ModelContext& context) {
+    Importer importer(context);
+    for (const auto& row : rows) importer.add(row);
+    context.save();
+    return importer.result;
+}
+
+std::string message(const Result& result) {
+    std::string text = "Imported " + std::to_string(result.imported) +
+                       (result.imported == 1 ? " entry." : " entries.");
+    if (!result.newClients.empty()) {
+        text += " New clients: ";
+        for (std::size_t i = 0; i < result.newClients.size(); ++i) {
+            text += (i > 0 ? ", " : "") + result.newClients[i];
+        }
+        text += " — set their rates in Clients.";
+    }
+    if (result.skipped > 0) {
+        text += " Skipped " + std::to_string(result.skipped) + " already imported.";
+    }
+    return text;
+}
+
+}  // namespace CSVImporter
+
+}  // namespace elmworth

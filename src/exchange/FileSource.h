@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+namespace elmworth {
+
+/// The bytes of a regular file, piece by piece. Throws std::filesystem::filesystem_error, also for
+/// folders and devices.
+class FileSource {
+ public:
+    explicit FileSource(const std::filesystem::path& file);
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+    ~FileSource();
+
+    /// The next piece, good until the next call; empty at the end.
+    [[nodiscard]] std::string_view nextPiece();
+
+ private:
+    [[noreturn]] void fail(int error);
+
+    std::filesystem::path file_;
+    int descriptor_ = -1;
+    std::array<char, 1 << 16> buffer_{};
+};
+
+}  // namespace elmworth

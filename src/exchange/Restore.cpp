@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/Restore.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "core/Client.h"
+#include "core/Invoice.h"
+#include "core/Project.h"
+#include "core/TimeEntry.h"
+
+namespace elmworth {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::string message(RestoreError::Code code, const std::string& place) {
+    if (code == RestoreError::Code::notEmpty) {
+        return "Restoring needs an empty library. Delete your clients first, or restore on a fresh "
+               "install.";
+    }
+    return place + ".clientIndex: a position in the list of clients can't be negative.";
+}
+
+/// Puts one document into one context, unsaved.
+class Restorer {
+ public:
+    Restorer(const Backup& backup, ModelContext& context) : backup_(backup), context_(context) {}
+
+    std::int64_t run() {
+        for (const auto& client : backup_.clients) addClient(client);
+        for (const auto& invoice : backup_.invoices) addInvoice(invoice);
+        return link();
+    }
+
+ private:
+    void addClient(const ClientDTO& dto) {
+        const auto client = std::make_shared<Client>(dto.name);
+        client->email = dto.email;
+        client->address = dto.address;
+        client->currencyCode = dto.currencyCode;
+        client->hourlyRateCents = dto.hourlyRateCents;
+        client->dueDays = dto.dueDays;
+        client->taxBasisPoints = dto.taxBasisPoints;
+        context_.insert(client);
+        clients_.push_back(client);
+        clientsByName_.try_emplace(dto.name, client);
+        for (const auto& project : dto.projects) addProject(project, client);
+    }
+
+    void addProject(const ProjectDTO& dto, const Ref<Client>& client) {
+        const auto project = std::make_shared<Project>(dto.name, client);
+        project->colorHex = dto.colorHex;
+        project->rateOverrideCents = dto.rateOverrideCents;
+        project->isArchived = dto.isArchived;
+        project->budgetHours = dto.budgetHours;
+        context_.insert(project);
+        for (const auto& entry : dto.entries) addEntry(entry, project);
+    }
+
+    void addEntry(const EntryDTO& dto, const Ref<Project>& project) {
+        const auto entry = std::make_shared<TimeEntry>(dto.start, project);
+        entry->end = dto.end.value_or(std::max<Instant>(dto.start + 1s, backup_.exportedAt));
+        entry->notes = dto.notes;
+        entry->billedRateCents = dto.billedRateCents;
+        context_.insert(entry);
+        if (dto.invoiceNumber) pendingLinks_.emplace_back(entry, &*dto.invoiceNumber);
+    }
+
+    [[nodiscard]] Ref<Client> findClient(const InvoiceDTO& dto) const {
+        if (dto.clientIndex && static_cast<std::size_t>(*dto.clientIndex) < clients_.size()) {
+            return clients_[static_cast<std::size_t>(*dto.clientIndex)];
+        }
+        const auto found = clientsByName_.find(dto.client);
+        return found == clientsByName_.end() ? nullptr : found->second;
+    }
+
+    void addInvoice(const InvoiceDTO& dto) {
+        const auto client = findClient(dto);
+        if (!client) return;
+        // Numbers are unique: of two invoices with the same one the later takes the earlier's
+        // place.
+        auto& invoice = invoices_[dto.number];
+        if (!invoice) {
+            invoice = std::make_shared<Invoice>(dto.number);
+            context_.insert(invoice);
+        }
+        invoice->client = client;
+        invoice->issueDate = dto.issueDate;
+        invoice->dueDate = dto.dueDate;
+        invoice->periodStart = dto.periodStart;
+        invoice->periodEnd = dto.periodEnd;
+        invoice->statusRaw = dto.status;
+        invoice->paidAt = dto.paidAt;
+        invoice->currencyCode = dto.currencyCode;
+        invoice->notes = dto.notes;
+        invoice->taxRateBasisPoints = dto.taxRateBasisPoints;
+        invoice->roundingMinutes = dto.roundingMinutes;
+        invoice->showsEntryDetails = dto.showsEntryDetails.value_or(true);
+        invoice->businessSnapshot =
+            dto.business ? std::optional(Blob{encodeProfile(*dto.business)}) : std::nullopt;
+    }
+
+    /// An entry whose invoice is not there becomes plain unbilled time, to be invoiced again.
+    std::int64_t link() {
+        std::int64_t unlinked = 0;
+        for (const auto& [entry, number] : pendingLinks_) {
+            const auto found = invoices_.find(*number);
+            if (found != invoices_.end()) {
+                entry->invoice = found->second;
+            } else {
+                entry->billedRateCents = std::nullopt;
+                ++unlinked;
+            }
+        }
+        return unlinked;
+    }
+
+    const Backup& backup_;
+    ModelContext& context_;
+    std::vector<Ref<Client>> clients_;
+    std::unordered_map<std::string, Ref<Client>> clientsByName_;
+    std::unordered_map<std::string, Ref<Invoice>> invoices_;
+    std::vector<std::pair<Ref<TimeEntry>, const std::string*>> pendingLinks_;
+};
+
+void refuseNegativeIndexes(const Backup& backup) {
+    for (std::size_t i = 0; i < backup.invoices.size(); ++i) {
+        if (backup.invoices[i].clientIndex.value_or(0) < 0) {
+            throw RestoreError(RestoreError::Code::negativeClientIndex,
+                               "invoices[" + std::to_string(i) + "]");
+        }
+    }
+}
+
+}  // namespace
+
+RestoreError::RestoreError(Code code, const std::string& place)
+    : std::runtime_error(message(code, place)), code_(code) {}
+
+RestoreResult restore(const Backup& backup, ModelContext& context) {
+    if (context.fetchCount<Client>() > 0 || context.fetchCount<TimeEntry>() > 0) {
+        throw RestoreError(RestoreError::Code::notEmpty);
+    }
+    refuseNegativeIndexes(backup);
+    const std::int64_t unlinked = Restorer(backup, context).run();
+    context.saveOrRollback();
+    return {backup.profile, unlinked};
+}
+
+std::string restoreMessage(const Backup& backup, const RestoreResult& result) {
+    std::string text = "Restored " + std::to_string(backup.clients.size()) + " clients and " +
+                       std::to_string(backup.invoices.size()) + " invoices.";
+    if (result.unlinkedEntries >= 1) {
+        text += ' ' + std::to_string(result.unlinkedEntries) +
+                " billed entries couldn't be matched to an invoice and are now unbilled — check "
+                "them before invoicing.";
+    }
+    return text;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+#include "core/BusinessProfile.h"
+#include "core/store/ModelContext.h"
+#include "exchange/Backup.h"
+
+namespace elmworth {
+
+/// Why a document was not restored. The message is the sentence to show; the library is as it was.
+class RestoreError : public std::runtime_error {
+ public:
+    enum class Code {
+        notEmpty,             ///< the library holds clients or time
+        negativeClientIndex,  ///< the document is wrong
+    };
+    explicit RestoreError(Code code, const std::string& place = {});
+    [[nodiscard]] Code code() const noexcept { return code_; }
+
+ private:
+    Code code_;
+};
+
+struct RestoreResult {
+    BusinessProfile profile;           ///< for the caller to apply
+    std::int64_t unlinkedEntries = 0;  ///< entries whose invoice was not restored; unbilled now
+};
+
+/// Loads `backup` into the empty library of `context` and saves: all of it or nothing. No restored
+/// entry runs. Throws RestoreError or StoreError.
+RestoreResult restore(const Backup& backup, ModelContext& context);
+
+/// What to tell after a restore.
+[[nodiscard]] std::string restoreMessage(const Backup& backup, const RestoreResult& result);
+
+}  // namespace elmworth

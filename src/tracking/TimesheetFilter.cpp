@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/TimesheetFilter.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "platform/Collator.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+/// The parts of an entry that lie in each day of `range`.
+void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant now,
+               const Calendar& calendar, std::map<Instant, DayGroup>& days) {
+    const Instant end = entry->end->value_or(now);
+    for (const auto& slice : splitByDay(entry->start, end, calendar)) {
+        if (slice.day < range.start || slice.day >= range.end) continue;
+        auto& group = days[slice.day];
+        group.day = slice.day;
+        group.entries.push_back(entry);
+        group.seconds += slice.seconds;
+    }
+}
+
+}  // namespace
+
+bool TimesheetFilter::passes(const TimeEntry& entry, Instant now) const {
+    if (entry.start.get() >= range.end) return false;
+    if (entry.end->value_or(now) <= range.start) return false;
+    if (unbilledOnly && entry.invoice) return false;
+    const auto& owner = entry.project.get();
+    if (project && owner != project) return false;
+    const auto ownersClient = owner ? owner->client.get() : nullptr;
+    if (client && ownersClient != client) return false;
+    const auto wanted = trimmedBlanks(search);
+    if (wanted.empty()) return true;
+    return containsLocalized(entry.notes.get(), wanted) ||
+           (owner && containsLocalized(owner->name.get(), wanted)) ||
+           (ownersClient && containsLocalized(ownersClient->name.get(), wanted));
+}
+
+std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const TimesheetFilter& filter,
+                                            Instant now) {
+    // Three ways to touch the period, each of which has its index; an order asked of the library
+    // would make it walk all entries.
+    const auto& [from, to] = filter.range;
+    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
+        .predicate = (key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to) ||
+                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
+                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+    std::erase_if(entries, [&](const auto& entry) { return !filter.passes(*entry, now); });
+    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+        return std::pair(b->start.get(), b->persistentModelID()) <
+               std::pair(a->start.get(), a->persistentModelID());
+    });
+    return entries;
+}
+
+std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
+                                const DateInterval& range, Instant now, const Calendar& calendar) {
+    std::map<Instant, DayGroup> days;
+    for (const auto& entry : entries) addToDays(entry, range, now, calendar, days);
+    std::vector<DayGroup> groups;
+    for (auto day = days.rbegin(); day != days.rend(); ++day) {
+        groups.push_back(std::move(day->second));
+    }
+    return groups;
+}
+
+}  // namespace elmworth

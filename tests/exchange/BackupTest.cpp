@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/Backup.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "exchange/BackupDecoder.h"
+#include "exchange/BackupExporter.h"
+#include "exchange/Restore.h"
+#include "platform/AtomicFile.h"
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::TestLibrary;
+using testing::HasSubstr;
+
+const Instant exportedAt = at("2026-03-10T12:00Z");
+
+Backup backupOf(TestLibrary& library) {
+    return BackupExporter::makeBackup(library.context(), {}, exportedAt);
+}
+
+/// Two clients of one name, entries billed, unbilled and running, an invoice of the second client.
+void fill(TestLibrary& library) {
+    const auto first = library.addClient("Acme");
+    const auto second = library.addClient("Acme");
+    const auto web = library.addProject("Web", first);
+    const auto app = library.addProject("App", second);
+    library.addEntry(web, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"))->notes =
+        "“Größe”\n日本";
+    library.addEntry(web, at("2026-03-02T09:00Z"), std::nullopt);
+    const auto billed = library.addEntry(app, at("2026-03-03T09:00Z"), at("2026-03-03T10:30Z"));
+    const auto invoice = library.addInvoice("INV-2026-001", second);
+    invoice->issueDate = at("2026-03-04T08:00Z");
+    invoice->dueDate = at("2026-03-18T08:00Z");
+    invoice->periodStart = at("2026-03-01T00:00Z");
+    invoice->periodEnd = at("2026-04-01T00:00Z");
+    BusinessProfile snapshot;
+    snapshot.name = "Jane";
+    invoice->businessSnapshot = Blob{encodeProfile(snapshot)};
+    billed->invoice = invoice;
+    billed->billedRateCents = 12345;
+    library.context().save();
+}
+
+TEST(Backup, emptyLibraryGivesADocumentWithEmptyLists) {
+    TestLibrary library;
+    const std::string json = BackupExporter::encode(backupOf(library));
+    EXPECT_THAT(json, HasSubstr("\"clients\": []"));
+    EXPECT_THAT(json, HasSubstr("\"invoices\": []"));
+    EXPECT_EQ(decodeBackup(json), backupOf(library));
+}
+
+TEST(Backup, whatIsEncodedDecodesToTheSame) {
+    TestLibrary library;
+    fill(library);
+    EXPECT_EQ(decodeBackup(BackupExporter::encode(backupOf(library))), backupOf(library));
+}
+
+TEST(Backup, writingPieceByPieceGivesTheEncodedDocument) {
+    TestLibrary library;
+    fill(library);
+    std::string written;
+    const auto counts = BackupExporter::write(library.context(), {}, exportedAt,
+                                              [&](std::string_view bytes) { written += bytes; });
+    EXPECT_EQ(written, BackupExporter::encode(backupOf(library)));
+    EXPECT_EQ(counts, (BackupExporter::Counts{2, 2, 3, 1}));
+}
+
+TEST(Backup, keysOfAnObjectAreSortedAndAbsentOnesLeftOut) {
+    TestLibrary library;
+    fill(library);
+    const std::string json = BackupExporter::encode(backupOf(library));
+    EXPECT_THAT(json, HasSubstr("{\n              \"notes\": \"\",\n              \"start\": "
+                                "\"2026-03-02T09:00:00Z\"\n            }"));
+    EXPECT_EQ(json.find("null"), std::string::npos);
+}
+
+TEST(Backup, unsavedChangesAreInTheDocument) {
+    TestLibrary library;
+    fill(library);
+    const auto project = library.context().fetch<Project>().front();
+    library.addEntry(project, at("2026-02-01T09:00Z"), at("2026-02-01T10:00Z"));
+    const auto entries = backupOf(library).clients.at(0).projects.at(0).entries;
+    ASSERT_EQ(entries.size(), 3U);
+    EXPECT_EQ(entries.at(0).start, at("2026-02-01T09:00Z"));
+}
+
+TEST(Backup, invoiceOfTheSecondOfTwoNamesakesNamesItsPosition) {
+    TestLibrary library;
+    fill(library);
+    const auto backup = backupOf(library);
+    EXPECT_EQ(backup.invoices.at(0).client, "Acme");
+    EXPECT_EQ(backup.invoices.at(0).clientIndex, 1);
+}
+
+TEST(Backup, clientsSortAsPeopleExpectAndProjectsByCodePoints) {
+    TestLibrary library;
+    const auto ten = library.addClient("Client 10");
+    library.addClient("Client 2");
+    library.addProject("Phase 2", ten);
+    library.addProject("Phase 10", ten);
+    const auto backup = backupOf(library);
+    EXPECT_EQ(backup.clients.at(0).name, "Client 2");
+    EXPECT_EQ(backup.clients.at(1).projects.at(0).name, "Phase 10");
+}
+
+TEST(Backup, aFractionOfASecondIsDropped) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    library.addEntry(project, at("2026-03-01T09:00Z") + std::chrono::milliseconds(900),
+                     at("2026-03-01T10:00Z"));
+    EXPECT_THAT(BackupExporter::encode(backupOf(library)), HasSubstr("2026-03-01T09:00:00Z"));
+}
+
+TEST(Backup, anyPrefixOfADocumentIsRefused) {
+    TestLibrary library;
+    fill(library);
+    const std::string json = BackupExporter::encode(backupOf(library));
+    const std::size_t last = json.rfind('}');
+    for (std::size_t length = 0; length <= last; length += 7) {
+        EXPECT_THROW((void)decodeBackup(json.substr(0, length)), BackupDecodeError) << length;
+    }
+}
+
+struct BadDocument {
+    const char* name;
+    const char* from;
+    const char* to;
+    const char* message;
+};
+
+class BadBackup : public testing::TestWithParam<BadDocument> {};
+
+TEST_P(BadBackup, isRefusedWithThePlaceOfTheFault) {
+    TestLibrary library;
+    fill(library);
+    std::string json = BackupExporter::encode(backupOf(library));
+    const auto place = json.find(GetParam().from);
+    ASSERT_NE(place, std::string::npos);
+    json.replace(place, std::string(GetParam().from).size(), GetParam().to);
+    try {
+        (void)decodeBackup(json);
+        FAIL() << "was read";
+    } catch (const BackupDecodeError& error) {
+        EXPECT_THAT(error.what(), HasSubstr(GetParam().message));
+        EXPECT_THAT(error.what(), HasSubstr("(line "));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, BadBackup,
+    testing::Values(BadDocument{"fraction", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00.5Z",
+                                "clients[0].projects[0].entries[1].start: not a date"},
+                    BadDocument{"noOffset", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00",
+                                "entries[1].start: not a date"},
+                    BadDocument{"bareDate", "2026-03-02T09:00:00Z", "2026-03-02",
+                                "entries[1].start: not a date"},
+                    BadDocument{"hour25", "2026-03-02T09:00:00Z", "2026-03-02T25:00:00Z",
+                                "entries[1].start: not a date"},
+                    BadDocument{"floatRate", "\"hourlyRateCents\": 10000",
+                                "\"hourlyRateCents\": 1.5",
+                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+                    BadDocument{"hugeRate", "\"hourlyRateCents\": 10000",
+                                "\"hourlyRateCents\": 9223372036854775808",
+                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+                    BadDocument{"textRate", "\"hourlyRateCents\": 10000",
+                                "\"hourlyRateCents\": \"1\"",
+                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+                    BadDocument{"missingNotes", "\"notes\": \"\",\n              \"start\"",
+                                "\"other\": \"\",\n              \"start\"",
+                                "clients[0].projects[0].entries[1]: the key \"notes\" is missing"},
+                    BadDocument{"requiredNull", "\"isArchived\": false", "\"isArchived\": null",
+                                "clients[0].projects[0].isArchived: neither true nor false"},
+                    BadDocument{"objectForList", "\"invoices\": [", "\"invoices\": {}, \"x\": [",
+                                "invoices: not an array"},
+                    BadDocument{"paper", "\"paperSize\": \"letter\"", "\"paperSize\": \"a5\"",
+                                "paperSize: neither \"letter\" nor \"a4\""}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(Backup, unknownKeysArePassedOverHoweverDeepTheyAre) {
+    const std::string deep = std::string(100'000, '[') + std::string(100'000, ']');
+    TestLibrary library;
+    std::string json = BackupExporter::encode(backupOf(library));
+    json.insert(1, "\"unknown\": " + deep + ", ");
+    EXPECT_EQ(decodeBackup(json), backupOf(library));
+}
+
+TEST(Backup, optionalKeysMayBeNull) {
+    TestLibrary library;
+    fill(library);
+    std::string json = BackupExporter::encode(backupOf(library));
+    json.insert(json.find("\"address\""), "\"dueDays\": null, ");
+    EXPECT_EQ(decodeBackup(json), backupOf(library));
+}
+
+TEST(Backup, lone64BitNumbersStayExact) {
+    TestLibrary library;
+    library.addClient("Acme")->hourlyRateCents = std::numeric_limits<std::int64_t>::max() - 1;
+    EXPECT_EQ(decodeBackup(BackupExporter::encode(backupOf(library))).clients.at(0).hourlyRateCents,
+              std::numeric_limits<std::int64_t>::max() - 1);
+}
+
+TEST(Backup, foldersAndDevicesAreRefused) {
+    TestLibrary library;
+    EXPECT_THROW((void)decodeBackupFile(library.folder.path()), std::filesystem::filesystem_error);
+    EXPECT_THROW((void)decodeBackupFile("/dev/zero"), std::filesystem::filesystem_error);
+    EXPECT_THROW((void)decodeBackupFile(library.folder.path() / "none"),
+                 std::filesystem::filesystem_error);
+}
+
+TEST(Backup, aFileIsReadAsItsTextIs) {
+    TestLibrary library;
+    fill(library);
+    const auto file = library.folder.path() / "backup.json";
+    BackupExporter::writeFile(library.context(), {}, exportedAt, file);
+    EXPECT_EQ(decodeBackupFile(file), backupOf(library));
+}
+
+}  // namespace
+}  // namespace elmworth

@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unicode/brkiter.h>
+
+#include <random>
+
+#include "exchange/CSVDocument.h"
+#include "exchange/CSVImporter.h"
+#include "exchange/CSVTokenizer.h"
+#include "platform/TextEncoding.h"
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::TestLibrary;
+using testing::ElementsAre;
+using Rows = std::vector<std::vector<std::string>>;
+
+Rows tokenize(std::string_view text) {
+    CSVTokenizer tokenizer(text);
+    Rows rows;
+    std::vector<std::string> fields;
+    while (tokenizer.next(fields)) rows.push_back(fields);
+    return rows;
+}
+
+TEST(CSVTokenizer, linesEndAtEveryKindOfBreak) {
+    EXPECT_EQ(tokenize("a,b\nc\r\nd\re"), (Rows{{"a", "b"}, {"c"}, {"d"}, {"e"}}));
+}
+
+TEST(CSVTokenizer, blankLinesVanish) {
+    EXPECT_EQ(tokenize("a\n\n\r\n\rb\n"), (Rows{{"a"}, {"b"}}));
+}
+
+TEST(CSVTokenizer, quotesHoldCommasAndBreaks) {
+    EXPECT_EQ(tokenize("\"a,b\r\nc\",d"), (Rows{{"a,b\r\nc", "d"}}));
+}
+
+TEST(CSVTokenizer, aDoubledQuoteIsOne) {
+    EXPECT_EQ(tokenize("\"a\"\"b\""), (Rows{{"a\"b"}}));
+}
+
+TEST(CSVTokenizer, aQuoteMayBeginInTheMiddleOfAField) {
+    EXPECT_EQ(tokenize("a\"b,c\"d,e"), (Rows{{"ab,cd", "e"}}));
+}
+
+TEST(CSVTokenizer, aQuoteThatIsNeverClosedQuotesTheRest) {
+    EXPECT_EQ(tokenize("a,\"b,c\nd"), (Rows{{"a", "b,c\nd"}}));
+}
+
+TEST(CSVTokenizer, aTrailingCommaLeavesAnEmptyField) {
+    EXPECT_EQ(tokenize("a,\n,"), (Rows{{"a", ""}, {"", ""}}));
+}
+
+TEST(CSVTokenizer, aCommaWithACombiningAccentIsText) {
+    EXPECT_EQ(tokenize("a,\xCC\x81"
+                       "b,c"),
+              (Rows{{"a,\xCC\x81"
+                     "b",
+                     "c"}}));
+}
+
+/// The rules once more, naively, over ICU's user-perceived characters.
+Rows tokenizeByCharacters(const std::string& utf8) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto text = icu::UnicodeString::fromUTF8(utf8);
+    const std::unique_ptr<icu::BreakIterator> breaks(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    breaks->setText(text);
+    std::vector<std::string> characters;
+    for (int start = breaks->first(), end = breaks->next(); end != icu::BreakIterator::DONE;
+         start = end, end = breaks->next()) {
+        characters.emplace_back();
+        text.tempSubStringBetween(start, end).toUTF8String(characters.back());
+    }
+    Rows rows;
+    std::vector<std::string> row;
+    std::string field;
+    bool isQuoted = false;
+    const auto endRow = [&] {
+        row.push_back(std::exchange(field, {}));
+        if (row != std::vector<std::string>{""}) rows.push_back(row);
+        row.clear();
+    };
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const auto& c = characters[i];
+        if (isQuoted) {
+            if (c != "\"") {
+                field += c;
+            } else if (i + 1 < characters.size() && characters[i + 1] == "\"") {
+                field += characters[++i];
+            } else {
+                isQuoted = false;
+            }
+        } else if (c == "\"") {
+            isQuoted = true;
+        } else if (c == ",") {
+            row.push_back(std::exchange(field, {}));
+        } else if (c == "\n" || c == "\r\n" || c == "\r") {
+            endRow();
+        } else {
+            field += c;
+        }
+    }
+    if (!field.empty() || !row.empty()) endRow();
+    return rows;
+}
+
+TEST(CSVTokenizer, agreesWithANaiveReaderOfCharactersOnAnyText) {
+    const std::vector<std::string> pieces{
+        "a",        ",", "\"",           "\r", "\n", "é",  "\xCC\x81", "\xE2\x80\x8D",
+        "\xD8\x80", "😀", "\xE0\xA4\xBE", " ",  "🇩",  "\t", "b\"\""};
+    std::mt19937 random(20260321);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text;
+        for (std::size_t i = random() % 12; i > 0; --i) text += pieces[random() % pieces.size()];
+        ASSERT_EQ(tokenize(text), tokenizeByCharacters(text)) << testing::PrintToString(text);
+    }
+}
+
+TEST(CSVDocument, fieldsAreQuotedOnlyWhereTheyMustBe) {
+    EXPECT_EQ(csvField("plain"), "plain");
+    EXPECT_EQ(csvField("a,b"), "\"a,b\"");
+    EXPECT_EQ(csvField("a\"b"), "\"a\"\"b\"");
+    EXPECT_EQ(csvField("\n"), "\"\n\"");
+    EXPECT_EQ(csvField("a\rb"), "\"a\rb\"");
+    EXPECT_EQ(csvField("a\r\nb"), "a\r\nb");
+    EXPECT_EQ(csvField("a\n\r\nb"), "\"a\n\r\nb\"");
+    EXPECT_EQ(csvField("a,\xCC\x81"), "a,\xCC\x81");
+}
+
+std::string documentOf(const std::string& zone, Instant start, Instant end) {
+    std::string text;
+    CSVDocument document(zone, [&](std::string_view piece) { text += piece; });
+    document.add(start, end, "Acme", "Web", "");
+    document.finish();
+    return text;
+}
+
+TEST(CSVDocument, withoutEntriesItIsTheHeader) {
+    std::string text;
+    CSVDocument("UTC", [&](std::string_view piece) { text += piece; }).finish();
+    EXPECT_EQ(text, "Date,Start,End,Client,Project,Notes,Hours\r\n");
+}
+
+TEST(CSVDocument, hoursAreExactWithAPoint) {
+    EXPECT_THAT(documentOf("UTC", at("2026-03-01T09:00Z"), at("2026-03-01T09:01:30Z")),
+                testing::EndsWith(",0.03\r\n"));
+    EXPECT_THAT(documentOf("UTC", at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z")),
+                testing::EndsWith(",1.00\r\n"));
+}
+
+TEST(CSVDocument, dateAndTimesStandInTheExportsZone) {
+    EXPECT_THAT(
+        documentOf("Africa/Cairo", at("2026-03-01T23:30Z"), at("2026-03-02T00:30Z")),
+        testing::HasSubstr("2026-03-02,2026-03-02T01:30:00+02:00,2026-03-02T02:30:00+02:00"));
+}
+
+constexpr const char* togglHeader =
+    "User,Email,Client,Project,Task,Description,Billable,Start date,Start time,End date,End time,"
+    "Duration,Tags,Amount ()\r\n";
+
+TEST(CSVImporter, ownFormatIsRead) {
+    const auto rows = CSVImporter::parse(
+        "Hours, START ,End,Notes,Client\n"
+        "9,2026-03-01T09:00:00+01:00,2026-03-01T10:00:00+01:00, Layout ,Acme\n",
+        "UTC");
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0], (CSVImporter::Row{"Acme", "", "Layout", at("2026-03-01T08:00Z"),
+                                         at("2026-03-01T09:00Z")}));
+}
+
+TEST(CSVImporter, togglReportIsReadInTheGivenZone) {
+    const auto rows = CSVImporter::parse(
+        std::string("\xEF\xBB\xBF") + togglHeader +
+            "Jane,j@x.example,Acme,Web,,\"Say \"\"hi\"\"\n😀\",No,2026-03-29,01:30:00,2026-03-29,"
+            "03:30:00,01:00:00,\"a, b\",\r\n",
+        "Europe/Berlin");
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].notes, "Say \"hi\"\n😀");
+    EXPECT_EQ(rows[0].start, at("2026-03-29T00:30Z"));
+    EXPECT_EQ(rows[0].end, at("2026-03-29T01:30Z"));
+}
+
+ImportError::Code errorOf(const std::string& text) {
+    try {
+        (void)CSVImporter::parse(text, "UTC");
+    } catch (const ImportError& error) {
+        return error.code();
+    }
+    throw std::logic_error("was read");
+}
+
+TEST(CSVImporter, whatIsNoReportIsRefused) {
+    EXPECT_EQ(errorOf(""), ImportError::Code::empty);
+    EXPECT_EQ(errorOf("\n\n"), ImportError::Code::empty);
+    EXPECT_EQ(errorOf("a,b\n1,2"), ImportError::Code::unrecognizedFormat);
+    EXPECT_EQ(errorOf("start,end\n"), ImportError::Code::unrecognizedFormat);
+    EXPECT_EQ(errorOf(togglHeader), ImportError::Code::empty);
+    EXPECT_EQ(errorOf("start,end,hours\n2026-03-01T09:00:00Z,2026-03-01T09:00:00Z,0\n"),
+              ImportError::Code::empty);
+    EXPECT_EQ(errorOf("start,end,hours\n2026-03-01T09:00:00Z,2026-03-01T08:00:00Z,0\n"),
+              ImportError::Code::empty);
+}
+
+CSVImporter::Row row(const std::string& client, const std::string& project, const char* start,
+                     const char* end) {
+    return {client, project, "", at(start), at(end)};
+}
+
+TEST(CSVImporter, aSecondImportAddsNothing) {
+    TestLibrary library;
+    const std::vector rows{row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z"),
+                           row("", "", "2026-03-02T09:00Z", "2026-03-02T10:00Z")};
+    EXPECT_EQ(CSVImporter::message(CSVImporter::apply(rows, library.context())),
+              "Imported 2 entries. New clients: Acme, Imported — set their rates in Clients.");
+    library.reopen();
+    EXPECT_EQ(CSVImporter::message(CSVImporter::apply(rows, library.context())),
+              "Imported 0 entries. Skipped 2 already imported.");
+    EXPECT_EQ(library.context().fetchCount<TimeEntry>(), 2U);
+}
+
+TEST(CSVImporter, namesJoinWithoutRegardToCase) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    library.context().save();
+    const auto result = CSVImporter::apply(
+        {row("ACME", "WEB", "2026-03-01T09:00Z", "2026-03-01T10:00Z")}, library.context());
+    EXPECT_TRUE(result.newClients.empty());
+    EXPECT_EQ(library.context().fetch<TimeEntry>().at(0)->project.get(), project);
+}
+
+TEST(CSVImporter, oneNameUnderTwoClientsGivesTwoProjects) {
+    TestLibrary library;
+    CSVImporter::apply({row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z"),
+                        row("Globex", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z")},
+                       library.context());
+    EXPECT_EQ(library.context().fetchCount<Project>(), 2U);
+    EXPECT_EQ(library.context().fetchCount<TimeEntry>(), 2U);
+}
+
+TEST(CSVImporter, theTenthNewProjectTakesTheFirstColourAgain) {
+    TestLibrary library;
+    std::vector<CSVImporter::Row> rows;
+    for (int i = 0; i < 10; ++i) {
+        rows.push_back(
+            row("Acme", "P" + std::to_string(i), "2026-03-01T09:00Z", "2026-03-01T10:00Z"));
+    }
+    CSVImporter::apply(rows, library.context());
+    const auto projects = library.context().fetch<Project>();
+    EXPECT_EQ(projects.at(0)->colorHex.get(), "#7C6CFF");
+    EXPECT_EQ(projects.at(8)->colorHex.get(), "#8E8E93");
+    EXPECT_EQ(projects.at(9)->colorHex.get(), "#7C6CFF");
+}
+
+TEST(CSVImporter, anIdenticalRowInOneFileIsSkipped) {
+    TestLibrary library;
+    const auto same = row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z");
+    const auto result = CSVImporter::apply({same, same}, library.context());
+    EXPECT_EQ(result.imported, 1);
+    EXPECT_EQ(result.skipped, 1);
+    EXPECT_EQ(CSVImporter::message(result),
+              "Imported 1 entry. New clients: Acme — set their rates in Clients. Skipped 1 already "
+              "imported.");
+}
+
+TEST(TextEncoding, filesOfOtherEncodingsAreRead) {
+    using namespace std::string_literals;
+    EXPECT_EQ(decodeText("Größe"), "Größe");
+    EXPECT_EQ(decodeText("a,Gr\xF6\xDF"
+                         "e,\x80"),
+              "a,Größe,€");
+    EXPECT_EQ(decodeText("\xFF\xFE"
+                         "a\0,\0\xF6\0"s),
+              "a,ö");
+    EXPECT_EQ(decodeText("\0a\0,\0\xF6"s), "a,ö");
+    EXPECT_EQ(decodeText("Gr\x9A\xA7"
+                         "e\x81"),
+              "GrößeÅ");
+}
+
+}  // namespace
+}  // namespace elmworth

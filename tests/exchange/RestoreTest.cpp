@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "exchange/Restore.h"
+
+#include <gtest/gtest.h>
+
+#include "exchange/BackupDecoder.h"
+#include "exchange/BackupExporter.h"
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using test::TestLibrary;
+
+EntryDTO entry(const char* start, std::optional<Instant> end) {
+    return {at(start), end, "", std::nullopt, std::nullopt};
+}
+
+InvoiceDTO invoice(const std::string& number, const std::string& client) {
+    InvoiceDTO dto;
+    dto.number = number;
+    dto.client = client;
+    dto.status = "sent";
+    dto.currencyCode = "EUR";
+    return dto;
+}
+
+/// A document with one client of one project that holds `entries`.
+Backup document(std::vector<EntryDTO> entries) {
+    Backup backup;
+    backup.exportedAt = at("2026-03-10T12:00Z");
+    ClientDTO client;
+    client.name = "Acme";
+    client.currencyCode = "EUR";
+    client.projects.push_back({"Web", "#FFB400", std::nullopt, false, 40, std::move(entries)});
+    backup.clients.push_back(std::move(client));
+    return backup;
+}
+
+Ref<TimeEntry> onlyEntry(TestLibrary& library) {
+    const auto entries = library.context().fetch<TimeEntry>();
+    EXPECT_EQ(entries.size(), 1U);
+    return entries.at(0);
+}
+
+TEST(Restore, backupRestoreBackupGivesTheSameDocument) {
+    TestLibrary first;
+    const auto project = first.addProject("Web", first.addClient("Acme"));
+    const auto bill = first.addInvoice("INV-2026-001", project->client);
+    const auto billed = first.addEntry(project, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
+    billed->invoice = bill;
+    billed->billedRateCents = 9000;
+    first.addEntry(project, at("2026-03-02T09:00Z"), at("2026-03-02T10:00Z"))->notes = "é 😀";
+    first.context().save();
+    const auto backup = BackupExporter::makeBackup(first.context(), {}, at("2026-03-10T12:00Z"));
+
+    TestLibrary second;
+    restore(backup, second.context());
+    second.reopen();
+    EXPECT_EQ(BackupExporter::makeBackup(second.context(), {}, at("2026-03-10T12:00Z")), backup);
+}
+
+TEST(Restore, aLibraryWithAClientIsRefusedAndStaysAsItWas) {
+    TestLibrary library;
+    const auto client = library.addClient("Globex");
+    library.context().save();
+    EXPECT_THROW(restore(document({}), library.context()), RestoreError);
+    EXPECT_EQ(library.context().fetch<Client>(), std::vector{client});
+}
+
+TEST(Restore, aRunningEntryThatBeganAfterTheExportEndsOneSecondAfterItsStart) {
+    TestLibrary library;
+    restore(document({entry("2026-03-10T12:30Z", std::nullopt)}), library.context());
+    EXPECT_EQ(onlyEntry(library)->end.get(), at("2026-03-10T12:30:01Z"));
+}
+
+TEST(Restore, aRunningEntryEndsAtTheExport) {
+    TestLibrary library;
+    restore(document({entry("2026-03-10T11:00Z", std::nullopt)}), library.context());
+    EXPECT_EQ(onlyEntry(library)->end.get(), at("2026-03-10T12:00Z"));
+}
+
+TEST(Restore, anInvoiceWithoutAPositionGoesToTheFirstClientOfItsName) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.clients.push_back(backup.clients.at(0));
+    backup.invoices.push_back(invoice("1", "Acme"));
+    restore(backup, library.context());
+    EXPECT_EQ(library.context().fetch<Invoice>().at(0)->client.get(),
+              library.context().fetch<Client>().at(0));
+}
+
+TEST(Restore, aPositionBeyondTheListFallsBackToTheName) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(0).clientIndex = 1;
+    restore(backup, library.context());
+    EXPECT_EQ(library.context().fetchCount<Invoice>(), 1U);
+}
+
+TEST(Restore, aNegativePositionEndsWithAnErrorAndNothingChanged) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(0).clientIndex = -1;
+    try {
+        restore(backup, library.context());
+        FAIL() << "was restored";
+    } catch (const RestoreError& error) {
+        EXPECT_EQ(error.code(), RestoreError::Code::negativeClientIndex);
+    }
+    EXPECT_EQ(library.context().fetchCount<Client>(), 0U);
+    EXPECT_FALSE(library.context().hasChanges());
+}
+
+TEST(Restore, ofTwoInvoicesWithOneNumberTheLaterStays) {
+    TestLibrary library;
+    auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
+    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "1";
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(1).notes = "the later";
+    EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
+    EXPECT_EQ(onlyEntry(library)->invoice->notes.get(), "the later");
+}
+
+TEST(Restore, anEntryOfAnInvoiceThatWasDroppedComesBackUnbilled) {
+    TestLibrary library;
+    auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
+    auto& billed = backup.clients.at(0).projects.at(0).entries.at(0);
+    billed.invoiceNumber = "1";
+    billed.billedRateCents = 9000;
+    backup.invoices.push_back(invoice("1", "Nobody"));
+    const auto result = restore(backup, library.context());
+    EXPECT_EQ(result.unlinkedEntries, 1);
+    EXPECT_FALSE(onlyEntry(library)->invoice);
+    EXPECT_FALSE(onlyEntry(library)->billedRateCents.get().has_value());
+    EXPECT_EQ(restoreMessage(backup, result),
+              "Restored 1 clients and 1 invoices. 1 billed entries couldn't be matched to an "
+              "invoice and are now unbilled — check them before invoicing.");
+}
+
+TEST(Restore, theVersionIsNotLookedAt) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.version = 7;
+    restore(backup, library.context());
+    EXPECT_EQ(library.context().fetchCount<Client>(), 1U);
+}
+
+TEST(Restore, aMissingSwitchForDetailLinesCountsAsOn) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.invoices.push_back(invoice("1", "Acme"));
+    restore(backup, library.context());
+    EXPECT_TRUE(library.context().fetch<Invoice>().at(0)->showsEntryDetails.get());
+}
+
+}  // namespace
+}  // namespace elmworth
