@@ -24,6 +24,8 @@ class RawDatabase {
         if (code != SQLITE_OK) throw std::runtime_error(sqlite3_errstr(code));
     }
 
+    [[nodiscard]] sqlite3* handle() const noexcept { return database_.get(); }
+
     /// Runs `sql` and gives SQLite's result code.
     int run(const std::string& sql) {
         return sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr);

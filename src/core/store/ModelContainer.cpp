@@ -26,7 +26,9 @@ ModelContainer::ModelContainer(const ModelConfiguration& configuration, RunLoop&
         context_ = std::make_unique<ModelContext>(
             std::make_unique<sqlite::RecordStore>(std::move(database)), runLoop);
     } catch (const StoreError& error) {
-        throw ModelContainerError(error.what());
+        const bool namesFile = error.code() == StoreError::Code::other || !configuration.url;
+        throw ModelContainerError((namesFile ? "" : configuration.url->string() + ": ") +
+                                  error.what());
     } catch (const std::filesystem::filesystem_error& error) {
         throw ModelContainerError(error.path1().string() + ": " + error.code().message());
     }

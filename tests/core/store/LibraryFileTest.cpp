@@ -57,6 +57,26 @@ class LibraryFile : public testing::Test {
     test::ManualRunLoop runLoop;
 };
 
+TEST_F(LibraryFile, aNewerVersionThatStandsInTheLogAloneIsRefused) {
+    makeLibrary();
+    {
+        RawDatabase raw(file());
+        int keepLog = 1;
+        sqlite3_file_control(raw.handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
+        sqlite3_db_config(raw.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        ASSERT_EQ(raw.run("PRAGMA user_version = 20000"), SQLITE_OK);
+    }
+    EXPECT_EQ(open(), "Could not create ModelContainer: The library " + file().string() +
+                          " has version 2.0.0, which needs a newer Elmworth than this one.");
+}
+
+TEST_F(LibraryFile, aLinkToADriveThatIsAwayIsNotReplacedByAnEmptyLibrary) {
+    fs::create_symlink(folder.path() / "away" / "library.sqlite", file());
+    EXPECT_EQ(open(), "Could not create ModelContainer: " + file().string() +
+                          ": No such file or directory");
+    EXPECT_TRUE(fs::is_symlink(file()));
+}
+
 TEST_F(LibraryFile, isForTheUserAlone) {
     const auto home = folder.path() / "data" / "Elmworth";
     const ModelContainer container({home / "library.sqlite"}, runLoop);

@@ -60,6 +60,13 @@ std::string versionText(std::uint32_t version) {
            std::to_string(version % 100);
 }
 
+void refuseNewerVersion(const fs::path& file, std::uint32_t version) {
+    if (version <= static_cast<std::uint32_t>(librarySchemaVersion)) return;
+    throw StoreError(StoreError::Code::other, "The library " + file.string() + " has version " +
+                                                  versionText(version) +
+                                                  ", which needs a newer Elmworth than this one.");
+}
+
 void refuseForeignFile(const fs::path& file) {
     const auto header = readHeader(file);
     if (!header.isLibrary()) {
@@ -67,12 +74,13 @@ void refuseForeignFile(const fs::path& file) {
                                                       " is not an Elmworth library; move it away "
                                                       "to start with an empty one.");
     }
-    if (header.version() > static_cast<std::uint32_t>(librarySchemaVersion)) {
-        throw StoreError(StoreError::Code::other,
-                         "The library " + file.string() + " has version " +
-                             versionText(header.version()) +
-                             ", which needs a newer Elmworth than this one.");
-    }
+    refuseNewerVersion(file, header.version());
+}
+
+/// The version that counts may stand in the log alone.
+std::uint32_t storedVersion(Database& database) {
+    Statement statement(database.handle(), "PRAGMA user_version");
+    return statement.step() ? static_cast<std::uint32_t>(statement.integer(0)) : 0;
 }
 
 void createSchema(Database& database) {
@@ -132,11 +140,13 @@ bool hasLog(const fs::path& file) {
 
 Database openLibraryFile(const fs::path& file) {
     createPrivateFolder(file.parent_path());
-    if (!fs::exists(file)) createLibraryFile(file);
+    // A link to a drive that is away is no missing library.
+    if (!fs::exists(fs::symlink_status(file))) createLibraryFile(file);
     refuseForeignFile(file);
     const bool continuesLog = hasLog(file);
     Database database(file.string());
     useOneConnection(database);
+    refuseNewerVersion(file, storedVersion(database));
     database.execute("PRAGMA journal_mode = WAL; SELECT count(*) FROM sqlite_schema");
     if (!continuesLog) beginLog(database);
     return database;
