@@ -66,9 +66,8 @@ std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
     std::map<Instant, DayGroup> days;
     for (const auto& entry : entries) addToDays(entry, range, now, calendar, days);
     std::vector<DayGroup> groups;
-    for (auto day = days.rbegin(); day != days.rend(); ++day) {
-        groups.push_back(std::move(day->second));
-    }
+    for (auto& [day, group] : days) groups.push_back(std::move(group));
+    std::reverse(groups.begin(), groups.end());
     return groups;
 }
 
