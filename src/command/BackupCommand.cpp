@@ -34,10 +34,10 @@ void backUp(const std::string& file, CommandEnvironment& environment, CommandOut
 }  // namespace
 
 void addBackupCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "backup", "Writes the whole library as a JSON document and prints its path");
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "Where to write; - for standard output")->required();
+    command.option("FILE", *file, "Where to write; - for standard output").required();
     syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
         backUp(*file, environment, output);
     });
