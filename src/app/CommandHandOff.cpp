@@ -3,10 +3,15 @@
 
 #include "app/CommandHandOff.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusUnixFileDescriptor>
 #include <QStringList>
 #include <QVariantMap>
+#include <array>
 #include <limits>
 
 #include "app/WorkingFolder.h"
@@ -31,15 +36,36 @@ QDBusMessage call(const char* interface, const char* method, const QVariantList&
     return QDBusConnection::sessionBus().call(message, QDBus::Block, timeout);
 }
 
+/// A pipe whose end for writing closes with this process, however that ends. The end for reading
+/// tells another process that it did.
+class Lifeline {
+ public:
+    Lifeline() {
+        std::array<int, 2> ends{};
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
+        watched_.giveFileDescriptor(ends[0]);
+        held_.giveFileDescriptor(ends[1]);
+    }
+    [[nodiscard]] const QDBusUnixFileDescriptor& watched() const { return watched_; }
+
+ private:
+    QDBusUnixFileDescriptor watched_;
+    QDBusUnixFileDescriptor held_;
+};
+
 }  // namespace
 
 std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) {
     if (!QDBusConnection::sessionBus().isConnected()) return std::nullopt;
     QStringList list;
     for (const auto& argument : arguments) list << text(argument);
-    const QVariantList message{list, text(workingFolder().string()),
+    const Lifeline lifeline;
+    const QVariantList message{list,
+                               text(workingFolder().string()),
                                text(Locale::current().identifier()),
-                               text(Calendar::current().zoneID())};
+                               text(Calendar::current().zoneID()),
+                               QVariant::fromValue(QDBusUnixFileDescriptor(STDERR_FILENO)),
+                               QVariant::fromValue(lifeline.watched())};
     const auto reply = call(bus::commandInterface, "Run", message, std::numeric_limits<int>::max());
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
         return std::nullopt;

@@ -3,6 +3,8 @@
 
 #include "app/TerminalCommand.h"
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -12,6 +14,7 @@
 
 #include "app/LibraryServices.h"
 #include "app/SiblingProgram.h"
+#include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
 #include "core/Logo.h"
 #include "platform/LibraryLock.h"
@@ -39,9 +42,10 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
     try {
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
-        CommandEnvironment environment{
-            services.context(), services.timer(),    services.profiles(), services.clock(),
-            Locale::current(),  Calendar::current(), workingFolder(),     painter};
+        TerminalProgress progress(STDERR_FILENO);
+        CommandEnvironment environment{services.context(), services.timer(),  services.profiles(),
+                                       services.clock(),   Locale::current(), Calendar::current(),
+                                       workingFolder(),    painter,           progress};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());

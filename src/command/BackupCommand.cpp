@@ -17,8 +17,8 @@ void backUp(const std::string& file, CommandEnvironment& environment, CommandOut
         return;
     }
     const auto path = environment.workingFolder / file;
-    const auto counts =
-        BackupExporter::writeFile(environment.context, profile, environment.now(), path);
+    const auto counts = BackupExporter::writeFile(environment.context, profile, environment.now(),
+                                                  path, environment.progress);
     if (!output.isJSON()) return output.line(path.string());
     JSONOutput json;
     json.beginObject();

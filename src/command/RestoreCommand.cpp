@@ -12,8 +12,8 @@ namespace {
 
 void restoreBackup(const std::string& file, CommandEnvironment& environment,
                    CommandOutput& output) {
-    const auto backup = decodeBackupFile(environment.workingFolder / file);
-    const auto result = restore(backup, environment.context);
+    const auto backup = decodeBackupFile(environment.workingFolder / file, environment.progress);
+    const auto result = restore(backup, environment.context, environment.progress);
     environment.profiles.setProfile(result.profile);
     environment.timer.refresh();
     const std::string message = restoreMessage(backup, result);
