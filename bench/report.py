@@ -36,6 +36,8 @@ AIMS = [
     ("importAgain/200000", "import/200000", 0.5),
     ("process/status/100", "limit/process", 2),
     ("process/status/200000", "limit/process", 2),
+    ("process/statusHandedOver/100", "process/status/100", 1),
+    ("process/statusHandedOver/200000", "process/status/200000", 1),
     ("process/start/100", "limit/process", 2),
     ("process/start/200000", "limit/process", 2),
     ("process/stop/100", "limit/process", 2),

@@ -3,37 +3,30 @@
 
 #include "app/CommandHandOff.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusUnixFileDescriptor>
-#include <QStringList>
-#include <QVariantMap>
 #include <array>
-#include <limits>
+#include <filesystem>
 
+#include "app/SessionBus.h"
+#include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
 #include "platform/Calendar.h"
+#include "platform/Locale.h"
 
 namespace elmworth {
 
 namespace {
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
-
-QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments,
-                  int timeout) {
-    auto message = QDBusMessage::createMethodCall(
-        QString::fromLatin1(bus::service), QString::fromLatin1(bus::object),
-        QString::fromLatin1(interface), QString::fromLatin1(method));
-    message.setArguments(arguments);
-    // The bus must not start the application for a command that works without it.
-    message.setAutoStartService(false);
-    return QDBusConnection::sessionBus().call(message, QDBus::Block, timeout);
+/// A function of the module that talks to the bus. Loaded when it is needed: most commands find the
+/// library free and must not wait for the bus's libraries. Null when the module is not there.
+template <class Function>
+Function* sessionBusFunction(const char* name) {
+    static void* const module =
+        ::dlopen(siblingPath("elmworth-session-bus.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    return module ? reinterpret_cast<Function*>(::dlsym(module, name)) : nullptr;
 }
 
 /// A pipe whose end for writing closes with this process, however that ends. The end for reading
@@ -41,45 +34,41 @@ QDBusMessage call(const char* interface, const char* method, const QVariantList&
 class Lifeline {
  public:
     Lifeline() {
-        std::array<int, 2> ends{};
-        if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
-        watched_.giveFileDescriptor(ends[0]);
-        held_.giveFileDescriptor(ends[1]);
+        if (::pipe2(ends_.data(), O_CLOEXEC) != 0) ends_ = {-1, -1};
     }
-    [[nodiscard]] const QDBusUnixFileDescriptor& watched() const { return watched_; }
+    Lifeline(const Lifeline&) = delete;
+    Lifeline& operator=(const Lifeline&) = delete;
+    ~Lifeline() {
+        for (const int end : ends_) {
+            if (end >= 0) ::close(end);
+        }
+    }
+    [[nodiscard]] int watched() const noexcept { return ends_[0]; }
 
  private:
-    QDBusUnixFileDescriptor watched_;
-    QDBusUnixFileDescriptor held_;
+    std::array<int, 2> ends_{};
 };
 
 }  // namespace
 
 std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) {
-    if (!QDBusConnection::sessionBus().isConnected()) return std::nullopt;
-    QStringList list;
-    for (const auto& argument : arguments) list << text(argument);
+    auto* const call = sessionBusFunction<HandOffFunction>("elmworthHandOff");
     const Lifeline lifeline;
-    const QVariantList message{list,
-                               text(workingFolder().string()),
-                               text(Locale::current().identifier()),
-                               text(Calendar::current().zoneID()),
-                               QVariant::fromValue(QDBusUnixFileDescriptor(STDERR_FILENO)),
-                               QVariant::fromValue(lifeline.watched())};
-    const auto reply = call(bus::commandInterface, "Run", message, std::numeric_limits<int>::max());
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
-        return std::nullopt;
-    }
-    return CommandResult{reply.arguments().at(0).toByteArray().toStdString(),
-                         reply.arguments().at(1).toByteArray().toStdString(),
-                         reply.arguments().at(2).toInt()};
+    if (!call || lifeline.watched() < 0) return std::nullopt;
+    const HandOffRequest request{arguments,
+                                 workingFolder().string(),
+                                 Locale::current().identifier(),
+                                 Calendar::current().zoneID(),
+                                 STDERR_FILENO,
+                                 lifeline.watched()};
+    CommandResult result;
+    if (!call(request, result)) return std::nullopt;
+    return result;
 }
 
 bool activateRunningApplication() {
-    constexpr int timeout = 5000;
-    if (!QDBusConnection::sessionBus().isConnected()) return false;
-    return call("org.freedesktop.Application", "Activate", {QVariantMap()}, timeout).type() ==
-           QDBusMessage::ReplyMessage;
+    auto* const call = sessionBusFunction<ActivateFunction>("elmworthActivate");
+    return call && call();
 }
 
 }  // namespace elmworth

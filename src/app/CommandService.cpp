@@ -6,7 +6,7 @@
 #include <QDBusConnection>
 
 #include "app/BusAdaptors.h"
-#include "app/CommandHandOff.h"
+#include "app/SessionBus.h"
 #include "app/TerminalProgress.h"
 #include "command/CommandLine.h"
 
