@@ -12,11 +12,15 @@ namespace elmworth {
 
 namespace {
 
-void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+/// The rows of the file, whose text need not stay in memory.
+std::vector<CSVImporter::Row> readRows(const std::string& file, CommandEnvironment& environment) {
     const auto text = decodeText(readFile(environment.workingFolder / file));
     if (!text) throw CommandError("The text encoding of this file can't be determined.");
-    const auto rows =
-        CSVImporter::parse(*text, environment.calendar.zoneID(), environment.progress);
+    return CSVImporter::parse(*text, environment.calendar.zoneID(), environment.progress);
+}
+
+void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+    const auto rows = readRows(file, environment);
     CSVImporter::Result result;
     try {
         if (environment.context.hasChanges()) environment.context.save();
