@@ -37,7 +37,14 @@ std::optional<FileTime> modificationDate(const std::filesystem::path& file) {
     return error ? std::nullopt : std::optional(date);
 }
 
+/// A pipe in a picture's place would keep the program waiting for ever.
+bool isFile(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored);
+}
+
 QImage readImage(const std::filesystem::path& path) {
+    if (!isFile(path)) return {};
     QFile file(QFile::decodeName(path.c_str()));
     return file.open(QIODevice::ReadOnly) ? QImageReader(&file).read() : QImage();
 }
@@ -54,6 +61,7 @@ QSize logoSize(QSize picture) {
 
 /// Reads a picture small where its format can do that while decoding. Null when it is none.
 QImage readPicture(const std::filesystem::path& path) {
+    if (!isFile(path)) return {};
     QFile file(QFile::decodeName(path.c_str()));
     if (!file.open(QIODevice::ReadOnly)) return {};
     // The formats that only decode whole may take what 200 megapixels need, and no more.

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QColorSpace>
 #include <QImage>
@@ -238,6 +239,15 @@ TEST_F(LogoTest, AFileThatIsNoPictureIsRefusedAndTheOldLogoStays) {
         expectError(file, LogoError::Code::fileReadCorruptFile,
                     "The file is not a picture that can be read.");
     EXPECT_EQ(stored().pixelColor(0, 0), QColor(Qt::red));
+}
+
+TEST_F(LogoTest, APipeInAPicturesPlaceIsNoPictureAndKeepsNobodyWaiting) {
+    ASSERT_EQ(::mkfifo(logoFileURL().c_str(), 0600), 0);
+    EXPECT_FALSE(loadLogo());
+    const auto pipe = folder_.path() / "pipe.png";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    expectError(pipe, LogoError::Code::fileReadCorruptFile,
+                "The file is not a picture that can be read.");
 }
 
 TEST_F(LogoTest, AFolderThatCannotBeMadeIsAFailureToWrite) {

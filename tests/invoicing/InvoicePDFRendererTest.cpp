@@ -140,6 +140,13 @@ TEST_F(InvoicePDFRendererTest, NamesInOtherScriptsAreDrawn) {
     EXPECT_THAT(text, HasSubstr("नया"));
 }
 
+TEST_F(InvoicePDFRendererTest, EmojiAreDrawnByAFontThatHasThem) {
+    InvoiceRenderModel model = plainInvoice(0);
+    model.business.name = "Studio 🎨";
+    EXPECT_THAT(plainText(model), HasSubstr("Studio"));
+    EXPECT_THAT(test::pdfFonts(file_), testing::Contains(HasSubstr("Symbola")));
+}
+
 TEST_F(InvoicePDFRendererTest, EmptyNotesOfAnEntryAreADashAndLineFeedsBlanks) {
     InvoiceRenderModel model = plainInvoice(0);
     model.rows = {EntryRow{"Mar 1, 2026", "", "1.25"}, EntryRow{"Mar 2, 2026", "a\nb\n", "2.50"}};
