@@ -89,6 +89,24 @@ TEST_F(AtomicFileTest, ATargetThatIsAFolderIsReportedAndLeavesNothing) {
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
+TEST_F(AtomicFileTest, ALinkStaysAndItsFileIsReplaced) {
+    std::filesystem::create_directory(folder_.path() / "elsewhere");
+    const auto file = folder_.path() / "elsewhere" / "settings";
+    std::filesystem::create_symlink("elsewhere/settings", target_);
+    for (const char* content : {"new", "newer"}) {
+        writeAtomically(target_, content);
+        EXPECT_TRUE(std::filesystem::is_symlink(target_));
+        EXPECT_EQ(readFile(file), content);
+    }
+}
+
+TEST_F(AtomicFileTest, APipeIsRefusedAndStays) {
+    ASSERT_EQ(::mkfifo(target_.c_str(), 0600), 0);
+    EXPECT_THROW(writeAtomically(target_, "new"), filesystem_error);
+    EXPECT_TRUE(std::filesystem::is_fifo(target_));
+    EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
+}
+
 TEST_F(AtomicFileTest, AFolderThatVanishesBeforeTheCommitIsReported) {
     const auto doomed = folder_.path() / "doomed";
     std::filesystem::create_directory(doomed);

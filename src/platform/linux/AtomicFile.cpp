@@ -49,6 +49,19 @@ void syncFolder(const std::filesystem::path& target) {
         fail("cannot sync the folder of", target, errno);
 }
 
+/// The file that a name means: a link stays, and what it leads to is replaced.
+std::filesystem::path resolved(std::filesystem::path target) {
+    std::error_code error;
+    constexpr int longestChain = 40;  // as the kernel has it
+    for (int i = 0; i < longestChain && std::filesystem::is_symlink(target, error); ++i) {
+        target = folderOf(target) / std::filesystem::read_symlink(target, error);
+    }
+    // The name of a device or a pipe must not become that of a file.
+    const auto status = std::filesystem::status(target, error);
+    if (std::filesystem::is_other(status)) fail("cannot replace", target, EINVAL);
+    return target;
+}
+
 std::string readAll(int descriptor, const std::filesystem::path& file) {
     std::string content;
     char buffer[65536];
@@ -62,7 +75,7 @@ std::string readAll(int descriptor, const std::filesystem::path& file) {
 
 }  // namespace
 
-AtomicFile::AtomicFile(std::filesystem::path target) : target_(std::move(target)) {
+AtomicFile::AtomicFile(std::filesystem::path target) : target_(resolved(std::move(target))) {
     // Not derived from the target's name, which may be as long as a file system allows.
     std::string name = folderOf(target_) / ".elmworth-XXXXXX";
     descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
