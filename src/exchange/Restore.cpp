@@ -148,9 +148,14 @@ RestoreResult restore(const Backup& backup, ModelContext& context) {
         throw RestoreError(RestoreError::Code::notEmpty);
     }
     refuseNegativeIndexes(backup);
-    const std::int64_t unlinked = Restorer(backup, context).run();
-    context.saveOrRollback();
-    return {backup.profile, unlinked};
+    try {
+        const std::int64_t unlinked = Restorer(backup, context).run();
+        context.save();
+        return {backup.profile, unlinked};
+    } catch (...) {  // a lack of memory, too
+        context.rollback();
+        throw;
+    }
 }
 
 std::string restoreMessage(const Backup& backup, const RestoreResult& result) {

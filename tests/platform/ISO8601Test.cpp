@@ -61,6 +61,8 @@ INSTANTIATE_TEST_SUITE_P(
                                 "2026-03-01T09:30:15Z"},
                     AcceptedRow{"LeapDay", "2028-02-29T23:59:59Z", "2028-02-29T23:59:59Z"},
                     AcceptedRow{"LongAgo", "0001-01-01T00:00:00Z", "0001-01-01T00:00:00Z"},
+                    AcceptedRow{"TheFirstInstant", "0000-01-01T23:59:00+23:59",
+                                "0000-01-01T00:00:00Z"},
                     AcceptedRow{"TheLastYear", "9999-12-31T23:59:59Z", "9999-12-31T23:59:59Z"}),
     rowName);
 
@@ -98,6 +100,8 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedRow{"LeapSecond", "2026-12-31T23:59:60Z"},
         RefusedRow{"SignInANumber", "2026-03-01T+9:30:15Z"},
         RefusedRow{"FiveDigitYear", "12026-03-01T09:30:15Z"},
+        RefusedRow{"BeforeTheFirstYear", "0000-01-01T00:00:00+00:01"},
+        RefusedRow{"BehindTheLastYear", "9999-12-31T23:59:00-00:01"},
         RefusedRow{"Slashes", "2026/03/01T09:30:15Z"}),
     rowName);
 
