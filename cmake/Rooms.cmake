@@ -19,6 +19,13 @@ if(ELMWORTH_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(ELMWORTH_FUZZ)
+    target_compile_options(elmworth_options INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+        -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/fuzz/ignored.txt
+        -fno-omit-frame-pointer -gline-tables-only -O1)
+    target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
+endif()
 target_link_options(elmworth_options INTERFACE -Wl,--as-needed)
 # QStringLiteral everywhere and no silent conversions between texts.
 target_compile_definitions(elmworth_options INTERFACE

@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <filesystem>
+#include <new>
 #include <sstream>
 
 #include "command/Choice.h"
@@ -171,6 +172,9 @@ CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& env
         return failedCommand(describe(error));
     } catch (const StoreError& error) {
         return failedCommand(describe(error));
+    } catch (const std::bad_alloc&) {
+        environment.context.rollback();
+        return failedCommand("There is not enough memory for this.");
     } catch (const std::exception& error) {
         // The sentences of BuildError and RenderError are made for people.
         return failedCommand(error.what());

@@ -54,7 +54,7 @@ void write(JsonWriter& writer, PaperSize size) {
 bool read(const Json& json, std::string& text) {
     if (!json.IsString()) return false;
     text.assign(json.GetString(), json.GetStringLength());
-    return true;
+    return !holdsLoneSurrogate(text);
 }
 
 bool read(const Json& json, std::int64_t& number) {

@@ -8,6 +8,7 @@
 #include "exchange/FileSource.h"
 #include "exchange/JSONShape.h"
 #include "platform/ISO8601.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -20,7 +21,7 @@ using Kind = JSONScalar::Kind;
 
 JSONSlot slotFor(std::string& target) {
     return {"not a text", [&target](const JSONScalar& value) {
-                if (value.kind != Kind::text) return false;
+                if (value.kind != Kind::text || holdsLoneSurrogate(value.text)) return false;
                 target = value.text;
                 return true;
             }};
@@ -70,6 +71,7 @@ JSONSlot slotFor(std::optional<T>& target) {
         target = std::move(content);
         return true;
     };
+    slot.clear = [&target] { target.reset(); };
     return slot;
 }
 
@@ -78,8 +80,15 @@ JSONField required(std::string_view name, T& target) {
     return {name, true, slotFor(target)};
 }
 template <class T>
-JSONField optional(std::string_view name, T& target) {
+JSONField optional(std::string_view name, std::optional<T>& target) {
     return {name, false, slotFor(target)};
+}
+/// A field that has a value of its own while the key is missing.
+template <class T>
+JSONField optional(std::string_view name, T& target) {
+    JSONField field{name, false, slotFor(target)};
+    field.slot.clear = [&target, initial = target] { target = initial; };
+    return field;
 }
 
 /// A list whose items are objects of the shape that `shapeOf` gives for each new one.
@@ -126,6 +135,7 @@ JSONSlot profileSlot(BusinessProfile& profile) {
 JSONSlot profileSlot(std::optional<BusinessProfile>& profile) {
     JSONSlot slot{"not an object"};
     slot.object = [&profile] { return profileShape(profile.emplace()); };
+    slot.clear = [&profile] { profile.reset(); };
     return slot;
 }
 

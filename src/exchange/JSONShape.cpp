@@ -35,6 +35,8 @@ class PieceStream {
     }
     [[nodiscard]] std::size_t Tell() const noexcept { return taken_; }
     [[nodiscard]] std::size_t line() const noexcept { return line_; }
+    /// A NUL byte ends the document for RapidJSON; what follows it would go unseen.
+    [[nodiscard]] bool isAtEnd() const noexcept { return piece_.empty(); }
 
     // Asked for by RapidJSON's interface, for parsing in place.
     static char* PutBegin() { return nullptr; }
@@ -146,7 +148,10 @@ bool ShapeHandler::scalar(const JSONScalar& value) {
     if (!expected) return true;
     const auto& open = stack_.back();
     const bool isOptional = !open.frame.isArray && !open.current->isRequired;
-    if (isOptional && value.kind == JSONScalar::Kind::null) return true;
+    if (isOptional && value.kind == JSONScalar::Kind::null) {
+        if (expected->clear) expected->clear();
+        return true;
+    }
     if (!expected->scalar || !expected->scalar(value)) {
         return fail(path(true) + ": " + expected->expectation);
     }
@@ -218,8 +223,12 @@ void readJSON(const std::function<std::string_view()>& nextPiece, JSONFrame root
     ShapeHandler handler(std::move(root));
     rapidjson::Reader reader;
     const auto result = reader.Parse<flags>(stream, handler);
-    if (!result.IsError()) return;
+    if (!result.IsError() && stream.isAtEnd()) return;
     const std::string place = " (line " + std::to_string(stream.line()) + ").";
+    if (!result.IsError()) {
+        throw JSONShapeError("This file is no JSON document: There is a NUL byte behind it" +
+                             place);
+    }
     if (!handler.failure().empty()) throw JSONShapeError(handler.failure() + place);
     std::string reason = rapidjson::GetParseError_En(result.Code());
     if (!reason.empty() && reason.back() == '.') reason.pop_back();

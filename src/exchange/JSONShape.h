@@ -32,6 +32,8 @@ struct JSONSlot {
     std::function<bool(const JSONScalar&)> scalar = {};
     std::function<JSONFrame()> object = {};
     std::function<JSONFrame()> array = {};
+    /// Takes back what an equal key before a null has given; only for optional keys.
+    std::function<void()> clear = {};
 };
 
 /// One key of an object. An optional key may be missing or null.
@@ -45,7 +47,7 @@ struct JSONField {
 /// An object or array that is being read.
 struct JSONFrame {
     std::vector<JSONField> fields = {};  ///< of an object; unknown keys are passed over
-    JSONSlot item{"", {}, {}, {}};       ///< of an array
+    JSONSlot item{"", {}, {}, {}, {}};   ///< of an array
     bool isArray = false;
 };
 

@@ -166,7 +166,7 @@ RestoreResult restore(const Backup& backup, ModelContext& context, Progress& pro
         const std::int64_t unlinked = Restorer(backup, context, progress).run();
         context.save(progress);
         return {backup.profile, unlinked};
-    } catch (...) {
+    } catch (...) {  // a lack of memory, too
         context.rollback();
         throw;
     }

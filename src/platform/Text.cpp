@@ -140,6 +140,15 @@ std::string caseFolded(std::string_view text) {
     return folded;
 }
 
+bool holdsLoneSurrogate(std::string_view text) {
+    // Their code points, U+D800 to U+DFFF, would be ED A0 80 to ED BF BF.
+    constexpr char leading = '\xED';
+    for (auto i = text.find(leading); i != std::string_view::npos; i = text.find(leading, i + 1)) {
+        if (i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) >= 0xA0) return true;
+    }
+    return false;
+}
+
 std::string validUTF8(std::string_view text) {
     std::string valid;
     return icu::UnicodeString::fromUTF8(piece(text)).toUTF8String(valid);

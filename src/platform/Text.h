@@ -35,6 +35,9 @@ namespace elmworth {
 /// `text` in Unicode's full case folding, for comparing names without regard to case.
 [[nodiscard]] std::string caseFolded(std::string_view text);
 
+/// Whether `text`, which is UTF-8 otherwise, spells a half of a surrogate pair. JSON's escapes can.
+[[nodiscard]] bool holdsLoneSurrogate(std::string_view text);
+
 /// `text` with everything that is not UTF-8 replaced by U+FFFD.
 [[nodiscard]] std::string validUTF8(std::string_view text);
 

@@ -175,7 +175,8 @@ INSTANTIATE_TEST_SUITE_P(
         {"Comment", "{}//", refused},
         {"SingleQuotes", "{'name':'X'}", refused},
         {"NotUTF8", "{\"name\":\"caf\xe9\"}", refused},
-        {"LoneSurrogate", R"({"name":"\ud83d"})", refused},
+        {"LoneHighSurrogate", R"({"name":"\ud83d"})", refused},
+        {"LoneLowSurrogate", R"({"name":"\ude00"})", refused},
         {"DeepNesting", "{\"x\":" + std::string(200'000, '['), refused},
     }),
     rowName);

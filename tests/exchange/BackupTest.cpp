@@ -156,32 +156,35 @@ TEST_P(BadBackup, isRefusedWithThePlaceOfTheFault) {
 
 INSTANTIATE_TEST_SUITE_P(
     Documents, BadBackup,
-    testing::Values(BadDocument{"fraction", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00.5Z",
-                                "clients[0].projects[0].entries[1].start: not a date"},
-                    BadDocument{"noOffset", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00",
-                                "entries[1].start: not a date"},
-                    BadDocument{"bareDate", "2026-03-02T09:00:00Z", "2026-03-02",
-                                "entries[1].start: not a date"},
-                    BadDocument{"hour25", "2026-03-02T09:00:00Z", "2026-03-02T25:00:00Z",
-                                "entries[1].start: not a date"},
-                    BadDocument{"floatRate", "\"hourlyRateCents\": 10000",
-                                "\"hourlyRateCents\": 1.5",
-                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
-                    BadDocument{"hugeRate", "\"hourlyRateCents\": 10000",
-                                "\"hourlyRateCents\": 9223372036854775808",
-                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
-                    BadDocument{"textRate", "\"hourlyRateCents\": 10000",
-                                "\"hourlyRateCents\": \"1\"",
-                                "clients[0].hourlyRateCents: not a whole number of 64 bits"},
-                    BadDocument{"missingNotes", "\"notes\": \"\",\n              \"start\"",
-                                "\"other\": \"\",\n              \"start\"",
-                                "clients[0].projects[0].entries[1]: the key \"notes\" is missing"},
-                    BadDocument{"requiredNull", "\"isArchived\": false", "\"isArchived\": null",
-                                "clients[0].projects[0].isArchived: neither true nor false"},
-                    BadDocument{"objectForList", "\"invoices\": [", "\"invoices\": {}, \"x\": [",
-                                "invoices: not an array"},
-                    BadDocument{"paper", "\"paperSize\": \"letter\"", "\"paperSize\": \"a5\"",
-                                "paperSize: neither \"letter\" nor \"a4\""}),
+    testing::Values(
+        BadDocument{"fraction", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00.5Z",
+                    "clients[0].projects[0].entries[1].start: not a date"},
+        BadDocument{"noOffset", "2026-03-02T09:00:00Z", "2026-03-02T09:00:00",
+                    "entries[1].start: not a date"},
+        BadDocument{"bareDate", "2026-03-02T09:00:00Z", "2026-03-02",
+                    "entries[1].start: not a date"},
+        BadDocument{"hour25", "2026-03-02T09:00:00Z", "2026-03-02T25:00:00Z",
+                    "entries[1].start: not a date"},
+        BadDocument{"floatRate", "\"hourlyRateCents\": 10000", "\"hourlyRateCents\": 1.5",
+                    "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+        BadDocument{"hugeRate", "\"hourlyRateCents\": 10000",
+                    "\"hourlyRateCents\": 9223372036854775808",
+                    "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+        BadDocument{"textRate", "\"hourlyRateCents\": 10000", "\"hourlyRateCents\": \"1\"",
+                    "clients[0].hourlyRateCents: not a whole number of 64 bits"},
+        BadDocument{"loneSurrogate", "\"colorHex\": \"#4F7CFF\"", R"("colorHex": "\uD83D")",
+                    "This file is no JSON document"},
+        BadDocument{"loneLowSurrogate", "\"colorHex\": \"#4F7CFF\"", R"("colorHex": "\uDE00")",
+                    "clients[0].projects[0].colorHex: not a text"},
+        BadDocument{"missingNotes", "\"notes\": \"\",\n              \"start\"",
+                    "\"other\": \"\",\n              \"start\"",
+                    "clients[0].projects[0].entries[1]: the key \"notes\" is missing"},
+        BadDocument{"requiredNull", "\"isArchived\": false", "\"isArchived\": null",
+                    "clients[0].projects[0].isArchived: neither true nor false"},
+        BadDocument{"objectForList", "\"invoices\": [", "\"invoices\": {}, \"x\": [",
+                    "invoices: not an array"},
+        BadDocument{"paper", "\"paperSize\": \"letter\"", "\"paperSize\": \"a5\"",
+                    "paperSize: neither \"letter\" nor \"a4\""}),
     [](const auto& row) { return row.param.name; });
 
 TEST(Backup, unknownKeysArePassedOverHoweverDeepTheyAre) {
@@ -198,6 +201,29 @@ TEST(Backup, optionalKeysMayBeNull) {
     std::string json = BackupExporter::encode(backupOf(library));
     json.insert(json.find("\"address\""), "\"dueDays\": null, ");
     EXPECT_EQ(decodeBackup(json), backupOf(library));
+}
+
+/// An empty library's document with these keys of a client before the others.
+std::string withClient(const std::string& keys) {
+    return R"({"version": 1, "exportedAt": "2026-03-10T12:00:00Z", "profile": {}, "invoices": [],
+               "clients": [{)" +
+           keys + R"("name": "A", "email": "", "address": "", "currencyCode": "USD",
+                     "hourlyRateCents": 0, "projects": []}]})";
+}
+
+TEST(Backup, ofTwoEqualKeysTheLastCountsAlsoWhenItIsNull) {
+    EXPECT_EQ(decodeBackup(withClient(R"("dueDays": 1, "dueDays": 2,)")).clients.at(0).dueDays, 2);
+    EXPECT_EQ(decodeBackup(withClient(R"("dueDays": 1, "dueDays": null,)")).clients.at(0).dueDays,
+              std::nullopt);
+    std::string json = withClient("");
+    json.replace(json.find("{}"), 2, R"({"taxLabel": "VAT", "taxLabel": null})");
+    EXPECT_EQ(decodeBackup(json).profile, BusinessProfile{});
+}
+
+TEST(Backup, whatFollowsANulByteIsNotOverlooked) {
+    using namespace std::string_literals;
+    EXPECT_THROW((void)decodeBackup(withClient("") + "\0"s), BackupDecodeError);
+    EXPECT_THROW((void)decodeBackup(withClient("") + "\0{}"s), BackupDecodeError);
 }
 
 TEST(Backup, lone64BitNumbersStayExact) {

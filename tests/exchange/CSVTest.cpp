@@ -3,13 +3,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unicode/brkiter.h>
 
 #include <random>
 
 #include "exchange/CSVDocument.h"
 #include "exchange/CSVImporter.h"
-#include "exchange/CSVTokenizer.h"
+#include "exchange/NaiveTokenizer.h"
 #include "platform/TextEncoding.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -18,17 +17,9 @@ namespace elmworth {
 namespace {
 
 using test::at;
+using test::Rows;
 using test::TestLibrary;
-using testing::ElementsAre;
-using Rows = std::vector<std::vector<std::string>>;
-
-Rows tokenize(std::string_view text) {
-    CSVTokenizer tokenizer(text);
-    Rows rows;
-    std::vector<std::string> fields;
-    while (tokenizer.next(fields)) rows.push_back(fields);
-    return rows;
-}
+using test::tokenize;
 
 TEST(CSVTokenizer, linesEndAtEveryKindOfBreak) {
     EXPECT_EQ(tokenize("a,b\nc\r\nd\re"), (Rows{{"a", "b"}, {"c"}, {"d"}, {"e"}}));
@@ -66,52 +57,6 @@ TEST(CSVTokenizer, aCommaWithACombiningAccentIsText) {
                      "c"}}));
 }
 
-/// The rules once more, naively, over ICU's user-perceived characters.
-Rows tokenizeByCharacters(const std::string& utf8) {
-    UErrorCode status = U_ZERO_ERROR;
-    const auto text = icu::UnicodeString::fromUTF8(utf8);
-    const std::unique_ptr<icu::BreakIterator> breaks(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    breaks->setText(text);
-    std::vector<std::string> characters;
-    for (int start = breaks->first(), end = breaks->next(); end != icu::BreakIterator::DONE;
-         start = end, end = breaks->next()) {
-        characters.emplace_back();
-        text.tempSubStringBetween(start, end).toUTF8String(characters.back());
-    }
-    Rows rows;
-    std::vector<std::string> row;
-    std::string field;
-    bool isQuoted = false;
-    const auto endRow = [&] {
-        row.push_back(std::exchange(field, {}));
-        if (row != std::vector<std::string>{""}) rows.push_back(row);
-        row.clear();
-    };
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        const auto& c = characters[i];
-        if (isQuoted) {
-            if (c != "\"") {
-                field += c;
-            } else if (i + 1 < characters.size() && characters[i + 1] == "\"") {
-                field += characters[++i];
-            } else {
-                isQuoted = false;
-            }
-        } else if (c == "\"") {
-            isQuoted = true;
-        } else if (c == ",") {
-            row.push_back(std::exchange(field, {}));
-        } else if (c == "\n" || c == "\r\n" || c == "\r") {
-            endRow();
-        } else {
-            field += c;
-        }
-    }
-    if (!field.empty() || !row.empty()) endRow();
-    return rows;
-}
-
 TEST(CSVTokenizer, agreesWithANaiveReaderOfCharactersOnAnyText) {
     const std::vector<std::string> pieces{
         "a",        ",", "\"",           "\r", "\n", "é",  "\xCC\x81", "\xE2\x80\x8D",
@@ -120,7 +65,7 @@ TEST(CSVTokenizer, agreesWithANaiveReaderOfCharactersOnAnyText) {
     for (int round = 0; round < 20'000; ++round) {
         std::string text;
         for (std::size_t i = random() % 12; i > 0; --i) text += pieces[random() % pieces.size()];
-        ASSERT_EQ(tokenize(text), tokenizeByCharacters(text)) << testing::PrintToString(text);
+        ASSERT_EQ(tokenize(text), test::tokenizeNaively(text)) << testing::PrintToString(text);
     }
 }
 

@@ -100,5 +100,12 @@ TEST(Text, ValidUTF8ReplacesOnlyWhatIsNot) {
     EXPECT_EQ(validUTF8("a\0b"s), "a\0b"s);
 }
 
+TEST(Text, aLoneSurrogateIsNoticedAndNothingElse) {
+    EXPECT_TRUE(holdsLoneSurrogate("\xED\xA0\x80"));
+    EXPECT_TRUE(holdsLoneSurrogate("a\xED\xBF\xBF"));
+    EXPECT_FALSE(holdsLoneSurrogate("\uD7FF\uE000 😀 í"));
+    EXPECT_FALSE(holdsLoneSurrogate(""));
+}
+
 }  // namespace
 }  // namespace elmworth
