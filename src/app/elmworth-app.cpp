@@ -17,6 +17,7 @@
 #include "app/CommandHandOff.h"
 #include "app/Display.h"
 #include "app/ElmworthApp.h"
+#include "app/GalleryApp.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 #include "platform/LibraryLock.h"
@@ -59,6 +60,13 @@ Start takeLibrary(LibraryLock& lock) {
     return Start::ours;
 }
 
+int showGallery(int argc, char** argv, const std::vector<std::string>& arguments) {
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    const auto application = openDisplay(argc, argv);
+    describeApplication();
+    return runGallery(arguments);
+}
+
 int runApplication(int argc, char** argv, bool isDemo) {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     const auto application = openDisplay(argc, argv);
@@ -85,6 +93,9 @@ int main(int argc, char** argv) {
     try {
         if (!arguments.empty() && arguments.front() == "--command") {
             return runCommandWithPainter(argc, argv, arguments);
+        }
+        if (!arguments.empty() && arguments.front() == "--gallery") {
+            return showGallery(argc, argv, arguments);
         }
         const bool isDemo =
             std::find(arguments.begin(), arguments.end(), "-demo") != arguments.end();

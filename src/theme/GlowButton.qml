@@ -2,64 +2,80 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Controls.Basic as Basic
+import QtQuick.Layouts
 import Elmworth.Theme
 
 /// A button with a text and, if wanted, an icon before it.
-Basic.Button {
+PressButton {
     id: button
 
     property bool prominent: false
-    property string glyph: ""
+    /// The gradient of a prominent button; without any it is the plain contrast to the ground.
+    property var colors: []
+    property bool expands: false
+    property string systemImage: ""
 
-    readonly property color foreground: prominent ? Theme.inverseFill : Theme.primaryText
+    readonly property bool isColored: prominent && colors.length > 0
+    readonly property color foreground: isColored ? "#FFFFFF" : prominent ? Theme.inverseFill : Theme.primaryText
 
+    Layout.fillWidth: expands
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     leftPadding: prominent ? 16 : 13
     rightPadding: leftPadding
     topPadding: prominent ? 8 : 7
     bottomPadding: topPadding
-    opacity: !enabled ? 0.45 : down ? 0.8 : prominent && hovered ? 0.9 : 1
-    scale: down ? 0.98 : 1
+    opacity: !enabled ? 0.45 : looksPressed ? 0.8 : prominent && looksHovered ? 0.9 : 1
+    scale: looksPressed ? 0.98 : 1
 
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: clicked()
+    contentItem: RowLayout {
+        spacing: 0
 
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+        Item { Layout.fillWidth: true }
 
-    contentItem: Row {
-        spacing: 6
-
-        Text {
-            visible: button.glyph.length > 0
-            anchors.verticalCenter: parent.verticalCenter
-            text: button.glyph
+        SystemImage {
+            Layout.rightMargin: 6
+            visible: button.systemImage.length > 0
+            name: button.systemImage
             color: button.foreground
-            font.family: Theme.iconFamily
-            font.pixelSize: 16
-            Accessible.ignored: true
         }
 
-        Text {
-            anchors.verticalCenter: parent.verticalCenter
+        PlainText {
+            Layout.fillWidth: true
+            Layout.maximumWidth: Math.ceil(implicitWidth)
             text: button.text
-            textFormat: Text.PlainText
             color: button.foreground
-            font.family: Theme.textFamily
-            font.pixelSize: 13
             font.weight: Font.Medium
             Accessible.ignored: true
         }
+
+        Item { Layout.fillWidth: true }
     }
 
-    background: Rectangle {
-        radius: height / 2
-        color: button.prominent ? Theme.inverseText : button.hovered ? Theme.cardFillHover : Theme.cardFill
-        border.width: button.visualFocus ? 2 : button.prominent ? 0 : 1
-        border.color: button.visualFocus ? Theme.focusRing : Theme.cardBorderStrong
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            visible: !button.isColored
+            radius: height / 2
+            color: button.prominent ? Theme.inverseText : button.looksHovered ? Theme.cardFillHover : Theme.cardFill
+            border { width: button.prominent ? 0 : 1; color: Theme.cardBorderStrong }
 
-        Behavior on color { ColorAnimation { duration: Theme.easing; easing.type: Easing.OutQuad } }
+            Behavior on color { ColorAnimation { duration: Theme.easing; easing.type: Easing.OutQuad } }
+        }
+
+        GradientFill {
+            anchors.fill: parent
+            visible: button.isColored
+            radius: height / 2
+            horizontal: true
+            colors: button.colors
+            scrim: Tint.scrimOpacity(button.colors)
+        }
+
+        FocusRing {
+            shows: button.looksFocused
+            corner: parent.height / 2
+        }
     }
 
     Behavior on opacity { NumberAnimation { duration: Theme.easing; easing.type: Easing.OutQuad } }

@@ -6,13 +6,16 @@ import Elmworth.Theme
 
 /// Text as it is, never markup, that tells assistive technology when it changes.
 Text {
+    /// In pixels; fractions count.
+    property real size: Theme.bodySize
+
     textFormat: Text.PlainText
     elide: Text.ElideRight
     // A name in a right-to-left script stays in line with the others.
     horizontalAlignment: Text.AlignLeft
     color: Theme.primaryText
     font.family: Theme.textFamily
-    font.pixelSize: 13
+    font.pointSize: Theme.points(size)
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

@@ -17,7 +17,7 @@ ColumnLayout {
         horizontalAlignment: Text.AlignHCenter
         text: "No projects yet"
         wrapMode: Text.Wrap
-        font.pixelSize: 22
+        size: 22
         font.weight: Font.Medium
     }
 

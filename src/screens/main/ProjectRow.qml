@@ -52,7 +52,7 @@ Basic.AbstractButton {
                 visible: text.length > 0
                 text: row.client
                 color: Theme.secondaryText
-                font.pixelSize: 12
+                size: 12
                 Accessible.ignored: true
             }
         }

@@ -40,7 +40,7 @@ Rectangle {
                 Layout.fillWidth: true
                 text: "Tracking"
                 color: Theme.secondaryText
-                font.pixelSize: 12
+                size: 12
                 font.weight: Font.Medium
             }
         }
@@ -49,9 +49,9 @@ Rectangle {
             Layout.fillWidth: true
             text: card.model.elapsed
             fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 20
+            minimumPointSize: Theme.points(20)
             font.family: Theme.tabularFamily
-            font.pixelSize: 44
+            size: 44
             font.weight: Font.Medium
             Accessible.name: "Elapsed " + text
         }
@@ -59,7 +59,7 @@ Rectangle {
         PlainText {
             Layout.fillWidth: true
             text: card.model.projectName
-            font.pixelSize: 15
+            size: 15
             font.weight: Font.DemiBold
         }
 
@@ -85,7 +85,7 @@ Rectangle {
 
             Layout.topMargin: 12
             text: "Stop"
-            glyph: "\ue047"
+            systemImage: "stop.fill"
             prominent: true
             onClicked: card.model.stop()
         }

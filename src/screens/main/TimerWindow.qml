@@ -63,7 +63,7 @@ Basic.ApplicationWindow {
                 PlainText {
                     Layout.fillWidth: true
                     text: "Elmworth"
-                    font.pixelSize: 22
+                    size: 22
                     font.weight: Font.Medium
                 }
 
@@ -87,7 +87,7 @@ Basic.ApplicationWindow {
                 visible: projectList.count > 0
                 text: window.model.sectionTitle
                 color: Theme.secondaryText
-                font.pixelSize: 12
+                size: 12
                 font.weight: Font.DemiBold
             }
 

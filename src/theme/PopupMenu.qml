@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Elmworth.Theme
+
+/// A menu. Submenus are menus inside it.
+Basic.Menu {
+    id: menu
+
+    /// Wide enough for its longest item.
+    readonly property real widest: {
+        let result = 0;
+        for (let i = 0; i < count; ++i)
+            result = Math.max(result, itemAt(i).implicitWidth);
+        return result;
+    }
+
+    width: Math.min(360, Math.max(180, widest) + leftPadding + rightPadding)
+    padding: 5
+    margins: 8
+    overlap: 4
+    delegate: PopupMenuItem {}
+
+    background: Rectangle {
+        radius: Theme.rowRadius
+        color: Theme.cardFill
+        border { width: 1; color: Theme.cardBorderStrong }
+
+        SoftShadow {
+            corner: Theme.rowRadius
+            strength: 0.3
+        }
+    }
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.easing }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.easing }
+    }
+}

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Controls.Basic as Basic
+import Elmworth.Theme
+
+/// A line of a menu.
+Basic.MenuItem {
+    id: item
+
+    property string systemImage: ""
+    /// The keys that do the same.
+    property string hint: ""
+    /// Takes something away that doesn't come back.
+    property bool destructive: false
+
+    readonly property color foreground: destructive ? Theme.dangerText : Theme.primaryText
+
+    function press(): void {
+        if (action)
+            action.trigger();
+        else if (subMenu)
+            subMenu.popup();
+        else
+            clicked();
+        if (!subMenu && menu)
+            menu.dismiss();
+    }
+
+    implicitHeight: 32
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    padding: 0
+    leftPadding: 10
+    rightPadding: 10
+    opacity: enabled ? 1 : 0.45
+    indicator: null
+    arrow: null
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: text
+    Accessible.onPressAction: press()
+
+    contentItem: RowLayout {
+        spacing: 8
+
+        SystemImage {
+            visible: item.checkable || item.systemImage.length > 0
+            name: item.checkable ? "checkmark" : item.systemImage
+            opacity: !item.checkable || item.checked ? 1 : 0
+            color: item.foreground
+        }
+
+        PlainText {
+            Layout.fillWidth: true
+            text: item.text
+            color: item.foreground
+            Accessible.ignored: true
+        }
+
+        PlainText {
+            Layout.leftMargin: 16
+            visible: text.length > 0
+            text: item.hint
+            size: Theme.calloutSize
+            color: Theme.secondaryText
+            Accessible.ignored: true
+        }
+
+        SystemImage {
+            visible: item.subMenu !== null
+            name: "chevron.right"
+            color: Theme.secondaryText
+        }
+    }
+
+    background: Rectangle {
+        radius: 6
+        color: item.highlighted && item.enabled ? Theme.cardBorder : "transparent"
+    }
+}

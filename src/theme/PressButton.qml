@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Elmworth.Theme
+
+/// What all buttons have in common: they can be pressed by pointer, keyboard and assistive technology, and
+/// say what they do. How they look is up to them; the three properties of their looks can be set to show a
+/// state as a picture.
+Basic.AbstractButton {
+    id: button
+
+    /// The tool tip.
+    property string help: ""
+    /// The name for assistive technology where it isn't the text.
+    property string label: ""
+    property bool looksHovered: hovered
+    property bool looksPressed: down
+    property bool looksFocused: visualFocus
+
+    hoverEnabled: true
+    Accessible.role: Accessible.Button
+    Accessible.name: label.length > 0 ? label : text
+    Accessible.description: help
+    Accessible.onPressAction: clicked()
+
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    Loader {
+        active: button.help.length > 0 && (button.hovered || button.visualFocus)
+
+        // The tip doesn't outlive its button.
+        // qmllint disable unqualified
+        sourceComponent: HelpTip {
+            parent: button
+            text: button.help
+            visible: true
+        }
+        // qmllint enable unqualified
+    }
+}

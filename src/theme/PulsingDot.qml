@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Elmworth.Theme
+
+/// A dot that beats with `beat`, a text that changes every second. It asks for no frames in between.
+Rectangle {
+    id: dot
+
+    property color tint: Theme.accentViolet
+    property string beat: ""
+    property bool dimmed: false
+
+    onBeatChanged: dimmed = !AppAppearance.reducedMotion && !dimmed
+
+    implicitWidth: 8
+    implicitHeight: 8
+    radius: width / 2
+    color: tint
+    opacity: dimmed ? 0.45 : 1
+
+    Behavior on opacity { NumberAnimation { duration: Theme.easing; easing.type: Easing.OutQuad } }
+}

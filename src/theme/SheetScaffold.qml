@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Layouts
+import Elmworth.Theme
+
+/// A form of its own: a head, the content, and a row of buttons at its end.
+Rectangle {
+    id: sheet
+
+    property string icon: ""
+    property var colors: Theme.primaryGradient
+    property string title: ""
+    property string subtitle: ""
+    property real sheetWidth: 480
+    default property alias content: body.data
+    property alias actions: row.data
+
+    implicitWidth: sheetWidth
+    implicitHeight: column.implicitHeight
+    radius: Theme.sheetRadius
+    color: Theme.panelFill
+    border { width: 1; color: Theme.cardBorderStrong }
+
+    ColumnLayout {
+        id: column
+
+        anchors.fill: parent
+        spacing: 0
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: 22
+            Layout.rightMargin: 22
+            Layout.topMargin: 20
+            Layout.bottomMargin: 20
+            spacing: 12
+
+            IconTile {
+                icon: sheet.icon
+                colors: sheet.colors
+                size: 34
+            }
+
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 2
+
+                PlainText {
+                    Layout.fillWidth: true
+                    text: sheet.title
+                    size: 19
+                    font.weight: Font.Medium
+                    Accessible.role: Accessible.Heading
+                }
+
+                PlainText {
+                    Layout.fillWidth: true
+                    visible: text.length > 0
+                    text: sheet.subtitle
+                    size: Theme.calloutSize
+                    color: Theme.secondaryText
+                }
+            }
+        }
+
+        Hairline { Layout.fillWidth: true }
+
+        ColumnLayout {
+            id: body
+
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.leftMargin: 22
+            Layout.rightMargin: 22
+            Layout.topMargin: 20
+            Layout.bottomMargin: 20
+            spacing: 12
+        }
+
+        Hairline { Layout.fillWidth: true }
+
+        RowLayout {
+            id: row
+
+            Layout.alignment: Qt.AlignRight
+            Layout.leftMargin: 22
+            Layout.rightMargin: 22
+            Layout.topMargin: 14
+            Layout.bottomMargin: 14
+            spacing: 10
+        }
+    }
+}

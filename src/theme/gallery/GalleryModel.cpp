@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "theme/gallery/GalleryModel.h"
+
+#include "theme/AppAppearance.h"
+#include "theme/SystemImages.h"
+
+namespace elmworth {
+
+GalleryModel::GalleryModel(AppearanceSetting setting) : setting_(setting) {
+    AppAppearance::instance().setSetting(setting_);
+}
+
+void GalleryModel::setAppearance(int position) {
+    if (position < 0 || position > static_cast<int>(AppearanceSetting::light)) return;
+    if (position == appearance()) return;
+    setting_ = static_cast<AppearanceSetting>(position);
+    AppAppearance::instance().setSetting(setting_);
+    Q_EMIT appearanceChanged();
+}
+
+QStringList GalleryModel::imageNames() {
+    return systemImageNames();
+}
+
+}  // namespace elmworth

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QtQmlIntegration>
+
+#include "theme/AppearanceSetting.h"
+
+namespace elmworth {
+
+/// What the gallery can show and switch.
+class GalleryModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application owns it")
+    /// Position in system, dark, light.
+    Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged FINAL)
+    Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
+
+ public:
+    explicit GalleryModel(AppearanceSetting setting);
+
+    [[nodiscard]] int appearance() const { return static_cast<int>(setting_); }
+    void setAppearance(int position);
+    [[nodiscard]] static QStringList imageNames();
+
+ Q_SIGNALS:
+    void appearanceChanged();
+
+ private:
+    AppearanceSetting setting_;
+};
+
+}  // namespace elmworth
