@@ -21,7 +21,8 @@ namespace elmworth {
 /// the name already hold the new content, of which a power failure may still bring back the old.
 class AtomicFile {
  public:
-    /// Opens the temporary file beside `target`, whose folder must exist.
+    /// Opens the temporary file beside `target`, whose folder must exist. A target that is neither
+    /// file nor link (a folder, a device, a pipe) is refused.
     explicit AtomicFile(std::filesystem::path target);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;

@@ -7,6 +7,7 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <limits>
 #include <memory>
 
 namespace elmworth {
@@ -63,6 +64,8 @@ std::optional<std::string> convertUTF16(std::string_view bytes) {
 }  // namespace
 
 std::optional<std::string> decodeText(std::string_view bytes) {
+    if (bytes.size() > std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;  // ICU's limit
     if (isUTF8(bytes)) return std::string(bytes);
     if (auto text = convertUTF16(bytes)) return text;
     if (bytes.find_first_of("\x81\x8D\x8F\x90\x9D") == std::string_view::npos) {

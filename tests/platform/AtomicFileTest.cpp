@@ -89,6 +89,13 @@ TEST_F(AtomicFileTest, ATargetThatIsAFolderIsReportedAndLeavesNothing) {
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
+TEST_F(AtomicFileTest, APipeOrDeviceIsNotReplaced) {
+    ASSERT_EQ(::mkfifo(target_.c_str(), 0600), 0);
+    EXPECT_THROW(AtomicFile{target_}, filesystem_error);
+    EXPECT_TRUE(std::filesystem::is_fifo(target_));
+    EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
+}
+
 TEST_F(AtomicFileTest, AFolderThatVanishesBeforeTheCommitIsReported) {
     const auto doomed = folder_.path() / "doomed";
     std::filesystem::create_directory(doomed);

@@ -63,6 +63,11 @@ std::string readAll(int descriptor, const std::filesystem::path& file) {
 }  // namespace
 
 AtomicFile::AtomicFile(std::filesystem::path target) : target_(std::move(target)) {
+    struct stat status {};
+    const bool exists = ::lstat(target_.c_str(), &status) == 0;
+    // A rename would put a file in the place of a device or a pipe, /dev/null among them.
+    if (exists && !S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode))
+        fail("cannot replace", target_, S_ISDIR(status.st_mode) ? EISDIR : EPERM);
     // Not derived from the target's name, which may be as long as a file system allows.
     std::string name = folderOf(target_) / ".elmworth-XXXXXX";
     descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
