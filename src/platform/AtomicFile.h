@@ -22,7 +22,7 @@ namespace elmworth {
 class AtomicFile {
  public:
     /// Opens the temporary file beside `target`, whose folder must exist. A link stays one, and
-    /// what it leads to is written. A device or a pipe is refused.
+    /// what it leads to is written. A folder, a device or a pipe is refused.
     explicit AtomicFile(std::filesystem::path target);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;

@@ -7,6 +7,7 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <limits>
 #include <memory>
 #include <string_view>
 
@@ -64,6 +65,8 @@ std::optional<std::string> convertUTF16(std::string_view bytes) {
 }  // namespace
 
 std::optional<std::string> decodeText(std::string bytes) {
+    constexpr std::size_t longest = std::numeric_limits<std::int32_t>::max();  // ICU's limit
+    if (bytes.size() > longest) return std::nullopt;
     if (isUTF8(bytes)) return bytes;
     if (auto text = convertUTF16(bytes)) return text;
     if (bytes.find_first_of("\x81\x8D\x8F\x90\x9D") == std::string_view::npos) {

@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include "core/ProfileStore.h"
 #include "exchange/BackupDecoder.h"
 #include "platform/AtomicFile.h"
 #include "support/Instants.h"
-#include "support/TestLibrary.h"
+#include "support/ScopedEnvironment.h"
+#include "support/TestTimer.h"
 
 namespace elmworth {
 namespace {
@@ -53,6 +55,38 @@ TEST_F(AutoBackupTest, twentyOneHoursAfterTheLastOneIsWritten) {
     run(now);
     EXPECT_TRUE(run(now + 21h));
     EXPECT_EQ(count(), 2U);
+}
+
+TEST_F(AutoBackupTest, afterTwentyHoursToTheSecondOneIsWritten) {
+    run(now);
+    EXPECT_FALSE(run(now + 20h - 1s));
+    EXPECT_TRUE(run(now + 20h));
+}
+
+TEST_F(AutoBackupTest, theNameIsInUTCWhateverTheTimeZone) {
+    const test::ScopedEnvironment tokyo("TZ", "Asia/Tokyo");
+    EXPECT_EQ(run(now)->filename(), "Elmworth-2026-03-10T12-00-00.json");
+    EXPECT_EQ(AutoBackup::snapshots(folder_.path()).at(0).date, now);
+}
+
+TEST_F(AutoBackupTest, aSnapshotThatCannotBeReadBackIsRemovedAndPrunesNothing) {
+    for (int day = 10; day <= 27; ++day) {
+        put("Elmworth-2026-02-" + std::to_string(day) + "T00-00-00.json");
+    }
+    library_.context().fetch<TimeEntry>().at(0)->notes = "no UTF-8: \xFF";
+    EXPECT_THROW(run(now), BackupDecodeError);
+    EXPECT_EQ(count(), 18U);
+    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-03-10T12-00-00.json"));
+}
+
+TEST_F(AutoBackupTest, aSnapshotOfAnyExtensionIsPruned) {
+    put("Elmworth-2026-01-01T00-00-00.txt");
+    for (int day = 10; day <= 23; ++day) {
+        put("Elmworth-2026-02-" + std::to_string(day) + "T00-00-00.json");
+    }
+    run(now);
+    EXPECT_EQ(count(), AutoBackup::snapshotsKept);
+    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-01-01T00-00-00.txt"));
 }
 
 TEST_F(AutoBackupTest, aSnapshotFromTheFutureCountsAsRecent) {
@@ -101,6 +135,67 @@ TEST_F(AutoBackupTest, snapshotsComeNewestFirst) {
 
 TEST_F(AutoBackupTest, aFolderThatCannotBeListedIsEmpty) {
     EXPECT_TRUE(AutoBackup::snapshots(folder_.path() / "none").empty());
+}
+
+/// Snapshots that take themselves, over a clock that a test sets.
+class AutoBackupTriggers : public AutoBackupTest {
+ protected:
+    AutoBackupTriggers() {
+        backup_ = std::make_unique<AutoBackup>(
+            library_.context(), defaults_, [this] { return clock_; }, library_.runLoop, power_);
+    }
+    [[nodiscard]] static std::size_t taken() {
+        return AutoBackup::snapshots(AutoBackup::folder()).size();
+    }
+
+    test::ScopedEnvironment data_{"XDG_DATA_HOME", folder_.path().string()};
+    UserDefaults defaults_{folder_.path() / "Elmworth.ini"};
+    test::ManualPowerEvents power_;
+    Instant clock_ = now;
+    std::unique_ptr<AutoBackup> backup_;
+};
+
+TEST_F(AutoBackupTriggers, nothingIsWrittenAtTheStartItself) {
+    EXPECT_EQ(taken(), 0U);
+}
+
+TEST_F(AutoBackupTriggers, theFirstTurnOfTheClockTakesOneAndEndsTheFirstDelay) {
+    EXPECT_EQ(library_.runLoop.repeatingCount(), 2U);
+    library_.runLoop.fire();
+    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(library_.runLoop.repeatingCount(), 1U);
+}
+
+TEST_F(AutoBackupTriggers, aWakeFiveHoursAfterASnapshotWritesNothing) {
+    library_.runLoop.fire();
+    clock_ += 5h;
+    power_.wake();
+    EXPECT_EQ(taken(), 1U);
+}
+
+TEST_F(AutoBackupTriggers, aWakeADayLaterTakesOne) {
+    library_.runLoop.fire();
+    clock_ += 24h;
+    power_.wake();
+    EXPECT_EQ(taken(), 2U);
+}
+
+TEST_F(AutoBackupTriggers, theProfileOfTheMomentIsInIt) {
+    ProfileStore profiles(defaults_);
+    auto profile = profiles.profile();
+    profile.name = "Jane";
+    profiles.setProfile(profile);
+    library_.runLoop.fire();
+    EXPECT_EQ(decodeBackupFile(AutoBackup::snapshots(AutoBackup::folder()).at(0).url).profile.name,
+              "Jane");
+}
+
+TEST_F(AutoBackupTriggers, aFailureIsDroppedAndTheNextTriggerTriesAgain) {
+    writeAtomically(folder_.path() / "Elmworth", "in the way of the folder");
+    library_.runLoop.fire();
+    std::filesystem::remove(folder_.path() / "Elmworth");
+    library_.runLoop.fire();
+    EXPECT_EQ(taken(), 1U);
 }
 
 }  // namespace

@@ -111,6 +111,73 @@ TEST(Backup, clientsSortAsPeopleExpectAndProjectsByCodePoints) {
     EXPECT_EQ(backup.clients.at(1).projects.at(0).name, "Phase 10");
 }
 
+TEST(Backup, aRunningEntryHasNoEndAndIsOtherwiseLikeAnyOther) {
+    TestLibrary library;
+    fill(library);
+    const auto& entries = backupOf(library).clients.at(0).projects.at(0).entries;
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries.at(1),
+              (EntryDTO{at("2026-03-02T09:00Z"), std::nullopt, "", std::nullopt, std::nullopt}));
+}
+
+TEST(Backup, anInvoiceWithoutAClientHasAnEmptyNameAndNoPosition) {
+    TestLibrary library;
+    library.addClient("Acme");
+    library.addInvoice("INV-2026-001", nullptr);
+    const auto invoice = backupOf(library).invoices.at(0);
+    EXPECT_EQ(invoice.client, "");
+    EXPECT_EQ(invoice.clientIndex, std::nullopt);
+    EXPECT_EQ(invoice.currencyCode, "USD");
+}
+
+TEST(Backup, anInvoiceWithoutACurrencyOfItsOwnHasItsClients) {
+    TestLibrary library;
+    const auto client = library.addClient("Acme");
+    client->currencyCode = "EUR";
+    library.addInvoice("1", client);
+    library.addInvoice("2", client)->currencyCode = "JPY";
+    const auto backup = backupOf(library);
+    EXPECT_EQ(backup.invoices.at(0).currencyCode, "EUR");
+    EXPECT_EQ(backup.invoices.at(1).currencyCode, "JPY");
+}
+
+TEST(Backup, aFrozenProfileThatCannotBeReadCostsOnlyItsKey) {
+    TestLibrary library;
+    library.addInvoice("1", library.addClient("Acme"))->businessSnapshot = Blob{"no profile"};
+    const auto backup = backupOf(library);
+    ASSERT_EQ(backup.invoices.size(), 1U);
+    EXPECT_EQ(backup.invoices.at(0).business, std::nullopt);
+}
+
+TEST(Backup, invoicesSortByNumberAsPeopleExpect) {
+    TestLibrary library;
+    const auto client = library.addClient("Acme");
+    library.addInvoice("inv-10", client);
+    library.addInvoice("INV-9", client);
+    const auto backup = backupOf(library);
+    EXPECT_EQ(backup.invoices.at(0).number, "INV-9");
+}
+
+TEST(Backup, entriesStandByStartWheneverTheyWereMade) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    library.addEntry(project, at("2026-03-02T09:00Z"), at("2026-03-02T10:00Z"));
+    library.addEntry(project, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
+    const auto backup = backupOf(library);
+    EXPECT_EQ(backup.clients.at(0).projects.at(0).entries.at(0).start, at("2026-03-01T09:00Z"));
+}
+
+TEST(Backup, aProjectWithoutClientAndItsTimeAreNotInTheDocument) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", nullptr);
+    library.addEntry(project, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
+    library.addEntry(nullptr, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
+    const auto backup = backupOf(library);
+    EXPECT_TRUE(backup.clients.empty());
+    EXPECT_EQ(backup.version, 1);
+    EXPECT_EQ(backup.exportedAt, exportedAt);
+}
+
 TEST(Backup, aFractionOfASecondIsDropped) {
     TestLibrary library;
     const auto project = library.addProject("Web", library.addClient("Acme"));

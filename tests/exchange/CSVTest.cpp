@@ -181,6 +181,103 @@ TEST(CSVImporter, namesJoinWithoutRegardToCase) {
     EXPECT_EQ(library.context().fetch<TimeEntry>().at(0)->project.get(), project);
 }
 
+TEST(CSVImporter, timesOfTheOwnFormatAreNotTrimmed) {
+    EXPECT_EQ(errorOf("start,end,hours\n 2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1\n"),
+              ImportError::Code::empty);
+}
+
+TEST(CSVImporter, rowsThatAreTooShortOrUnreadableAreDroppedWithoutAWord) {
+    const auto rows = CSVImporter::parse(
+        "start,end,hours,notes\n"
+        "2026-03-01T09:00:00Z\n"
+        "yesterday,today,9,x\n"
+        "2026-03-01T09:00:00Z,2026-03-01T10:00:00Z\n",
+        "UTC");
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].notes, "");
+}
+
+TEST(CSVImporter, ofTwoColumnsOfOneNameTheFirstCounts) {
+    const auto rows = CSVImporter::parse(
+        "notes,start,end,hours,notes\nfirst,2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1,second\n",
+        "UTC");
+    EXPECT_EQ(rows.at(0).notes, "first");
+}
+
+TEST(CSVImporter, aFileOfBothKindsIsTakenForAnExport) {
+    const auto rows = CSVImporter::parse(
+        "start,end,hours,start date,start time,end date,end time\n"
+        "2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1,2026-05-05,09:00:00,2026-05-05,10:00:00\n",
+        "UTC");
+    EXPECT_EQ(rows.at(0).start, at("2026-03-01T09:00Z"));
+}
+
+TEST(CSVImporter, theOwnFormatDoesNotDependOnTheTimeZone) {
+    const std::string text = "start,end,hours\n2026-03-01T09:00:00Z,2026-03-01T10:00:00+00:30,1\n";
+    EXPECT_EQ(CSVImporter::parse(text, "Asia/Tokyo"), CSVImporter::parse(text, "UTC"));
+}
+
+TEST(CSVImporter, archivedProjectsAreJoined) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    project->isArchived = true;
+    library.context().save();
+    CSVImporter::apply({row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z")},
+                       library.context());
+    EXPECT_EQ(library.context().fetchCount<Project>(), 1U);
+    EXPECT_TRUE(project->isArchived.get());
+}
+
+TEST(CSVImporter, timeOfOnesOwnOverTheSameSecondsMakesARowADuplicateWhateverItsNotes) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    library.addEntry(project, at("2026-03-01T09:00Z") + std::chrono::milliseconds(400),
+                     at("2026-03-01T10:00Z"));
+    library.context().save();
+    auto same = row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z");
+    same.notes = "other words";
+    EXPECT_EQ(CSVImporter::apply({same}, library.context()).skipped, 1);
+}
+
+TEST(CSVImporter, aRunningEntryMakesNoRowADuplicate) {
+    TestLibrary library;
+    library.addEntry(library.addProject("Web", library.addClient("Acme")), at("2026-03-01T09:00Z"),
+                     std::nullopt);
+    EXPECT_EQ(CSVImporter::apply({row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z")},
+                                 library.context())
+                  .imported,
+              1);
+}
+
+TEST(CSVImporter, oneSpanOnTwoProjectsIsTwice) {
+    TestLibrary library;
+    const auto result =
+        CSVImporter::apply({row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z"),
+                            row("Acme", "App", "2026-03-01T09:00Z", "2026-03-01T10:00Z")},
+                           library.context());
+    EXPECT_EQ(result.imported, 2);
+}
+
+TEST(CSVImporter, newClientsAndProjectsHaveTheDefaultsAndTheFallbackNames) {
+    TestLibrary library;
+    CSVImporter::apply({row("", "", "2026-03-01T09:00Z", "2026-03-01T10:00Z")}, library.context());
+    const auto client = library.context().fetch<Client>().at(0);
+    EXPECT_EQ(client->name.get(), "Imported");
+    EXPECT_EQ(client->currencyCode.get(), "USD");
+    EXPECT_EQ(client->hourlyRateCents.get(), 10000);
+    EXPECT_EQ(library.context().fetch<Project>().at(0)->name.get(), "General");
+}
+
+TEST(CSVImporter, ofNamesakesTheFirstClientIsJoined) {
+    TestLibrary library;
+    const auto first = library.addClient("Acme");
+    library.addClient("ACME");
+    library.context().save();
+    CSVImporter::apply({row("acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z")},
+                       library.context());
+    EXPECT_EQ(library.context().fetch<Project>().at(0)->client.get(), first);
+}
+
 TEST(CSVImporter, oneNameUnderTwoClientsGivesTwoProjects) {
     TestLibrary library;
     CSVImporter::apply({row("Acme", "Web", "2026-03-01T09:00Z", "2026-03-01T10:00Z"),

@@ -72,6 +72,36 @@ TEST(Restore, aLibraryWithAClientIsRefusedAndStaysAsItWas) {
     EXPECT_EQ(library.context().fetch<Client>(), std::vector{client});
 }
 
+TEST(Restore, aLibraryWithTimeAloneIsRefused) {
+    TestLibrary library;
+    library.addEntry(nullptr, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
+    try {
+        restore(document({}), library.context());
+        FAIL() << "was restored";
+    } catch (const RestoreError& error) {
+        EXPECT_EQ(error.code(), RestoreError::Code::notEmpty);
+        EXPECT_STREQ(error.what(),
+                     "Restoring needs an empty library. Delete your clients first, or restore on a "
+                     "fresh install.");
+    }
+}
+
+TEST(Restore, leftOverProjectsAndInvoicesAreNotInTheWay) {
+    TestLibrary library;
+    library.addProject("Old", nullptr);
+    library.addInvoice("OLD-1", nullptr);
+    library.context().save();
+    restore(document({}), library.context());
+    EXPECT_EQ(library.context().fetchCount<Client>(), 1U);
+    EXPECT_EQ(library.context().fetchCount<Project>(), 2U);
+}
+
+TEST(Restore, anEntryThatRanHasAnEndHoweverNearItsStart) {
+    TestLibrary library;
+    restore(document({entry("2026-03-10T12:00Z", std::nullopt)}), library.context());
+    EXPECT_EQ(onlyEntry(library)->end.get(), at("2026-03-10T12:00:01Z"));
+}
+
 TEST(Restore, aRunningEntryThatBeganAfterTheExportEndsOneSecondAfterItsStart) {
     TestLibrary library;
     restore(document({entry("2026-03-10T12:30Z", std::nullopt)}), library.context());
@@ -92,6 +122,50 @@ TEST(Restore, anInvoiceWithoutAPositionGoesToTheFirstClientOfItsName) {
     restore(backup, library.context());
     EXPECT_EQ(library.context().fetch<Invoice>().at(0)->client.get(),
               library.context().fetch<Client>().at(0));
+}
+
+TEST(Restore, aPositionChoosesAmongNamesakes) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.clients.push_back(backup.clients.at(0));
+    backup.clients.at(1).email = "second@acme.example";
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(0).clientIndex = 1;
+    restore(backup, library.context());
+    EXPECT_EQ(library.context().fetch<Invoice>().at(0)->client->email.get(), "second@acme.example");
+}
+
+TEST(Restore, theInvoiceOfAnEntryIsFoundByNumberAloneWhoeverItsClientIs) {
+    TestLibrary library;
+    auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
+    backup.clients.emplace_back().name = "Globex";
+    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "1";
+    backup.invoices.push_back(invoice("1", "Globex"));
+    EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
+    EXPECT_EQ(onlyEntry(library)->invoice->client->name.get(), "Globex");
+}
+
+TEST(Restore, theProfilesOfTheDocumentAndOfItsInvoicesComeBack) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.profile.name = "Jane";
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(0).business.emplace().name = "Jane, then";
+    EXPECT_EQ(restore(backup, library.context()).profile.name, "Jane");
+    EXPECT_EQ(library.context().fetch<Invoice>().at(0)->resolvedBusiness({}).name, "Jane, then");
+}
+
+TEST(Restore, anUnknownStatusComesBackAsItStands) {
+    TestLibrary library;
+    auto backup = document({});
+    backup.invoices.push_back(invoice("1", "Acme"));
+    backup.invoices.at(0).status = "void";
+    restore(backup, library.context());
+    EXPECT_EQ(library.context().fetch<Invoice>().at(0)->statusRaw.get(), "void");
+}
+
+TEST(Restore, withoutLostInvoicesTheMessageIsTheTwoCounts) {
+    EXPECT_EQ(restoreMessage(document({}), {}), "Restored 1 clients and 0 invoices.");
 }
 
 TEST(Restore, aPositionBeyondTheListFallsBackToTheName) {

@@ -56,9 +56,10 @@ std::filesystem::path resolved(std::filesystem::path target) {
     for (int i = 0; i < longestChain && std::filesystem::is_symlink(target, error); ++i) {
         target = folderOf(target) / std::filesystem::read_symlink(target, error);
     }
-    // The name of a device or a pipe must not become that of a file.
+    // A rename would put a file in the place of a device or a pipe, /dev/null among them.
     const auto status = std::filesystem::status(target, error);
-    if (std::filesystem::is_other(status)) fail("cannot replace", target, EINVAL);
+    if (std::filesystem::is_directory(status)) fail("cannot replace", target, EISDIR);
+    if (std::filesystem::is_other(status)) fail("cannot replace", target, EPERM);
     return target;
 }
 

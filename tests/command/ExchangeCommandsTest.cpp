@@ -1,0 +1,235 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// export, import, backup and restore.
+
+#include "command/CommandTest.h"
+#include "platform/AtomicFile.h"
+#include "support/FileSizeLimit.h"
+#include "support/LibraryText.h"
+
+namespace elmworth {
+namespace {
+
+using test::keys;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class ExchangeCommands : public test::CommandTest {
+ protected:
+    [[nodiscard]] std::filesystem::path file(const std::string& name) const {
+        return library_.folder.path() / name;
+    }
+    std::string written(const std::string& name) { return readFile(file(name)); }
+    std::string state() { return test::libraryText(library_.context()); }
+    void clear() {
+        for (const auto& invoice : library_.context().fetch<Invoice>()) {
+            library_.context().deleteRecord(invoice);
+        }
+        library_.context().save();
+        for (const auto& client : library_.context().fetch<Client>()) {
+            library_.context().deleteRecord(client);
+        }
+        library_.context().save();
+    }
+};
+
+// --- export ------------------------------------------------------------------------------------
+
+TEST_F(ExchangeCommands, ExportWritesFinishedTimeByStartInTheCurrentZone) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 90, "Logo, \"new\"");
+    addEntry(website_, "2026-03-29T01:00+01:00", 60);
+    timer_.start(design_);
+    EXPECT_EQ(output({"export", "time.csv"}), "Exported 2 entries.\n");
+    EXPECT_EQ(written("time.csv"),
+              "Date,Start,End,Client,Project,Notes,Hours\r\n"
+              "2026-03-29,2026-03-29T01:00:00+01:00,2026-03-29T03:00:00+02:00,Acme Co,Website,,"
+              "1.00\r\n"
+              "2026-03-31,2026-03-31T09:00:00+02:00,2026-03-31T10:30:00+02:00,Acme Co,Design,"
+              "\"Logo, \"\"new\"\"\",1.50\r\n");
+}
+
+TEST_F(ExchangeCommands, ExportOfARunningEntryAloneIsTheHeader) {
+    timer_.start(design_);
+    EXPECT_EQ(output({"export", "-"}), "Date,Start,End,Client,Project,Notes,Hours\r\n");
+}
+
+TEST_F(ExchangeCommands, ExportOfTimeWithoutAProjectHasEmptyNames) {
+    addEntry(nullptr, "2026-03-31T09:00+02:00", 60);
+    EXPECT_THAT(output({"export", "-"}), HasSubstr("T10:00:00+02:00,,,,1.00\r\n"));
+}
+
+TEST_F(ExchangeCommands, ExportTakesTheOptionsOfReport) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60, "shown");
+    addEntry(otherWebsite_, "2026-03-31T09:00+02:00", 60, "hidden");
+    addEntry(design_, "2026-01-31T09:00+01:00", 60, "long ago");
+    const auto text = output({"export", "-", "--client", "acme co"});
+    EXPECT_THAT(text, HasSubstr("shown"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("hidden")));
+    EXPECT_THAT(text, testing::Not(HasSubstr("long ago")));
+}
+
+TEST_F(ExchangeCommands, ExportTellsAsJSONWhatItWrote) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    const auto result = json({"export", "time.csv"});
+    EXPECT_EQ(result["file"].GetString(), file("time.csv").string());
+    EXPECT_EQ(result["exported"].GetInt(), 1);
+}
+
+TEST_F(ExchangeCommands, ExportToAFullDiskLeavesTheOldFile) {
+    for (int i = 0; i < 40; ++i) {
+        addEntry(design_, "2026-03-31T09:00+02:00", i + 1, std::string(200, 'n'));
+    }
+    writeAtomically(file("time.csv"), "the old one");
+    const auto before = library_.folder.names().size();
+    {
+        const test::FileSizeLimit fullDisk(1000);
+        const auto result = run({"export", "time.csv"});
+        EXPECT_EQ(result.exitStatus, 1);
+        EXPECT_THAT(result.errors, HasSubstr("time.csv: File too large\n"));
+    }
+    EXPECT_EQ(written("time.csv"), "the old one");
+    EXPECT_EQ(library_.folder.names().size(), before);
+}
+
+// --- import ------------------------------------------------------------------------------------
+
+constexpr const char* report =
+    "User,Email,Client,Project,Task,Description,Billable,Start date,Start time,End date,End time,"
+    "Duration,Tags,Amount ()\n"
+    "Jane,j@x,Acme Co,Design,,Logo,Yes,2026-03-02,09:00:00,2026-03-02,10:00:00,01:00:00,,\n"
+    "Jane,j@x,Initech,Printer,,,Yes,2026-03-03,09:00:00,2026-03-03,10:00:00,01:00:00,,\n";
+
+TEST_F(ExchangeCommands, ImportAddsTimeAndTellsWhatIsNew) {
+    writeAtomically(file("report.csv"), report);
+    const auto result = json({"import", "report.csv"});
+    EXPECT_THAT(keys(result), ElementsAre("imported", "newClients", "skipped", "message"));
+    EXPECT_EQ(result["imported"].GetInt(), 2);
+    EXPECT_STREQ(result["newClients"][0].GetString(), "Initech");
+    EXPECT_EQ(result["skipped"].GetInt(), 0);
+    EXPECT_STREQ(result["message"].GetString(),
+                 "Imported 2 entries. New clients: Initech — set their rates in Clients.");
+    EXPECT_EQ(design_->entries().at(0)->start.get(), test::at("2026-03-02T09:00+01:00"));
+    EXPECT_EQ(output({"import", "report.csv"}),
+              "Imported 0 entries. Skipped 2 already imported.\n");
+}
+
+TEST_F(ExchangeCommands, ImportOfWhatIsNoReportChangesNothing) {
+    const auto before = state();
+    const std::string unknown =
+        "This CSV isn't in a format Elmworth knows. Use an Elmworth export or a Toggl Track "
+        "detailed report.";
+    const std::string empty = "No time entries were found in this file.";
+    const struct {
+        std::string content;
+        std::string message;
+    } files[] = {{"", empty},
+                 {"\n", empty},
+                 {"a,b\n1,2\n", unknown},
+                 {"{}", unknown},
+                 {"start,end,hours\n", empty}};
+    for (const auto& [content, message] : files) {
+        writeAtomically(file("bad.csv"), content);
+        expectRefusal({"import", "bad.csv"}, 1, message);
+    }
+    EXPECT_EQ(state(), before);
+}
+
+TEST_F(ExchangeCommands, ImportToAFullDiskChangesNothing) {
+    writeAtomically(file("report.csv"), report);
+    const auto before = state();
+    {
+        const test::FileSizeLimit fullDisk(0);
+        const auto result = run({"import", "report.csv"});
+        EXPECT_EQ(result.exitStatus, 1);
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1);
+    }
+    EXPECT_FALSE(library_.context().hasChanges());
+    EXPECT_EQ(state(), before);
+}
+
+// --- backup and restore ------------------------------------------------------------------------
+
+TEST_F(ExchangeCommands, BackupPrintsItsPathAndCountsAsJSON) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    EXPECT_EQ(output({"backup", "library.json"}), file("library.json").string() + "\n");
+    const auto result = json({"backup", "library.json"});
+    EXPECT_EQ(result["clients"].GetInt(), 2);
+    EXPECT_EQ(result["projects"].GetInt(), 3);
+    EXPECT_EQ(result["entries"].GetInt(), 1);
+    EXPECT_EQ(result["invoices"].GetInt(), 0);
+    EXPECT_EQ(output({"backup", "-"}), written("library.json"));
+}
+
+TEST_F(ExchangeCommands, RestoreBringsTheLibraryAndTheProfileBack) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    billMarch();
+    run({"profile", "set", "name", "Jane"});
+    output({"backup", "library.json"});
+    clear();
+    run({"profile", "set", "name", "Somebody else"});
+
+    const auto result = json({"restore", "library.json"});
+    EXPECT_THAT(keys(result), ElementsAre("clients", "invoices", "unlinkedEntries", "message"));
+    EXPECT_EQ(result["clients"].GetInt(), 2);
+    EXPECT_EQ(result["invoices"].GetInt(), 1);
+    EXPECT_EQ(result["unlinkedEntries"].GetInt(), 0);
+    EXPECT_STREQ(result["message"].GetString(), "Restored 2 clients and 1 invoices.");
+    EXPECT_EQ(profiles_.profile().name, "Jane");
+    EXPECT_EQ(output({"backup", "-"}), written("library.json"));
+}
+
+TEST_F(ExchangeCommands, RestoreIntoALibraryThatIsNotEmptyChangesNothing) {
+    output({"backup", "library.json"});
+    run({"profile", "set", "name", "Somebody else"});
+    const auto before = state();
+    expectRefusal({"restore", "library.json"}, 1,
+                  "Restoring needs an empty library. Delete your clients first, or restore on a "
+                  "fresh install.");
+    EXPECT_EQ(state(), before);
+    EXPECT_EQ(profiles_.profile().name, "Somebody else");
+}
+
+TEST_F(ExchangeCommands, RestoreOfABrokenDocumentChangesNothing) {
+    output({"backup", "library.json"});
+    auto json = written("library.json");
+    clear();
+    const auto before = state();
+    json.replace(json.find("\"isArchived\": false"), 19, "\"isArchived\": 0    ");
+    writeAtomically(file("broken.json"), json);
+    expectRefusal({"restore", "broken.json"}, 1,
+                  "clients[0].projects[0].isArchived: neither true nor false (line 13).");
+    EXPECT_EQ(state(), before);
+}
+
+TEST_F(ExchangeCommands, RestoreToAFullDiskChangesNothingAndKeepsTheProfile) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    run({"profile", "set", "name", "Jane"});
+    output({"backup", "library.json"});
+    clear();
+    run({"profile", "set", "name", "Somebody else"});
+    {
+        const test::FileSizeLimit fullDisk(0);
+        EXPECT_EQ(run({"restore", "library.json"}).exitStatus, 1);
+    }
+    EXPECT_FALSE(library_.context().hasChanges());
+    EXPECT_EQ(library_.context().fetchCount<Client>(), 0U);
+    EXPECT_EQ(profiles_.profile().name, "Somebody else");
+    output({"restore", "library.json"});
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
+}
+
+TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
+    for (const char* command : {"import", "restore"}) {
+        const auto missing = run({command, "none"});
+        EXPECT_EQ(missing.errors, file("none").string() + ": No such file or directory\n");
+        EXPECT_EQ(run({command, "."}).exitStatus, 1);
+        EXPECT_EQ(run({command, "/dev/zero"}).exitStatus, 1);
+        expectUsageError({command}, "FILE");
+    }
+    EXPECT_EQ(run({"backup", "no/such/folder"}).exitStatus, 1);
+    EXPECT_EQ(run({"export", "no/such/folder"}).exitStatus, 1);
+}
+
+}  // namespace
+}  // namespace elmworth
