@@ -18,28 +18,34 @@ IconButton {
     label: "Menu"
     help: "Menu (" + menuKeys.nativeText + ")"
     Accessible.role: Accessible.ButtonMenu
-    onClicked: menu.visible ? menu.close() : show(menu)
+    onClicked: menu.visible ? menu.close() : show()
 
-    function show(which: PopupMenu): void {
-        which.popup(button, 0, button.height + 4);
-        which.currentIndex = 0;
+    function show(): void {
+        menu.popup(button, 0, button.height + 4);
+        menu.currentIndex = 0;
+    }
+
+    function showSubmenu(position: int): void {
+        show();
+        menu.currentIndex = position;
+        (menu.itemAt(position) as PopupMenuItem).press();
     }
 
     Shortcut {
         id: menuKeys
 
         sequence: "F10"
-        onActivated: button.show(menu)
+        onActivated: button.show()
     }
 
     Shortcut {
         sequence: "Alt+G"
-        onActivated: button.show(goMenu)
+        onActivated: button.showSubmenu(0)
     }
 
     Shortcut {
         sequence: "Alt+T"
-        onActivated: button.show(timerMenu)
+        onActivated: button.showSubmenu(1)
     }
 
     Shortcut {
@@ -62,8 +68,6 @@ IconButton {
         id: menu
 
         PopupMenu {
-            id: goMenu
-
             title: "Go"
 
             Repeater {
@@ -74,6 +78,8 @@ IconButton {
                 PopupMenuItem {
                     required property int index
                     required property string title
+                    required systemImage
+                    required hint
 
                     text: title
                     onTriggered: button.model.showSection(index)
@@ -83,8 +89,6 @@ IconButton {
         }
 
         PopupMenu {
-            id: timerMenu
-
             title: "Timer"
 
             PopupMenuItem {

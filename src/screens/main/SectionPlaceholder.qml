@@ -22,15 +22,17 @@ Item {
             title: section.title
         }
 
-        EmptyHero {
+        Item {
             Layout.fillWidth: true
-            Layout.alignment: Qt.AlignVCenter
-            icon: section.icon
-            colors: section.colors
-            title: "Coming soon"
-            message: section.message
-        }
+            Layout.fillHeight: true
 
-        Item { Layout.fillHeight: true }
+            EmptyHero {
+                anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter; verticalCenterOffset: -24 }
+                icon: section.icon
+                colors: section.colors
+                title: "Coming soon"
+                message: section.message
+            }
+        }
     }
 }
