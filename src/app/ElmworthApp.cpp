@@ -3,11 +3,13 @@
 
 #include "app/ElmworthApp.h"
 
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "theme/fonts/Fonts.h"
+#include "theme/icons/AppIcon.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
@@ -18,7 +20,9 @@ ElmworthApp::ElmworthApp(bool isDemo)
     : services_(isDemo, currentInstant, runLoop_),
       commandService_(services_, painter_, [this] { showMainWindow(); }),
       terminationSignals_([] { QGuiApplication::quit(); }),
-      timerWindowModel_(services_.context(), services_.timer()) {
+      colorScheme_(QDBusConnection::sessionBus()),
+      appearance_(services_.defaults(), colorScheme_),
+      mainViewModel_(services_.context(), services_.defaults(), services_.timer()) {
     if (!isHostedRun()) services_.timer().installSleepObservers(powerEvents_);
     if (!isHostedRun() && !isDemo) {
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
@@ -26,23 +30,38 @@ ElmworthApp::ElmworthApp(bool isDemo)
     }
     if (!isDemo) commandService_.publish();
     loadEmbeddedFonts();
-    engine_.setInitialProperties(
-        {{QStringLiteral("model"), QVariant::fromValue(&timerWindowModel_)}});
-    engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/TimerWindow.qml")));
+    QGuiApplication::setWindowIcon(appIcon());
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    loadMainWindow();
 }
 
 ElmworthApp::~ElmworthApp() {
     services_.context().saveQuietly();
 }
 
-void ElmworthApp::showMainWindow() {
+void ElmworthApp::loadMainWindow() {
+    engine_.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&mainViewModel_)}});
+    engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")));
+    auto* window = mainWindow();
+    if (window == nullptr) return;
+    rememberedWindow_.emplace(*window, services_.defaults(), "mainWindowFrame");
+    // show() would undo "maximized".
+    window->setVisible(true);
+}
+
+QQuickWindow* ElmworthApp::mainWindow() const {
     const auto windows = engine_.rootObjects();
-    if (windows.isEmpty()) return;
-    if (auto* window = qobject_cast<QQuickWindow*>(windows.first())) {
-        window->show();
-        window->raise();
-        window->requestActivate();
-    }
+    return windows.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(windows.first());
+}
+
+void ElmworthApp::showMainWindow() {
+    auto* window = mainWindow();
+    if (window == nullptr) return;
+    // What was maximized or minimized stays or becomes as it was.
+    window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    window->setVisible(true);
+    window->raise();
+    window->requestActivate();
 }
 
 }  // namespace elmworth

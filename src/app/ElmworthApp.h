@@ -9,12 +9,17 @@
 
 #include "app/CommandService.h"
 #include "app/LibraryServices.h"
+#include "app/LiveAppearance.h"
 #include "app/QtInvoicePainter.h"
 #include "exchange/AutoBackup.h"
 #include "platform/linux/LogindPowerEvents.h"
+#include "platform/linux/PortalColorScheme.h"
 #include "platform/linux/QtRunLoop.h"
 #include "platform/linux/TerminationSignals.h"
-#include "screens/main/TimerWindowModel.h"
+#include "screens/main/MainViewModel.h"
+#include "screens/main/RememberedWindow.h"
+
+class QQuickWindow;
 
 namespace elmworth {
 
@@ -36,6 +41,9 @@ class ElmworthApp {
     void showMainWindow();
 
  private:
+    void loadMainWindow();
+    [[nodiscard]] QQuickWindow* mainWindow() const;
+
     QtRunLoop runLoop_;
     LibraryServices services_;
     LogindPowerEvents powerEvents_;
@@ -43,8 +51,11 @@ class ElmworthApp {
     QtInvoicePainter painter_;
     CommandService commandService_;
     TerminationSignals terminationSignals_;
-    TimerWindowModel timerWindowModel_;
+    PortalColorScheme colorScheme_;
+    LiveAppearance appearance_;
+    MainViewModel mainViewModel_;
     QQmlApplicationEngine engine_;
+    std::optional<RememberedWindow> rememberedWindow_;
 };
 
 }  // namespace elmworth

@@ -4,15 +4,20 @@
 import QtQuick
 
 /// The application's icon.
-Image {
+Item {
+    id: mark
+
     property real size: 28
 
     readonly property int pixels: Math.ceil(size * Screen.devicePixelRatio)
 
-    width: size
-    height: size
-    sourceSize { width: pixels; height: pixels }
-    source: pixels > 64 ? "qrc:/elmworth/icons/AppIcon-256.png" : "qrc:/elmworth/icons/AppIcon-64.png"
-    smooth: true
-    Accessible.ignored: true
+    implicitWidth: size
+    implicitHeight: size
+
+    Image {
+        anchors.fill: parent
+        source: mark.pixels > 64 ? "qrc:/elmworth/icons/AppIcon-256.png" : "qrc:/elmworth/icons/AppIcon-64.png"
+        sourceSize { width: mark.pixels; height: mark.pixels }
+        Accessible.ignored: true
+    }
 }

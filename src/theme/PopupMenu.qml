@@ -30,7 +30,7 @@ Basic.Menu {
 
         SoftShadow {
             corner: Theme.rowRadius
-            strength: 0.3
+            strength: 0.24
         }
     }
 

@@ -18,14 +18,18 @@ Basic.MenuItem {
 
     readonly property color foreground: destructive ? Theme.dangerText : Theme.primaryText
 
+    /// Does what a click does.
     function press(): void {
+        if (subMenu) {
+            subMenu.open();
+            subMenu.currentIndex = 0;
+            return;
+        }
         if (action)
             action.trigger();
-        else if (subMenu)
-            subMenu.popup();
         else
             clicked();
-        if (!subMenu && menu)
+        if (menu)
             menu.dismiss();
     }
 

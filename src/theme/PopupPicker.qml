@@ -89,7 +89,7 @@ Basic.ComboBox {
 
             SoftShadow {
                 corner: Theme.rowRadius
-                strength: 0.3
+                strength: 0.24
             }
         }
     }

@@ -20,7 +20,7 @@ Basic.Popup {
     background: SoftShadow {
         anchors.fill: undefined
         corner: Theme.sheetRadius
-        strength: 0.3
+        strength: 0.24
         blur: 24
         offset: 8
     }

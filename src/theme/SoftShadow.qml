@@ -25,13 +25,15 @@ Item {
         Rectangle {
             required property int index
             readonly property real spread: shadow.blur * (1 - 2 * index / shadow.layers)
+            /// The inner layers are the stronger ones; all add up to `strength`.
+            readonly property real share: 2 * (index + 1) / (shadow.layers * (shadow.layers + 1))
 
             x: -spread
             y: shadow.offset - spread
             width: shadow.width + 2 * spread
             height: shadow.height + 2 * spread
             radius: Math.max(0, shadow.corner + spread)
-            color: Qt.rgba(0, 0, 0, shadow.strength / shadow.layers)
+            color: Qt.rgba(0, 0, 0, shadow.strength * share)
         }
         // qmllint enable unqualified
     }

@@ -9,34 +9,23 @@ import Elmworth.Theme
 ColumnLayout {
     id: empty
 
-    spacing: 10
+    spacing: 0
 
-    PlainText {
+    EmptyHero {
         Layout.fillWidth: true
-        Layout.topMargin: 32
-        horizontalAlignment: Text.AlignHCenter
-        text: "No projects yet"
-        wrapMode: Text.Wrap
-        size: 22
-        font.weight: Font.Medium
-    }
-
-    PlainText {
-        Layout.fillWidth: true
-        horizontalAlignment: Text.AlignHCenter
-        text: "Add a client and a project, then start tracking with one click."
-        wrapMode: Text.Wrap
-        color: Theme.secondaryText
+        icon: "clock.fill"
+        title: "No projects yet"
+        message: "Add a client and a project, then start tracking with one click."
     }
 
     Rectangle {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.maximumWidth: 480
         Layout.fillWidth: true
-        Layout.topMargin: 8
         implicitHeight: commands.implicitHeight + 24
         radius: Theme.rowRadius
         color: Theme.cardFill
-        border.width: 1
-        border.color: commands.activeFocus ? Theme.focusRing : Theme.cardBorder
+        border { width: 1; color: Theme.cardBorder }
 
         TextEdit {
             id: commands
@@ -48,13 +37,18 @@ ColumnLayout {
             // A focused text keeps the keys from the window's shortcuts.
             Keys.onPressed: event => { if (event.matches(StandardKey.Quit)) Qt.quit(); }
             wrapMode: TextEdit.Wrap
+            textFormat: TextEdit.PlainText
             text: "elmworth client add \"Acme Co\" --rate 120\nelmworth project add Website --client \"Acme Co\""
             color: Theme.primaryText
-            selectionColor: Theme.focusRing
-            font.family: "monospace"
-            font.pixelSize: 12
+            selectionColor: Theme.selectionFill
+            selectedTextColor: Theme.primaryText
+            font { family: "monospace"; pointSize: Theme.points(12) }
             Accessible.role: Accessible.EditableText
             Accessible.name: "Commands that add a client and a project"
+        }
+
+        FocusRing {
+            shows: commands.activeFocus
         }
     }
 }

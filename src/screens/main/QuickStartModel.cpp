@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/main/TimerWindowModel.h"
+#include "screens/main/QuickStartModel.h"
 
 #include "core/Client.h"
 #include "core/Project.h"
@@ -25,12 +25,11 @@ ProjectRowsModel::Row makeRow(const Project& project) {
 
 }  // namespace
 
-TimerWindowModel::TimerWindowModel(ModelContext& context, TimerService& timer)
+QuickStartModel::QuickStartModel(ModelContext& context, TimerService& timer)
     : context_(context), timer_(timer) {
     timerObservation_ = timer_.observe([this](auto property) { timerChanged(property); });
     const auto changed = [this] {
         refreshProjects();
-        Q_EMIT runningChanged();
         Q_EMIT todayChanged();
     };
     projectObservation_ = context_.observe(Project::schema(), changed);
@@ -39,11 +38,8 @@ TimerWindowModel::TimerWindowModel(ModelContext& context, TimerService& timer)
     refreshProjects();
 }
 
-void TimerWindowModel::timerChanged(TimerService::Property property) {
+void QuickStartModel::timerChanged(TimerService::Property property) {
     switch (property) {
-        case TimerService::Property::elapsedLongText:
-            Q_EMIT elapsedChanged();
-            break;
         case TimerService::Property::elapsedText:
             Q_EMIT todayChanged();
             break;
@@ -56,45 +52,17 @@ void TimerWindowModel::timerChanged(TimerService::Property property) {
     }
 }
 
-Ref<Project> TimerWindowModel::runningProject() const {
-    const auto& entry = timer_.running();
-    return entry ? entry->project.get() : nullptr;
-}
-
-QString TimerWindowModel::projectName() const {
-    const auto project = runningProject();
-    return project ? text(project->name) : QStringLiteral("No project");
-}
-
-QString TimerWindowModel::clientName() const {
-    const auto project = runningProject();
-    return project && project->client ? text(project->client->name) : QString();
-}
-
-QString TimerWindowModel::notes() const {
-    return timer_.running() ? text(timer_.running()->notes) : QString();
-}
-
-QString TimerWindowModel::projectColor() const {
-    const auto project = runningProject();
-    return project ? text(project->colorHex) : QStringLiteral("#FF5B87");
-}
-
-QString TimerWindowModel::elapsed() const {
-    const auto& elapsedText = timer_.elapsedLongText();
-    return elapsedText.empty() ? QStringLiteral("0:00:00") : text(elapsedText);
-}
-
-QString TimerWindowModel::today() const {
+QString QuickStartModel::today() const {
     return text(formatHoursMinutes(timer_.todaySeconds()));
 }
 
-QString TimerWindowModel::sectionTitle() const {
-    return isRunning() ? QStringLiteral("Switch to") : QStringLiteral("Start tracking");
+QString QuickStartModel::sectionTitle() const {
+    return timer_.running() ? QStringLiteral("Switch to") : QStringLiteral("Start tracking");
 }
 
-void TimerWindowModel::refreshProjects() {
-    const auto running = runningProject();
+void QuickStartModel::refreshProjects() {
+    const auto& entry = timer_.running();
+    const Ref<Project> running = entry ? entry->project.get() : nullptr;
     std::vector<ProjectRowsModel::Row> rows;
     const auto recent = timer_.recentProjects(rowsShown + 1);
     for (const auto& project : recent) {
@@ -106,15 +74,11 @@ void TimerWindowModel::refreshProjects() {
     Q_EMIT projectsChanged();
 }
 
-void TimerWindowModel::start(int row) {
+void QuickStartModel::start(int row) {
     const auto& rows = projects_.rows();
     if (row < 0 || static_cast<std::size_t>(row) >= rows.size()) return;
     const auto project = context_.record<Project>(rows[static_cast<std::size_t>(row)].id);
     if (project) timer_.start(project);
-}
-
-void TimerWindowModel::stop() {
-    timer_.stop();
 }
 
 }  // namespace elmworth

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import QtQuick.Layouts
+import Elmworth.Theme
+import Elmworth.Main
+
+/// The sidebar, and the screen of the section that is chosen there.
+Basic.SplitView {
+    id: view
+
+    required property MainViewModel model
+
+    signal closeRequested()
+
+    handle: Item {
+        implicitWidth: 9
+
+        Hairline {
+            anchors.horizontalCenter: parent.horizontalCenter
+            height: parent.height
+        }
+    }
+
+    Sidebar {
+        Basic.SplitView.minimumWidth: 200
+        Basic.SplitView.preferredWidth: 214
+        Basic.SplitView.maximumWidth: 260
+        model: view.model
+        onCloseRequested: view.closeRequested()
+    }
+
+    StackLayout {
+        Basic.SplitView.fillWidth: true
+        currentIndex: view.model.section
+
+        TimesheetSection {
+            running: view.model.running
+            quickStart: view.model.quickStart
+            onStopRequested: view.model.stopTimer()
+        }
+
+        SectionPlaceholder {
+            title: "Clients"
+            icon: "person.2.fill"
+            colors: Theme.violetGradient
+            message: "Clients and what they owe will stand here. Until then, “elmworth client” works in a terminal."
+        }
+
+        SectionPlaceholder {
+            title: "Projects"
+            icon: "folder.fill"
+            colors: Theme.skyGradient
+            message: "Projects with their budgets will stand here. Until then, “elmworth project” works in a terminal."
+        }
+
+        SectionPlaceholder {
+            title: "Invoices"
+            icon: "doc.text.fill"
+            colors: Theme.mintGradient
+            message: "Invoices and their PDFs will stand here. Until then, “elmworth invoice” works in a terminal."
+        }
+    }
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/main/MainViewModel.h"
+
+#include <QKeySequence>
+
+#include "screens/main/SidebarItem.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr std::string_view sectionKey = "mainSection";
+
+}  // namespace
+
+MainViewModel::MainViewModel(ModelContext& context, UserDefaults& defaults, TimerService& timer)
+    : defaults_(defaults), timer_(timer), running_(context, timer), quickStart_(context, timer) {
+    defaultsObservation_ = defaults_.observe([this](std::string_view key) {
+        if (key == sectionKey) Q_EMIT sectionChanged();
+    });
+}
+
+int MainViewModel::section() const {
+    const auto raw = defaults_.string(sectionKey).value_or("");
+    return static_cast<int>(sidebarPosition(raw).value_or(0));
+}
+
+void MainViewModel::showSection(int position) {
+    if (position < 0 || static_cast<std::size_t>(position) >= sidebarItems.size()) return;
+    defaults_.setString(sectionKey, sidebarItems[static_cast<std::size_t>(position)].rawValue);
+}
+
+void MainViewModel::stopTimer() {
+    timer_.stop();
+}
+
+void MainViewModel::resumeLastEntry() {
+    if (timer_.running()) return;
+    if (const auto entry = timer_.lastContinuableEntry()) timer_.continueEntry(entry);
+}
+
+QString MainViewModel::stopHelp() {
+    const QKeySequence keys(QStringLiteral("Ctrl+Alt+."));
+    return QStringLiteral("Stop timer (%1)").arg(keys.toString(QKeySequence::NativeText));
+}
+
+}  // namespace elmworth

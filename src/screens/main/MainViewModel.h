@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+
+#include "platform/UserDefaults.h"
+#include "screens/main/QuickStartModel.h"
+#include "screens/main/RunningEntryModel.h"
+#include "screens/main/SidebarModel.h"
+
+namespace elmworth {
+
+/// The main window: which section it shows, what runs, and what its menus do. The user default
+/// "mainSection" alone decides about the section, whoever writes it.
+class MainViewModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application owns it")
+    Q_PROPERTY(elmworth::SidebarModel* sections READ sections CONSTANT FINAL)
+    Q_PROPERTY(int section READ section NOTIFY sectionChanged FINAL)
+    Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
+    Q_PROPERTY(elmworth::QuickStartModel* quickStart READ quickStart CONSTANT FINAL)
+    Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates CONSTANT FINAL)
+    Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT FINAL)
+
+ public:
+    MainViewModel(ModelContext& context, UserDefaults& defaults, TimerService& timer);
+
+    [[nodiscard]] SidebarModel* sections() { return &sections_; }
+    /// The position of the section that shows. A "mainSection" that names none is the timesheet.
+    [[nodiscard]] int section() const;
+    [[nodiscard]] RunningEntryModel* running() { return &running_; }
+    [[nodiscard]] QuickStartModel* quickStart() { return &quickStart_; }
+    /// There is nothing yet that could look for updates.
+    [[nodiscard]] static bool canCheckForUpdates() { return false; }
+    [[nodiscard]] static QString stopHelp();
+
+    /// Shows the section at `position`; any other number does nothing.
+    Q_INVOKABLE void showSection(int position);
+    Q_INVOKABLE void stopTimer();
+    /// Continues the last entry that can be continued; does nothing without one, or while a timer
+    /// runs.
+    Q_INVOKABLE void resumeLastEntry();
+
+ Q_SIGNALS:
+    void sectionChanged();
+
+ private:
+    UserDefaults& defaults_;
+    TimerService& timer_;
+    SidebarModel sections_;
+    RunningEntryModel running_;
+    QuickStartModel quickStart_;
+    UserDefaults::Observation defaultsObservation_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Elmworth.Theme
+import Elmworth.Main
+
+/// The main window. Closing it ends nothing: the program goes on without it.
+Basic.ApplicationWindow {
+    id: window
+
+    required property MainViewModel model
+
+    title: "Elmworth"
+    width: 1080
+    height: 720
+    minimumWidth: 1020
+    minimumHeight: 600
+    color: Theme.backgroundTop
+    background: AppBackground {}
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: Qt.quit()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: window.close()
+    }
+
+    MainView {
+        anchors.fill: parent
+        focus: true
+        model: window.model
+        onCloseRequested: window.close()
+    }
+}

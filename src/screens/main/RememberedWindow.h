@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <QWindow>
+#include <string>
+
+#include "platform/UserDefaults.h"
+#include "screens/main/WindowFrame.h"
+
+namespace elmworth {
+
+/// Gives a window the place and size that it had when the program ran last, and notes them in the
+/// user defaults while they change: a moment after the last change, when the window closes, and at
+/// the end.
+class RememberedWindow final : public QObject {
+    Q_OBJECT
+
+ public:
+    /// Both outlive this object. `key` is the name of the user default.
+    RememberedWindow(QWindow& window, UserDefaults& defaults, std::string key);
+    ~RememberedWindow() override;
+
+ private:
+    void restore();
+    void note();
+
+    QWindow& window_;
+    UserDefaults& defaults_;
+    std::string key_;
+    WindowFrame frame_;
+    QTimer settled_;
+};
+
+}  // namespace elmworth

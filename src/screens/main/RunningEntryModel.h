@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+
+#include "core/store/ModelContext.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+
+/// The entry that runs, as cards show it. All texts are finished. Only `elapsed` changes with each
+/// second.
+class RunningEntryModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application owns it")
+    Q_PROPERTY(bool isRunning READ isRunning NOTIFY runningChanged FINAL)
+    /// Empty without a project.
+    Q_PROPERTY(QString projectName READ projectName NOTIFY runningChanged FINAL)
+    /// "No project" without one.
+    Q_PROPERTY(QString projectTitle READ projectTitle NOTIFY runningChanged FINAL)
+    Q_PROPERTY(QString clientName READ clientName NOTIFY runningChanged FINAL)
+    Q_PROPERTY(QString notes READ notes NOTIFY runningChanged FINAL)
+    Q_PROPERTY(QString projectColor READ projectColor NOTIFY runningChanged FINAL)
+    Q_PROPERTY(QString elapsed READ elapsed NOTIFY elapsedChanged FINAL)
+
+ public:
+    RunningEntryModel(ModelContext& context, TimerService& timer);
+
+    [[nodiscard]] bool isRunning() const { return timer_.running() != nullptr; }
+    [[nodiscard]] QString projectName() const;
+    [[nodiscard]] QString projectTitle() const;
+    [[nodiscard]] QString clientName() const;
+    [[nodiscard]] QString notes() const;
+    [[nodiscard]] QString projectColor() const;
+    [[nodiscard]] QString elapsed() const;
+
+    /// The project that the timer runs on, or null.
+    [[nodiscard]] Ref<Project> project() const;
+
+ Q_SIGNALS:
+    void runningChanged();
+    void elapsedChanged();
+
+ private:
+    TimerService& timer_;
+    TimerService::Observation timerObservation_;
+    ModelContext::Observation projectObservation_;
+    ModelContext::Observation entryObservation_;
+    ModelContext::Observation clientObservation_;
+};
+
+}  // namespace elmworth

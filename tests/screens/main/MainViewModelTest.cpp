@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/main/MainViewModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include "support/TestTimer.h"
+
+namespace elmworth {
+namespace {
+
+class MainView : public testing::Test {
+ protected:
+    [[nodiscard]] TimerService& service() { return *timer.service; }
+    [[nodiscard]] ModelContext& context() { return timer.library.context(); }
+    [[nodiscard]] std::string stored() { return defaults.string("mainSection").value_or("none"); }
+
+    test::TestTimer timer;
+    UserDefaults defaults{timer.library.folder.path() / "defaults.ini"};
+    MainViewModel model{context(), defaults, service()};
+};
+
+TEST_F(MainView, ShowsTheTimesheetAtFirst) {
+    EXPECT_EQ(model.section(), 0);
+    EXPECT_EQ(stored(), "none");
+}
+
+TEST_F(MainView, AnUnknownSectionShowsTheTimesheetAndStaysStored) {
+    for (const char* text : {"", "timesheet", "Reports", "Clients "}) {
+        defaults.setString("mainSection", text);
+        EXPECT_EQ(model.section(), 0) << text;
+        EXPECT_EQ(stored(), text);
+    }
+}
+
+TEST_F(MainView, ChoosingASectionWritesItsName) {
+    const std::vector<std::string> names{"Timesheet", "Clients", "Projects", "Invoices"};
+    for (int position = 3; position >= 0; --position) {
+        model.showSection(position);
+        EXPECT_EQ(stored(), names[static_cast<std::size_t>(position)]);
+        EXPECT_EQ(model.section(), position);
+    }
+}
+
+TEST_F(MainView, ASectionThatIsNotThereIsNotShown) {
+    model.showSection(2);
+    model.showSection(4);
+    model.showSection(-1);
+    EXPECT_EQ(stored(), "Projects");
+}
+
+TEST_F(MainView, FollowsWhoeverWritesTheSection) {
+    QSignalSpy changed(&model, &MainViewModel::sectionChanged);
+    defaults.setString("mainSection", "Invoices");
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_EQ(model.section(), 3);
+    defaults.setString("menuBarStyle", "icon");
+    EXPECT_EQ(changed.size(), 1);
+}
+
+TEST_F(MainView, SectionsAreInOrderWithTheirShortcuts) {
+    SidebarModel& sections = *model.sections();
+    const QAbstractItemModelTester tester(&sections);
+    std::vector<std::string> rows;
+    for (int row = 0; row < sections.rowCount(); ++row) {
+        const auto text = [&](SidebarModel::Role role) {
+            return sections.data(sections.index(row), role).toString().toStdString();
+        };
+        rows.push_back(text(SidebarModel::TitleRole) + ' ' + text(SidebarModel::SystemImageRole) +
+                       ' ' + text(SidebarModel::ShortcutRole));
+    }
+    EXPECT_EQ(rows, (std::vector<std::string>{
+                        "Timesheet clock.fill Ctrl+1", "Clients person.2.fill Ctrl+2",
+                        "Projects folder.fill Ctrl+3", "Invoices doc.text.fill Ctrl+4"}));
+}
+
+TEST_F(MainView, ResumingWithNothingFinishedDoesNothing) {
+    model.resumeLastEntry();
+    EXPECT_TRUE(timer.spans().empty());
+}
+
+TEST_F(MainView, ResumesTheLastEntry) {
+    service().start(timer.library.addProject("Website", nullptr), "Logo");
+    timer.setTime("10:00");
+    model.stopTimer();
+    timer.setTime("11:00");
+    model.resumeLastEntry();
+    EXPECT_EQ(timer.spans(), (std::vector<std::string>{"09:00:00-10:00:00", "11:00:00-"}));
+    EXPECT_EQ(model.running()->notes(), QStringLiteral("Logo"));
+    model.resumeLastEntry();
+    EXPECT_EQ(timer.spans().size(), 2U);
+}
+
+TEST_F(MainView, StopsLikeEveryOtherStop) {
+    service().start(timer.library.addProject("Website", nullptr));
+    timer.setTime("09:30");
+    model.stopTimer();
+    model.stopTimer();
+    EXPECT_EQ(timer.spans(), std::vector<std::string>{"09:00:00-09:30:00"});
+}
+
+TEST_F(MainView, TheHelpOfTheStopButtonNamesItsKeys) {
+    EXPECT_EQ(MainViewModel::stopHelp(), QStringLiteral("Stop timer (Ctrl+Alt+.)"));
+}
+
+TEST_F(MainView, ThereIsNothingThatLooksForUpdatesYet) {
+    EXPECT_FALSE(MainViewModel::canCheckForUpdates());
+}
+
+}  // namespace
+}  // namespace elmworth
