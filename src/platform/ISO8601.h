@@ -19,8 +19,8 @@ namespace elmworth {
 [[nodiscard]] std::string formatISO8601(Instant instant, int secondsFromUTC);
 
 /// Reads exactly yyyy-MM-ddTHH:mm:ss followed by "Z" or an offset ±HH:mm. Absent for anything else:
-/// a fraction, a missing offset, a date alone, a day that its month lacks, an hour of 24 or more, an
-/// instant outside the years 0000 to 9999 in UTC, which could not be written again.
+/// a fraction, a missing offset, a date alone, a day that its month lacks, an hour of 24 or more,
+/// an instant outside the years 0000 to 9999 in UTC, which could not be written again.
 [[nodiscard]] std::optional<Instant> parseISO8601(std::string_view text);
 
 }  // namespace elmworth

@@ -54,16 +54,15 @@ TEST_P(ISO8601Accepted, IsRead) {
 
 INSTANTIATE_TEST_SUITE_P(
     , ISO8601Accepted,
-    testing::Values(AcceptedRow{"UTC", "2026-03-01T09:30:15Z", "2026-03-01T09:30:15Z"},
-                    AcceptedRow{"East", "2026-03-01T00:30:00+01:00", "2026-02-28T23:30:00Z"},
-                    AcceptedRow{"West", "2026-12-31T20:00:00-04:30", "2027-01-01T00:30:00Z"},
-                    AcceptedRow{"NoOffsetInDigits", "2026-03-01T09:30:15+00:00",
-                                "2026-03-01T09:30:15Z"},
-                    AcceptedRow{"LeapDay", "2028-02-29T23:59:59Z", "2028-02-29T23:59:59Z"},
-                    AcceptedRow{"LongAgo", "0001-01-01T00:00:00Z", "0001-01-01T00:00:00Z"},
-                    AcceptedRow{"TheFirstInstant", "0000-01-01T23:59:00+23:59",
-                                "0000-01-01T00:00:00Z"},
-                    AcceptedRow{"TheLastYear", "9999-12-31T23:59:59Z", "9999-12-31T23:59:59Z"}),
+    testing::Values(
+        AcceptedRow{"UTC", "2026-03-01T09:30:15Z", "2026-03-01T09:30:15Z"},
+        AcceptedRow{"East", "2026-03-01T00:30:00+01:00", "2026-02-28T23:30:00Z"},
+        AcceptedRow{"West", "2026-12-31T20:00:00-04:30", "2027-01-01T00:30:00Z"},
+        AcceptedRow{"NoOffsetInDigits", "2026-03-01T09:30:15+00:00", "2026-03-01T09:30:15Z"},
+        AcceptedRow{"LeapDay", "2028-02-29T23:59:59Z", "2028-02-29T23:59:59Z"},
+        AcceptedRow{"LongAgo", "0001-01-01T00:00:00Z", "0001-01-01T00:00:00Z"},
+        AcceptedRow{"TheFirstInstant", "0000-01-01T23:59:00+23:59", "0000-01-01T00:00:00Z"},
+        AcceptedRow{"TheLastYear", "9999-12-31T23:59:59Z", "9999-12-31T23:59:59Z"}),
     rowName);
 
 struct RefusedRow {
