@@ -2,21 +2,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Whole commands as a key binding or a status bar runs them, from the start of the process to its
-// end, without a running application.
+// end, with a running application and without.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "BenchLibrary.h"
 #include "core/Client.h"
 #include "core/Project.h"
+#include "platform/LibraryLock.h"
 
 namespace elmworth::bench {
 namespace {
@@ -40,18 +43,27 @@ class Home {
         if (entries > 0) copyLibrary(entries, now, libraryFolder());
     }
 
-    /// Runs a program with its output thrown away. Throws when it fails.
-    void run(Words arguments) {
+    /// Starts a program with its output thrown away. Throws when it cannot be started.
+    pid_t begin(Words arguments) {
         auto argv = pointers(arguments);
         auto envp = pointers(environment_);
         pid_t process = 0;
-        int status = 0;
         if (::posix_spawn(&process, argv[0], actions_.get(), nullptr, argv.data(), envp.data()) !=
-                0 ||
-            ::waitpid(process, &status, 0) != process || status != 0) {
+            0) {
+            throw std::runtime_error(arguments[0] + " can't be started");
+        }
+        return process;
+    }
+    /// As `begin`, until it ends. Throws when it fails.
+    void run(const Words& arguments) {
+        const pid_t process = begin(arguments);
+        int status = 0;
+        if (::waitpid(process, &status, 0) != process || status != 0) {
             throw std::runtime_error(arguments[0] + " failed");
         }
     }
+    void set(const std::string& variable) { environment_.push_back(variable); }
+    [[nodiscard]] std::filesystem::path folder() const { return folder_.path(); }
     void elmworth(Words arguments) {
         arguments.insert(arguments.begin(), ELMWORTH_PROGRAM);
         run(std::move(arguments));
@@ -148,6 +160,43 @@ void onSizes(benchmark::internal::Benchmark* benchmark) {
     benchmark->Arg(100)->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
+/// The application, open on a session bus of its own.
+class RunningApplication {
+ public:
+    explicit RunningApplication(Home& home) {
+        const std::string address = "unix:path=" + (home.folder() / "bus").string();
+        bus_ = home.begin({"/usr/bin/dbus-daemon", "--session", "--nofork", "--address=" + address});
+        home.set("DBUS_SESSION_BUS_ADDRESS=" + address);
+        home.set("QT_QPA_PLATFORM=offscreen");
+        while (!std::filesystem::exists(home.folder() / "bus")) std::this_thread::yield();
+        application_ = home.begin({ELMWORTH_APPLICATION});
+        LibraryLock lock(home.folder() / "Elmworth");
+        while (lock.tryAcquire()) {
+            lock.release();
+            std::this_thread::sleep_for(10ms);
+        }
+    }
+    RunningApplication(const RunningApplication&) = delete;
+    RunningApplication& operator=(const RunningApplication&) = delete;
+    ~RunningApplication() {
+        for (const pid_t process : {application_, bus_}) {
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
+        }
+    }
+
+ private:
+    pid_t bus_ = 0;
+    pid_t application_ = 0;
+};
+
+void statusHandedOver(benchmark::State& state) {
+    Home home(state.range(0));
+    const RunningApplication application(home);
+    for (auto _ : state) home.elmworth({"status"});
+}
+
+BENCHMARK(statusHandedOver)->Name("process/statusHandedOver")->Apply(onSizes);
 BENCHMARK(emptyProgram)->Name("limit/process")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(status)->Name("process/status")->Apply(onSizes);
 BENCHMARK(start)->Name("process/start")->Apply(onSizes);

@@ -69,7 +69,7 @@ function(elmworth_test)
         ELMWORTH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
     gtest_discover_tests(${TEST_NAME} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT ${TEST_TIMEOUT}
-        ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1;ASAN_OPTIONS=detect_leaks=0")
+        ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
 # elmworth_qml_room(NAME <target> URI <uri> QML_FILES <file>... [SINGLETONS <file>...]

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDBusAbstractAdaptor>
+#include <QDBusUnixFileDescriptor>
 #include <QStringList>
 #include <QVariantMap>
 
@@ -22,8 +23,12 @@ class CommandsAdaptor final : public QDBusAbstractAdaptor {
         : QDBusAbstractAdaptor(&service), service_(service) {}
 
  public Q_SLOTS:
+    /// `terminal` is the caller's standard error; `lifeline` is a pipe that is closed when the
+    /// caller ends.
     QByteArray Run(const QStringList& arguments, const QString& workingFolder,
-                   const QString& locale, const QString& zone, QByteArray& errors, int& exitStatus);
+                   const QString& locale, const QString& zone,
+                   const QDBusUnixFileDescriptor& terminal, const QDBusUnixFileDescriptor& lifeline,
+                   QByteArray& errors, int& exitStatus);
 
  private:
     CommandService& service_;

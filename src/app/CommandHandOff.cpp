@@ -3,57 +3,72 @@
 
 #include "app/CommandHandOff.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QStringList>
-#include <QVariantMap>
-#include <limits>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <array>
+#include <filesystem>
+
+#include "app/SessionBus.h"
+#include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
 #include "platform/Calendar.h"
+#include "platform/Locale.h"
 
 namespace elmworth {
 
 namespace {
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
+/// A function of the module that talks to the bus. Loaded when it is needed: most commands find the
+/// library free and must not wait for the bus's libraries. Null when the module is not there.
+template <class Function>
+Function* sessionBusFunction(const char* name) {
+    static void* const module =
+        ::dlopen(siblingPath("elmworth-session-bus.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    return module ? reinterpret_cast<Function*>(::dlsym(module, name)) : nullptr;
 }
 
-QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments,
-                  int timeout) {
-    auto message = QDBusMessage::createMethodCall(
-        QString::fromLatin1(bus::service), QString::fromLatin1(bus::object),
-        QString::fromLatin1(interface), QString::fromLatin1(method));
-    message.setArguments(arguments);
-    // The bus must not start the application for a command that works without it.
-    message.setAutoStartService(false);
-    return QDBusConnection::sessionBus().call(message, QDBus::Block, timeout);
-}
+/// A pipe whose end for writing closes with this process, however that ends. The end for reading
+/// tells another process that it did.
+class Lifeline {
+ public:
+    Lifeline() {
+        if (::pipe2(ends_.data(), O_CLOEXEC) != 0) ends_ = {-1, -1};
+    }
+    Lifeline(const Lifeline&) = delete;
+    Lifeline& operator=(const Lifeline&) = delete;
+    ~Lifeline() {
+        for (const int end : ends_) {
+            if (end >= 0) ::close(end);
+        }
+    }
+    [[nodiscard]] int watched() const noexcept { return ends_[0]; }
+
+ private:
+    std::array<int, 2> ends_{};
+};
 
 }  // namespace
 
 std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) {
-    if (!QDBusConnection::sessionBus().isConnected()) return std::nullopt;
-    QStringList list;
-    for (const auto& argument : arguments) list << text(argument);
-    const QVariantList message{list, text(workingFolder().string()),
-                               text(Locale::current().identifier()),
-                               text(Calendar::current().zoneID())};
-    const auto reply = call(bus::commandInterface, "Run", message, std::numeric_limits<int>::max());
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
-        return std::nullopt;
-    }
-    return CommandResult{reply.arguments().at(0).toByteArray().toStdString(),
-                         reply.arguments().at(1).toByteArray().toStdString(),
-                         reply.arguments().at(2).toInt()};
+    auto* const call = sessionBusFunction<HandOffFunction>("elmworthHandOff");
+    const Lifeline lifeline;
+    if (!call || lifeline.watched() < 0) return std::nullopt;
+    const HandOffRequest request{arguments,
+                                 workingFolder().string(),
+                                 Locale::current().identifier(),
+                                 Calendar::current().zoneID(),
+                                 STDERR_FILENO,
+                                 lifeline.watched()};
+    CommandResult result;
+    if (!call(request, result)) return std::nullopt;
+    return result;
 }
 
 bool activateRunningApplication() {
-    constexpr int timeout = 5000;
-    if (!QDBusConnection::sessionBus().isConnected()) return false;
-    return call("org.freedesktop.Application", "Activate", {QVariantMap()}, timeout).type() ==
-           QDBusMessage::ReplyMessage;
+    auto* const call = sessionBusFunction<ActivateFunction>("elmworthActivate");
+    return call && call();
 }
 
 }  // namespace elmworth

@@ -11,15 +11,9 @@
 
 namespace elmworth {
 
-/// The names under which the running application answers on the session bus.
-namespace bus {
-inline constexpr const char* service = "org.elmworth.Elmworth";
-inline constexpr const char* object = "/org/elmworth/Elmworth";
-inline constexpr const char* commandInterface = "org.elmworth.Commands";
-}  // namespace bus
-
 /// Hands a command to the running application, which carries it out on the library that it has
-/// open. Absent when no application answers on the session bus.
+/// open. Absent when no application answers on the session bus. While it works, it watches whether
+/// this process is still there, and tells its progress on this process's standard error.
 [[nodiscard]] std::optional<CommandResult> handOff(const std::vector<std::string>& arguments);
 
 /// Asks the running application to come to the front. False when none answers.

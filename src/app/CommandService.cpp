@@ -6,7 +6,8 @@
 #include <QDBusConnection>
 
 #include "app/BusAdaptors.h"
-#include "app/CommandHandOff.h"
+#include "app/SessionBus.h"
+#include "app/TerminalProgress.h"
 #include "command/CommandLine.h"
 
 namespace elmworth {
@@ -26,16 +27,16 @@ bool CommandService::publish() {
 }
 
 CommandResult CommandService::run(const std::vector<std::string>& arguments,
-                                  const std::string& workingFolder, const std::string& locale,
-                                  const std::string& zone) {
+                                  const CommandCaller& caller) {
     const auto commandLine = parseCommandLine(arguments);
     if (commandLine.answer) return *commandLine.answer;
     if (!commandLine.action) return failedCommand("There is no command to carry out.");
-    const Locale callersLocale(locale);
-    CommandEnvironment environment{services_.context(),  services_.timer(),
-                                   services_.profiles(), services_.clock(),
-                                   callersLocale,        Calendar(callersLocale, zone),
-                                   workingFolder,        &painter_};
+    const Locale callersLocale(caller.locale);
+    TerminalProgress progress(caller.terminal, caller.lifeline);
+    CommandEnvironment environment{
+        services_.context(),  services_.timer(), services_.profiles(),
+        services_.clock(),    callersLocale,     Calendar(callersLocale, caller.zone),
+        caller.workingFolder, &painter_,         progress};
     return runCommand(commandLine, environment);
 }
 

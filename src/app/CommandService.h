@@ -17,6 +17,16 @@
 
 namespace elmworth {
 
+/// Who hands a command over: relative paths are meant from `workingFolder`, dates and amounts read
+/// as in `locale` and `zone`.
+struct CommandCaller {
+    std::string workingFolder;
+    std::string locale;
+    std::string zone;
+    int terminal = -1;  ///< where to tell how far long work is; ignored unless it is a terminal
+    int lifeline = -1;  ///< a pipe that is closed when the caller ends; long work then stops
+};
+
 /// The running application's object on the session bus: carries out commands that processes in
 /// terminals hand over, and comes to the front when it is started again.
 class CommandService final : public QObject {
@@ -30,11 +40,9 @@ class CommandService final : public QObject {
     /// has the name.
     bool publish();
 
-    /// Carries out the command `arguments`; relative paths are meant from `workingFolder`, dates
-    /// and amounts read as in `locale` and `zone`.
+    /// Carries out the command `arguments` for `caller`.
     [[nodiscard]] CommandResult run(const std::vector<std::string>& arguments,
-                                    const std::string& workingFolder, const std::string& locale,
-                                    const std::string& zone);
+                                    const CommandCaller& caller);
     void activate() { activate_(); }
 
  private:

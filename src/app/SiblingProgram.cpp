@@ -8,14 +8,17 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
+#include <system_error>
 
 namespace elmworth {
 
-int becomeSibling(const std::string& name, const std::vector<std::string>& arguments) {
+std::filesystem::path siblingPath(const std::string& name) {
     std::error_code error;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
-    const auto sibling = self.parent_path() / name;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / name;
+}
+
+int becomeSibling(const std::string& name, const std::vector<std::string>& arguments) {
+    const auto sibling = siblingPath(name);
     std::vector<std::string> words{sibling.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;

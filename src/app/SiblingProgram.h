@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace elmworth {
+
+/// The file called `name` beside the running program.
+[[nodiscard]] std::filesystem::path siblingPath(const std::string& name);
 
 /// Makes this process the program called `name` that stands beside it. Returns only on failure,
 /// with the exit status, after a line on standard error.

@@ -3,6 +3,8 @@
 
 #include "app/TerminalCommand.h"
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -10,8 +12,10 @@
 #include <thread>
 #include <utility>
 
+#include "app/CommandHandOff.h"
 #include "app/LibraryServices.h"
 #include "app/SiblingProgram.h"
+#include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
 #include "core/Logo.h"
 #include "platform/LibraryLock.h"
@@ -39,30 +43,30 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
     try {
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
-        CommandEnvironment environment{
-            services.context(), services.timer(),    services.profiles(), services.clock(),
-            Locale::current(),  Calendar::current(), workingFolder(),     painter};
+        TerminalProgress progress(STDERR_FILENO);
+        CommandEnvironment environment{services.context(), services.timer(),  services.profiles(),
+                                       services.clock(),   Locale::current(), Calendar::current(),
+                                       workingFolder(),    painter,           progress};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());
     }
 }
 
-using Outcome = std::variant<CommandResult, LackingMeans>;
-
-Outcome runWithLibrary(const CommandLine& commandLine, InvoicePainter* painter) {
-    if (!painter && needsPainter(commandLine)) return LackingMeans::painter;
+std::optional<CommandResult> runWithLibrary(const CommandLine& commandLine,
+                                            InvoicePainter* painter) {
+    if (!painter && needsPainter(commandLine)) return std::nullopt;
     return runOnOwnLibrary(commandLine, painter);
 }
 
-Outcome runUnderLock(const CommandLine& commandLine, const std::vector<std::string>& arguments,
-                     const TerminalMeans& means) {
+std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
+                                          const std::vector<std::string>& arguments,
+                                          InvoicePainter* painter) {
     LibraryLock lock(applicationSupportFolder());
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (true) {
-        if (lock.tryAcquire()) return runWithLibrary(commandLine, means.painter);
-        if (!means.handOff) return LackingMeans::handOff;
-        if (auto result = means.handOff(arguments)) return *std::move(result);
+        if (lock.tryAcquire()) return runWithLibrary(commandLine, painter);
+        if (auto result = handOff(arguments)) return result;
         if (std::chrono::steady_clock::now() >= deadline) return failedCommand(libraryInUse);
         std::this_thread::sleep_for(betweenTries);
     }
@@ -70,12 +74,12 @@ Outcome runUnderLock(const CommandLine& commandLine, const std::vector<std::stri
 
 }  // namespace
 
-std::variant<CommandResult, LackingMeans> runTerminalCommand(
-    const CommandLine& commandLine, const std::vector<std::string>& arguments,
-    const TerminalMeans& means) {
+std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
+                                                const std::vector<std::string>& arguments,
+                                                InvoicePainter* painter) {
     try {
-        if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, means.painter);
-        return runUnderLock(commandLine, arguments, means);
+        if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, painter);
+        return runUnderLock(commandLine, arguments, painter);
     } catch (const std::filesystem::filesystem_error& error) {
         return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
                              error.code().message());
@@ -83,11 +87,9 @@ std::variant<CommandResult, LackingMeans> runTerminalCommand(
 }
 
 int finishTerminalCommand(const CommandLine& commandLine, const std::vector<std::string>& arguments,
-                          const TerminalMeans& means) {
-    const auto outcome = runTerminalCommand(commandLine, arguments, means);
-    if (const auto* result = std::get_if<CommandResult>(&outcome)) return printResult(*result);
-    if (std::get<LackingMeans>(outcome) == LackingMeans::handOff) {
-        return becomeSibling("elmworth-handoff", arguments);
+                          InvoicePainter* painter) {
+    if (const auto result = runTerminalCommand(commandLine, arguments, painter)) {
+        return printResult(*result);
     }
     std::vector<std::string> handedOn{"--command"};
     handedOn.insert(handedOn.end(), arguments.begin(), arguments.end());

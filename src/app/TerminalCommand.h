@@ -5,36 +5,25 @@
 
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "command/CommandLine.h"
 
 namespace elmworth {
 
-/// What a process can do beside working on a library that nobody else has open. The thin
-/// executable can do neither: their libraries take longer to load than a command takes to run.
-struct TerminalMeans {
-    InvoicePainter* painter = nullptr;
-
-    /// Hands a command to the running application; absent when none answers.
-    std::optional<CommandResult> (*handOff)(const std::vector<std::string>& arguments) = nullptr;
-};
-
-/// What a process lacks that leaves a command to another program. Nothing has been done then.
-enum class LackingMeans { painter, handOff };
-
 /// Carries out a command that was given in a terminal: in the running application if there is one,
 /// else on the library itself, under its lock. Waits up to five seconds for a lock that another
-/// command has.
-[[nodiscard]] std::variant<CommandResult, LackingMeans> runTerminalCommand(
+/// command has. Absent when the command draws and there is no `painter`; nothing has been done
+/// then.
+[[nodiscard]] std::optional<CommandResult> runTerminalCommand(
     const CommandLine& commandLine, const std::vector<std::string>& arguments,
-    const TerminalMeans& means);
+    InvoicePainter* painter);
 
-/// As `runTerminalCommand`, with the result printed. Becomes the program that has the means which
-/// this process lacks. Gives the exit status.
+/// As `runTerminalCommand`, with the result printed. A process without a painter becomes the
+/// program that has one where it is needed: a GUI library takes longer to load than a command takes
+/// to run. Gives the exit status.
 int finishTerminalCommand(const CommandLine& commandLine, const std::vector<std::string>& arguments,
-                          const TerminalMeans& means);
+                          InvoicePainter* painter);
 
 /// Writes a result to the process's standard output and error, and gives its exit status.
 int printResult(const CommandResult& result);

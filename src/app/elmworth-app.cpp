@@ -44,7 +44,7 @@ int runCommandWithPainter(int argc, char** argv, std::vector<std::string> argume
     if (commandLine.answer) return printResult(*commandLine.answer);
     if (!commandLine.action) return printResult(failedCommand("There is no command to carry out."));
     QtInvoicePainter painter;
-    return finishTerminalCommand(commandLine, arguments, {&painter, &handOff});
+    return finishTerminalCommand(commandLine, arguments, &painter);
 }
 
 /// Waits for a command that has the library; an application that has it comes to the front instead.

@@ -43,5 +43,5 @@ int main(int argc, char** argv) {
     const auto commandLine = elmworth::parseCommandLine(arguments);
     if (commandLine.answer) return elmworth::printResult(*commandLine.answer);
     if (!commandLine.action) return startApplication(arguments);
-    return elmworth::finishTerminalCommand(commandLine, arguments, {});
+    return elmworth::finishTerminalCommand(commandLine, arguments, nullptr);
 }

@@ -17,8 +17,8 @@ void backUp(const std::string& file, CommandEnvironment& environment, CommandOut
         return;
     }
     const auto path = environment.workingFolder / file;
-    const auto counts =
-        BackupExporter::writeFile(environment.context, profile, environment.now(), path);
+    const auto counts = BackupExporter::writeFile(environment.context, profile, environment.now(),
+                                                  path, environment.progress);
     if (!output.isJSON()) return output.line(path.string());
     JSONOutput json;
     json.beginObject();
@@ -34,10 +34,10 @@ void backUp(const std::string& file, CommandEnvironment& environment, CommandOut
 }  // namespace
 
 void addBackupCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "backup", "Writes the whole library as a JSON document and prints its path");
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "Where to write; - for standard output")->required();
+    command.option("FILE", *file, "Where to write; - for standard output").required();
     syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
         backUp(*file, environment, output);
     });

@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "command/SubcommandSyntax.h"
 #include "platform/Text.h"
 
 namespace elmworth {
@@ -31,18 +31,18 @@ template <class T>
 /// Adds an option or positional that takes one of `choices`, without regard to case, into `value`.
 /// Another word is wrong usage, and the message names them all.
 template <class T>
-CLI::Option* addChoice(CLI::App* command, const std::string& name, std::shared_ptr<T> value,
-                       const Choices<T>& choices, const std::string& help) {
-    return command->add_option_function<std::string>(
+SubcommandSyntax::Option addChoice(SubcommandSyntax command, const std::string& name,
+                                   std::shared_ptr<T> value, const Choices<T>& choices,
+                                   const std::string& help) {
+    return command.parsedOption(
         name,
-        [name, value, choices](const std::string& text) {
+        [value, choices](const std::string& text) -> std::string {
             for (const auto& [word, meaning] : choices) {
                 if (caseFolded(text) != caseFolded(word)) continue;
                 *value = meaning;
-                return;
+                return {};
             }
-            throw CLI::ValidationError(
-                name, "“" + text + "” is no choice. Choose " + choiceNames(choices) + ".");
+            return "“" + text + "” is no choice. Choose " + choiceNames(choices) + ".";
         },
         help + choiceNames(choices));
 }

@@ -182,51 +182,48 @@ void remove(const std::string& name, CommandEnvironment& environment, CommandOut
 }  // namespace
 
 void addClientCommand(CommandSyntax& syntax) {
-    auto* client =
-        syntax.program.add_subcommand("client", "Lists, adds, changes and deletes clients");
-    client->require_subcommand(1);
+    auto client = syntax.program.subcommand("client", "Lists, adds, changes and deletes clients");
+    client.requireSubcommand();
     auto arguments = std::make_shared<ClientArguments>();
 
-    syntax.carriesOut(client->add_subcommand("list", "Lists all clients with their unbilled time"),
+    syntax.carriesOut(client.subcommand("list", "Lists all clients with their unbilled time"),
                       &list);
 
-    auto* adding = client->add_subcommand("add", "Adds a client");
-    adding->add_option("NAME", arguments->name, "The new client's name")->required();
-    adding->add_option("--email", arguments->email, "Billing e-mail address")->type_name("EMAIL");
-    adding->add_option("--address", arguments->address, "Billing address")->type_name("TEXT");
-    adding->add_option("--currency", arguments->currency, "ISO code like EUR. Without it: USD")
-        ->type_name("CODE");
-    adding->add_option("--rate", arguments->rate, "Hourly rate like 120 or 120.50. Without it: 100")
-        ->type_name("AMOUNT");
+    auto adding = client.subcommand("add", "Adds a client");
+    adding.option("NAME", arguments->name, "The new client's name").required();
+    adding.option("--email", arguments->email, "Billing e-mail address").typeName("EMAIL");
+    adding.option("--address", arguments->address, "Billing address").typeName("TEXT");
+    adding.option("--currency", arguments->currency, "ISO code like EUR. Without it: USD")
+        .typeName("CODE");
+    adding.option("--rate", arguments->rate, "Hourly rate like 120 or 120.50. Without it: 100")
+        .typeName("AMOUNT");
     adding
-        ->add_option("--due-days", arguments->dueDays,
-                     "Payment term in days. Without it: the business default")
-        ->type_name("N");
-    adding
-        ->add_option("--tax", arguments->tax,
-                     "Tax rate like 8.25. Without it: the business default")
-        ->type_name("PERCENT");
+        .option("--due-days", arguments->dueDays,
+                "Payment term in days. Without it: the business default")
+        .typeName("N");
+    adding.option("--tax", arguments->tax, "Tax rate like 8.25. Without it: the business default")
+        .typeName("PERCENT");
     syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
-    auto* setting = client->add_subcommand("set", "Changes one field of a client");
-    setting->add_option("NAME", arguments->name, "The client's name")->required();
+    auto setting = client.subcommand("set", "Changes one field of a client");
+    setting.option("NAME", arguments->name, "The client's name").required();
     setting
-        ->add_option("FIELD", arguments->field,
-                     "One of name, email, address, currency, rate, due-days and tax")
-        ->required();
+        .option("FIELD", arguments->field,
+                "One of name, email, address, currency, rate, due-days and tax")
+        .required();
     setting
-        ->add_option("VALUE", arguments->value,
-                     "As typed with \"client add\". Empty due-days or tax: the business default")
-        ->required();
+        .option("VALUE", arguments->value,
+                "As typed with \"client add\". Empty due-days or tax: the business default")
+        .required();
     syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         change(*arguments, environment, output);
     });
 
-    auto* deleting = client->add_subcommand(
+    auto deleting = client.subcommand(
         "delete", "Deletes a client with its projects and their time, unless it has invoices");
-    deleting->add_option("NAME", arguments->name, "The client's name")->required();
+    deleting.option("NAME", arguments->name, "The client's name").required();
     syntax.carriesOut(deleting,
                       [arguments](CommandEnvironment& environment, CommandOutput& output) {
                           remove(arguments->name, environment, output);

@@ -11,6 +11,7 @@
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
 #include "platform/Locale.h"
+#include "platform/Progress.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -39,6 +40,7 @@ struct CommandEnvironment {
     Calendar calendar;
     std::filesystem::path workingFolder;  ///< relative paths are meant from here
     InvoicePainter* painter = nullptr;    ///< null where nothing can be drawn
+    Progress& progress = noProgress();    ///< who waits for long work, and may stop it
 };
 
 }  // namespace elmworth

@@ -3,6 +3,7 @@
 
 #include "command/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <array>
 #include <filesystem>
 #include <new>
@@ -126,13 +127,13 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     program.fallthrough();
     program.formatter(std::make_shared<HelpFormatter>());
     auto format = std::make_shared<OutputFormat>(OutputFormat::text);
-    addChoice(&program, "--format", format,
+    addChoice(SubcommandSyntax(program), "--format", format,
               {{"text", OutputFormat::text}, {"json", OutputFormat::json}},
               "How results are printed: ")
-        ->type_name("FORMAT");
+        .typeName("FORMAT");
     // Commands take over the footer that stands when they are added.
     program.footer("With --format json the result is one JSON document.");
-    CommandSyntax syntax{program};
+    CommandSyntax syntax{SubcommandSyntax(program)};
     addCommands(syntax, arguments);
     program.footer(
         "elmworth COMMAND --help tells how a command is used.\n"

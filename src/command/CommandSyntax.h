@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "command/CommandEnvironment.h"
+#include "command/SubcommandSyntax.h"
 
 namespace elmworth {
 
@@ -34,13 +34,13 @@ enum class Drawing {
 
 /// Collects the action of the command that was parsed.
 struct CommandSyntax {
-    CLI::App& program;
+    SubcommandSyntax program;
     CommandAction action = {};
     Drawing drawing = Drawing::none;
 
     /// Declares that `command` does `run`.
-    void carriesOut(CLI::App* command, CommandAction run, Drawing needed = Drawing::none) {
-        command->callback([this, run = std::move(run), needed] {
+    void carriesOut(SubcommandSyntax command, CommandAction run, Drawing needed = Drawing::none) {
+        command.whenGiven([this, run = std::move(run), needed] {
             action = run;
             drawing = needed;
         });

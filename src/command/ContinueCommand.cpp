@@ -9,7 +9,7 @@
 namespace elmworth {
 
 void addContinueCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "continue", "Starts the timer again on what ended last, with its notes");
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
         const auto last = environment.timer.lastContinuableEntry();

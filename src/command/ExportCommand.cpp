@@ -12,36 +12,35 @@ namespace elmworth {
 
 namespace {
 
-/// Writes the finished ones of `entries` by start, and gives how many there were.
-std::int64_t writeEntries(const std::vector<Ref<TimeEntry>>& newestFirst, const std::string& zoneID,
+/// Writes the finished entries that pass `filter` by start, and gives how many there were.
+std::int64_t writeEntries(CommandEnvironment& environment, const TimesheetFilter& filter,
                           const std::function<void(std::string_view)>& sink) {
-    CSVDocument document(zoneID, sink);
+    CSVDocument document(environment.calendar.zoneID(), sink);
     std::int64_t count = 0;
-    for (auto entry = newestFirst.rbegin(); entry != newestFirst.rend(); ++entry) {
-        if ((*entry)->isRunning()) continue;
-        const auto& project = (*entry)->project.get();
-        const auto client = project ? project->client.get() : nullptr;
-        document.add((*entry)->start, *(*entry)->end.get(), client ? client->name.get() : "",
-                     project ? project->name.get() : "", (*entry)->notes.get());
-        ++count;
-    }
+    forEachFilteredEntry(
+        environment.context, filter, environment.now(), [&](const TimeEntry& entry) {
+            if (entry.isRunning()) return;
+            const auto& project = entry.project.get();
+            const auto client = project ? project->client.get() : nullptr;
+            document.add(entry.start, *entry.end.get(), client ? client->name.get() : "",
+                         project ? project->name.get() : "", entry.notes.get());
+            environment.progress.advance("Exporting", static_cast<std::size_t>(++count), 0);
+        });
     document.finish();
     return count;
 }
 
 void exportCSV(const TimesheetArguments& arguments, const std::string& file,
                CommandEnvironment& environment, CommandOutput& output) {
-    const auto entries =
-        filteredEntries(environment.context, arguments.filter(environment), environment.now());
-    const std::string& zoneID = environment.calendar.zoneID();
+    const auto filter = arguments.filter(environment);
     if (file == "-") {
-        writeEntries(entries, zoneID, [&](std::string_view text) { output.text += text; });
+        writeEntries(environment, filter, [&](std::string_view text) { output.text += text; });
         return;
     }
     const auto path = environment.workingFolder / file;
     AtomicFile target(path);
     const auto count =
-        writeEntries(entries, zoneID, [&](std::string_view text) { target.write(text); });
+        writeEntries(environment, filter, [&](std::string_view text) { target.write(text); });
     target.commit();
     if (!output.isJSON()) {
         return output.line("Exported " + std::to_string(count) +
@@ -58,10 +57,10 @@ void exportCSV(const TimesheetArguments& arguments, const std::string& file,
 }  // namespace
 
 void addExportCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand("export", "Writes time as a CSV file");
+    auto command = syntax.program.subcommand("export", "Writes time as a CSV file");
     auto arguments = std::make_shared<TimesheetArguments>();
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "Where to write; - for standard output")->required();
+    command.option("FILE", *file, "Where to write; - for standard output").required();
     arguments->addTo(command);
     syntax.carriesOut(command,
                       [arguments, file](CommandEnvironment& environment, CommandOutput& output) {

@@ -12,15 +12,20 @@ namespace elmworth {
 
 namespace {
 
-void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+/// The rows of the file, whose text need not stay in memory.
+std::vector<CSVImporter::Row> readRows(const std::string& file, CommandEnvironment& environment) {
     const auto text = decodeText(readFile(environment.workingFolder / file));
     if (!text) throw CommandError("The text encoding of this file can't be determined.");
-    const auto rows = CSVImporter::parse(*text, environment.calendar.zoneID());
+    return CSVImporter::parse(*text, environment.calendar.zoneID(), environment.progress);
+}
+
+void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+    const auto rows = readRows(file, environment);
     CSVImporter::Result result;
     try {
         if (environment.context.hasChanges()) environment.context.save();
-        result = CSVImporter::apply(rows, environment.context);
-    } catch (const StoreError&) {
+        result = CSVImporter::apply(rows, environment.context, environment.progress);
+    } catch (...) {
         environment.context.rollback();
         throw;
     }
@@ -42,10 +47,10 @@ void importCSV(const std::string& file, CommandEnvironment& environment, Command
 }  // namespace
 
 void addImportCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "import", "Adds time from a CSV file: an export, or a Toggl Track detailed report");
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file)->required();
+    command.option("FILE", *file, "The file to read").required();
     syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
         importCSV(*file, environment, output);
     });

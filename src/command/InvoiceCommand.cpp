@@ -6,9 +6,9 @@
 namespace elmworth {
 
 void addInvoiceCommand(CommandSyntax& syntax) {
-    auto* invoice =
-        syntax.program.add_subcommand("invoice", "Makes, shows, changes and prints invoices");
-    invoice->require_subcommand(1);
+    auto invoice =
+        syntax.program.subcommand("invoice", "Makes, shows, changes and prints invoices");
+    invoice.requireSubcommand();
     addInvoiceListCommand(syntax, invoice);
     addInvoicePreviewCommand(syntax, invoice);
     addInvoiceCreateCommand(syntax, invoice);
@@ -21,8 +21,8 @@ void addInvoiceCommand(CommandSyntax& syntax) {
     addInvoiceDeleteCommand(syntax, invoice);
 }
 
-void addNumber(CLI::App* command, std::string& number) {
-    command->add_option("NUMBER", number, "The invoice's number, such as INV-2026-001")->required();
+void addNumber(SubcommandSyntax command, std::string& number) {
+    command.option("NUMBER", number, "The invoice's number, such as INV-2026-001").required();
 }
 
 }  // namespace elmworth

@@ -8,18 +8,18 @@
 namespace elmworth {
 
 // The commands behind "elmworth invoice".
-void addInvoiceListCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoicePreviewCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceCreateCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceShowCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoicePDFCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceSetCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceEmailCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceMarkCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceRenameCommand(CommandSyntax& syntax, CLI::App* invoice);
-void addInvoiceDeleteCommand(CommandSyntax& syntax, CLI::App* invoice);
+void addInvoiceListCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoicePreviewCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceCreateCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceShowCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoicePDFCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceSetCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceEmailCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceMarkCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceRenameCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
+void addInvoiceDeleteCommand(CommandSyntax& syntax, SubcommandSyntax invoice);
 
 /// The invoice that a command is about.
-void addNumber(CLI::App* command, std::string& number);
+void addNumber(SubcommandSyntax command, std::string& number);
 
 }  // namespace elmworth

@@ -19,20 +19,16 @@ struct InvoiceArguments {
     PeriodArguments period;
     std::string tax;
 
-    void addTo(CLI::App* command) {
-        command->add_option("--client", client, "The client to bill")
-            ->required()
-            ->type_name("CLIENT");
-        command->add_option("--period", period.period, "One of " + periodNames())
-            ->type_name("PERIOD");
-        command->add_option("--from", period.from, "Instead of a period: its first day, 2026-03-01")
-            ->type_name("DAY");
-        command->add_option("--through", period.through, "And its last day, 2026-03-31")
-            ->type_name("DAY");
+    void addTo(SubcommandSyntax command) {
+        command.option("--client", client, "The client to bill").required().typeName("CLIENT");
+        command.option("--period", period.period, "One of " + periodNames()).typeName("PERIOD");
+        command.option("--from", period.from, "Instead of a period: its first day, 2026-03-01")
+            .typeName("DAY");
+        command.option("--through", period.through, "And its last day, 2026-03-31").typeName("DAY");
         command
-            ->add_option("--tax", tax,
-                         "Tax rate like 8.25. Without it: the client's, or the business default")
-            ->type_name("PERCENT");
+            .option("--tax", tax,
+                    "Tax rate like 8.25. Without it: the client's, or the business default")
+            .typeName("PERCENT");
     }
 };
 
@@ -99,9 +95,9 @@ void create(const InvoiceArguments& arguments, CommandEnvironment& environment,
 
 using Action = void (*)(const InvoiceArguments&, CommandEnvironment&, CommandOutput&);
 
-void addCommand(CommandSyntax& syntax, CLI::App* invoice, const char* name, const char* help,
+void addCommand(CommandSyntax& syntax, SubcommandSyntax invoice, const char* name, const char* help,
                 Action action, Drawing drawing) {
-    auto* command = invoice->add_subcommand(name, help);
+    auto command = invoice.subcommand(name, help);
     auto arguments = std::make_shared<InvoiceArguments>();
     arguments->addTo(command);
     syntax.carriesOut(
@@ -114,12 +110,12 @@ void addCommand(CommandSyntax& syntax, CLI::App* invoice, const char* name, cons
 
 }  // namespace
 
-void addInvoicePreviewCommand(CommandSyntax& syntax, CLI::App* invoice) {
+void addInvoicePreviewCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     addCommand(syntax, invoice, "preview", "Shows what an invoice would hold; changes nothing",
                &preview, Drawing::none);
 }
 
-void addInvoiceCreateCommand(CommandSyntax& syntax, CLI::App* invoice) {
+void addInvoiceCreateCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     addCommand(syntax, invoice, "create", "Makes a draft of a client's unbilled time in a period",
                &create, Drawing::countsPages);
 }

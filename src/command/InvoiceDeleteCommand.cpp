@@ -8,9 +8,9 @@
 
 namespace elmworth {
 
-void addInvoiceDeleteCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command =
-        invoice->add_subcommand("delete", "Deletes an invoice; its entries become unbilled again");
+void addInvoiceDeleteCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command =
+        invoice.subcommand("delete", "Deletes an invoice; its entries become unbilled again");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
     syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {

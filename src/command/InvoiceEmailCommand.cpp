@@ -8,8 +8,8 @@
 
 namespace elmworth {
 
-void addInvoiceEmailCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("email", "Prints the e-mail text of an invoice");
+void addInvoiceEmailCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("email", "Prints the e-mail text of an invoice");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
     syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {

@@ -50,8 +50,8 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
 
 }  // namespace
 
-void addInvoiceListCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("list", "Lists the invoices, newest first");
+void addInvoiceListCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("list", "Lists the invoices, newest first");
     auto filter = std::make_shared<InvoiceFilter>(InvoiceFilter::all);
     addChoice(command, "--status", filter,
               {{"all", InvoiceFilter::all},
@@ -59,7 +59,7 @@ void addInvoiceListCommand(CommandSyntax& syntax, CLI::App* invoice) {
                {"overdue", InvoiceFilter::overdue},
                {"paid", InvoiceFilter::paid}},
               "Which of them: ")
-        ->type_name("STATUS");
+        .typeName("STATUS");
     syntax.carriesOut(
         command,
         [filter](CommandEnvironment& environment, CommandOutput& output) {

@@ -8,8 +8,8 @@
 
 namespace elmworth {
 
-void addInvoiceMarkCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("mark", "Marks an invoice as draft, sent or paid");
+void addInvoiceMarkCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("mark", "Marks an invoice as draft, sent or paid");
     auto number = std::make_shared<std::string>();
     auto status = std::make_shared<InvoiceStatus>();
     addNumber(command, *number);
@@ -18,7 +18,7 @@ void addInvoiceMarkCommand(CommandSyntax& syntax, CLI::App* invoice) {
                {"sent", InvoiceStatus::sent},
                {"paid", InvoiceStatus::paid}},
               "What it becomes: ")
-        ->required();
+        .required();
     syntax.carriesOut(
         command,
         [number, status](CommandEnvironment& environment, CommandOutput& output) {

@@ -62,18 +62,15 @@ void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
 
 }  // namespace
 
-void addInvoicePDFCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command =
-        invoice->add_subcommand("pdf", "Writes an invoice as a PDF and prints its path");
+void addInvoicePDFCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("pdf", "Writes an invoice as a PDF and prints its path");
     auto arguments = std::make_shared<PDFArguments>();
     addNumber(command, arguments->number);
-    command->add_option(
-        "FILE", arguments->file,
-        "Where to write it; - is standard output. Without it: the program's own folder");
+    command.option("FILE", arguments->file,
+                   "Where to write it; - is standard output. Without it: the program's own folder");
     command
-        ->add_option("--paper", arguments->paper,
-                     "letter or a4. Without it: as in the business profile")
-        ->type_name("PAPER");
+        .option("--paper", arguments->paper, "letter or a4. Without it: as in the business profile")
+        .typeName("PAPER");
     syntax.carriesOut(
         command,
         [arguments](CommandEnvironment& environment, CommandOutput& output) {

@@ -8,12 +8,12 @@
 
 namespace elmworth {
 
-void addInvoiceRenameCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("rename", "Gives a draft another number");
+void addInvoiceRenameCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("rename", "Gives a draft another number");
     auto number = std::make_shared<std::string>();
     auto newNumber = std::make_shared<std::string>();
     addNumber(command, *number);
-    command->add_option("NEW", *newNumber, "Its new number, used by no other invoice")->required();
+    command.option("NEW", *newNumber, "Its new number, used by no other invoice").required();
     syntax.carriesOut(
         command,
         [number, newNumber](CommandEnvironment& environment, CommandOutput& output) {

@@ -54,17 +54,16 @@ void setInvoiceField(const Ref<Invoice>& invoice, const SetArguments& arguments,
 
 }  // namespace
 
-void addInvoiceSetCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand(
+void addInvoiceSetCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand(
         "set", "Changes one field of an invoice; its dates only while it is a draft");
     auto arguments = std::make_shared<SetArguments>();
     addNumber(command, arguments->number);
     command
-        ->add_option("FIELD", arguments->field,
-                     "One of notes, showsEntryDetails, issueDate and dueDate")
-        ->required();
-    command->add_option("VALUE", arguments->value, "Text, true or false, or a day like 2026-03-01")
-        ->required();
+        .option("FIELD", arguments->field, "One of notes, showsEntryDetails, issueDate and dueDate")
+        .required();
+    command.option("VALUE", arguments->value, "Text, true or false, or a day like 2026-03-01")
+        .required();
     syntax.carriesOut(
         command,
         [arguments](CommandEnvironment& environment, CommandOutput& output) {

@@ -7,8 +7,8 @@
 
 namespace elmworth {
 
-void addInvoiceShowCommand(CommandSyntax& syntax, CLI::App* invoice) {
-    auto* command = invoice->add_subcommand("show", "Shows an invoice with every figure");
+void addInvoiceShowCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
+    auto command = invoice.subcommand("show", "Shows an invoice with every figure");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
     syntax.carriesOut(

@@ -57,21 +57,20 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
 }  // namespace
 
 void addLogCommand(CommandSyntax& syntax) {
-    auto* command =
-        syntax.program.add_subcommand("log", "Adds time that was worked without the timer");
+    auto command = syntax.program.subcommand("log", "Adds time that was worked without the timer");
     auto arguments = std::make_shared<LogArguments>();
-    command->add_option("PROJECT", arguments->project, "The project's name")->required();
-    command->add_option("--client", arguments->client, "The client whose project it is")
-        ->type_name("CLIENT");
+    command.option("PROJECT", arguments->project, "The project's name").required();
+    command.option("--client", arguments->client, "The client whose project it is")
+        .typeName("CLIENT");
     command
-        ->add_option("--from", arguments->from,
-                     "When it began: 14:30 today, 2026-03-01T14:30, or with an offset")
-        ->required()
-        ->type_name("TIME");
-    command->add_option("--to", arguments->to, "When it ended, written in the same way")
-        ->required()
-        ->type_name("TIME");
-    command->add_option("--notes", arguments->notes, "What was done")->type_name("TEXT");
+        .option("--from", arguments->from,
+                "When it began: 14:30 today, 2026-03-01T14:30, or with an offset")
+        .required()
+        .typeName("TIME");
+    command.option("--to", arguments->to, "When it ended, written in the same way")
+        .required()
+        .typeName("TIME");
+    command.option("--notes", arguments->notes, "What was done").typeName("TEXT");
     syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         log(*arguments, environment, output);
     });

@@ -137,18 +137,18 @@ void set(const std::string& field, const std::string& value, CommandEnvironment&
 }  // namespace
 
 void addProfileCommand(CommandSyntax& syntax) {
-    auto* profile = syntax.program.add_subcommand(
+    auto profile = syntax.program.subcommand(
         "profile", "Shows your business profile and invoice defaults, or sets one of them");
-    profile->require_subcommand(0, 1);
+    profile.requireSubcommand(false);
     auto field = std::make_shared<std::string>();
     auto value = std::make_shared<std::string>();
 
-    auto* setting = profile->add_subcommand("set", "Sets one field of the profile");
-    setting->add_option("FIELD", *field, "Its name, as \"elmworth profile\" shows it")->required();
-    setting->add_option("VALUE", *value, "Tax is in basis points: 825 is 8.25%")->required();
+    auto setting = profile.subcommand("set", "Sets one field of the profile");
+    setting.option("FIELD", *field, "Its name, as \"elmworth profile\" shows it").required();
+    setting.option("VALUE", *value, "Tax is in basis points: 825 is 8.25%").required();
     // A parent's callback runs after its subcommand's, so the parent decides for both.
-    profile->callback([&syntax, setting, field, value] {
-        const bool isSetting = setting->parsed();
+    profile.whenGiven([&syntax, setting, field, value] {
+        const bool isSetting = setting.isGiven();
         syntax.action = [isSetting, field, value](CommandEnvironment& environment,
                                                   CommandOutput& output) {
             if (isSetting) return set(*field, *value, environment, output);

@@ -207,12 +207,13 @@ void remove(const ProjectArguments& arguments, CommandEnvironment& environment,
 
 using Subcommand = void (*)(const ProjectArguments&, CommandEnvironment&, CommandOutput&);
 
-CLI::App* addNamed(CommandSyntax& syntax, CLI::App* parent, const char* name, const char* help,
-                   const std::shared_ptr<ProjectArguments>& arguments, Subcommand run) {
-    auto* command = parent->add_subcommand(name, help);
-    command->add_option("NAME", arguments->name, "The project's name")->required();
-    command->add_option("--client", arguments->client, "The client whose project it is")
-        ->type_name("CLIENT");
+SubcommandSyntax addNamed(CommandSyntax& syntax, SubcommandSyntax parent, const char* name,
+                          const char* help, const std::shared_ptr<ProjectArguments>& arguments,
+                          Subcommand run) {
+    auto command = parent.subcommand(name, help);
+    command.option("NAME", arguments->name, "The project's name").required();
+    command.option("--client", arguments->client, "The client whose project it is")
+        .typeName("CLIENT");
     syntax.carriesOut(command,
                       [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
                           run(*arguments, environment, output);
@@ -223,43 +224,42 @@ CLI::App* addNamed(CommandSyntax& syntax, CLI::App* parent, const char* name, co
 }  // namespace
 
 void addProjectCommand(CommandSyntax& syntax) {
-    auto* project =
-        syntax.program.add_subcommand("project", "Lists, adds, changes and deletes projects");
-    project->require_subcommand(1);
+    auto project =
+        syntax.program.subcommand("project", "Lists, adds, changes and deletes projects");
+    project.requireSubcommand();
     auto arguments = std::make_shared<ProjectArguments>();
 
-    auto* listing = project->add_subcommand("list", "Lists the projects with their tracked time");
-    listing->add_flag("--all", arguments->all, "Archived projects too");
+    auto listing = project.subcommand("list", "Lists the projects with their tracked time");
+    listing.flag("--all", arguments->all, "Archived projects too");
     syntax.carriesOut(listing, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         list(arguments->all, environment, output);
     });
 
-    auto* adding = project->add_subcommand("add", "Adds a project");
-    adding->add_option("NAME", arguments->name, "The new project's name")->required();
-    adding->add_option("--client", arguments->client, "The client it is for")
-        ->required()
-        ->type_name("CLIENT");
+    auto adding = project.subcommand("add", "Adds a project");
+    adding.option("NAME", arguments->name, "The new project's name").required();
+    adding.option("--client", arguments->client, "The client it is for")
+        .required()
+        .typeName("CLIENT");
     adding
-        ->add_option("--rate", arguments->rate,
-                     "Its own hourly rate like 120. Without it: the client's")
-        ->type_name("AMOUNT");
-    adding->add_option("--budget", arguments->budget, "Its budget like 40")->type_name("HOURS");
-    adding->add_option("--color", arguments->color, "Its color. Without it: #7C6CFF")
-        ->type_name("#RRGGBB");
+        .option("--rate", arguments->rate, "Its own hourly rate like 120. Without it: the client's")
+        .typeName("AMOUNT");
+    adding.option("--budget", arguments->budget, "Its budget like 40").typeName("HOURS");
+    adding.option("--color", arguments->color, "Its color. Without it: #7C6CFF")
+        .typeName("#RRGGBB");
     syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
-    auto* setting = project->add_subcommand("set", "Changes one field of a project");
-    setting->add_option("NAME", arguments->name, "The project's name")->required();
-    setting->add_option("--client", arguments->client, "The client whose project it is")
-        ->type_name("CLIENT");
-    setting->add_option("FIELD", arguments->field, "One of name, client, rate, budget and color")
-        ->required();
+    auto setting = project.subcommand("set", "Changes one field of a project");
+    setting.option("NAME", arguments->name, "The project's name").required();
+    setting.option("--client", arguments->client, "The client whose project it is")
+        .typeName("CLIENT");
+    setting.option("FIELD", arguments->field, "One of name, client, rate, budget and color")
+        .required();
     setting
-        ->add_option("VALUE", arguments->value,
-                     "As typed with \"project add\". Empty rate: the client's; empty budget: none")
-        ->required();
+        .option("VALUE", arguments->value,
+                "As typed with \"project add\". Empty rate: the client's; empty budget: none")
+        .required();
     syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         change(*arguments, environment, output);
     });

@@ -137,8 +137,8 @@ void printText(const Report& report, CommandEnvironment& environment, CommandOut
 }  // namespace
 
 void addReportCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
-        "report", "Shows the time of a period by day, with its totals");
+    auto command =
+        syntax.program.subcommand("report", "Shows the time of a period by day, with its totals");
     auto arguments = std::make_shared<TimesheetArguments>();
     arguments->addTo(command);
     syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {

@@ -12,8 +12,8 @@ namespace {
 
 void restoreBackup(const std::string& file, CommandEnvironment& environment,
                    CommandOutput& output) {
-    const auto backup = decodeBackupFile(environment.workingFolder / file);
-    const auto result = restore(backup, environment.context);
+    const auto backup = decodeBackupFile(environment.workingFolder / file, environment.progress);
+    const auto result = restore(backup, environment.context, environment.progress);
     environment.profiles.setProfile(result.profile);
     environment.timer.refresh();
     const std::string message = restoreMessage(backup, result);
@@ -31,10 +31,10 @@ void restoreBackup(const std::string& file, CommandEnvironment& environment,
 }  // namespace
 
 void addRestoreCommand(CommandSyntax& syntax) {
-    auto* command =
-        syntax.program.add_subcommand("restore", "Loads a backup document into an empty library");
+    auto command =
+        syntax.program.subcommand("restore", "Loads a backup document into an empty library");
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file)->required();
+    command.option("FILE", *file, "The file to read").required();
     syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
         restoreBackup(*file, environment, output);
     });

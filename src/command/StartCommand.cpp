@@ -18,13 +18,13 @@ struct StartArguments {
 }  // namespace
 
 void addStartCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "start", "Starts the timer on a project, ending the entry that runs");
     auto arguments = std::make_shared<StartArguments>();
-    command->add_option("PROJECT", arguments->project, "The project's name")->required();
-    command->add_option("--client", arguments->client, "The client whose project it is")
-        ->type_name("CLIENT");
-    command->add_option("--notes", arguments->notes, "What you are working on");
+    command.option("PROJECT", arguments->project, "The project's name").required();
+    command.option("--client", arguments->client, "The client whose project it is")
+        .typeName("CLIENT");
+    command.option("--notes", arguments->notes, "What you are working on");
     syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         const auto project =
             findProject(environment.context, arguments->project, arguments->client);

@@ -32,7 +32,7 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
 }  // namespace
 
 void addStatusCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand(
+    auto command = syntax.program.subcommand(
         "status", "Shows what runs now, and the time of today and this week");
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
         requireReadable(environment);

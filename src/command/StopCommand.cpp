@@ -39,11 +39,10 @@ void stop(CommandEnvironment& environment, CommandOutput& output, const std::str
 }  // namespace
 
 void addStopCommand(CommandSyntax& syntax) {
-    auto* command = syntax.program.add_subcommand("stop", "Stops the timer");
+    auto command = syntax.program.subcommand("stop", "Stops the timer");
     auto at = std::make_shared<std::string>();
-    command
-        ->add_option("--at", *at, "When it ended: 14:30 today, 2026-03-01T14:30, or with an offset")
-        ->type_name("TIME");
+    command.option("--at", *at, "When it ended: 14:30 today, 2026-03-01T14:30, or with an offset")
+        .typeName("TIME");
     syntax.carriesOut(command, [at](CommandEnvironment& environment, CommandOutput& output) {
         stop(environment, output, *at);
     });

@@ -7,19 +7,16 @@
 
 namespace elmworth {
 
-void TimesheetArguments::addTo(CLI::App* command) {
-    command
-        ->add_option("--period", period.period,
-                     "“This Week” (unless given), “Last Month” and so on")
-        ->type_name("PERIOD");
-    command->add_option("--from", period.from, "First day")->type_name("DAY");
-    command->add_option("--through", period.through, "Last day")->type_name("DAY");
-    command->add_option("--client", client, "Only this client's time")->type_name("CLIENT");
-    command->add_option("--project", project, "Only this project's time")->type_name("PROJECT");
-    command->add_flag("--unbilled", unbilledOnly, "Only time that is on no invoice yet");
-    command
-        ->add_option("--search", search, "Only entries with this text in notes, project or client")
-        ->type_name("TEXT");
+void TimesheetArguments::addTo(SubcommandSyntax command) {
+    command.option("--period", period.period, "“This Week” (unless given), “Last Month” and so on")
+        .typeName("PERIOD");
+    command.option("--from", period.from, "First day").typeName("DAY");
+    command.option("--through", period.through, "Last day").typeName("DAY");
+    command.option("--client", client, "Only this client's time").typeName("CLIENT");
+    command.option("--project", project, "Only this project's time").typeName("PROJECT");
+    command.flag("--unbilled", unbilledOnly, "Only time that is on no invoice yet");
+    command.option("--search", search, "Only entries with this text in notes, project or client")
+        .typeName("TEXT");
 }
 
 TimesheetFilter TimesheetArguments::filter(CommandEnvironment& environment) const {

@@ -21,7 +21,7 @@ struct TimesheetArguments {
     bool unbilledOnly = false;
 
     /// Declares the options on `command`, which must not outlive this object.
-    void addTo(CLI::App* command);
+    void addTo(SubcommandSyntax command);
 
     /// The filter that they mean; without a period this week. Throws CommandError.
     [[nodiscard]] TimesheetFilter filter(CommandEnvironment& environment) const;

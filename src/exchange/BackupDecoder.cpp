@@ -215,9 +215,12 @@ Backup decodeBackup(std::string_view json) {
     return decode([&] { return std::exchange(json, {}); });
 }
 
-Backup decodeBackupFile(const std::filesystem::path& file) {
+Backup decodeBackupFile(const std::filesystem::path& file, Progress& progress) {
     FileSource source(file);
-    return decode([&] { return source.nextPiece(); });
+    return decode([&] {
+        progress.advance("Reading", source.bytesRead(), source.size());
+        return source.nextPiece();
+    });
 }
 
 }  // namespace elmworth

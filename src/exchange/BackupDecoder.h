@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "exchange/Backup.h"
+#include "platform/Progress.h"
 
 namespace elmworth {
 
@@ -25,7 +26,8 @@ class BackupDecodeError : public std::runtime_error {
 [[nodiscard]] Backup decodeBackup(std::string_view json);
 
 /// The same from a regular file, read piece by piece. Also throws
-/// std::filesystem::filesystem_error.
-[[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file);
+/// std::filesystem::filesystem_error, and Cancelled.
+[[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file,
+                                      Progress& progress = noProgress());
 
 }  // namespace elmworth

@@ -127,9 +127,13 @@ std::string encode(const Backup& backup) {
 }
 
 Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
-             const ByteSink& sink) {
+             const ByteSink& sink, Progress& progress) {
     Counts counts;
-    BackupWriter writer(sink);
+    const std::size_t total = context.fetchCount<TimeEntry>();
+    BackupWriter writer([&](std::string_view bytes) {
+        progress.advance("Writing", counts.entries, total);
+        sink(bytes);
+    });
     writer.begin();
     bool invoicesBegun = false;
     const auto beginInvoices = [&] {
@@ -154,10 +158,10 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
 }
 
 Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
-                 const std::filesystem::path& file) {
+                 const std::filesystem::path& file, Progress& progress) {
     AtomicFile target(file);
-    const Counts counts =
-        write(context, profile, now, [&](std::string_view bytes) { target.write(bytes); });
+    const Counts counts = write(
+        context, profile, now, [&](std::string_view bytes) { target.write(bytes); }, progress);
     target.commit();
     return counts;
 }

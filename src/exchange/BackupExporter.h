@@ -9,6 +9,7 @@
 #include "core/store/ModelContext.h"
 #include "exchange/Backup.h"
 #include "exchange/BackupWriter.h"
+#include "platform/Progress.h"
 
 namespace elmworth::BackupExporter {
 
@@ -31,13 +32,13 @@ struct Counts {
 [[nodiscard]] std::string encode(const Backup& backup);
 
 /// Writes what `encode(makeBackup(…))` would give to `sink`, without holding the library in memory.
-/// Throws StoreError, and whatever the sink throws.
+/// Throws StoreError, Cancelled, and whatever the sink throws.
 Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
-             const ByteSink& sink);
+             const ByteSink& sink, Progress& progress = noProgress());
 
 /// Writes the same to `file`, which has either its old content or the whole document at any time.
-/// Throws StoreError or std::filesystem::filesystem_error.
+/// Throws StoreError, Cancelled or std::filesystem::filesystem_error.
 Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
-                 const std::filesystem::path& file);
+                 const std::filesystem::path& file, Progress& progress = noProgress());
 
 }  // namespace elmworth::BackupExporter

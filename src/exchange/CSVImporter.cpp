@@ -182,12 +182,14 @@ class Importer {
         entry->end = row.end;
         entry->notes = row.notes;
         context_.insert(entry);
-        ++result.imported;
+        if (++result.imported % entriesBetweenSpills == 0) context_.spillInsertions();
     }
 
     Result result;
 
  private:
+    static constexpr std::int64_t entriesBetweenSpills = 4096;
+
     static std::string projectKey(const std::string& client, const std::string& project) {
         return lowerCased(client) + '|' + lowerCased(project);
     }
@@ -237,7 +239,7 @@ class Importer {
 
 }  // namespace
 
-std::vector<Row> parse(std::string_view text, const std::string& zoneID) {
+std::vector<Row> parse(std::string_view text, const std::string& zoneID, Progress& progress) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark) {
         text.remove_prefix(byteOrderMark.size());
@@ -253,6 +255,7 @@ std::vector<Row> parse(std::string_view text, const std::string& zoneID) {
 
     std::vector<Row> rows;
     while (tokenizer.next(fields)) {
+        progress.advance("Reading", tokenizer.position(), text.size());
         const auto span = format->span(fields);
         if (!span || span->end <= span->start) continue;
         rows.push_back({optionalField(fields, client), optionalField(fields, project),
@@ -262,10 +265,14 @@ std::vector<Row> parse(std::string_view text, const std::string& zoneID) {
     return rows;
 }
 
-Result apply(const std::vector<Row>& rows, ModelContext& context) {
+Result apply(const std::vector<Row>& rows, ModelContext& context, Progress& progress) {
     Importer importer(context);
-    for (const auto& row : rows) importer.add(row);
-    context.save();
+    std::size_t done = 0;
+    for (const auto& row : rows) {
+        importer.add(row);
+        progress.advance("Adding", ++done, rows.size());
+    }
+    context.save(progress);
     return importer.result;
 }
 

@@ -11,6 +11,7 @@
 
 #include "core/store/ModelContext.h"
 #include "platform/Instant.h"
+#include "platform/Progress.h"
 
 namespace elmworth {
 
@@ -47,13 +48,15 @@ struct Result {
 
 /// The rows of `text` (UTF-8) that can be read, in their order; others are dropped. Times without
 /// an offset are meant in `zoneID`. Throws ImportError when the format is unknown or no row is
-/// left.
-[[nodiscard]] std::vector<Row> parse(std::string_view text, const std::string& zoneID);
+/// left, or Cancelled.
+[[nodiscard]] std::vector<Row> parse(std::string_view text, const std::string& zoneID,
+                                     Progress& progress = noProgress());
 
 /// Adds `rows` and the clients and projects that they need, and saves. A row of the same project,
 /// start and end (in whole seconds) as an entry that is there is skipped, so a second import of a
-/// file adds nothing. Throws StoreError; the changes then stay pending.
-Result apply(const std::vector<Row>& rows, ModelContext& context);
+/// file adds nothing. Throws StoreError or Cancelled; the changes then stay pending.
+Result apply(const std::vector<Row>& rows, ModelContext& context,
+             Progress& progress = noProgress());
 
 /// What to tell after an import.
 [[nodiscard]] std::string message(const Result& result);

@@ -24,6 +24,9 @@ class CSVTokenizer {
     /// Reads the next row into `fields`; false at the end of the text.
     bool next(std::vector<std::string>& fields);
 
+    /// The bytes that have been read.
+    [[nodiscard]] std::size_t position() const noexcept { return position_; }
+
  private:
     [[nodiscard]] bool standsAlone(std::size_t position) const;
     std::size_t readQuoted(std::size_t position, std::string& field) const;

@@ -22,6 +22,7 @@ FileSource::FileSource(const std::filesystem::path& file)
     if (::fstat(descriptor_, &status) != 0) fail(errno);
     if (S_ISDIR(status.st_mode)) fail(EISDIR);
     if (!S_ISREG(status.st_mode)) fail(EINVAL);
+    size_ = static_cast<std::size_t>(status.st_size);
 }
 
 FileSource::~FileSource() {
@@ -34,6 +35,7 @@ std::string_view FileSource::nextPiece() {
         count = ::read(descriptor_, buffer_.data(), buffer_.size());
     } while (count < 0 && errno == EINTR);
     if (count < 0) fail(errno);
+    bytesRead_ += static_cast<std::size_t>(count);
     return {buffer_.data(), static_cast<std::size_t>(count)};
 }
 

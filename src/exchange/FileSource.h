@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <filesystem>
 #include <string_view>
 
@@ -21,11 +22,17 @@ class FileSource {
     /// The next piece, good until the next call; empty at the end.
     [[nodiscard]] std::string_view nextPiece();
 
+    /// The bytes that were handed out, and the bytes of the whole file when it was opened.
+    [[nodiscard]] std::size_t bytesRead() const noexcept { return bytesRead_; }
+    [[nodiscard]] std::size_t size() const noexcept { return size_; }
+
  private:
     [[noreturn]] void fail(int error);
 
     std::filesystem::path file_;
     int descriptor_ = -1;
+    std::size_t size_ = 0;
+    std::size_t bytesRead_ = 0;
     std::array<char, 1 << 16> buffer_{};
 };
 

@@ -30,12 +30,22 @@ std::string message(RestoreError::Code code, const std::string& place) {
 /// Puts one document into one context, unsaved.
 class Restorer {
  public:
-    Restorer(const Backup& backup, ModelContext& context) : backup_(backup), context_(context) {}
+    Restorer(const Backup& backup, ModelContext& context, Progress& progress)
+        : backup_(backup), context_(context), progress_(progress) {
+        for (const auto& client : backup.clients) {
+            for (const auto& project : client.projects) entryCount_ += project.entries.size();
+        }
+    }
 
+    /// Entries come last, when all that they point to is there, so that they need not stay in
+    /// memory.
     std::int64_t run() {
         for (const auto& client : backup_.clients) addClient(client);
         for (const auto& invoice : backup_.invoices) addInvoice(invoice);
-        return link();
+        for (const auto& [dto, project] : projects_) {
+            for (const auto& entry : dto->entries) addEntry(entry, project);
+        }
+        return unlinkedEntries_;
     }
 
  private:
@@ -60,7 +70,7 @@ class Restorer {
         project->isArchived = dto.isArchived;
         project->budgetHours = dto.budgetHours;
         context_.insert(project);
-        for (const auto& entry : dto.entries) addEntry(entry, project);
+        projects_.emplace_back(&dto, project);
     }
 
     void addEntry(const EntryDTO& dto, const Ref<Project>& project) {
@@ -68,8 +78,10 @@ class Restorer {
         entry->end = dto.end.value_or(std::max<Instant>(dto.start + 1s, backup_.exportedAt));
         entry->notes = dto.notes;
         entry->billedRateCents = dto.billedRateCents;
+        if (dto.invoiceNumber) link(*entry, *dto.invoiceNumber);
         context_.insert(entry);
-        if (dto.invoiceNumber) pendingLinks_.emplace_back(entry, &*dto.invoiceNumber);
+        if (++entries_ % entriesBetweenSpills == 0) context_.spillInsertions();
+        progress_.advance("Restoring", entries_, entryCount_);
     }
 
     [[nodiscard]] Ref<Client> findClient(const InvoiceDTO& dto) const {
@@ -107,26 +119,28 @@ class Restorer {
     }
 
     /// An entry whose invoice is not there becomes plain unbilled time, to be invoiced again.
-    std::int64_t link() {
-        std::int64_t unlinked = 0;
-        for (const auto& [entry, number] : pendingLinks_) {
-            const auto found = invoices_.find(*number);
-            if (found != invoices_.end()) {
-                entry->invoice = found->second;
-            } else {
-                entry->billedRateCents = std::nullopt;
-                ++unlinked;
-            }
+    void link(TimeEntry& entry, const std::string& invoiceNumber) {
+        const auto found = invoices_.find(invoiceNumber);
+        if (found != invoices_.end()) {
+            entry.invoice = found->second;
+        } else {
+            entry.billedRateCents = std::nullopt;
+            ++unlinkedEntries_;
         }
-        return unlinked;
     }
+
+    static constexpr std::size_t entriesBetweenSpills = 4096;
 
     const Backup& backup_;
     ModelContext& context_;
+    Progress& progress_;
     std::vector<Ref<Client>> clients_;
     std::unordered_map<std::string, Ref<Client>> clientsByName_;
     std::unordered_map<std::string, Ref<Invoice>> invoices_;
-    std::vector<std::pair<Ref<TimeEntry>, const std::string*>> pendingLinks_;
+    std::vector<std::pair<const ProjectDTO*, Ref<Project>>> projects_;
+    std::size_t entries_ = 0;
+    std::size_t entryCount_ = 0;
+    std::int64_t unlinkedEntries_ = 0;
 };
 
 void refuseNegativeIndexes(const Backup& backup) {
@@ -143,16 +157,16 @@ void refuseNegativeIndexes(const Backup& backup) {
 RestoreError::RestoreError(Code code, const std::string& place)
     : std::runtime_error(message(code, place)), code_(code) {}
 
-RestoreResult restore(const Backup& backup, ModelContext& context) {
+RestoreResult restore(const Backup& backup, ModelContext& context, Progress& progress) {
     if (context.fetchCount<Client>() > 0 || context.fetchCount<TimeEntry>() > 0) {
         throw RestoreError(RestoreError::Code::notEmpty);
     }
     refuseNegativeIndexes(backup);
     try {
-        const std::int64_t unlinked = Restorer(backup, context).run();
-        context.save();
+        const std::int64_t unlinked = Restorer(backup, context, progress).run();
+        context.save(progress);
         return {backup.profile, unlinked};
-    } catch (...) {  // a lack of memory, too
+    } catch (...) {
         context.rollback();
         throw;
     }

@@ -10,6 +10,7 @@
 #include "core/BusinessProfile.h"
 #include "core/store/ModelContext.h"
 #include "exchange/Backup.h"
+#include "platform/Progress.h"
 
 namespace elmworth {
 
@@ -33,8 +34,9 @@ struct RestoreResult {
 };
 
 /// Loads `backup` into the empty library of `context` and saves: all of it or nothing. No restored
-/// entry runs. Throws RestoreError or StoreError.
-RestoreResult restore(const Backup& backup, ModelContext& context);
+/// entry runs. Throws RestoreError, StoreError or Cancelled.
+RestoreResult restore(const Backup& backup, ModelContext& context,
+                      Progress& progress = noProgress());
 
 /// What to tell after a restore.
 [[nodiscard]] std::string restoreMessage(const Backup& backup, const RestoreResult& result);

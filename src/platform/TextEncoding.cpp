@@ -9,6 +9,7 @@
 
 #include <limits>
 #include <memory>
+#include <string_view>
 
 namespace elmworth {
 
@@ -63,10 +64,10 @@ std::optional<std::string> convertUTF16(std::string_view bytes) {
 
 }  // namespace
 
-std::optional<std::string> decodeText(std::string_view bytes) {
+std::optional<std::string> decodeText(std::string bytes) {
     if (bytes.size() > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;  // ICU's limit
-    if (isUTF8(bytes)) return std::string(bytes);
+    if (isUTF8(bytes)) return bytes;
     if (auto text = convertUTF16(bytes)) return text;
     if (bytes.find_first_of("\x81\x8D\x8F\x90\x9D") == std::string_view::npos) {
         return convert(bytes, "windows-1252");

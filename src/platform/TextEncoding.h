@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace elmworth {
 
@@ -13,6 +12,6 @@ namespace elmworth {
 /// Mac OS Roman, the first that fits. UTF-16 needs a byte order mark, or at least one ASCII comma
 /// in it: nearly any bytes could be read as some UTF-16. A byte order mark is kept, except that of
 /// UTF-16. Absent when nothing fits, and above 2 GB.
-[[nodiscard]] std::optional<std::string> decodeText(std::string_view bytes);
+[[nodiscard]] std::optional<std::string> decodeText(std::string bytes);
 
 }  // namespace elmworth

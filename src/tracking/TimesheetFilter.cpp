@@ -61,6 +61,29 @@ std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const Timeshe
     return entries;
 }
 
+void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, Instant now,
+                          const std::function<void(const TimeEntry&)>& visit) {
+    const auto visitIfShown = [&](const TimeEntry& entry) {
+        if (filter.passes(entry, now)) visit(entry);
+    };
+    // Kept meanwhile, so that each is read once and not again for every entry.
+    const auto projects = context.fetch<Project>();
+    const auto clients = context.fetch<Client>();
+    const auto& [from, to] = filter.range;
+    auto begunBefore = context.fetch(FetchDescriptor<TimeEntry>{
+        .predicate = (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
+                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+    std::sort(begunBefore.begin(), begunBefore.end(), [](const auto& a, const auto& b) {
+        return std::pair(a->start.get(), a->persistentModelID()) <
+               std::pair(b->start.get(), b->persistentModelID());
+    });
+    for (const auto& entry : begunBefore) visitIfShown(*entry);
+    context.forEach<TimeEntry>(
+        {.predicate = key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
+         .sortBy = {sortedBy<&TimeEntry::start>()}},
+        visitIfShown);
+}
+
 std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
                                 const DateInterval& range, Instant now, const Calendar& calendar) {
     std::map<Instant, DayGroup> days;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -34,6 +35,11 @@ struct TimesheetFilter {
 [[nodiscard]] std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context,
                                                           const TimesheetFilter& filter,
                                                           Instant now);
+
+/// Hands out the same, oldest start first, without making an object for each; see
+/// ModelContext::forEach. Throws StoreError, and what `visit` throws.
+void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, Instant now,
+                          const std::function<void(const TimeEntry&)>& visit);
 
 /// One day of a timesheet.
 struct DayGroup {

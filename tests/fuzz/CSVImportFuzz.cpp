@@ -53,7 +53,7 @@ bool comesBack(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto bytes = fuzz::textOf(data, size);
-    const auto text = decodeText(bytes);
+    const auto text = decodeText(std::string(bytes));
     if (!text) return 0;
     require(validUTF8(*text) == *text, "a decoded text is UTF-8");
     require(validUTF8(bytes) != bytes || *text == bytes, "UTF-8 is taken as it is");

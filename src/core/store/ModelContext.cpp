@@ -113,35 +113,72 @@ void ModelContext::checkDeniedDeletions() {
     }
 }
 
-void ModelContext::save() {
-    if (hasChanges()) {
-        checkDeniedDeletions();
-        sqlite::ChangeSet changes;
-        for (const auto* schema : librarySchema()) {
-            std::vector<const Record*> ordered;
-            for (const auto& [id, record] : pending(*schema)) ordered.push_back(record.get());
-            std::sort(ordered.begin(), ordered.end(), [](const auto* a, const auto* b) {
-                return a->persistentModelID() < b->persistentModelID();
-            });
-            for (const auto* record : ordered) {
-                switch (record->state_) {
-                    case Record::State::inserted:
-                        changes.inserted.push_back(record);
-                        break;
-                    case Record::State::deleted:
-                        changes.deleted.push_back(record);
-                        break;
-                    default:
-                        changes.updated.push_back({record, record->saved_.get()});
-                        break;
-                }
+sqlite::ChangeSet ModelContext::collectChanges() {
+    sqlite::ChangeSet changes;
+    for (const auto* schema : librarySchema()) {
+        std::vector<const Record*> ordered;
+        for (const auto& [id, record] : pending(*schema)) ordered.push_back(record.get());
+        std::sort(ordered.begin(), ordered.end(), [](const auto* a, const auto* b) {
+            return a->persistentModelID() < b->persistentModelID();
+        });
+        for (const auto* record : ordered) {
+            switch (record->state_) {
+                case Record::State::inserted:
+                    changes.inserted.push_back(record);
+                    break;
+                case Record::State::deleted:
+                    changes.deleted.push_back(record);
+                    break;
+                default:
+                    changes.updated.push_back({record, record->saved_.get()});
+                    break;
             }
         }
-        store_->write(changes);
+    }
+    return changes;
+}
+
+void ModelContext::save(Progress& progress) {
+    if (hasChanges() || !spilled_.empty()) {
+        try {
+            checkDeniedDeletions();
+            store_->write(collectChanges(), progress);
+        } catch (...) {
+            // The rows that were spilled went with the transaction; their objects may be gone.
+            if (!spilled_.empty()) rollback();
+            throw;
+        }
+        spilled_.clear();
         forgetChanges();
         if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
     }
     observers_.deliver();
+}
+
+void ModelContext::spillInsertions() {
+    const auto changes = collectChanges();
+    if (!changes.updated.empty() || !changes.deleted.empty()) return;
+    try {
+        store_->spill(changes.inserted);
+        for (const auto* record : changes.inserted) {
+            spilled_.push_back(record->persistentModelID());
+        }
+    } catch (...) {
+        rollback();
+        throw;
+    }
+    forgetChanges();
+}
+
+/// What the transaction took with it is in no library.
+void ModelContext::detachSpilled() {
+    for (const auto& id : std::exchange(spilled_, {})) {
+        const auto record = existing(id);
+        if (!record) continue;
+        record->state_ = Record::State::inserted;
+        record->stored_ = false;
+        restore(*record);
+    }
 }
 
 void ModelContext::saveQuietly() noexcept {
@@ -152,10 +189,10 @@ void ModelContext::saveQuietly() noexcept {
     }
 }
 
-void ModelContext::saveOrRollback() {
+void ModelContext::saveOrRollback(Progress& progress) {
     try {
-        save();
-    } catch (const StoreError&) {
+        save(progress);
+    } catch (...) {
         rollback();
         throw;
     }
@@ -181,11 +218,13 @@ void ModelContext::forgetChanges() {
 }
 
 void ModelContext::rollback() {
+    store_->dropSpilled();
     for (auto& map : pending_) {
         for (auto& [id, record] : map) restore(*record);
         if (!map.empty()) observers_.note(map.begin()->second->recordSchema());
         const RecordMap released = std::exchange(map, {});
     }
+    detachSpilled();
 }
 
 void ModelContext::restore(Record& record) {

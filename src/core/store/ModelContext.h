@@ -18,13 +18,15 @@
 #include "core/store/Record.h"
 #include "core/store/RecordOrder.h"
 #include "core/store/StoreError.h"
+#include "platform/Progress.h"
 #include "platform/RunLoop.h"
 
 namespace elmworth {
 
 namespace sqlite {
 class RecordStore;
-}
+struct ChangeSet;
+}  // namespace sqlite
 
 /// The unit of work over a library: hands out its records, notes their changes, and writes all of
 /// them in one transaction.
@@ -48,15 +50,22 @@ class ModelContext {
     /// read; nothing is deleted then.
     void deleteRecord(const Ref<Record>& record);
 
-    /// Makes all changes durable in one transaction. Throws StoreError; the changes then stay
-    /// pending, and the next save tries them again.
-    void save();
+    /// Makes all changes durable in one transaction. Throws StoreError, or Cancelled when
+    /// `progress` says so; the changes then stay pending, and the next save tries them again.
+    void save(Progress& progress = noProgress());
 
     /// As `save`; a failure is dropped on purpose, and the changes stay pending.
     void saveQuietly() noexcept;
 
     /// As `save`; a failure rolls all changes back before it is thrown.
-    void saveOrRollback();
+    void saveOrRollback(Progress& progress = noProgress());
+
+    /// Writes the new records into the transaction that the next save ends, and lets go of those
+    /// that nobody refers to, so that a long row of insertions takes the memory of a short one.
+    /// What they point to must be among them or stored. Does nothing while there are changes of
+    /// another kind. Throws StoreError; all changes are rolled back then, as they are when that
+    /// save fails.
+    void spillInsertions();
 
     /// Drops all changes since the last save: changed and deleted records have the values that
     /// stood then, new ones leave the context.
@@ -159,6 +168,8 @@ class ModelContext {
     void markDeleted(const Ref<Record>& record);
     void checkDeniedDeletions();
     void forgetChanges();
+    [[nodiscard]] sqlite::ChangeSet collectChanges();
+    void detachSpilled();
 
     [[nodiscard]] RecordMap& pending(const RecordSchema& schema);
     void restore(Record& record);
@@ -167,6 +178,7 @@ class ModelContext {
     RunLoop& runLoop_;
     std::unordered_map<PersistentID, std::weak_ptr<Record>> identities_;
     std::array<RecordMap, recordTypeCount> pending_;  ///< new, changed and deleted records
+    std::vector<PersistentID> spilled_;               ///< new records in the open transaction
     ChangeObservers observers_;
     RunLoop::Handle upkeep_;
 };

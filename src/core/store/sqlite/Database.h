@@ -31,6 +31,8 @@ class Statement {
     /// Moves to the next row; false when there is none. Throws StoreError.
     bool step();
 
+    [[nodiscard]] sqlite3_stmt* handle() const noexcept { return statement_.get(); }
+
     /// Makes the statement ready to run again and lets go of its bound values.
     void reset() noexcept;
 

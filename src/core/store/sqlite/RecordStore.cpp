@@ -103,24 +103,54 @@ bool RecordStore::rowMatches(const RecordSchema& schema, const PersistentID& id,
     return statement->step();
 }
 
-void RecordStore::write(const ChangeSet& changes) {
-    run("BEGIN IMMEDIATE");
+void RecordStore::write(const ChangeSet& changes, Progress& progress) {
+    auto wrote = [&, done = std::size_t{0}]() mutable {
+        progress.advance("Saving", ++done, changes.size());
+    };
+    beginTransaction();
     try {
         // Deletions come before insertions and updates: a number that a deleted invoice had may be
         // taken again in the same save. What changed records give up goes before all of that:
         // SQLite would delete an entry with the project that it has left, and would refuse a number
         // that another record still has.
         for (const auto& update : changes.updated) releaseRow(update);
-        for (const auto* record : changes.deleted) deleteRow(*record);
-        for (const auto* record : changes.inserted) insertRow(*record);
-        for (const auto& update : changes.updated) updateRow(update);
+        for (const auto* record : changes.deleted) {
+            deleteRow(*record);
+            wrote();
+        }
+        for (const auto* record : changes.inserted) {
+            insertRow(*record);
+            wrote();
+        }
+        for (const auto& update : changes.updated) {
+            updateRow(update);
+            wrote();
+        }
         run("COMMIT");
     } catch (...) {
-        // SQLite ends the transaction by itself after some failures.
-        if (sqlite3_get_autocommit(database_.handle()) == 0) {
-            sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-        }
+        dropSpilled();
         throw;
+    }
+}
+
+void RecordStore::beginTransaction() {
+    if (sqlite3_get_autocommit(database_.handle()) != 0) run("BEGIN IMMEDIATE");
+}
+
+void RecordStore::spill(const std::vector<const Record*>& inserted) {
+    beginTransaction();
+    try {
+        for (const auto* record : inserted) insertRow(*record);
+    } catch (...) {
+        dropSpilled();
+        throw;
+    }
+}
+
+void RecordStore::dropSpilled() noexcept {
+    // SQLite ends the transaction by itself after some failures.
+    if (sqlite3_get_autocommit(database_.handle()) == 0) {
+        sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
     }
 }
 

@@ -14,6 +14,7 @@
 
 #include "core/store/FetchDescriptor.h"
 #include "core/store/sqlite/Database.h"
+#include "platform/Progress.h"
 
 namespace elmworth::sqlite {
 
@@ -38,6 +39,10 @@ struct ChangeSet {
     std::vector<const Record*> inserted;
     std::vector<Update> updated;
     std::vector<const Record*> deleted;
+
+    [[nodiscard]] std::size_t size() const noexcept {
+        return inserted.size() + updated.size() + deleted.size();
+    }
 };
 
 /// Reads and writes the rows of records. Every operation throws StoreError.
@@ -59,8 +64,13 @@ class RecordStore {
     [[nodiscard]] bool rowMatches(const RecordSchema& schema, const PersistentID& id,
                                   const PredicateNode* predicate);
 
-    /// Writes all of `changes` in one transaction, or nothing.
-    void write(const ChangeSet& changes);
+    /// Writes all of `changes` in one transaction, or nothing. Also throws Cancelled.
+    void write(const ChangeSet& changes, Progress& progress);
+
+    /// Writes the rows of new records into a transaction that stays open: the next `write` goes on
+    /// in it and ends it, `dropSpilled` undoes it. A failure undoes it too.
+    void spill(const std::vector<const Record*>& inserted);
+    void dropSpilled() noexcept;
 
     /// Whether the write-ahead log has grown so that moving it is worth the time.
     [[nodiscard]] bool hasLongLog() const noexcept { return logPages_ >= 256; }
@@ -85,6 +95,7 @@ class RecordStore {
 
     Statement& prepared(const std::string& sql);
     void run(const std::string& sql);
+    void beginTransaction();
     void insertRow(const Record& record);
     /// Takes from a row what its record gives up: links to other records, and unique values.
     void releaseRow(const ChangeSet::Update& update);

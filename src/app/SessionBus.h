@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "command/CommandLine.h"
+
+namespace elmworth {
+
+/// The names under which the running application answers on the session bus.
+namespace bus {
+inline constexpr const char* service = "org.elmworth.Elmworth";
+inline constexpr const char* object = "/org/elmworth/Elmworth";
+inline constexpr const char* commandInterface = "org.elmworth.Commands";
+}  // namespace bus
+
+/// A command that is handed over: relative paths are meant from `workingFolder`, dates and amounts
+/// read as in `locale` and `zone`. The descriptors are those of CommandCaller.
+struct HandOffRequest {
+    std::vector<std::string> arguments;
+    std::string workingFolder;
+    std::string locale;
+    std::string zone;
+    int terminal;
+    int lifeline;
+};
+
+// What the module elmworth-session-bus.so offers. False when no application answers.
+using HandOffFunction = bool(const HandOffRequest& request, CommandResult& result);
+using ActivateFunction = bool();
+
+}  // namespace elmworth
+
+extern "C" {
+elmworth::HandOffFunction elmworthHandOff;
+elmworth::ActivateFunction elmworthActivate;
+}
