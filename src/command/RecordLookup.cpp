@@ -58,6 +58,7 @@ Ref<T> findByName(const std::vector<Ref<T>>& records, const std::string& name,
                            (names.empty() ? "" : " Candidates: " + joined(names) + "."));
     }
     std::vector<std::string> names;
+    names.reserve(found.size());
     for (const auto& record : found) names.push_back(label(*record));
     throw CommandError("There are " + std::to_string(found.size()) + " " + kind + "s “" + name +
                        "”: " + joined(names) + "." + advice);

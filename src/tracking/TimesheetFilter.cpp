@@ -89,6 +89,7 @@ std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
     std::map<Instant, DayGroup> days;
     for (const auto& entry : entries) addToDays(entry, range, now, calendar, days);
     std::vector<DayGroup> groups;
+    groups.reserve(days.size());
     for (auto& [day, group] : days) groups.push_back(std::move(group));
     std::reverse(groups.begin(), groups.end());
     return groups;

@@ -160,7 +160,7 @@ TEST_F(ExchangeKill, leavesAllOfARestoreOrNothing) {
             backup.clients.emplace_back().name = "Client " + std::to_string(seed);
             auto& project = backup.clients.back().projects.emplace_back();
             project.name = "Project";
-            for (int i = 0; i < 100; ++i) {
+            for (int i = 0; i < 300; ++i) {
                 const Instant start = at("2026-03-01T09:00Z") + i * 1h;
                 project.entries.push_back(
                     {start, start + 30min, "notes", std::nullopt, std::nullopt});
@@ -175,7 +175,7 @@ TEST_F(ExchangeKill, leavesAllOfARestoreOrNothing) {
 
 TEST_F(ExchangeKill, leavesAllOfAnImportOrNothing) {
     std::vector<CSVImporter::Row> rows;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         const Instant start = at("2026-03-01T09:00Z") + i * 1h;
         rows.push_back({"Client " + std::to_string(i % 9), "Project", "notes", start, start + 1h});
     }

@@ -185,6 +185,64 @@ TEST_P(ExchangeWriteFailure, inAnImportThatACrashFollowsLeavesAllOrNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Disk, ExchangeWriteFailure, testing::ValuesIn(failures), test::rowName);
 
+/// Work that is so large that part of it goes to the disk before the save.
+class LargeExchangeWriteFailure : public testing::TestWithParam<Failure> {
+ protected:
+    static constexpr int entryCount = 9000;
+
+    /// Does `work` with disks that fail sooner or later, and expects an empty library, in memory
+    /// and on the disk, or `entryCount` entries.
+    template <class Work>
+    static void atSomeOperations(Work work) {
+        int failuresMet = 0;
+        for (int n = 1; n < 100'000; n *= 3) {
+            SCOPED_TRACE("operation " + std::to_string(n));
+            FaultyVfs disk;
+            TestLibrary library(TestLibrary::emptyFile());
+            disk.failAt(n, GetParam().code, GetParam().duration);
+            try {
+                work(library.context());
+            } catch (const StoreError&) {
+                library.context().rollback();
+            }
+            const bool hasFailed = disk.hasFailed();
+            disk.heal();
+            const std::size_t expected = hasFailed ? 0 : entryCount;
+            EXPECT_EQ(library.context().fetchCount<TimeEntry>(), expected);
+            library.reopen();
+            EXPECT_EQ(library.context().fetchCount<TimeEntry>(), expected);
+            EXPECT_EQ(library.context().fetchCount<Client>(), hasFailed ? 0U : 1U);
+            expectSound(library);
+            if (HasFailure()) return;
+            if (!hasFailed) break;
+            ++failuresMet;
+        }
+        EXPECT_GT(failuresMet, 2);
+    }
+    static Instant start(int i) { return at("2020-01-01T00:00Z") + i * 1h; }
+};
+
+TEST_P(LargeExchangeWriteFailure, leavesNothingOfARestore) {
+    Backup backup;
+    backup.clients.emplace_back().name = "Acme";
+    auto& entries = backup.clients.at(0).projects.emplace_back().entries;
+    for (int i = 0; i < entryCount; ++i) {
+        entries.push_back({start(i), start(i) + 1h, "notes", std::nullopt, std::nullopt});
+    }
+    atSomeOperations([&](ModelContext& context) { restore(backup, context); });
+}
+
+TEST_P(LargeExchangeWriteFailure, leavesNothingOfAnImport) {
+    std::vector<CSVImporter::Row> rows;
+    for (int i = 0; i < entryCount; ++i) {
+        rows.push_back({"Acme", "Web", "notes", start(i), start(i) + 1h});
+    }
+    atSomeOperations([&](ModelContext& context) { CSVImporter::apply(rows, context); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Disk, LargeExchangeWriteFailure,
+                         testing::Values(failures[0], failures[1], failures[4]), test::rowName);
+
 TEST(BackupToAFullDisk, leavesTheOldFileAndNothingBesideIt) {
     TestLibrary library;
     restore(someBackup(), library.context());

@@ -6,6 +6,7 @@
 #include <unicode/brkiter.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -79,12 +80,14 @@ inline Rows tokenizeNaively(std::string_view text) {
     return rows;
 }
 
-/// Whether `text` holds a character that joins its neighbour, so that a comma or quote beside it
-/// would not be one.
-inline bool joinsNeighbours(std::string_view text) {
-    // Beside a comma, each character of a text without such characters stands for itself.
-    return characters("," + std::string(text) + ",").front() != "," ||
-           characters("," + std::string(text) + ",").back() != ",";
+/// Whether quotes around `text`, with its own doubled, keep it as it is: not so when a character at
+/// one of its ends joins a quote beside it, or one within joins its own.
+inline bool survivesQuoting(std::string_view text) {
+    const auto all = characters('"' + std::string(text) + '"');
+    if (all.size() < 2 || all.front() != "\"" || all.back() != "\"") return false;
+    return std::none_of(all.begin(), all.end(), [](const auto& character) {
+        return character.size() > 1 && character.find('"') != std::string::npos;
+    });
 }
 
 }  // namespace elmworth::test
