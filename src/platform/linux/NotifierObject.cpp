@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/linux/NotifierObject.h"
+
+#include <algorithm>
+
+namespace elmworth {
+
+NotifierObject::NotifierObject(const QString& menuPath) : menu_(menuPath) {
+    registerStatusNotifierTypes();
+}
+
+void NotifierObject::setIconPixmap(NotifierPixmapList pixmaps) {
+    const auto isSame = [](const NotifierPixmap& a, const NotifierPixmap& b) {
+        return a.width == b.width && a.pixels == b.pixels;
+    };
+    if (std::equal(pixmaps.begin(), pixmaps.end(), pixmaps_.begin(), pixmaps_.end(), isSame)) {
+        return;
+    }
+    pixmaps_ = std::move(pixmaps);
+    Q_EMIT NewIcon();
+}
+
+void NotifierObject::setLabel(const QString& label) {
+    if (label_ == label) return;
+    label_ = label;
+    Q_EMIT XAyatanaNewLabel(label_, labelGuide());
+}
+
+void NotifierObject::setToolTip(const QString& text) {
+    if (toolTip_ == text) return;
+    toolTip_ = text;
+    Q_EMIT NewToolTip();
+}
+
+/// Desktops read the text as rich text, and some the title too.
+NotifierToolTip NotifierObject::toolTip() const {
+    return {.title = title(), .text = toolTip_.toHtmlEscaped()};
+}
+
+QString NotifierObject::labelGuide() const {
+    QString guide = label_;
+    for (auto& letter : guide) {
+        if (letter.isDigit()) letter = QLatin1Char('0');
+    }
+    return guide;
+}
+
+void NotifierObject::Activate(int x, int y) {
+    if (events_.activated) events_.activated({x, y});
+}
+
+void NotifierObject::SecondaryActivate(int x, int y) {
+    if (events_.secondaryActivated) events_.secondaryActivated({x, y});
+}
+
+void NotifierObject::XAyatanaSecondaryActivate(uint /*timestamp*/) {
+    SecondaryActivate(0, 0);
+}
+
+void NotifierObject::ContextMenu(int /*x*/, int /*y*/) {}
+
+void NotifierObject::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
+void NotifierObject::ProvideXdgActivationToken(const QString& token) {
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+}  // namespace elmworth

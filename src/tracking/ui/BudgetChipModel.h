@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+
+#include "tracking/ui/PanelServices.h"
+
+namespace elmworth {
+
+/// A word of warning when the running project has used most of its budget.
+class BudgetChipModel final : public QObject {
+    Q_OBJECT
+    QML_ANONYMOUS
+    /// Whether at least 80% are used.
+    Q_PROPERTY(bool isShown READ isShown NOTIFY textChanged FINAL)
+    /// "85% of budget" or "Over budget"; empty when not shown.
+    Q_PROPERTY(QString text READ text NOTIFY textChanged FINAL)
+
+ public:
+    explicit BudgetChipModel(const PanelServices& services);
+
+    [[nodiscard]] bool isShown() const noexcept { return !text_.isEmpty(); }
+    [[nodiscard]] const QString& text() const noexcept { return text_; }
+
+    /// After records or the running entry changed: reads the project's entries.
+    void update();
+    /// Lets the running entry's time show.
+    void tick();
+
+    /// What the chip reads when `fraction` of a budget is used; empty below 0.8.
+    [[nodiscard]] static QString textOf(double fraction);
+
+ Q_SIGNALS:
+    void textChanged();
+
+ private:
+    const PanelServices& services_;
+    std::optional<double> fraction_;  ///< at `askedAt_`; absent without a budget
+    double budgetSeconds_ = 0;
+    Instant askedAt_;
+    QString text_;
+};
+
+}  // namespace elmworth

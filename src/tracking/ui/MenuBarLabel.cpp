@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/ui/MenuBarLabel.h"
+
+#include "core/Project.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr auto styleKey = "menuBarStyle";
+constexpr std::size_t longestName = 18;
+
+/// A longer name ends in an ellipsis that takes the place of its last character.
+QString shortened(const std::string& name) {
+    if (characterCount(name) <= longestName) return QString::fromStdString(name);
+    const auto kept = firstCharacters(name, longestName - 1);
+    return QString::fromUtf8(kept.data(), static_cast<qsizetype>(kept.size())) +
+           QStringLiteral("\u2026");
+}
+
+}  // namespace
+
+MenuBarLabel::MenuBarLabel(ModelContext& context, TimerService& timer, UserDefaults& defaults,
+                           RunLoop& runLoop)
+    : timer_(timer), defaults_(defaults), runLoop_(runLoop), look_(look()) {
+    timerObservation_ = timer.observe([this](auto property) {
+        if (property == TimerService::Property::running ||
+            property == TimerService::Property::elapsedText)
+            updateSoon();
+    });
+    styleObservation_ = defaults.observe([this](std::string_view key) {
+        if (key == styleKey) updateSoon();
+    });
+    entryObservation_ = context.observe(TimeEntry::schema(), [this] { updateSoon(); });
+    projectObservation_ = context.observe(Project::schema(), [this] { updateSoon(); });
+}
+
+MenuBarLabel::Look MenuBarLabel::look() const {
+    const auto& entry = timer_.running();
+    if (!entry) return {QStringLiteral("clock"), {}, QStringLiteral("Nothing is running.")};
+    const auto& project = entry->project.get();
+    const auto elapsed = QString::fromStdString(timer_.elapsedText());
+    const auto withName =
+        elapsed + QStringLiteral(" \u00B7 ") + (project ? shortened(project->name) : QString());
+    Look look{QStringLiteral("record.circle"), {}, withName};
+    switch (menuBarStyle(defaults_.string(styleKey).value_or(std::string()))) {
+        case MenuBarStyle::time:
+            look.text = elapsed;
+            break;
+        case MenuBarStyle::timeAndProject:
+            look.text = withName;
+            break;
+        case MenuBarStyle::icon:
+            break;
+    }
+    return look;
+}
+
+void MenuBarLabel::updateSoon() {
+    if (!pendingUpdate_) pendingUpdate_ = runLoop_.post([this] { update(); });
+}
+
+void MenuBarLabel::update() {
+    pendingUpdate_.reset();
+    auto now = look();
+    if (now == look_) return;
+    look_ = std::move(now);
+    Q_EMIT changed();
+}
+
+}  // namespace elmworth

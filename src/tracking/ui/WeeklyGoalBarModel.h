@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+
+#include "tracking/ui/TrackedTotal.h"
+
+namespace elmworth {
+
+/// This week's time beside the goal in the user default "weeklyGoalHours", which is followed live.
+class WeeklyGoalBarModel final : public QObject {
+    Q_OBJECT
+    QML_ANONYMOUS
+    /// Whether there is a goal: one of at least an hour.
+    Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
+    /// "12:30 of 40h".
+    Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+    /// How much of the bar is filled, from 0 to 1. Follows the text.
+    Q_PROPERTY(double ratio READ ratio NOTIFY changed FINAL)
+    Q_PROPERTY(bool isReached READ isReached NOTIFY changed FINAL)
+
+ public:
+    explicit WeeklyGoalBarModel(const PanelServices& services);
+
+    [[nodiscard]] bool isShown() const noexcept { return goalHours_ >= 1; }
+    [[nodiscard]] const QString& text() const noexcept { return text_; }
+    [[nodiscard]] double ratio() const noexcept { return ratio_; }
+    [[nodiscard]] bool isReached() const noexcept { return ratio_ >= 1; }
+
+    /// After entries or the goal changed.
+    void update();
+    /// Lets the running entry's time show.
+    void tick();
+
+ Q_SIGNALS:
+    void changed();
+
+ private:
+    const PanelServices& services_;
+    TrackedTotal total_;
+    std::int64_t goalHours_ = 0;
+    QString text_;
+    double ratio_ = 0;
+    UserDefaults::Observation goalObservation_;
+};
+
+}  // namespace elmworth
