@@ -18,8 +18,12 @@ ElmworthApp::ElmworthApp(bool isDemo)
     : services_(isDemo, currentInstant, runLoop_),
       commandService_(services_, painter_, [this] { showMainWindow(); }),
       terminationSignals_([] { QGuiApplication::quit(); }),
-      timerWindowModel_(services_.context(), services_.timer()) {
-    if (!isHostedRun()) services_.timer().installSleepObservers(powerEvents_);
+      timerWindowModel_(services_.context(), services_.timer()),
+      lastSave_(services_.context()) {
+    if (!isHostedRun()) {
+        services_.timer().installSleepObservers(powerEvents_);
+        saveBeforeInterruptions();
+    }
     if (!isHostedRun() && !isDemo) {
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
@@ -31,8 +35,13 @@ ElmworthApp::ElmworthApp(bool isDemo)
     engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/TimerWindow.qml")));
 }
 
-ElmworthApp::~ElmworthApp() {
-    services_.context().saveQuietly();
+/// The machine may not come back from a sleep, and a session that ends may not wait.
+void ElmworthApp::saveBeforeInterruptions() {
+    const auto save = [this] { services_.context().saveQuietly(); };
+    saves_ = {powerEvents_.onWillSleep(save), powerEvents_.onWillShutDown(save)};
+    QObject::connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, &terminationSignals_,
+        [save](QSessionManager& /*manager*/) { save(); }, Qt::DirectConnection);
 }
 
 void ElmworthApp::showMainWindow() {

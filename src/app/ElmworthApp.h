@@ -6,8 +6,10 @@
 #include <QQmlApplicationEngine>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/CommandService.h"
+#include "app/LastSave.h"
 #include "app/LibraryServices.h"
 #include "app/QtInvoicePainter.h"
 #include "exchange/AutoBackup.h"
@@ -29,22 +31,23 @@ class ElmworthApp {
     ElmworthApp(const ElmworthApp&) = delete;
     ElmworthApp& operator=(const ElmworthApp&) = delete;
 
-    /// Makes the last save of the process.
-    ~ElmworthApp();
-
     /// Shows the main window and puts it in front of the others.
     void showMainWindow();
 
  private:
+    void saveBeforeInterruptions();
+
     QtRunLoop runLoop_;
     LibraryServices services_;
     LogindPowerEvents powerEvents_;
+    std::vector<PowerEvents::Observation> saves_;
     std::optional<AutoBackup> autoBackup_;  ///< none for a demo or a hosted run
     QtInvoicePainter painter_;
     CommandService commandService_;
     TerminationSignals terminationSignals_;
     TimerWindowModel timerWindowModel_;
     QQmlApplicationEngine engine_;
+    LastSave lastSave_;
 };
 
 }  // namespace elmworth
