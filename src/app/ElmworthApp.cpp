@@ -16,14 +16,19 @@ Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
 
 namespace elmworth {
 
-ElmworthApp::ElmworthApp(bool isDemo)
+ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
-      commandService_(services_, painter_, [this] { showMainWindow(); }),
+      activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer()),
+      commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
-      mainViewModel_(services_.context(), services_.defaults(), services_.timer()) {
-    if (!isHostedRun()) services_.timer().installSleepObservers(powerEvents_);
+      mainViewModel_(services_.context(), services_.defaults(), services_.timer()),
+      lastSave_(services_.context()) {
+    if (!isHostedRun()) {
+        services_.timer().installSleepObservers(powerEvents_);
+        saveBeforeInterruptions();
+    }
     if (!isHostedRun() && !isDemo) {
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
@@ -32,21 +37,31 @@ ElmworthApp::ElmworthApp(bool isDemo)
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    loadMainWindow();
+    loadMainWindow(opening);
+    if (opening == Opening::panel) showPanel();
 }
 
-ElmworthApp::~ElmworthApp() {
-    services_.context().saveQuietly();
+/// The machine may not come back from a sleep, and a session that ends may not wait.
+void ElmworthApp::saveBeforeInterruptions() {
+    const auto save = [this] { services_.context().saveQuietly(); };
+    saves_ = {powerEvents_.onWillSleep(save), powerEvents_.onWillShutDown(save)};
+    QObject::connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, &terminationSignals_,
+        [save](QSessionManager& /*manager*/) { save(); }, Qt::DirectConnection);
 }
 
-void ElmworthApp::loadMainWindow() {
+void ElmworthApp::showPanel() {
+    showMainWindow();
+}
+
+void ElmworthApp::loadMainWindow(Opening opening) {
     engine_.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&mainViewModel_)}});
     engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")));
     auto* window = mainWindow();
     if (window == nullptr) return;
     rememberedWindow_.emplace(*window, services_.defaults(), "mainWindowFrame");
     // show() would undo "maximized".
-    window->setVisible(true);
+    if (opening == Opening::mainWindow) window->setVisible(true);
 }
 
 QQuickWindow* ElmworthApp::mainWindow() const {

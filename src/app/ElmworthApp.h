@@ -6,8 +6,10 @@
 #include <QQmlApplicationEngine>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/CommandService.h"
+#include "app/LastSave.h"
 #include "app/LibraryServices.h"
 #include "app/LiveAppearance.h"
 #include "app/QtInvoicePainter.h"
@@ -28,27 +30,33 @@ namespace elmworth {
 /// the last run left open is restored.
 class ElmworthApp {
  public:
+    /// What shows at the start. Nothing is for a start by the bus, which then says what to show.
+    enum class Opening { mainWindow, panel, nothing };
+
     /// Throws ModelContainerError when the library cannot be opened. Requires the library's lock
     /// unless it is a demo, and a QGuiApplication.
-    explicit ElmworthApp(bool isDemo);
+    ElmworthApp(bool isDemo, Opening opening);
     ElmworthApp(const ElmworthApp&) = delete;
     ElmworthApp& operator=(const ElmworthApp&) = delete;
-
-    /// Makes the last save of the process.
-    ~ElmworthApp();
 
     /// Shows the main window and puts it in front of the others.
     void showMainWindow();
 
+    /// Opens the panel.
+    void showPanel();
+
  private:
-    void loadMainWindow();
+    void loadMainWindow(Opening opening);
     [[nodiscard]] QQuickWindow* mainWindow() const;
+    void saveBeforeInterruptions();
 
     QtRunLoop runLoop_;
     LibraryServices services_;
     LogindPowerEvents powerEvents_;
+    std::vector<PowerEvents::Observation> saves_;
     std::optional<AutoBackup> autoBackup_;  ///< none for a demo or a hosted run
     QtInvoicePainter painter_;
+    Activation activation_;
     CommandService commandService_;
     TerminationSignals terminationSignals_;
     PortalColorScheme colorScheme_;
@@ -56,6 +64,7 @@ class ElmworthApp {
     MainViewModel mainViewModel_;
     QQmlApplicationEngine engine_;
     std::optional<RememberedWindow> rememberedWindow_;
+    LastSave lastSave_;
 };
 
 }  // namespace elmworth

@@ -8,8 +8,8 @@
 
 namespace elmworth {
 
-/// Tells when the machine goes to sleep and when it is awake again. A system that cannot tell sends
-/// no events; that is no error.
+/// Tells when the machine goes to sleep, when it is awake again, and when it is shut down. A system
+/// that cannot tell sends no events; that is no error.
 class PowerEvents {
  public:
     virtual ~PowerEvents() = default;
@@ -21,6 +21,10 @@ class PowerEvents {
 
     /// Calls `handler` on the main thread after the machine woke, until the handle dies.
     [[nodiscard]] virtual Observation onDidWake(std::function<void()> handler) = 0;
+
+    /// Calls `handler` on the main thread before the machine is shut down, until the handle dies.
+    /// The shutdown may still be called off.
+    [[nodiscard]] virtual Observation onWillShutDown(std::function<void()> handler) = 0;
 };
 
 }  // namespace elmworth

@@ -197,8 +197,12 @@ class Item(TrayTest):
                             ("Menu", "/MenuBar"), ("IconName", ""), ("WindowId", 0),
                             ("XAyatanaLabel", "1:05 · Website"),
                             ("XAyatanaLabelGuide", "0:00 · Website"),
-                            ("ToolTip", ("", [], "Elmworth", "&lt;Website&gt; &amp; more"))):
+                            ("ToolTip", ("", [], "<Website> & more", "Elmworth"))):
             self.assertEqual(properties[name], value)
+
+    def test_with_nothing_to_tell_the_tool_tip_is_the_programs_name(self):
+        self.shown_driver()
+        self.assertEqual(self.item_properties()["ToolTip"], ("", [], "Elmworth", ""))
 
     def test_the_pictures_hold_four_bytes_for_each_pixel(self):
         self.shown_driver()

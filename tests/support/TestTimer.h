@@ -24,6 +24,9 @@ class ManualPowerEvents final : public PowerEvents {
     Observation onDidWake(std::function<void()> handler) override {
         return keep(didWake_, std::move(handler));
     }
+    Observation onWillShutDown(std::function<void()> handler) override {
+        return keep(willShutDown_, std::move(handler));
+    }
     void sleep() { callAll(willSleep_); }
     void wake() { callAll(didWake_); }
     /// How many handlers are told of a wake.
@@ -45,6 +48,7 @@ class ManualPowerEvents final : public PowerEvents {
 
     Handlers willSleep_;
     Handlers didWake_;
+    Handlers willShutDown_;
 };
 
 /// A timer over a library on disk, with a clock that stands still until it is set. It is Monday,

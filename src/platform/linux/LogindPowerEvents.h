@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QDBusServiceWatcher>
+#include <QDBusUnixFileDescriptor>
 #include <QObject>
 #include <functional>
 #include <vector>
@@ -11,8 +13,10 @@
 
 namespace elmworth {
 
-/// Sleep and wake as logind tells them on the system bus (PrepareForSleep). Without a system bus or
-/// logind there are no events.
+/// Sleep and wake as logind tells them on the system bus (PrepareForSleep). Holds a delay lock, so
+/// that the machine sleeps only after the handlers have run, or after some seconds that logind
+/// decides about. Without a system bus or logind there are no events; a logind that starts later,
+/// or again, is taken up.
 class LogindPowerEvents final : public QObject, public PowerEvents {
     Q_OBJECT
 
@@ -21,9 +25,11 @@ class LogindPowerEvents final : public QObject, public PowerEvents {
 
     Observation onWillSleep(std::function<void()> handler) override;
     Observation onDidWake(std::function<void()> handler) override;
+    Observation onWillShutDown(std::function<void()> handler) override;
 
  private Q_SLOTS:
     void prepareForSleep(bool isAboutToSleep);
+    void prepareForShutdown(bool isAboutToShutDown);
 
  private:
     using Handler = std::function<void()>;
@@ -31,9 +37,14 @@ class LogindPowerEvents final : public QObject, public PowerEvents {
 
     static Observation add(Handlers& handlers, Handler handler);
     static void call(Handlers& handlers);
+    void takeDelayLock();
 
+    QDBusServiceWatcher logind_;
+    QDBusUnixFileDescriptor delayLock_;  ///< logind waits while this is open
+    bool isDelayWanted_ = false;
     Handlers willSleep_;
     Handlers didWake_;
+    Handlers willShutDown_;
 };
 
 }  // namespace elmworth

@@ -34,9 +34,10 @@ void NotifierObject::setToolTip(const QString& text) {
     Q_EMIT NewToolTip();
 }
 
-/// Desktops read the text as rich text, and some the title too.
+/// Some desktops show the title alone, so that it tells what there is to know.
 NotifierToolTip NotifierObject::toolTip() const {
-    return {.title = title(), .text = toolTip_.toHtmlEscaped()};
+    if (toolTip_.isEmpty()) return {.title = title()};
+    return {.title = toolTip_, .text = title()};
 }
 
 QString NotifierObject::labelGuide() const {
