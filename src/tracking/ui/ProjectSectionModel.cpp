@@ -28,6 +28,15 @@ bool hasText(const Project& project, const std::string& text) {
     return client && containsLocalized(client->name.get(), text);
 }
 
+std::vector<ProjectStartRow> rowsOf(const std::vector<Ref<Project>>& projects,
+                                    const Ref<Project>& running) {
+    std::vector<ProjectStartRow> rows;
+    for (const auto& project : projects) {
+        rows.push_back(ProjectStartRow::of(*project, rows.size(), project == running));
+    }
+    return rows;
+}
+
 }  // namespace
 
 ProjectSectionModel::ProjectSectionModel(const PanelServices& services)
@@ -38,10 +47,6 @@ ProjectSectionModel::ProjectSectionModel(const PanelServices& services)
 Ref<Project> ProjectSectionModel::runningProject() const {
     const auto& entry = services_.timer.running();
     return entry ? entry->project.get() : nullptr;
-}
-
-bool ProjectSectionModel::isRunning(const Project& project) const {
-    return runningProject().get() == &project;
 }
 
 bool ProjectSectionModel::isSearchShown() const noexcept {
@@ -85,21 +90,12 @@ std::vector<Ref<Project>> ProjectSectionModel::found(const std::string& query) c
     return matches;
 }
 
-namespace {
-
-std::vector<ProjectStartRow> rowsOf(const std::vector<Ref<Project>>& projects,
-                                    const Ref<Project>& running) {
-    std::vector<ProjectStartRow> rows;
-    for (const auto& project : projects) {
-        rows.push_back(ProjectStartRow::of(*project, rows.size(), project == running));
-    }
-    return rows;
-}
-
-}  // namespace
-
 std::vector<ProjectStartRow> ProjectSectionModel::quickStartRows() const {
     return rowsOf(quickStart_, runningProject());
+}
+
+std::vector<ProjectStartRow> ProjectSectionModel::allRows() const {
+    return rowsOf(projects(), runningProject());
 }
 
 QString ProjectSectionModel::quickStartTitle() const {

@@ -57,9 +57,8 @@ class ProjectSectionModel final : public QObject {
     [[nodiscard]] std::vector<ProjectStartRow> quickStartRows() const;
     /// The title over them.
     [[nodiscard]] QString quickStartTitle() const;
-    [[nodiscard]] bool isRunning(const Project& project) const;
-    /// All projects that are not archived, by name.
-    [[nodiscard]] const std::vector<Ref<Project>>& projects() const noexcept;
+    /// The rows of all projects that are not archived, by name.
+    [[nodiscard]] std::vector<ProjectStartRow> allRows() const;
 
  Q_SIGNALS:
     void searchChanged();
@@ -68,6 +67,7 @@ class ProjectSectionModel final : public QObject {
 
  private:
     [[nodiscard]] Ref<Project> runningProject() const;
+    [[nodiscard]] const std::vector<Ref<Project>>& projects() const noexcept;
     [[nodiscard]] std::vector<Ref<Project>> found(const std::string& query) const;
     void countProjects();
     void showRows();
