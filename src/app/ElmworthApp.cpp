@@ -37,6 +37,8 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    const auto showMain = [this] { showMainWindow(); };
+    menuBarExtra_.emplace(services_, runLoop_, engine_, MenuBarExtra::Ways{showMain, showMain});
     loadMainWindow(opening);
     if (opening == Opening::panel) showPanel();
 }
@@ -51,7 +53,7 @@ void ElmworthApp::saveBeforeInterruptions() {
 }
 
 void ElmworthApp::showPanel() {
-    showMainWindow();
+    menuBarExtra_->showPanel();
 }
 
 void ElmworthApp::loadMainWindow(Opening opening) {

@@ -12,6 +12,7 @@
 #include "app/LastSave.h"
 #include "app/LibraryServices.h"
 #include "app/LiveAppearance.h"
+#include "app/MenuBarExtra.h"
 #include "app/QtInvoicePainter.h"
 #include "exchange/AutoBackup.h"
 #include "platform/linux/LogindPowerEvents.h"
@@ -63,6 +64,7 @@ class ElmworthApp {
     LiveAppearance appearance_;
     MainViewModel mainViewModel_;
     QQmlApplicationEngine engine_;
+    std::optional<MenuBarExtra> menuBarExtra_;
     std::optional<RememberedWindow> rememberedWindow_;
     LastSave lastSave_;
 };

@@ -14,7 +14,8 @@ namespace elmworth {
 /// Asks whether the time that the machine slept while a timer ran counts as work.
 class AwayPromptModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     /// The question, with the length of all sleeps together. Empty when not shown.
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)

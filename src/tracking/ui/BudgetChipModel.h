@@ -14,7 +14,8 @@ namespace elmworth {
 /// A word of warning when the running project has used most of its budget.
 class BudgetChipModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     /// Whether at least 80% are used.
     Q_PROPERTY(bool isShown READ isShown NOTIFY textChanged FINAL)
     /// "85% of budget" or "Over budget"; empty when not shown.

@@ -14,7 +14,8 @@ namespace elmworth {
 /// Offers to go on with the last finished entry while nothing runs.
 class ContinueRowModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     /// "Continue Website".
     Q_PROPERTY(QString title READ title NOTIFY changed FINAL)

@@ -15,7 +15,8 @@ namespace elmworth {
 /// Asks whether a timer that has run for ten hours was forgotten, and offers to end it earlier.
 class LongRunningWarningModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     Q_PROPERTY(QString text READ text CONSTANT FINAL)
     /// "1 h after start (10:00 AM)" and so on, the items above "Now". Empty when not shown.

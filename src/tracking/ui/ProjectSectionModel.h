@@ -18,7 +18,8 @@ namespace elmworth {
 /// The projects to start: the recent ones, or those that a search finds.
 class ProjectSectionModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     /// What stands in the search field. Blanks around it do not count.
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged FINAL)
     Q_PROPERTY(QString title READ title NOTIFY titleChanged FINAL)

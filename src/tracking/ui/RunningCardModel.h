@@ -17,7 +17,8 @@ namespace elmworth {
 /// The running timer: what it runs on, for how long, and what is to be said about it.
 class RunningCardModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     /// The tint of the card, "#RRGGBB".
     Q_PROPERTY(QString color READ color NOTIFY changed FINAL)

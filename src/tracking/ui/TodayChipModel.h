@@ -14,7 +14,8 @@ namespace elmworth {
 /// The time tracked today, at the head of the panel.
 class TodayChipModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     /// Hours and minutes, "3:05".
     Q_PROPERTY(QString text READ text NOTIFY textChanged FINAL)
 

@@ -14,7 +14,8 @@ namespace elmworth {
 /// This week's time beside the goal in the user default "weeklyGoalHours", which is followed live.
 class WeeklyGoalBarModel final : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The panel's model has it")
     /// Whether there is a goal: one of at least an hour.
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     /// "12:30 of 40h".

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/MenuBarExtra.h"
+
+#include <QGuiApplication>
+#include <QPointF>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "theme/SystemImages.h"
+#include "theme/fonts/Fonts.h"
+#include "tracking/ui/TrayMenu.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+
+namespace elmworth {
+
+namespace {
+
+TrayIconStyle iconStyle() {
+    TrayIconStyle style;
+    style.iconFamily = QStringLiteral("Material Icons");
+    style.idleGlyph = systemImageGlyph(u"clock");
+    style.runningGlyph = systemImageGlyph(u"record.circle");
+    style.textFamily = tabularFontFamily();
+    return style;
+}
+
+PanelServices panelServices(LibraryServices& services, RunLoop& runLoop) {
+    return {services.context(),  services.timer(),
+            services.defaults(), runLoop,
+            services.clock(),    [] { return Calendar::current(); }};
+}
+
+}  // namespace
+
+MenuBarExtra::MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
+                           Ways ways)
+    : engine_(engine),
+      label_(services.context(), services.timer(), services.defaults(), runLoop),
+      panel_(panelServices(services, runLoop)),
+      tray_(iconStyle()) {
+    leadOn(ways);
+    watchTray();
+    updateFace();
+    updateMenu();
+}
+
+MenuBarExtra::~MenuBarExtra() {
+    delete window_.data();
+}
+
+void MenuBarExtra::leadOn(const Ways& ways) {
+    QObject::connect(&panel_, &MenuBarPanelModel::mainWindowRequested, ways.toMainWindow);
+    QObject::connect(&panel_, &MenuBarPanelModel::settingsRequested, ways.toSettings);
+    QObject::connect(&panel_, &MenuBarPanelModel::panelRequested, [this] { showPanel(); });
+    QObject::connect(&panel_, &MenuBarPanelModel::quitRequested, [] { QGuiApplication::quit(); });
+}
+
+void MenuBarExtra::watchTray() {
+    QObject::connect(&label_, &MenuBarLabel::changed, [this] {
+        updateFace();
+        updateMenu();
+    });
+    QObject::connect(&panel_, &MenuBarPanelModel::offersChanged, [this] { updateMenu(); });
+    const auto open = [this](TrayPoint place) { showPanel(place); };
+    tray_.setEvents({open, open, [this] { updateMenu(); }, {}});
+}
+
+void MenuBarExtra::updateFace() {
+    TrayFace face;
+    face.icon = label_.image() == u"clock" ? TrayFace::Icon::idle : TrayFace::Icon::running;
+    face.label = label_.text().toStdString();
+    // The time alone; a project's name has no room in an icon.
+    face.iconText = label_.text().section(u' ', 0, 0).toStdString();
+    face.toolTip = label_.summary().toStdString();
+    tray_.setFace(face);
+}
+
+void MenuBarExtra::updateMenu() {
+    tray_.setMenu(makeTrayMenu(panel_, label_));
+}
+
+QQuickWindow* MenuBarExtra::panelWindow() {
+    if (window_) return window_;
+    QQmlComponent component(
+        &engine_,
+        QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Tracking/PanelWindow.qml")));
+    QObject* object = component.createWithInitialProperties(
+        {{QStringLiteral("model"), QVariant::fromValue(&panel_)}});
+    if (object == nullptr)
+        qFatal("The panel can't be made: %s", qUtf8Printable(component.errorString()));
+    window_ = qobject_cast<QQuickWindow*>(object);
+    return window_;
+}
+
+void MenuBarExtra::showPanel(std::optional<TrayPoint> place) {
+    const QPointF point = place ? QPointF(place->x, place->y) : QPointF();
+    QMetaObject::invokeMethod(panelWindow(), "openAt", Q_ARG(QPointF, point),
+                              Q_ARG(bool, place.has_value()));
+}
+
+}  // namespace elmworth

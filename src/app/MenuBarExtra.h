@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QPointer>
+#include <functional>
+
+#include "app/LibraryServices.h"
+#include "platform/linux/StatusNotifierItem.h"
+#include "tracking/ui/MenuBarLabel.h"
+#include "tracking/ui/MenuBarPanelModel.h"
+
+class QQmlEngine;
+class QQuickWindow;
+
+namespace elmworth {
+
+/// The item in the desktop's tray and the panel that it opens. Without a tray there is the panel
+/// alone.
+class MenuBarExtra {
+ public:
+    struct Ways {
+        std::function<void()> toMainWindow;
+        std::function<void()> toSettings;
+    };
+
+    /// Shows the item. `engine` makes the panel when it is first opened, and outlives this object.
+    MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, Ways ways);
+    MenuBarExtra(const MenuBarExtra&) = delete;
+    MenuBarExtra& operator=(const MenuBarExtra&) = delete;
+    ~MenuBarExtra();
+
+    /// Opens the panel, beside `place` where that is known.
+    void showPanel(std::optional<TrayPoint> place = std::nullopt);
+
+ private:
+    void leadOn(const Ways& ways);
+    void watchTray();
+    void updateFace();
+    void updateMenu();
+    [[nodiscard]] QQuickWindow* panelWindow();
+
+    QQmlEngine& engine_;
+    MenuBarLabel label_;
+    MenuBarPanelModel panel_;
+    StatusNotifierItem tray_;
+    QPointer<QQuickWindow> window_;
+};
+
+}  // namespace elmworth

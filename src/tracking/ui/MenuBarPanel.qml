@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import QtQuick.Layouts
+import Elmworth.Theme
+import Elmworth.Tracking
+
+/// What starts, switches, annotates and stops the timer, each with one click.
+FocusScope {
+    id: panel
+
+    required property MenuBarPanelModel model
+
+    /// The panel has led on to another window.
+    signal done()
+
+    /// Gives the focus to what is used first.
+    function focusFirst(): void {
+        if (section.hasSearch)
+            section.focusSearch();
+        else
+            header.forceActiveFocus();
+    }
+
+    implicitHeight: header.implicitHeight + content.implicitHeight + footer.implicitHeight + 2 * 12 + 2 * 8
+    focus: true
+
+    Shortcut {
+        sequence: "Ctrl+Alt+."
+        enabled: panel.model.running.isShown
+        onActivated: panel.model.running.stop()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Shift+R"
+        enabled: panel.model.continueRow.isShown
+        onActivated: panel.model.continueRow.continueEntry()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: panel.model.quit()
+    }
+
+    RowLayout {
+        id: header
+
+        anchors { left: parent.left; right: parent.right; top: parent.top; margins: 12 }
+        spacing: 8
+
+        AppMark { size: 20 }
+
+        PlainText {
+            Layout.fillWidth: true
+            text: "Elmworth"
+            size: 14
+            font.weight: Font.DemiBold
+        }
+
+        TodayChip { model: panel.model.today }
+    }
+
+    Basic.ScrollView {
+        id: scroll
+
+        /// Brings what the keyboard has reached into the visible part.
+        readonly property Item reached: panel.Window.activeFocusItem
+
+        onReachedChanged: {
+            if (!reached || !contains(mapFromItem(reached, 0, 0)) && reached.parent === null)
+                return;
+            const place = content.mapFromItem(reached, 0, 0);
+            if (place.y < 0 || place.y > content.height)
+                return;
+            const view = contentItem as Flickable;
+            view.contentY = Math.max(0, Math.min(place.y, Math.max(view.contentY, place.y + reached.height - height)));
+        }
+
+        anchors { left: parent.left; right: parent.right; top: header.bottom; bottom: footer.top; topMargin: 12 }
+        contentWidth: availableWidth
+        contentHeight: content.implicitHeight
+        Basic.ScrollBar.horizontal.policy: Basic.ScrollBar.AlwaysOff
+        Basic.ScrollBar.vertical: SlimScrollBar {
+            anchors { top: parent.top; right: parent.right; bottom: parent.bottom }
+        }
+
+        ColumnLayout {
+            id: content
+
+            x: 12
+            width: scroll.availableWidth - 24
+            spacing: 12
+
+            WeeklyGoalBar {
+                Layout.fillWidth: true
+                visible: model.isShown
+                model: panel.model.weeklyGoal
+            }
+
+            TrackingCard {
+                Layout.fillWidth: true
+                visible: model.isShown
+                model: panel.model.running
+            }
+
+            ContinueRow {
+                Layout.fillWidth: true
+                visible: model.isShown
+                model: panel.model.continueRow
+            }
+
+            EmptyHero {
+                Layout.fillWidth: true
+                visible: panel.model.projects.isEmpty
+                icon: "folder.fill"
+                title: "No projects yet"
+                message: "Add a client and a project, then start tracking with one click."
+
+                GlowButton {
+                    text: "Create a Project"
+                    prominent: true
+                    onClicked: { panel.model.createProject(); panel.done(); }
+                }
+            }
+
+            ProjectSection {
+                id: section
+
+                Layout.fillWidth: true
+                visible: !panel.model.projects.isEmpty
+                model: panel.model.projects
+            }
+        }
+    }
+
+    PanelFooter {
+        id: footer
+
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 1 }
+        model: panel.model
+        onDone: panel.done()
+    }
+}
