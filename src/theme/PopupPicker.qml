@@ -23,7 +23,7 @@ Basic.ComboBox {
     font { family: Theme.textFamily; pointSize: Theme.points(Theme.bodySize) }
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
-    Accessible.onPressAction: popup.open()
+    Accessible.onPressAction: if (enabled) popup.open()
 
     contentItem: PlainText {
         verticalAlignment: Text.AlignVCenter
