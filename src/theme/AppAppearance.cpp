@@ -7,13 +7,10 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <QQmlEngine>
-#include <QScreen>
 
 namespace elmworth {
 
 namespace {
-
-constexpr double pointsPerInch = 72;
 
 bool isPaletteDark() {
     return QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.5F;
@@ -34,11 +31,6 @@ AppAppearance& AppAppearance::instance() {
 AppAppearance* AppAppearance::create(QQmlEngine* /*engine*/, QJSEngine* /*scriptEngine*/) {
     QJSEngine::setObjectOwnership(&instance(), QJSEngine::CppOwnership);
     return &instance();
-}
-
-double AppAppearance::pointsPerPixel() {
-    const auto* screen = QGuiApplication::primaryScreen();
-    return pointsPerInch / (screen != nullptr ? screen->logicalDotsPerInchY() : 96);
 }
 
 void AppAppearance::setSetting(AppearanceSetting setting) {

@@ -22,7 +22,6 @@ class AppAppearance final : public QObject {
     QML_SINGLETON
     Q_PROPERTY(bool dark READ isDark NOTIFY darkChanged FINAL)
     Q_PROPERTY(bool reducedMotion READ hasReducedMotion NOTIFY reducedMotionChanged FINAL)
-    Q_PROPERTY(double pointsPerPixel READ pointsPerPixel CONSTANT FINAL)
 
  public:
     [[nodiscard]] static AppAppearance& instance();
@@ -30,9 +29,6 @@ class AppAppearance final : public QObject {
 
     [[nodiscard]] bool isDark() const noexcept { return dark_; }
     [[nodiscard]] bool hasReducedMotion() const noexcept { return reducedMotion_; }
-
-    /// Turns a size in pixels into the size of a font: only points can be fractions.
-    [[nodiscard]] static double pointsPerPixel();
 
     void setSetting(AppearanceSetting setting);
     /// What the desktop prefers; absent when it doesn't say.

@@ -12,14 +12,22 @@ Basic.CheckBox {
     property bool looksHovered: hovered
     property bool looksFocused: visualFocus
 
+    /// Does what a click does, unless it is disabled.
+    function press(): void {
+        if (!enabled)
+            return;
+        toggle();
+        toggled();
+    }
+
     padding: 0
     spacing: 8
     implicitHeight: 20
     opacity: enabled ? 1 : 0.45
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
-    Accessible.onPressAction: { toggle(); toggled(); }
-    Accessible.onToggleAction: { toggle(); toggled(); }
+    Accessible.onPressAction: press()
+    Accessible.onToggleAction: press()
 
     indicator: Rectangle {
         x: 0

@@ -25,7 +25,7 @@ Basic.TextArea {
     placeholderTextColor: Theme.tertiaryText
     selectionColor: Theme.selectionFill
     selectedTextColor: Theme.primaryText
-    font { family: Theme.textFamily; pointSize: Theme.points(Theme.bodySize) }
+    font { family: Theme.textFamily; pixelSize: Theme.bodySize }
     KeyNavigation.priority: KeyNavigation.BeforeItem
     KeyNavigation.tab: nextItemInFocusChain(true)
     KeyNavigation.backtab: nextItemInFocusChain(false)

@@ -28,7 +28,7 @@ Basic.TextField {
     placeholderTextColor: Theme.tertiaryText
     selectionColor: Theme.selectionFill
     selectedTextColor: Theme.primaryText
-    font { family: Theme.textFamily; pointSize: Theme.points(Theme.bodySize) }
+    font { family: Theme.textFamily; pixelSize: Theme.bodySize }
     Accessible.role: Accessible.EditableText
     Accessible.name: label.length > 0 ? label : placeholderText
 

@@ -6,7 +6,7 @@ import Elmworth.Theme
 
 /// Text as it is, never markup, that tells assistive technology when it changes.
 Text {
-    /// In pixels; fractions count.
+    /// In pixels, of which letters have whole ones only.
     property real size: Theme.bodySize
 
     textFormat: Text.PlainText
@@ -15,7 +15,7 @@ Text {
     horizontalAlignment: Text.AlignLeft
     color: Theme.primaryText
     font.family: Theme.textFamily
-    font.pointSize: Theme.points(size)
+    font.pixelSize: Math.round(size)
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

@@ -20,6 +20,8 @@ Basic.MenuItem {
 
     /// Does what a click does.
     function press(): void {
+        if (!enabled)
+            return;
         if (subMenu) {
             subMenu.open();
             subMenu.currentIndex = 0;
@@ -43,6 +45,7 @@ Basic.MenuItem {
     arrow: null
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
+    Accessible.description: enabled ? "" : "Unavailable"
     Accessible.onPressAction: press()
 
     contentItem: RowLayout {

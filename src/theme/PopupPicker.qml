@@ -20,10 +20,10 @@ Basic.ComboBox {
     leftPadding: 10
     rightPadding: 28
     opacity: enabled ? 1 : 0.45
-    font { family: Theme.textFamily; pointSize: Theme.points(Theme.bodySize) }
+    font { family: Theme.textFamily; pixelSize: Theme.bodySize }
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
-    Accessible.onPressAction: popup.open()
+    Accessible.onPressAction: if (enabled) popup.open()
 
     contentItem: PlainText {
         verticalAlignment: Text.AlignVCenter

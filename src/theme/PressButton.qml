@@ -19,14 +19,20 @@ Basic.AbstractButton {
     property bool looksPressed: down
     property bool looksFocused: visualFocus
 
+    /// Does what a click does. Assistive technology may press what it has not been told is disabled.
+    function press(): void {
+        if (enabled)
+            clicked();
+    }
+
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: label.length > 0 ? label : text
-    Accessible.description: help
-    Accessible.onPressAction: clicked()
+    Accessible.description: enabled ? help : "Unavailable"
+    Accessible.onPressAction: press()
 
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
 
     Loader {
         active: button.help.length > 0 && (button.hovered || button.visualFocus)

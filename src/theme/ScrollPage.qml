@@ -33,6 +33,7 @@ Basic.ScrollView {
     onFocusItemChanged: if (focusItem && holds(focusItem)) reveal(focusItem)
 
     spacing: 16
+    activeFocusOnTab: false
     contentWidth: availableWidth
     contentHeight: column.implicitHeight + 2 * margin
     Basic.ScrollBar.horizontal.policy: Basic.ScrollBar.AlwaysOff

@@ -55,7 +55,7 @@ FocusScope {
         color: Theme.primaryText
         selectionColor: Theme.selectionFill
         selectedTextColor: Theme.primaryText
-        font { family: Theme.textFamily; pointSize: Theme.points(12.5) }
+        font { family: Theme.textFamily; pixelSize: Math.round(12.5) }
         Accessible.role: Accessible.EditableText
         Accessible.name: pill.prompt
 

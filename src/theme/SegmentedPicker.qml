@@ -18,10 +18,9 @@ Rectangle {
     function choose(index: int): void {
         if (index < 0 || index >= options.length || index === currentIndex)
             return;
-        const movesFocus = activeFocusWithin;
-        currentIndex = index;
-        if (movesFocus)
+        if (activeFocusWithin)
             segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        currentIndex = index;
         chosen(index);
     }
 

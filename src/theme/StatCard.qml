@@ -50,7 +50,7 @@ GlassCard {
             size: 24
             color: card.valueColor
             fontSizeMode: Text.HorizontalFit
-            minimumPointSize: Theme.points(14)
+            minimumPixelSize: 14
             font.family: Theme.tabularFamily
             font.weight: Font.Medium
         }

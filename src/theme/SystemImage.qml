@@ -17,6 +17,6 @@ Text {
     verticalAlignment: Text.AlignVCenter
     color: Theme.primaryText
     font.family: Theme.iconFamily
-    font.pointSize: Theme.points(size)
+    font.pixelSize: Math.round(size)
     Accessible.ignored: true
 }

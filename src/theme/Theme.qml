@@ -63,11 +63,6 @@ QtObject {
     readonly property int sheetRadius: 16
     readonly property int easing: AppAppearance.reducedMotion ? 0 : 120
 
-    /// A size in pixels as the size of a font, whose pixels are whole numbers only.
-    function points(pixels: real): real {
-        return pixels * AppAppearance.pointsPerPixel;
-    }
-
     /// The gradient of the tile that stands for a name, the same in every run.
     function tileGradient(name: string): var {
         return tilePalette[Tint.nameHash(name) % tilePalette.length];

@@ -11,6 +11,14 @@ Basic.Switch {
 
     property bool looksFocused: visualFocus
 
+    /// Does what a click does, unless it is disabled.
+    function press(): void {
+        if (!enabled)
+            return;
+        toggle();
+        toggled();
+    }
+
     padding: 0
     spacing: 10
     implicitHeight: 22
@@ -18,8 +26,8 @@ Basic.Switch {
     opacity: enabled ? 1 : 0.45
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
-    Accessible.onPressAction: { toggle(); toggled(); }
-    Accessible.onToggleAction: { toggle(); toggled(); }
+    Accessible.onPressAction: press()
+    Accessible.onToggleAction: press()
 
     indicator: Rectangle {
         x: toggleSwitch.width - width

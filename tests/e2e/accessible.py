@@ -42,8 +42,20 @@ def find(name, role=None):
     return None
 
 
-def press(name):
-    button = wait_until(lambda: find(name), f"a control named {name}")
+def focused():
+    """The control that the keyboard acts on, or None. What holds it has the focus too."""
+    innermost = None
+    for node in walk(application()):
+        try:
+            if node.getState().contains(pyatspi.STATE_FOCUSED):
+                innermost = node
+        except GLib.Error:
+            continue
+    return innermost
+
+
+def press(name, role=None):
+    button = wait_until(lambda: find(name, role), f"a control named {name}")
     action = button.queryAction()
     for index in range(action.nActions):
         if action.getName(index) in ("Press", "press"):

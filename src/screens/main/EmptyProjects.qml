@@ -42,7 +42,7 @@ ColumnLayout {
             color: Theme.primaryText
             selectionColor: Theme.selectionFill
             selectedTextColor: Theme.primaryText
-            font { family: "monospace"; pointSize: Theme.points(12) }
+            font { family: "monospace"; pixelSize: 12 }
             Accessible.role: Accessible.EditableText
             Accessible.name: "Commands that add a client and a project"
         }

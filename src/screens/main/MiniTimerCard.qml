@@ -67,7 +67,7 @@ GlassCard {
                 text: card.entry.elapsed
                 size: 20
                 fontSizeMode: Text.HorizontalFit
-                minimumPointSize: Theme.points(12)
+                minimumPixelSize: 12
                 font.family: Theme.tabularFamily
                 font.weight: Font.Medium
                 Accessible.name: "Elapsed " + text

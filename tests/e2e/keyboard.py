@@ -1,0 +1,56 @@
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A keyboard for a display without a window manager."""
+
+import ctypes
+
+REVERT_TO_PARENT = 2
+CURRENT_TIME = 0
+
+
+class Keyboard:
+    """Types into the window that has the focus."""
+
+    def __init__(self):
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.xtest = ctypes.CDLL("libXtst.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.x11.XStringToKeysym.restype = ctypes.c_ulong
+        self.display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
+        assert self.display, "no display"
+
+    def top_level_windows(self):
+        root = ctypes.c_ulong(self.x11.XDefaultRootWindow(self.display))
+        ignored, count = ctypes.c_ulong(), ctypes.c_uint()
+        children = ctypes.POINTER(ctypes.c_ulong)()
+        self.x11.XQueryTree(self.display, root, ctypes.byref(ignored), ctypes.byref(ignored),
+                            ctypes.byref(children), ctypes.byref(count))
+        return list(children[:count.value])
+
+    def title(self, window):
+        name = ctypes.c_char_p()
+        self.x11.XFetchName(self.display, ctypes.c_ulong(window), ctypes.byref(name))
+        return (name.value or b"").decode()
+
+    def focus(self, title):
+        """Does what a window manager does when somebody clicks on the window."""
+        for window in self.top_level_windows():
+            if self.title(window) == title:
+                self.x11.XSetInputFocus(self.display, ctypes.c_ulong(window), REVERT_TO_PARENT, CURRENT_TIME)
+                self.x11.XSync(self.display, False)
+                return True
+        return False
+
+    def key(self, keys):
+        """Presses keys together, as "Control_L+Alt_L+period"."""
+        codes = []
+        for name in keys.split("+"):
+            symbol = self.x11.XStringToKeysym(name.encode())
+            assert symbol, f"no key is named {name}"
+            codes.append(self.x11.XKeysymToKeycode(self.display, ctypes.c_ulong(symbol)))
+        for code in codes:
+            self.xtest.XTestFakeKeyEvent(self.display, code, True, CURRENT_TIME)
+        for code in reversed(codes):
+            self.xtest.XTestFakeKeyEvent(self.display, code, False, CURRENT_TIME)
+        self.x11.XSync(self.display, False)

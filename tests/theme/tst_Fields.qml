@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtTest
+import Elmworth.Theme
+
+Item {
+    id: stage
+
+    width: 600
+    height: 400
+
+    Component { id: search; SearchPill { prompt: "Search clients" } }
+    Component { id: input; InputField { placeholderText: "Name" } }
+    Component { id: area; InputArea { label: "Address" } }
+    Component { id: tick; CheckMark { text: "Ticked" } }
+    Component { id: toggle; ToggleSwitch { text: "Show Archived" } }
+    Component { id: picker; SegmentedPicker { label: "Appearance"; options: ["System", "Dark", "Light"] } }
+    Component { id: popup; PopupPicker { label: "Client"; model: ["Acme Co", "Globex"]; currentIndex: -1; placeholder: "Choose…" } }
+    Component { id: anySpy; SignalSpy {} }
+    Component {
+        id: twoFields
+
+        Column {
+            property alias first: first
+            property alias second: second
+
+            InputArea { id: first; label: "First" }
+            InputField { id: second; label: "Second" }
+        }
+    }
+
+    TestCase {
+        name: "Fields"
+        when: windowShown
+
+        function child(item, name) {
+            for (let i = 0; i < item.children.length; ++i)
+                if (item.children[i].Accessible.name === name)
+                    return item.children[i];
+            return null;
+        }
+
+        function test_search_is_emptied_by_its_button() {
+            const pill = createTemporaryObject(search, stage, { text: "Acme" });
+            const clear = child(pill, "Clear search");
+            verify(clear.visible);
+            mouseClick(clear);
+            compare(pill.text, "");
+            verify(!clear.visible);
+            verify(pill.looksFocused);
+        }
+
+        function test_search_is_emptied_and_left_by_escape() {
+            const pill = createTemporaryObject(search, stage);
+            const left = createTemporaryObject(anySpy, stage, { target: pill, signalName: "escaped" });
+            pill.forceActiveFocus();
+            keyClick("a");
+            compare(pill.text, "a");
+            keyClick(Qt.Key_Escape);
+            compare(pill.text, "");
+            compare(left.count, 1);
+        }
+
+        function test_fields_have_names() {
+            compare(child(createTemporaryObject(search, stage), "Search clients").Accessible.role, Accessible.EditableText);
+            compare(createTemporaryObject(input, stage).Accessible.name, "Name");
+            compare(createTemporaryObject(input, stage, { label: "Client name" }).Accessible.name, "Client name");
+            compare(createTemporaryObject(area, stage).Accessible.name, "Address");
+            compare(createTemporaryObject(popup, stage).Accessible.name, "Client");
+        }
+
+        function test_tab_leaves_an_area_in_both_directions() {
+            const column = createTemporaryObject(twoFields, stage);
+            column.first.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Tab);
+            verify(column.second.activeFocus);
+            keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+            verify(column.first.activeFocus);
+            compare(column.first.text, "");
+        }
+
+        function test_choices_are_made_by_every_means_data() {
+            return [{ tag: "CheckMark", component: tick }, { tag: "ToggleSwitch", component: toggle }];
+        }
+        function test_choices_are_made_by_every_means(row) {
+            const choice = createTemporaryObject(row.component, stage);
+            const spy = createTemporaryObject(anySpy, stage, { target: choice, signalName: "toggled" });
+            mouseClick(choice);
+            verify(choice.checked);
+            choice.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            verify(!choice.checked);
+            choice.Accessible.pressAction();
+            verify(choice.checked);
+            compare(spy.count, 3);
+            choice.enabled = false;
+            choice.Accessible.pressAction();
+            verify(choice.checked);
+        }
+
+        function test_arrows_choose_a_segment_and_keep_the_focus() {
+            const segments = createTemporaryObject(picker, stage);
+            const spy = createTemporaryObject(anySpy, stage, { target: segments, signalName: "chosen" });
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Right);
+            compare(segments.currentIndex, 1);
+            keyClick(Qt.Key_Right);
+            keyClick(Qt.Key_Right);
+            compare(segments.currentIndex, 2);
+            keyClick(Qt.Key_Left);
+            compare(segments.currentIndex, 1);
+            compare(spy.count, 3);
+            verify(segments.activeFocusWithin);
+        }
+
+        function test_an_unset_picker_shows_its_placeholder() {
+            const choice = createTemporaryObject(popup, stage);
+            compare(choice.contentItem.text, "Choose…");
+            choice.currentIndex = 1;
+            compare(choice.contentItem.text, "Globex");
+        }
+
+        function test_arrows_choose_from_a_popup_picker() {
+            const choice = createTemporaryObject(popup, stage);
+            choice.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            verify(choice.popup.visible);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            compare(choice.currentText, "Acme Co");
+            tryVerify(() => !choice.popup.visible);
+        }
+    }
+}

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Layouts
+import QtTest
+import Elmworth.Theme
+
+Item {
+    id: stage
+
+    width: 600
+    height: 400
+
+    Component { id: tile; InitialTile { text: "Acme Co"; colors: Theme.tileGradient("Acme Co") } }
+    Component { id: chip; Chip { text: "Live"; icon: "record.circle" } }
+    Component { id: stat; StatCard { title: "Tracked"; value: "1:00"; detail: "9 entries" } }
+    Component { id: plain; PlainText { text: "<b>Brand</b> & Style" } }
+    Component { id: track; ProgressTrack { width: 100; label: "Budget" } }
+    Component { id: dot; PulsingDot {} }
+    Component { id: mark; AppMark { size: 24 } }
+    Component { id: card; HoverCard { width: 100; height: 100 } }
+    Component {
+        id: page
+
+        ScrollPage {
+            property alias last: last
+
+            width: 300
+            height: 200
+
+            Item { implicitHeight: 900 }
+            GlowButton { id: last; text: "Last" }
+        }
+    }
+    Component {
+        id: sheet
+
+        SheetPopup {
+            SheetScaffold { title: "New Client"; icon: "person.fill"; sheetWidth: 300 }
+        }
+    }
+
+    TestCase {
+        name: "Surfaces"
+        when: windowShown
+
+        function test_a_name_has_its_colours_in_every_run() {
+            compare(Theme.tileGradient("Acme Co"), Theme.tilePalette[15634 % 6]);
+        }
+
+        function test_markup_is_text() {
+            const text = createTemporaryObject(plain, stage);
+            compare(text.textFormat, Text.PlainText);
+            compare(text.Accessible.name, "<b>Brand</b> & Style");
+        }
+
+        function test_measures_of_a_chip() {
+            const item = createTemporaryObject(chip, stage);
+            compare(item.color.a.toFixed(2), "0.13");
+            compare(item.radius, item.height / 2);
+            compare(item.Accessible.name, "Live");
+        }
+
+        function test_a_track_is_never_longer_than_full_nor_shorter_than_its_least_data() {
+            return [
+                { tag: "none", fraction: 0, smallest: 0, expected: 0 },
+                { tag: "least", fraction: 0, smallest: 6, expected: 6 },
+                { tag: "negative", fraction: -1, smallest: 6, expected: 6 },
+                { tag: "half", fraction: 0.5, smallest: 6, expected: 50 },
+                { tag: "over", fraction: 1.25, smallest: 6, expected: 100 },
+                { tag: "far over", fraction: 1e9, smallest: 6, expected: 100 },
+            ];
+        }
+        function test_a_track_is_never_longer_than_full_nor_shorter_than_its_least(row) {
+            const item = createTemporaryObject(track, stage, { fraction: row.fraction, smallest: row.smallest });
+            compare(item.children[0].width, row.expected);
+        }
+
+        function test_a_dot_stands_still_where_motion_is_reduced() {
+            const item = createTemporaryObject(dot, stage);
+            verify(AppAppearance.reducedMotion);
+            item.beat = "0:01";
+            verify(!item.dimmed);
+        }
+
+        function test_the_mark_has_its_size_on_every_screen() {
+            const item = createTemporaryObject(mark, stage);
+            compare([item.implicitWidth, item.implicitHeight], [24, 24]);
+            compare(item.children[0].status, Image.Ready);
+        }
+
+        function test_a_selected_card_looks_as_a_hovered_one() {
+            const item = createTemporaryObject(card, stage);
+            verify(!item.raised);
+            item.selected = true;
+            verify(item.raised);
+            item.selected = false;
+            item.hovering = true;
+            verify(item.raised);
+        }
+
+        function test_what_the_keyboard_reaches_is_brought_into_view() {
+            const item = createTemporaryObject(page, stage);
+            verify(waitForRendering(item));
+            compare(item.view.contentY, 0);
+            item.last.forceActiveFocus(Qt.TabFocusReason);
+            const bottom = item.last.mapToItem(item, 0, item.last.height).y;
+            verify(bottom <= item.height, `the button ends at ${bottom}`);
+        }
+
+        function test_escape_closes_a_sheet() {
+            const item = createTemporaryObject(sheet, stage);
+            item.open();
+            tryVerify(() => item.opened);
+            compare(item.width, 300);
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !item.visible);
+        }
+    }
+}
