@@ -165,7 +165,8 @@ class RunningApplication {
  public:
     explicit RunningApplication(Home& home) {
         const std::string address = "unix:path=" + (home.folder() / "bus").string();
-        bus_ = home.begin({"/usr/bin/dbus-daemon", "--session", "--nofork", "--address=" + address});
+        bus_ =
+            home.begin({"/usr/bin/dbus-daemon", "--session", "--nofork", "--address=" + address});
         home.set("DBUS_SESSION_BUS_ADDRESS=" + address);
         home.set("QT_QPA_PLATFORM=offscreen");
         while (!std::filesystem::exists(home.folder() / "bus")) std::this_thread::yield();

@@ -106,9 +106,9 @@ TEST(StoppedBackup, leavesTheFileAsItWasAndNothingBesideIt) {
     const auto file = folder.path() / "backup.json";
     writeAtomically(file, "yesterday's");
     StoppingProgress progress(1);
-    EXPECT_THROW(BackupExporter::writeFile(library.context(), {}, at("2026-03-01T12:00Z"), file,
-                                           progress),
-                 Cancelled);
+    EXPECT_THROW(
+        BackupExporter::writeFile(library.context(), {}, at("2026-03-01T12:00Z"), file, progress),
+        Cancelled);
     EXPECT_EQ(readFile(file), "yesterday's");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
