@@ -4,6 +4,7 @@
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
+#include "command/OneLine.h"
 #include "exchange/CSVImporter.h"
 #include "platform/AtomicFile.h"
 #include "platform/TextEncoding.h"
@@ -30,7 +31,7 @@ void importCSV(const std::string& file, CommandEnvironment& environment, Command
         throw;
     }
     const std::string message = CSVImporter::message(result);
-    if (!output.isJSON()) return output.line(message);
+    if (!output.isJSON()) return output.line(oneLine(message));  // names come from outside
     JSONOutput json;
     json.beginObject();
     json.field("imported", result.imported);

@@ -114,6 +114,15 @@ TEST_F(ExchangeCommands, ImportAddsTimeAndTellsWhatIsNew) {
               "Imported 0 entries. Skipped 2 already imported.\n");
 }
 
+TEST_F(ExchangeCommands, ImportedNamesDoNotSteerTheTerminal) {
+    writeAtomically(file("report.csv"),
+                    "start,end,hours,client\n2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1,"
+                    "\"red \x1b[31m\nline\"\n");
+    EXPECT_EQ(output({"import", "report.csv"}),
+              "Imported 1 entry. New clients: red  [31m line — set their rates in Clients.\n");
+    EXPECT_EQ(library_.context().fetch<Client>().back()->name.get(), "red \x1b[31m\nline");
+}
+
 TEST_F(ExchangeCommands, ImportOfWhatIsNoReportChangesNothing) {
     const auto before = state();
     const std::string unknown =
