@@ -5,6 +5,16 @@
 
 namespace elmworth {
 
+namespace {
+
+/// The caller's leave to come to the front; Qt reads it when a window asks to be activated.
+void takeActivationToken(const QVariantMap& platformData) {
+    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
+    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+}  // namespace
+
 QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& workingFolder,
                                 const QString& locale, const QString& zone,
                                 const QDBusUnixFileDescriptor& terminal,
@@ -20,17 +30,20 @@ QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& wor
     return QByteArray::fromStdString(result.output);
 }
 
-void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/) {
-    service_.activate();
+void ApplicationAdaptor::Activate(const QVariantMap& platformData) {
+    takeActivationToken(platformData);
+    service_.activation().activate();
 }
 
-void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& /*platformData*/) {
-    service_.activate();
+void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData) {
+    takeActivationToken(platformData);
+    service_.activation().activate();
 }
 
-void ApplicationAdaptor::ActivateAction(const QString& /*name*/, const QVariantList& /*parameters*/,
-                                        const QVariantMap& /*platformData*/) {
-    service_.activate();
+void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
+                                        const QVariantMap& platformData) {
+    takeActivationToken(platformData);
+    service_.activation().carryOut(name.toStdString());
 }
 
 }  // namespace elmworth

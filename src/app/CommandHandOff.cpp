@@ -66,9 +66,9 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) 
     return result;
 }
 
-bool activateRunningApplication() {
+bool activateRunningApplication(const std::string& action) {
     auto* const call = sessionBusFunction<ActivateFunction>("elmworthActivate");
-    return call && call();
+    return call && call(action.c_str());
 }
 
 }  // namespace elmworth

@@ -16,7 +16,8 @@ namespace elmworth {
 /// this process is still there, and tells its progress on this process's standard error.
 [[nodiscard]] std::optional<CommandResult> handOff(const std::vector<std::string>& arguments);
 
-/// Asks the running application to come to the front. False when none answers.
-[[nodiscard]] bool activateRunningApplication();
+/// Asks the running application to come to the front, or to carry out an action of Activation's.
+/// False when none answers.
+[[nodiscard]] bool activateRunningApplication(const std::string& action = {});
 
 }  // namespace elmworth

@@ -13,8 +13,8 @@
 namespace elmworth {
 
 CommandService::CommandService(LibraryServices& services, InvoicePainter& painter,
-                               std::function<void()> activate)
-    : services_(services), painter_(painter), activate_(std::move(activate)) {
+                               Activation& activation)
+    : services_(services), painter_(painter), activation_(activation) {
     new CommandsAdaptor(*this);     // owned by this object
     new ApplicationAdaptor(*this);  // likewise
 }

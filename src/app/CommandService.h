@@ -7,10 +7,10 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "app/Activation.h"
 #include "app/LibraryServices.h"
 #include "command/CommandEnvironment.h"
 #include "command/CommandLine.h"
@@ -33,8 +33,7 @@ class CommandService final : public QObject {
     Q_OBJECT
 
  public:
-    CommandService(LibraryServices& services, InvoicePainter& painter,
-                   std::function<void()> activate);
+    CommandService(LibraryServices& services, InvoicePainter& painter, Activation& activation);
 
     /// Takes the service's name on the session bus. False without a bus, or when another process
     /// has the name.
@@ -43,12 +42,12 @@ class CommandService final : public QObject {
     /// Carries out the command `arguments` for `caller`.
     [[nodiscard]] CommandResult run(const std::vector<std::string>& arguments,
                                     const CommandCaller& caller);
-    void activate() { activate_(); }
+    [[nodiscard]] Activation& activation() noexcept { return activation_; }
 
  private:
     LibraryServices& services_;
     InvoicePainter& painter_;
-    std::function<void()> activate_;
+    Activation& activation_;
 };
 
 }  // namespace elmworth

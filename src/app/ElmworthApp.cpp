@@ -14,9 +14,10 @@ Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
 
 namespace elmworth {
 
-ElmworthApp::ElmworthApp(bool isDemo)
+ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
-      commandService_(services_, painter_, [this] { showMainWindow(); }),
+      activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer()),
+      commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),
       timerWindowModel_(services_.context(), services_.timer()),
       lastSave_(services_.context()) {
@@ -31,8 +32,10 @@ ElmworthApp::ElmworthApp(bool isDemo)
     if (!isDemo) commandService_.publish();
     loadEmbeddedFonts();
     engine_.setInitialProperties(
-        {{QStringLiteral("model"), QVariant::fromValue(&timerWindowModel_)}});
+        {{QStringLiteral("model"), QVariant::fromValue(&timerWindowModel_)},
+         {QStringLiteral("visible"), opening == Opening::mainWindow}});
     engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/TimerWindow.qml")));
+    if (opening == Opening::panel) showPanel();
 }
 
 /// The machine may not come back from a sleep, and a session that ends may not wait.
@@ -42,6 +45,10 @@ void ElmworthApp::saveBeforeInterruptions() {
     QObject::connect(
         qGuiApp, &QGuiApplication::commitDataRequest, &terminationSignals_,
         [save](QSessionManager& /*manager*/) { save(); }, Qt::DirectConnection);
+}
+
+void ElmworthApp::showPanel() {
+    showMainWindow();
 }
 
 void ElmworthApp::showMainWindow() {

@@ -25,14 +25,20 @@ namespace elmworth {
 /// the last run left open is restored.
 class ElmworthApp {
  public:
+    /// What shows at the start. Nothing is for a start by the bus, which then says what to show.
+    enum class Opening { mainWindow, panel, nothing };
+
     /// Throws ModelContainerError when the library cannot be opened. Requires the library's lock
     /// unless it is a demo, and a QGuiApplication.
-    explicit ElmworthApp(bool isDemo);
+    ElmworthApp(bool isDemo, Opening opening);
     ElmworthApp(const ElmworthApp&) = delete;
     ElmworthApp& operator=(const ElmworthApp&) = delete;
 
     /// Shows the main window and puts it in front of the others.
     void showMainWindow();
+
+    /// Opens the panel.
+    void showPanel();
 
  private:
     void saveBeforeInterruptions();
@@ -43,6 +49,7 @@ class ElmworthApp {
     std::vector<PowerEvents::Observation> saves_;
     std::optional<AutoBackup> autoBackup_;  ///< none for a demo or a hosted run
     QtInvoicePainter painter_;
+    Activation activation_;
     CommandService commandService_;
     TerminationSignals terminationSignals_;
     TimerWindowModel timerWindowModel_;

@@ -10,6 +10,7 @@
 #include <systemd/sd-bus.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -58,6 +59,13 @@ bool appendRequest(sd_bus_message* message, const elmworth::HandOffRequest& requ
                                  request.lifeline) >= 0;
 }
 
+/// The desktop's leave to come to the front, which this process hands on.
+bool appendPlatformData(sd_bus_message* message) {
+    const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
+    if (!token || !*token) return sd_bus_message_append(message, "a{sv}", 0) >= 0;
+    return sd_bus_message_append(message, "a{sv}", 1, "activation-token", "s", token) >= 0;
+}
+
 bool readBytes(sd_bus_message* message, std::string& bytes) {
     const void* data = nullptr;
     std::size_t size = 0;
@@ -83,10 +91,12 @@ bool elmworthHandOff(const elmworth::HandOffRequest& request, elmworth::CommandR
     return true;
 }
 
-bool elmworthActivate() {
+bool elmworthActivate(const char* action) {
     constexpr std::uint64_t longestWait = 5'000'000;
+    const bool isAction = *action != 0;
     const auto connection = connectToSessionBus();
-    const auto call = newCall(connection, "org.freedesktop.Application", "Activate");
-    return call && sd_bus_message_append(call.get(), "a{sv}", 0) >= 0 &&
-           answerTo(connection, call, longestWait) != nullptr;
+    const auto call = newCall(connection, "org.freedesktop.Application",
+                              isAction ? "ActivateAction" : "Activate");
+    return call && (!isAction || sd_bus_message_append(call.get(), "sav", action, 0) >= 0) &&
+           appendPlatformData(call.get()) && answerTo(connection, call, longestWait) != nullptr;
 }

@@ -30,7 +30,7 @@ struct HandOffRequest {
 
 // What the module elmworth-session-bus.so offers. False when no application answers.
 using HandOffFunction = bool(const HandOffRequest& request, CommandResult& result);
-using ActivateFunction = bool();
+using ActivateFunction = bool(const char* action);  // empty: none, just come to the front
 
 }  // namespace elmworth
 

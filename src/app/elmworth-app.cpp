@@ -15,8 +15,10 @@
 #include <vector>
 
 #include "app/CommandHandOff.h"
+#include "app/DetachedStart.h"
 #include "app/Display.h"
 #include "app/ElmworthApp.h"
+#include "app/OpenPanel.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 #include "platform/LibraryLock.h"
@@ -49,31 +51,46 @@ int runCommandWithPainter(int argc, char** argv, std::vector<std::string> argume
 
 /// Waits for a command that has the library; an application that has it comes to the front instead.
 enum class Start { ours, activatedOther, refused };
-Start takeLibrary(LibraryLock& lock) {
+Start takeLibrary(LibraryLock& lock, const std::string& action) {
     const auto deadline = std::chrono::steady_clock::now() + 5s;
     while (!lock.tryAcquire()) {
-        if (activateRunningApplication()) return Start::activatedOther;
+        if (activateRunningApplication(action)) return Start::activatedOther;
         if (std::chrono::steady_clock::now() >= deadline) return Start::refused;
         std::this_thread::sleep_for(20ms);
     }
     return Start::ours;
 }
 
-int runApplication(int argc, char** argv, bool isDemo) {
+bool isGiven(const std::vector<std::string>& arguments, const char* argument) {
+    return std::find(arguments.begin(), arguments.end(), argument) != arguments.end();
+}
+
+ElmworthApp::Opening openingOf(const std::vector<std::string>& arguments) {
+    if (isGiven(arguments, panelSwitch)) return ElmworthApp::Opening::panel;
+    // The bus starts the program with this, and sends a message that says what to show.
+    if (isGiven(arguments, "--activated")) return ElmworthApp::Opening::nothing;
+    return ElmworthApp::Opening::mainWindow;
+}
+
+int runApplication(int argc, char** argv, const std::vector<std::string>& arguments) {
+    const bool isDemo = isGiven(arguments, "-demo");
+    const auto opening = openingOf(arguments);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     const auto application = openDisplay(argc, argv);
     describeApplication();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     LibraryLock lock(applicationSupportFolder());
     if (!isDemo && !isHostedRun()) {
-        const Start start = takeLibrary(lock);
+        const bool isPanel = opening == ElmworthApp::Opening::panel;
+        const Start start = takeLibrary(lock, isPanel ? "panel" : "");
         if (start == Start::activatedOther) return 0;
         if (start == Start::refused) {
             std::fputs("The library is in use by another Elmworth process.\n", stderr);
             return 1;
         }
     }
-    ElmworthApp app(isDemo);
+    ElmworthApp app(isDemo, opening);
+    if (isGiven(arguments, detachedSwitch)) tellStarterReady();
     return QGuiApplication::exec();
 }
 
@@ -86,9 +103,7 @@ int main(int argc, char** argv) {
         if (!arguments.empty() && arguments.front() == "--command") {
             return runCommandWithPainter(argc, argv, arguments);
         }
-        const bool isDemo =
-            std::find(arguments.begin(), arguments.end(), "-demo") != arguments.end();
-        return runApplication(argc, argv, isDemo);
+        return runApplication(argc, argv, arguments);
     } catch (const ModelContainerError& error) {
         std::fprintf(stderr, "%s\n", error.what());
     } catch (const std::filesystem::filesystem_error& error) {

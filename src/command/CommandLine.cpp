@@ -26,11 +26,12 @@ struct CommandEntry {
 constexpr std::array commands{
     CommandEntry{"status", &addStatusCommand},   CommandEntry{"start", &addStartCommand},
     CommandEntry{"stop", &addStopCommand},       CommandEntry{"continue", &addContinueCommand},
-    CommandEntry{"client", &addClientCommand},   CommandEntry{"project", &addProjectCommand},
-    CommandEntry{"log", &addLogCommand},         CommandEntry{"invoice", &addInvoiceCommand},
-    CommandEntry{"profile", &addProfileCommand}, CommandEntry{"report", &addReportCommand},
-    CommandEntry{"export", &addExportCommand},   CommandEntry{"import", &addImportCommand},
-    CommandEntry{"backup", &addBackupCommand},   CommandEntry{"restore", &addRestoreCommand},
+    CommandEntry{"panel", &addPanelCommand},     CommandEntry{"client", &addClientCommand},
+    CommandEntry{"project", &addProjectCommand}, CommandEntry{"log", &addLogCommand},
+    CommandEntry{"invoice", &addInvoiceCommand}, CommandEntry{"profile", &addProfileCommand},
+    CommandEntry{"report", &addReportCommand},   CommandEntry{"export", &addExportCommand},
+    CommandEntry{"import", &addImportCommand},   CommandEntry{"backup", &addBackupCommand},
+    CommandEntry{"restore", &addRestoreCommand},
 };
 
 /// A key binding must not wait for the syntax of commands that it does not use.
@@ -146,6 +147,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
         return commandLine;
     }
     commandLine.needsPainter = syntax.drawing == Drawing::drawsPages;
+    commandLine.opensPanel = syntax.opensPanel;
     commandLine.countsPages = syntax.drawing == Drawing::countsPages;
     if (syntax.action) {
         commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,

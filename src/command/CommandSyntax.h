@@ -37,6 +37,7 @@ struct CommandSyntax {
     SubcommandSyntax program;
     CommandAction action = {};
     Drawing drawing = Drawing::none;
+    bool opensPanel = false;
 
     /// Declares that `command` does `run`.
     void carriesOut(SubcommandSyntax command, CommandAction run, Drawing needed = Drawing::none) {
@@ -52,6 +53,7 @@ void addStatusCommand(CommandSyntax& syntax);
 void addStartCommand(CommandSyntax& syntax);
 void addStopCommand(CommandSyntax& syntax);
 void addContinueCommand(CommandSyntax& syntax);
+void addPanelCommand(CommandSyntax& syntax);
 void addClientCommand(CommandSyntax& syntax);
 void addProjectCommand(CommandSyntax& syntax);
 void addLogCommand(CommandSyntax& syntax);

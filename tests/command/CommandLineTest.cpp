@@ -83,18 +83,18 @@ TEST_P(CommandHelp, RefusesAnOptionThatItDoesNotHave) {
 
 INSTANTIATE_TEST_SUITE_P(
     , CommandHelp,
-    testing::Values("status", "start", "stop", "continue", "client", "client list", "client add",
-                    "client set", "client delete", "project", "project list", "project add",
-                    "project set", "project archive", "project unarchive", "project delete", "log",
-                    "invoice", "invoice list", "invoice preview", "invoice create", "invoice show",
-                    "invoice pdf", "invoice set", "invoice email", "invoice mark", "invoice rename",
-                    "invoice delete", "profile", "profile set"),
+    testing::Values("status", "start", "stop", "continue", "panel", "client", "client list",
+                    "client add", "client set", "client delete", "project", "project list",
+                    "project add", "project set", "project archive", "project unarchive",
+                    "project delete", "log", "invoice", "invoice list", "invoice preview",
+                    "invoice create", "invoice show", "invoice pdf", "invoice set", "invoice email",
+                    "invoice mark", "invoice rename", "invoice delete", "profile", "profile set"),
     test::textName);
 
 TEST(CommandLine, TheHelpNamesAllCommands) {
     const auto help = parseCommandLine({"--help"}).answer->output;
-    for (const char* name : {"status", "start", "stop", "continue", "client", "project", "log",
-                             "invoice", "profile", "--format", "--version", "-demo"})
+    for (const char* name : {"status", "start", "stop", "continue", "panel", "client", "project",
+                             "log", "invoice", "profile", "--format", "--version", "-demo"})
         EXPECT_THAT(help, HasSubstr(name));
     EXPECT_THAT(help, Not(HasSubstr("{")));
 }

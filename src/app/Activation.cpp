@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/Activation.h"
+
+#include <utility>
+
+namespace elmworth {
+
+Activation::Activation(Windows windows, TimerService& timer)
+    : windows_(std::move(windows)), timer_(timer) {}
+
+void Activation::carryOut(const std::string& action) {
+    if (action == "panel") {
+        windows_.showPanel();
+    } else if (action == "stop") {
+        timer_.stop();
+    } else if (action == "continue") {
+        if (const auto last = timer_.lastContinuableEntry()) timer_.continueEntry(last);
+    } else {
+        windows_.showMainWindow();
+    }
+}
+
+}  // namespace elmworth

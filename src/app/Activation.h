@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+
+/// What the desktop and other processes may ask of the running application by name: the actions of
+/// its desktop file.
+class Activation {
+ public:
+    struct Windows {
+        std::function<void()> showMainWindow;
+        std::function<void()> showPanel;
+    };
+
+    Activation(Windows windows, TimerService& timer);
+
+    /// Brings the main window to the front.
+    void activate() { windows_.showMainWindow(); }
+
+    /// "panel" opens the panel, "stop" stops the timer, "continue" starts it again on what ended
+    /// last, if anything did. A name that this version does not know brings the main window to the
+    /// front, so that something is seen to happen.
+    void carryOut(const std::string& action);
+
+ private:
+    Windows windows_;
+    TimerService& timer_;
+};
+
+}  // namespace elmworth
