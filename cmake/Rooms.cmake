@@ -68,7 +68,7 @@ function(elmworth_test)
     target_compile_definitions(${TEST_NAME} PRIVATE
         ELMWORTH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
     # The headers that nearly all tests read, once. What comes with Qt's definitions reads them itself.
-    if(NOT "${TEST_LINKS}" MATCHES "Qt6::|gui_test|logo|fonts|theme|_ui|_pdf")
+    if(NOT "${TEST_LINKS}" MATCHES "Qt6::|gui_test|application|logo|fonts|theme|_ui|_pdf|_tray")
         target_precompile_headers(${TEST_NAME} REUSE_FROM elmworth_test_headers)
         set_target_properties(${TEST_NAME} PROPERTIES AUTOMOC OFF)
     endif()

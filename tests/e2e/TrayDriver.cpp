@@ -66,7 +66,6 @@ class Driver {
                          .secondaryActivated = [](TrayPoint at) { tell("middle " + textOf(at)); },
                          .menuAboutToShow = [this] { refreshMenu(); },
                          .shownChanged = [](bool shown) { tell(shown ? "shown" : "hidden"); }});
-        tray_.setFace({});
         QObject::connect(&input_, &QSocketNotifier::activated, &input_, [this] { readLine(); });
         tell("ready");
     }

@@ -57,8 +57,22 @@ class Desktop(unittest.TestCase):
         self.assertIsNone(self.program.poll())
 
     def test_asked_to_end_it_ends(self):
-        self.program.send_signal(signal.SIGTERM)
-        self.assertEqual(self.program.wait(timeout=20), 0)
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            self.program.send_signal(number)
+            self.assertEqual(self.program.wait(timeout=20), 0, number)
+            self.setUp()
+
+    def test_a_terminal_that_closes_ends_no_program_that_ignores_it(self):
+        self.program.kill()
+        self.program.wait()
+        self.program = subprocess.Popen(["nohup", APPLICATION], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
+        self.addCleanup(self.program.wait)
+        self.addCleanup(self.program.kill)
+        wait_until(application, "the application on the accessibility bus")
+        self.program.send_signal(signal.SIGHUP)
+        self.assertGreater(self.clients(), -1)
+        self.assertIsNone(self.program.poll())
 
     def test_a_display_that_is_not_there_is_told_in_a_sentence(self):
         for display, platform in ((":4711", None), (os.environ["DISPLAY"], "nonsense")):

@@ -86,6 +86,7 @@ StatusNotifierItem::~StatusNotifierItem() {
 
 /// The objects stand on the bus before any tray is asked to look at them.
 void StatusNotifierItem::publish() {
+    draw();
     constexpr auto all = QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals |
                          QDBusConnection::ExportAllProperties;
     connection_.registerObject(itemPath, &notifier_, all);
@@ -157,7 +158,7 @@ void StatusNotifierItem::askWhetherLabelsShow(const QString& tray) {
 }
 
 void StatusNotifierItem::setFace(const TrayFace& face) {
-    if (face == face_ && !notifier_.iconPixmap().isEmpty()) return;
+    if (face == face_) return;
     face_ = face;
     draw();
     notifier_.setToolTip(QString::fromStdString(face.toolTip));

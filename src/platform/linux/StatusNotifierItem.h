@@ -16,7 +16,7 @@ namespace elmworth {
 
 /// The tray by the StatusNotifierItem protocol. It has a connection to the session bus of its own;
 /// without a bus there is no tray. Desktops whose tray starts later, or again, get the item then.
-/// Needs a QGuiApplication with the fonts of `style`.
+/// Needs a QGuiApplication with the fonts of `style`. One object per process.
 class StatusNotifierItem final : public QObject, public Tray {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ namespace elmworth {
 
 namespace {
 
-constexpr std::array endingSignals{SIGTERM, SIGINT};
+constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
 
 int& eventDescriptor() {
     static int descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
@@ -36,11 +36,16 @@ TerminationSignals::TerminationSignals(std::function<void()> terminate)
         [[maybe_unused]] const auto read = ::read(eventDescriptor(), &count, sizeof count);
         terminate_();
     });
-    for (const int number : endingSignals) std::signal(number, &handleSignal);
+    for (const int number : endingSignals) {
+        // Whoever made the process ignore it, as nohup does, goes on doing so.
+        if (std::signal(number, &handleSignal) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
 }
 
 TerminationSignals::~TerminationSignals() {
-    for (const int number : endingSignals) std::signal(number, SIG_DFL);
+    for (const int number : endingSignals) {
+        if (std::signal(number, SIG_DFL) == SIG_IGN) std::signal(number, SIG_IGN);
+    }
 }
 
 }  // namespace elmworth

@@ -9,8 +9,9 @@
 
 namespace elmworth {
 
-/// Turns SIGTERM and SIGINT into a call on the main thread, so that the program ends as if it had
-/// been quit. One object for the whole process.
+/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread, so that the program ends as if
+/// it had been quit. Those that it was started to ignore stay ignored. One object for the whole
+/// process.
 class TerminationSignals final : public QObject {
     Q_OBJECT
 
