@@ -39,6 +39,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     const auto showMain = [this] { showMainWindow(); };
     menuBarExtra_.emplace(services_, runLoop_, engine_, MenuBarExtra::Ways{showMain, showMain});
+    QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
     loadMainWindow(opening);
     if (opening == Opening::panel) showPanel();
 }

@@ -106,6 +106,11 @@ IconButton {
             }
         }
 
+        PopupMenuItem {
+            text: "Open Panel"
+            onTriggered: button.model.openPanel()
+        }
+
         PopupMenuSeparator {}
 
         PopupMenuItem {

@@ -46,4 +46,8 @@ QString MainViewModel::stopHelp() {
     return QStringLiteral("Stop timer (%1)").arg(keys.toString(QKeySequence::NativeText));
 }
 
+void MainViewModel::openPanel() {
+    Q_EMIT panelRequested();
+}
+
 }  // namespace elmworth

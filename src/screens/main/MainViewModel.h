@@ -45,9 +45,11 @@ class MainViewModel final : public QObject {
     /// Continues the last entry that can be continued; does nothing without one, or while a timer
     /// runs.
     Q_INVOKABLE void resumeLastEntry();
+    Q_INVOKABLE void openPanel();
 
  Q_SIGNALS:
     void sectionChanged();
+    void panelRequested();
 
  private:
     UserDefaults& defaults_;

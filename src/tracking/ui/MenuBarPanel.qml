@@ -69,13 +69,11 @@ FocusScope {
         readonly property Item reached: panel.Window.activeFocusItem
 
         onReachedChanged: {
-            if (!reached || !contains(mapFromItem(reached, 0, 0)) && reached.parent === null)
-                return;
-            const place = content.mapFromItem(reached, 0, 0);
-            if (place.y < 0 || place.y > content.height)
+            const place = reached ? content.mapFromItem(reached, 0, 0).y : -1;
+            if (place < 0 || place >= content.height)
                 return;
             const view = contentItem as Flickable;
-            view.contentY = Math.max(0, Math.min(place.y, Math.max(view.contentY, place.y + reached.height - height)));
+            view.contentY = Math.min(place, Math.max(view.contentY, place + reached.height - height));
         }
 
         anchors { left: parent.left; right: parent.right; top: header.bottom; bottom: footer.top; topMargin: 12 }

@@ -1,0 +1,147 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The panel, worked by presses as an assistive technology makes them, and by the keyboard alone."""
+
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import unittest
+
+import pyatspi
+
+sys.path.insert(0, os.path.dirname(__file__))
+from accessible import application, find, focused, press, showing, wait_until, walk
+from keyboard import Keyboard
+
+PROGRAMS = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"])
+PROJECTS = ["Website", "App", "Billing", "Design", "Hosting", "Research", "Support"]
+NOTES = "What are you working on?"
+SEARCH = "Search all projects"
+
+
+def elmworth(*arguments):
+    return subprocess.run([PROGRAMS / "elmworth", *arguments], capture_output=True, text=True, check=True).stdout
+
+
+def running():
+    return json.loads(elmworth("status", "--format", "json")).get("running", {})
+
+
+def becomes(project):
+    wait_until(lambda: running().get("project") == project, f"the timer on {project}")
+
+
+def shown_rows():
+    return [node.name for node in walk(application())
+            if node.getRoleName() == "push button" and node.name.startswith("Start ") and showing(node)]
+
+
+class Panel(unittest.TestCase):
+    """Each test has an application of its own, on the same library."""
+
+    @classmethod
+    def setUpClass(cls):
+        elmworth("client", "add", "Acme Co")
+        elmworth("client", "add", "Globex")
+        for project in PROJECTS:
+            elmworth("project", "add", project, "--client", "Globex" if project == "Support" else "Acme Co")
+
+    def setUp(self):
+        elmworth("stop")
+        self.program = subprocess.Popen([PROGRAMS / "elmworth-app", "--panel"])
+        self.addCleanup(self.program.wait)
+        self.addCleanup(self.program.kill)
+        wait_until(lambda: find(SEARCH), "the panel")
+
+    def take_keyboard(self):
+        keyboard = Keyboard()
+        wait_until(lambda: keyboard.focus("Elmworth"), "the panel on the display")
+        wait_until(lambda: find("Elmworth", "frame").getState().contains(pyatspi.STATE_ACTIVE), "its focus")
+        return keyboard
+
+    def test_one_press_starts_switches_and_stops(self):
+        press("Start Website")
+        becomes("Website")
+        wait_until(lambda: find("Tracking"), "the running card")
+        wait_until(lambda: find("Switch to"), "the title over the others")
+        self.assertNotIn("Start Website", shown_rows())
+        press("Start App")
+        becomes("App")
+        press("Stop")
+        becomes(None)
+        wait_until(lambda: not find("Tracking"), "the end of the running card")
+
+    def test_the_last_entry_continues(self):
+        elmworth("log", "Design", "--from", "2026-03-02T09:00", "--to", "2026-03-02T10:00", "--notes", "Logo")
+        press("Continue Design")
+        becomes("Design")
+        self.assertEqual(running()["notes"], "Logo")
+
+    def test_the_panel_leads_to_the_main_window_and_the_command_back(self):
+        press("Open Elmworth")
+        wait_until(lambda: find("Timesheet", "heading"), "the main window")
+        wait_until(lambda: not find(SEARCH), "the end of the panel")
+        elmworth("panel")
+        wait_until(lambda: find(SEARCH), "the panel")
+
+    def test_the_main_window_opens_it_too(self):
+        press("Open Elmworth")
+        wait_until(lambda: find("Timesheet", "heading"), "the main window")
+        press("Menu")
+        press("Open Panel", "menu item")
+        wait_until(lambda: find(SEARCH), "the panel")
+
+    def test_by_the_keyboard_alone(self):
+        keyboard = self.take_keyboard()
+        wait_until(lambda: focused() and focused().name == SEARCH, "the focus on the search")
+        first = shown_rows()[0].removeprefix("Start ")
+        keyboard.key("Control_L+1")
+        becomes(first)
+        keyboard.key("Control_L+Alt_L+period")
+        becomes(None)
+        keyboard.key("s")
+        keyboard.key("u")
+        wait_until(lambda: shown_rows() == ["Start Support"], "the project that the search finds")
+        self.assertTrue(find("Results"))
+        keyboard.key("Control_L+1")
+        becomes("Support")
+        wait_until(lambda: find("Switch to"), "the end of the search")
+        keyboard.key("Escape")
+        wait_until(lambda: not find(SEARCH), "the end of the panel")
+        self.assertEqual(running()["project"], "Support")
+
+    def test_typed_notes_are_kept_by_stop(self):
+        press("Start Research")
+        becomes("Research")
+        elmworth("log", "Billing", "--from", "2026-03-03T09:00", "--to", "2026-03-03T10:00")
+        keyboard = self.take_keyboard()
+        keyboard.key("Shift_L+Tab")
+        for _ in range(12):
+            if focused() and focused().name == NOTES:
+                break
+            keyboard.key("Tab")
+            wait_until(focused, "a focus")
+        self.assertEqual(focused().name, NOTES)
+        for key in ("n", "o", "t", "e"):
+            keyboard.key(key)
+        wait_until(lambda: running().get("notes") == "note", "the notes on the entry")
+        keyboard.key("Return")
+        self.assertEqual(running()["notes"], "note")
+
+    def test_every_control_has_a_name(self):
+        press("Start Website")
+        wait_until(lambda: find("Tracking"), "the running card")
+        nameless = [node.getRoleName() for node in walk(application())
+                    if node.getRoleName() in ("push button", "text", "menu item") and showing(node) and not node.name]
+        self.assertEqual(nameless, [])
+
+    def test_quit_ends_the_program(self):
+        press("Quit Elmworth")
+        self.assertEqual(self.program.wait(timeout=20), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
