@@ -4,7 +4,8 @@
 import QtQuick
 import Elmworth.Theme
 
-/// A dot that beats with `beat`, a text that changes every second. It asks for no frames in between.
+/// A dot that beats with `beat`, a text that changes every second. It asks for no frames in between, and stands
+/// still where nobody sees it.
 Rectangle {
     id: dot
 
@@ -12,7 +13,9 @@ Rectangle {
     property string beat: ""
     property bool dimmed: false
 
-    onBeatChanged: dimmed = !AppAppearance.reducedMotion && !dimmed
+    readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
+
+    onBeatChanged: dimmed = isSeen && !AppAppearance.reducedMotion && !dimmed
 
     implicitWidth: 8
     implicitHeight: 8

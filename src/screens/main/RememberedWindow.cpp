@@ -44,7 +44,12 @@ void RememberedWindow::restore() {
     const auto text = defaults_.string(key_).value_or("");
     const auto frame = WindowFrame::parse(QString::fromStdString(text));
     const auto screens = freeAreas();
-    if (!frame || screens.isEmpty()) return;
+    if (screens.isEmpty()) return;
+    if (!frame) {
+        window_.resize(
+            WindowFrame{window_.geometry()}.areaOn(screens, window_.minimumSize()).size());
+        return;
+    }
     frame_ = *frame;
     window_.setGeometry(frame_.areaOn(screens, window_.minimumSize()));
     if (frame_.isMaximized) window_.setWindowStates(Qt::WindowMaximized);

@@ -13,9 +13,9 @@
 
 namespace elmworth {
 
-/// Gives a window the place and size that it had when the program ran last, and notes them in the
-/// user defaults while they change: a moment after the last change, when the window closes, and at
-/// the end.
+/// Gives a window the place and size that it had when the program ran last, as far as the screens
+/// can show them; without any it becomes no larger than its screen. Notes them in the user defaults
+/// while they change: a moment after the last change, and at the end.
 class RememberedWindow final : public QObject {
     Q_OBJECT
 

@@ -32,6 +32,13 @@ TEST_F(Remembered, AWindowThatDoesNotChangeIsNotNoted) {
     EXPECT_EQ(window.geometry(), QRect(0, 0, 400, 300));
 }
 
+TEST_F(Remembered, TheFirstWindowIsNoLargerThanItsScreen) {
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    window.resize(screen.width() + 200, 300);
+    const RememberedWindow remembered(window, defaults, "frame");
+    EXPECT_EQ(window.size(), QSize(screen.width(), 300));
+}
+
 TEST_F(Remembered, TheLastFrameIsNotedAtTheEnd) {
     {
         const RememberedWindow remembered(window, defaults, "frame");
