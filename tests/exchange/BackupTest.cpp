@@ -114,7 +114,7 @@ TEST(Backup, clientsSortAsPeopleExpectAndProjectsByCodePoints) {
 TEST(Backup, aRunningEntryHasNoEndAndIsOtherwiseLikeAnyOther) {
     TestLibrary library;
     fill(library);
-    const auto& entries = backupOf(library).clients.at(0).projects.at(0).entries;
+    const auto entries = backupOf(library).clients.at(0).projects.at(0).entries;
     ASSERT_EQ(entries.size(), 2U);
     EXPECT_EQ(entries.at(1),
               (EntryDTO{at("2026-03-02T09:00Z"), std::nullopt, "", std::nullopt, std::nullopt}));
