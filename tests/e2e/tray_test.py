@@ -45,9 +45,12 @@ class FakeTray:
         self.bus.register_object("/StatusNotifierWatcher",
                                  Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0],
                                  self.called, lambda *_: GLib.Variant("b", self.has_host), None)
-        for name in (*other_names, WATCHER):
-            self.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                               "RequestName", GLib.Variant("(su)", (name, 4)), None, 0, -1, None)
+        for name in (WATCHER, *other_names):
+            self.take_name(name)
+
+    def take_name(self, name):
+        self.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                           "RequestName", GLib.Variant("(su)", (name, 4)), None, 0, -1, None)
 
     def called(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         self.items.append(arguments[0])
@@ -240,6 +243,35 @@ class Item(TrayTest):
             tray.close()
         self.assertNotEqual(pictures[0], pictures[1])
         self.assertEqual(pictures[2], pictures[3])
+
+    def test_a_tray_that_reads_no_pictures_finds_the_icon_in_a_folder(self):
+        tray = self.tray(other_names=["org.ayatana.indicator.application"])
+        driver = self.driver()
+        driver.expect("shown")
+        self.bus, self.item = connect(), tray.items[0]
+        self.addCleanup(self.bus.close_sync)
+        names = []
+        for state in ("idle", "running"):
+            driver.say(f"face {state} 1:05|1:05|Website")
+            properties = self.item_properties()
+            names.append(properties["IconName"])
+            icon = pathlib.Path(properties["IconThemePath"]) / f"{names[-1]}.png"
+            self.assertTrue(icon.read_bytes().startswith(b"\x89PNG"))
+            self.assertEqual(properties["IconAccessibleDesc"], "Website")
+        self.assertNotEqual(*names)
+
+    def test_a_tray_may_tell_later_that_it_shows_labels(self):
+        tray = self.tray()
+        driver = self.driver()
+        driver.expect("shown")
+        self.bus, self.item = connect(), tray.items[0]
+        self.addCleanup(self.bus.close_sync)
+        self.assertEqual(self.item_properties()["IconName"], "")
+        tray.take_name("org.ayatana.indicator.application")
+        wait_until(lambda: self.item_properties()["IconName"], "the name of the icon")
+        tray.close()
+        driver.expect("hidden")
+        wait_until(lambda: not self.item_properties()["IconName"], "the end of the name")
 
     def test_presses_arrive_with_their_place(self):
         driver = self.shown_driver()

@@ -60,6 +60,7 @@ void collect(const MenuTree::Node& node, QList<int>& ids) {
 
 std::vector<int> idsOf(const std::vector<MenuTree::Node>& nodes) {
     std::vector<int> ids;
+    ids.reserve(nodes.size());
     for (const auto& node : nodes) ids.push_back(node.id);
     return ids;
 }

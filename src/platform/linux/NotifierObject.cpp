@@ -22,6 +22,16 @@ void NotifierObject::setIconPixmap(NotifierPixmapList pixmaps) {
     Q_EMIT NewIcon();
 }
 
+void NotifierObject::setNamedIcon(const QString& name, const QString& folder) {
+    if (iconFolder_ != folder) {
+        iconFolder_ = folder;
+        Q_EMIT NewIconThemePath(folder);
+    }
+    if (iconName_ == name) return;
+    iconName_ = name;
+    Q_EMIT NewIcon();
+}
+
 void NotifierObject::setLabel(const QString& label) {
     if (label_ == label) return;
     label_ = label;

@@ -21,7 +21,7 @@ class NotifierObject final : public QObject {
     Q_PROPERTY(QString Title READ title)
     Q_PROPERTY(QString Status READ status)
     Q_PROPERTY(int WindowId READ windowId)
-    Q_PROPERTY(QString IconName READ none)
+    Q_PROPERTY(QString IconName READ iconName)
     Q_PROPERTY(elmworth::NotifierPixmapList IconPixmap READ iconPixmap)
     Q_PROPERTY(QString OverlayIconName READ none)
     Q_PROPERTY(elmworth::NotifierPixmapList OverlayIconPixmap READ noPixmap)
@@ -31,7 +31,8 @@ class NotifierObject final : public QObject {
     Q_PROPERTY(elmworth::NotifierToolTip ToolTip READ toolTip)
     Q_PROPERTY(bool ItemIsMenu READ itemIsMenu)
     Q_PROPERTY(QDBusObjectPath Menu READ menu)
-    Q_PROPERTY(QString IconThemePath READ none)
+    Q_PROPERTY(QString IconThemePath READ iconThemePath)
+    Q_PROPERTY(QString IconAccessibleDesc READ iconDescription)
     Q_PROPERTY(QString XAyatanaLabel READ label)
     Q_PROPERTY(QString XAyatanaLabelGuide READ labelGuide)
 
@@ -41,6 +42,7 @@ class NotifierObject final : public QObject {
 
     // Each of these tells the desktops when the value is another one.
     void setIconPixmap(NotifierPixmapList pixmaps);
+    void setNamedIcon(const QString& name, const QString& folder);
     void setLabel(const QString& label);
     void setToolTip(const QString& text);
 
@@ -53,6 +55,9 @@ class NotifierObject final : public QObject {
     [[nodiscard]] int windowId() const { return 0; }
     [[nodiscard]] QString none() const { return {}; }
     [[nodiscard]] NotifierPixmapList noPixmap() const { return {}; }
+    [[nodiscard]] QString iconName() const { return iconName_; }
+    [[nodiscard]] QString iconThemePath() const { return iconFolder_; }
+    [[nodiscard]] QString iconDescription() const { return toolTip().title; }
     [[nodiscard]] NotifierPixmapList iconPixmap() const { return pixmaps_; }
     [[nodiscard]] NotifierToolTip toolTip() const;
     [[nodiscard]] bool itemIsMenu() const { return false; }
@@ -79,10 +84,13 @@ class NotifierObject final : public QObject {
     void NewToolTip();
     void NewStatus(const QString& status);
     void NewMenu();
+    void NewIconThemePath(const QString& path);
     void XAyatanaNewLabel(const QString& label, const QString& guide);
 
  private:
     QDBusObjectPath menu_;
+    QString iconName_;
+    QString iconFolder_;
     NotifierPixmapList pixmaps_;
     QString label_;
     QString toolTip_;

@@ -22,12 +22,10 @@ const auto itemPath = QStringLiteral("/StatusNotifierItem");
 const auto menuPath = QStringLiteral("/MenuBar");
 const auto connectionName = QStringLiteral("elmworth-tray");
 
-/// The trays that show labels are parts of programs that have these names too. The protocol has no
-/// question for it.
-constexpr std::array labelShowingServices{
-    "org.gnome.Shell",
-    "org.ayatana.indicator.application",
-    "com.canonical.indicator.application",
+constexpr std::array labelHosts{
+    StatusNotifierItem::LabelHost{"org.gnome.Shell", true},
+    StatusNotifierItem::LabelHost{"org.ayatana.indicator.application", false},
+    StatusNotifierItem::LabelHost{"com.canonical.indicator.application", false},
 };
 
 QString serviceName() {
@@ -42,12 +40,16 @@ QDBusMessage watcherCall(const QString& method, const QVariant& argument) {
     return call;
 }
 
-QDBusMessage busCall(const QString& method, const QString& argument) {
+QDBusMessage busQuestion(const QString& method, const QString& service) {
     auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
                                                QStringLiteral("/org/freedesktop/DBus"),
                                                QStringLiteral("org.freedesktop.DBus"), method);
-    call << argument;
+    call << service;
     return call;
+}
+
+QDBusMessage processQuestion(const QString& service) {
+    return busQuestion(QStringLiteral("GetConnectionUnixProcessID"), service);
 }
 
 QDBusMessage propertyQuestion(const QString& property) {
@@ -97,64 +99,64 @@ void StatusNotifierItem::publish() {
         connection_.connect(watcherService, watcherObject, watcherInterface, signal, this,
                             SLOT(findHost()));
     }
-    trays_.setConnection(connection_);
-    trays_.addWatchedService(watcherService);
-    connect(&trays_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString& /*service*/, const QString& /*former*/, const QString& owner) {
-                trayWent();
-                if (!owner.isEmpty()) trayCame();
+    watchOwners();
+}
+
+void StatusNotifierItem::watchOwners() {
+    owners_.setConnection(connection_);
+    owners_.addWatchedService(watcherService);
+    for (const auto& known : labelHosts) {
+        owners_.addWatchedService(QString::fromLatin1(known.service));
+    }
+    connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& service, const QString& /*former*/, const QString& owner) {
+                if (service == watcherService) return setTray(owner);
+                if (!owner.isEmpty()) findLabelHost(service);
             });
-    ask(this, connection_, busCall(QStringLiteral("NameHasOwner"), watcherService),
-        [this](const QVariant& hasOwner) {
-            if (hasOwner.toBool() && !isRegistered_) trayCame();
+    ask(this, connection_, busQuestion(QStringLiteral("GetNameOwner"), watcherService),
+        [this](const QVariant& owner) {
+            if (tray_.isEmpty()) setTray(owner.toString());
         });
 }
 
 /// The bus answers in the order of the questions, so that the item is drawn as this tray needs it
 /// before the tray looks at it.
-void StatusNotifierItem::trayCame() {
-    ++host_;
-    isRegistered_ = true;
-    ask(this, connection_, busCall(QStringLiteral("GetNameOwner"), watcherService),
-        [this, host = host_](const QVariant& tray) {
-            if (host != host_) return;
-            askWhetherLabelsShow(tray.toString());
-            registerItem();
-        });
+void StatusNotifierItem::setTray(const QString& owner) {
+    tray_ = owner;
+    setShown(false);
+    if (std::exchange(labelHost_, nullptr)) draw();
+    if (tray_.isEmpty()) return;
+    ask(this, connection_, processQuestion(watcherService),
+        [this](const QVariant& process) { trayProcess_ = process.toUInt(); });
+    for (const auto& known : labelHosts) findLabelHost(QString::fromLatin1(known.service));
+    registerItem();
 }
 
 void StatusNotifierItem::registerItem() {
     ask(this, connection_, watcherCall(QStringLiteral("RegisterStatusNotifierItem"), serviceName()),
-        [this, host = host_](const QVariant& /*nothing*/) {
-            if (host == host_) findHost();
+        [this, tray = tray_](const QVariant& /*nothing*/) {
+            if (tray == tray_) findHost();
         });
-}
-
-void StatusNotifierItem::trayWent() {
-    ++host_;
-    isRegistered_ = false;
-    setShown(false);
 }
 
 void StatusNotifierItem::findHost() {
-    if (!isRegistered_) return;
+    if (tray_.isEmpty()) return;
     ask(this, connection_, propertyQuestion(QStringLiteral("IsStatusNotifierHostRegistered")),
-        [this, host = host_](const QVariant& value) {
-            if (host == host_) setShown(value.value<QDBusVariant>().variant().toBool());
+        [this, tray = tray_](const QVariant& value) {
+            if (tray == tray_) setShown(value.value<QDBusVariant>().variant().toBool());
         });
 }
 
-void StatusNotifierItem::askWhetherLabelsShow(const QString& tray) {
-    if (std::exchange(hostShowsLabel_, false)) draw();
-    for (const char* service : labelShowingServices) {
-        ask(this, connection_,
-            busCall(QStringLiteral("GetNameOwner"), QString::fromLatin1(service)),
-            [this, tray, host = host_](const QVariant& owner) {
-                if (host != host_ || owner.toString() != tray) return;
-                hostShowsLabel_ = true;
-                draw();
-            });
-    }
+/// One process may have several connections to the bus.
+void StatusNotifierItem::findLabelHost(const QString& service) {
+    ask(this, connection_, processQuestion(service),
+        [this, service, tray = tray_](const QVariant& process) {
+            if (tray != tray_ || tray_.isEmpty() || process.toUInt() != trayProcess_) return;
+            for (const auto& known : labelHosts) {
+                if (service == QLatin1String(known.service)) labelHost_ = &known;
+            }
+            draw();
+        });
 }
 
 void StatusNotifierItem::setFace(const TrayFace& face) {
@@ -168,10 +170,17 @@ void StatusNotifierItem::setFace(const TrayFace& face) {
 void StatusNotifierItem::draw() {
     if (!connection_.isConnected()) return;
     NotifierPixmapList pixmaps;
-    for (const auto& image : drawTrayIcons(style_, face_, !hostShowsLabel_)) {
+    for (const auto& image : drawTrayIcons(style_, face_, labelHost_ == nullptr)) {
         pixmaps.append(notifierPixmap(image));
     }
     notifier_.setIconPixmap(std::move(pixmaps));
+    nameIcon();
+}
+
+void StatusNotifierItem::nameIcon() {
+    if (!labelHost_ || labelHost_->readsPixmaps) return notifier_.setNamedIcon({}, {});
+    if (!files_) files_.emplace(style_);
+    notifier_.setNamedIcon(TrayIconFiles::name(face_.icon), files_->folder());
 }
 
 void StatusNotifierItem::setMenu(std::vector<TrayMenuItem> items) {

@@ -6,10 +6,12 @@
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
+#include <optional>
 
 #include "platform/Tray.h"
 #include "platform/linux/DBusMenu.h"
 #include "platform/linux/NotifierObject.h"
+#include "platform/linux/TrayIconFiles.h"
 #include "platform/linux/TrayIconPainter.h"
 
 namespace elmworth {
@@ -31,29 +33,38 @@ class StatusNotifierItem final : public QObject, public Tray {
     [[nodiscard]] bool isShown() const override { return isShown_; }
     void setEvents(Events events) override;
 
+    /// A tray that shows labels. It is a part of a program that has this name too; the protocol has
+    /// no question for it.
+    struct LabelHost {
+        const char* service;
+        bool readsPixmaps;
+    };
+
  private Q_SLOTS:
     void findHost();
 
  private:
     void publish();
-    void trayCame();
-    void trayWent();
+    void watchOwners();
+    void setTray(const QString& owner);
     void registerItem();
-    void askWhetherLabelsShow(const QString& tray);
+    void findLabelHost(const QString& service);
     void draw();
+    void nameIcon();
     void setShown(bool isShown);
 
     TrayIconStyle style_;
+    std::optional<TrayIconFiles> files_;  ///< written when a tray asks for them
     QDBusConnection connection_;
     NotifierObject notifier_;
     DBusMenu menu_;
-    QDBusServiceWatcher trays_;
+    QDBusServiceWatcher owners_;
+    QString tray_;          ///< the tray's own name on the bus; empty when there is none
+    uint trayProcess_ = 0;  ///< the process of the tray
+    const LabelHost* labelHost_ = nullptr;  ///< the tray, if it is one that shows labels
     TrayFace face_;
     Events events_;
-    bool isRegistered_ = false;
     bool isShown_ = false;
-    bool hostShowsLabel_ = false;
-    int host_ = 0;  ///< counts the trays that came and went: answers of former ones are dropped
 };
 
 }  // namespace elmworth

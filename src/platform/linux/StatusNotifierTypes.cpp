@@ -10,7 +10,7 @@ namespace elmworth {
 
 NotifierPixmap notifierPixmap(const QImage& image) {
     const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
-    QByteArray pixels(argb.width() * argb.height() * 4, Qt::Uninitialized);
+    QByteArray pixels(argb.sizeInBytes(), Qt::Uninitialized);
     char* target = pixels.data();
     for (int y = 0; y < argb.height(); ++y) {
         const auto count = static_cast<qsizetype>(argb.width());
