@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto styleKey = "menuBarStyle";
 constexpr std::size_t longestName = 18;
+constexpr std::size_t longestIconText = 6;
 
 /// A longer name ends in an ellipsis that takes the place of its last character.
 QString shortened(const std::string& name) {
@@ -19,6 +20,11 @@ QString shortened(const std::string& name) {
     const auto kept = firstCharacters(name, longestName - 1);
     return QString::fromUtf8(kept.data(), static_cast<qsizetype>(kept.size())) +
            QStringLiteral("\u2026");
+}
+
+std::string iconText(const std::string& time) {
+    if (time.size() <= longestIconText) return time;
+    return time.substr(0, time.find(':')) + "h";
 }
 
 }  // namespace
@@ -40,12 +46,12 @@ MenuBarLabel::MenuBarLabel(ModelContext& context, TimerService& timer, UserDefau
 
 MenuBarLabel::Look MenuBarLabel::look() const {
     const auto& entry = timer_.running();
-    if (!entry) return {QStringLiteral("clock"), {}, QStringLiteral("Nothing is running.")};
+    if (!entry) return {QStringLiteral("clock"), {}, QStringLiteral("Nothing is running."), {}};
     const auto& project = entry->project.get();
     const auto elapsed = QString::fromStdString(timer_.elapsedText());
     const auto withName =
         elapsed + QStringLiteral(" \u00B7 ") + (project ? shortened(project->name) : QString());
-    Look look{QStringLiteral("record.circle"), {}, withName};
+    Look look{QStringLiteral("record.circle"), {}, withName, timer_.elapsedText()};
     switch (menuBarStyle(defaults_.string(styleKey).value_or(std::string()))) {
         case MenuBarStyle::time:
             look.text = elapsed;
@@ -54,9 +60,18 @@ MenuBarLabel::Look MenuBarLabel::look() const {
             look.text = withName;
             break;
         case MenuBarStyle::icon:
+            look.time.clear();
             break;
     }
     return look;
+}
+
+TrayFace MenuBarLabel::trayFace() const {
+    const bool isRunning = look_.image != QStringLiteral("clock");
+    return {.icon = isRunning ? TrayFace::Icon::running : TrayFace::Icon::idle,
+            .label = look_.text.toStdString(),
+            .iconText = iconText(look_.time),
+            .toolTip = look_.summary.toStdString()};
 }
 
 void MenuBarLabel::updateSoon() {

@@ -9,6 +9,7 @@
 
 #include "core/store/ModelContext.h"
 #include "platform/RunLoop.h"
+#include "platform/Tray.h"
 #include "platform/UserDefaults.h"
 #include "tracking/TimerService.h"
 #include "tracking/ui/MenuBarStyle.h"
@@ -37,6 +38,10 @@ class MenuBarLabel final : public QObject {
     [[nodiscard]] const QString& text() const noexcept { return look_.text; }
     [[nodiscard]] const QString& summary() const noexcept { return look_.summary; }
 
+    /// The same for a tray. The text in the icon is the time alone, in full hours where they have
+    /// four digits.
+    [[nodiscard]] TrayFace trayFace() const;
+
  Q_SIGNALS:
     void changed();
 
@@ -45,6 +50,7 @@ class MenuBarLabel final : public QObject {
         QString image;
         QString text;
         QString summary;
+        std::string time;  ///< within `text`
 
         friend bool operator==(const Look&, const Look&) = default;
     };

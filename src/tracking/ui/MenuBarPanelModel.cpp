@@ -57,7 +57,6 @@ void MenuBarPanelModel::update() {
 }
 
 void MenuBarPanelModel::tick() {
-    if (!services_.timer.running()) return;
     today_.tick();
     weeklyGoal_.tick();
     running_.tick();

@@ -128,6 +128,33 @@ TEST_F(MenuBarLabelTest, aSwitchShowsInOneStep) {
     EXPECT_EQ(shown(), "clock|");
 }
 
+TEST_F(MenuBarLabelTest, theTraysFaceSaysTheSame) {
+    (void)shown();
+    EXPECT_EQ(label->trayFace(), (TrayFace{.toolTip = "Nothing is running."}));
+    setStyle("timeAndProject");
+    service().start(project("Website"));
+    passTo("10:05");
+    EXPECT_EQ(label->trayFace(), (TrayFace{.icon = TrayFace::Icon::running,
+                                           .label = "1:05 · Website",
+                                           .iconText = "1:05",
+                                           .toolTip = "1:05 · Website"}));
+    setStyle("icon");
+    turn();
+    EXPECT_EQ(label->trayFace(),
+              (TrayFace{.icon = TrayFace::Icon::running, .toolTip = "1:05 · Website"}));
+}
+
+TEST_F(MenuBarLabelTest, theTextInTheIconHasAtMostSixCharacters) {
+    service().start(project("Website"));
+    (void)shown();
+    timer.now += std::chrono::hours(999) + std::chrono::minutes(59);
+    pass(1);
+    EXPECT_EQ(label->trayFace().iconText, "999:59");
+    pass(60);
+    EXPECT_EQ(label->trayFace().iconText, "1000h");
+    EXPECT_EQ(label->trayFace().label, "1000:00");
+}
+
 TEST(MenuBarStyle, readsBackWhatItStores) {
     for (const auto style :
          {MenuBarStyle::time, MenuBarStyle::timeAndProject, MenuBarStyle::icon}) {

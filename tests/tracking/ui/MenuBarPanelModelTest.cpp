@@ -43,6 +43,10 @@ TEST_F(MenuBarPanelTest, anEntryWithoutProjectHasATintOfItsOwn) {
 
 TEST_F(MenuBarPanelTest, theElapsedTimeReadsZeroWhileTheTimerGivesNone) {
     EXPECT_EQ(utf8(card.elapsed()), "0:00:00");
+    service().start(project("Website"));
+    passTo("10:00");
+    service().stop();
+    EXPECT_EQ(utf8(card.elapsed()), "0:00:00");
 }
 
 TEST_F(MenuBarPanelTest, theCardOfATimerThatRunsAtStartIsThereAtOnce) {

@@ -47,6 +47,7 @@ TEST_F(TodayChipTest, beginsAgainAtMidnight) {
 TEST_F(TodayChipTest, followsAClockThatIsSetBack) {
     service().start(project("Website"));
     passTo("11:00");
+    panel.refresh();
     EXPECT_EQ(today(), "2:00");
     passTo("10:00");
     EXPECT_EQ(today(), "1:00");
