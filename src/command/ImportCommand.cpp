@@ -1,6 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
@@ -13,9 +17,16 @@ namespace elmworth {
 
 namespace {
 
+/// Some eight million rows; a text has to fit into memory several times.
+constexpr std::uintmax_t largestFile = 1'000'000'000;
+
 /// The rows of the file, whose text need not stay in memory.
 std::vector<CSVImporter::Row> readRows(const std::string& file, CommandEnvironment& environment) {
-    const auto text = decodeText(readFile(environment.workingFolder / file));
+    const auto path = environment.workingFolder / file;
+    std::error_code unknown;  // what has no size is told by the reading
+    if (const auto size = std::filesystem::file_size(path, unknown); !unknown && size > largestFile)
+        throw CommandError("This file is larger than 1 GB. Import a shorter period at a time.");
+    const auto text = decodeText(readFile(path));
     if (!text) throw CommandError("The text encoding of this file can't be determined.");
     return CSVImporter::parse(*text, environment.calendar.zoneID(), environment.progress);
 }
