@@ -58,18 +58,18 @@ class Panel(unittest.TestCase):
 
     def take_keyboard(self):
         keyboard = Keyboard()
-        wait_until(lambda: keyboard.focus("Elmworth"), "the panel on the display")
-        wait_until(lambda: find("Elmworth", "frame").getState().contains(pyatspi.STATE_ACTIVE), "its focus")
+        wait_until(lambda: keyboard.focus("Elmworth Panel"), "the panel on the display")
+        wait_until(lambda: find("Elmworth Panel").getState().contains(pyatspi.STATE_ACTIVE), "its focus")
         return keyboard
 
     def test_one_press_starts_switches_and_stops(self):
-        press("Start Website")
-        becomes("Website")
-        wait_until(lambda: find("Tracking"), "the running card")
-        wait_until(lambda: find("Switch to"), "the title over the others")
-        self.assertNotIn("Start Website", shown_rows())
         press("Start App")
         becomes("App")
+        wait_until(lambda: find("Tracking"), "the running card")
+        wait_until(lambda: find("Switch to"), "the title over the others")
+        self.assertNotIn("Start App", shown_rows())
+        press("Start Billing")
+        becomes("Billing")
         press("Stop")
         becomes(None)
         wait_until(lambda: not find("Tracking"), "the end of the running card")
@@ -132,7 +132,7 @@ class Panel(unittest.TestCase):
         self.assertEqual(running()["notes"], "note")
 
     def test_every_control_has_a_name(self):
-        press("Start Website")
+        press("Start App")
         wait_until(lambda: find("Tracking"), "the running card")
         nameless = [node.getRoleName() for node in walk(application())
                     if node.getRoleName() in ("push button", "text", "menu item") and showing(node) and not node.name]

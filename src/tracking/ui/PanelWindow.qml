@@ -31,7 +31,7 @@ Window {
         panel.focusFirst();
     }
 
-    title: "Elmworth"
+    title: "Elmworth Panel"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
     width: 340
     height: Math.min(panel.implicitHeight, Math.max(320, Screen.desktopAvailableHeight - 2 * gap))
