@@ -71,13 +71,7 @@ void MenuBarExtra::watchTray() {
 }
 
 void MenuBarExtra::updateFace() {
-    TrayFace face;
-    face.icon = label_.image() == u"clock" ? TrayFace::Icon::idle : TrayFace::Icon::running;
-    face.label = label_.text().toStdString();
-    // The time alone; a project's name has no room in an icon.
-    face.iconText = label_.text().section(u' ', 0, 0).toStdString();
-    face.toolTip = label_.summary().toStdString();
-    tray_.setFace(face);
+    tray_.setFace(label_.trayFace());
 }
 
 void MenuBarExtra::updateMenu() {

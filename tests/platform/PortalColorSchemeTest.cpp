@@ -74,7 +74,11 @@ class PortalColorSchemeTest : public testing::Test {
     }
     void change(const QString& group, const QString& key, const QVariant& value) {
         QMetaObject::invokeMethod(
-            portal_, [=, this] { Q_EMIT portal_->SettingChanged(group, key, QDBusVariant(value)); },
+            portal_,
+            [=, this] {
+                portal_->settings[group][key] = value;
+                Q_EMIT portal_->SettingChanged(group, key, QDBusVariant(value));
+            },
             Qt::BlockingQueuedConnection);
     }
 

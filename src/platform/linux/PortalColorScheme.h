@@ -5,7 +5,6 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QObject>
 #include <QString>
 #include <functional>
@@ -33,7 +32,7 @@ class PortalColorScheme final : public QObject, public ColorScheme {
     [[nodiscard]] Observation observe(std::function<void()> changed) override;
 
  private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged();
 
  private:
     /// What the portal said of each setting; absent for one that it doesn't know.
