@@ -9,6 +9,9 @@ import Elmworth.Theme
 Basic.ToolTip {
     id: tip
 
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? parent.height + 4 : 0
+    width: Math.min(implicitWidth, 320)
     delay: 600
     padding: 0
     leftPadding: 8
@@ -21,6 +24,7 @@ Basic.ToolTip {
         text: tip.text
         size: Theme.calloutSize
         wrapMode: Text.Wrap
+        maximumLineCount: 3
         Accessible.ignored: true
     }
 
