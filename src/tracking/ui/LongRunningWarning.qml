@@ -37,25 +37,24 @@ ColumnLayout {
         }
     }
 
+    // An end some hours after the start.
+    component HourItem: PopupMenuItem {
+        id: item
+
+        required property LongRunningWarningModel source
+        required property int choice
+
+        text: item.choice < item.source.choices.length ? item.source.choices[item.choice] : ""
+        onTriggered: item.source.stopAt(item.choice)
+    }
+
     PopupMenu {
         id: choices
 
-        Instantiator {
-            model: warning.model.choices
-            onObjectAdded: (index, object) => choices.insertItem(index, object as PopupMenuItem)
-            onObjectRemoved: (index, object) => choices.removeItem(object as PopupMenuItem)
-
-            // The items live as long as the menu.
-            // qmllint disable unqualified
-            delegate: PopupMenuItem {
-                required property int index
-                required property string modelData
-
-                text: modelData
-                onTriggered: warning.model.stopAt(index)
-            }
-            // qmllint enable unqualified
-        }
+        HourItem { source: warning.model; choice: 0 }
+        HourItem { source: warning.model; choice: 1 }
+        HourItem { source: warning.model; choice: 2 }
+        HourItem { source: warning.model; choice: 3 }
 
         PopupMenuSeparator {}
 

@@ -40,7 +40,7 @@ ColumnLayout {
         spacing: 6
 
         Repeater {
-            model: section.model.rows
+            model: section.model.rows // qmllint disable
 
             ProjectRow {
                 Layout.fillWidth: true
