@@ -4,6 +4,7 @@
 #include "platform/linux/DBusMenu.h"
 
 #include <QDBusError>
+#include <QTimer>
 
 namespace elmworth {
 
@@ -113,7 +114,7 @@ bool DBusMenu::handleEvent(int id, const QString& eventId) {
     if (!node) return false;
     const bool isEnabled = node->properties.value(QStringLiteral("enabled"), true).toBool();
     if (eventId == QLatin1String("clicked") && isEnabled && node->action) {
-        QMetaObject::invokeMethod(this, node->action, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, node->action);
     }
     return true;
 }
