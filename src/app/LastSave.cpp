@@ -3,6 +3,9 @@
 
 #include "app/LastSave.h"
 
+#include <unistd.h>
+
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -16,10 +19,19 @@ void saveNow() {
     if (auto* const context = std::exchange(unsavedContext, nullptr)) context->saveQuietly();
 }
 
+/// Ends the process there and then: the application is still alive, its threads are at work, and
+/// the program's static objects must not be destroyed under them.
+void saveAndEnd(int status, void* /*unused*/) {
+    if (unsavedContext == nullptr) return;
+    saveNow();
+    std::fflush(nullptr);
+    ::_exit(status);
+}
+
 }  // namespace
 
 LastSave::LastSave(ModelContext& context) {
-    [[maybe_unused]] static const int registered = std::atexit(&saveNow);
+    [[maybe_unused]] static const int registered = ::on_exit(&saveAndEnd, nullptr);
     unsavedContext = &context;
 }
 

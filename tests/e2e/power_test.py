@@ -14,7 +14,7 @@ import unittest
 import dbusmock
 
 sys.path.insert(0, os.path.dirname(__file__))
-from accessible import application
+from accessible import application, find, press
 from loop import wait_until
 
 PROGRAMS = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"])
@@ -69,8 +69,9 @@ class Machine(dbusmock.DBusTestCase):
             process.kill()
         process.wait()
 
-    def start_program(self, **environment):
-        program = subprocess.Popen([PROGRAMS / "elmworth-app"], env=os.environ | MOVED_CLOCK | environment)
+    def start_program(self, *arguments, **environment):
+        program = subprocess.Popen([PROGRAMS / "elmworth-app", *arguments],
+                                   env=os.environ | MOVED_CLOCK | environment)
         self.addCleanup(self.end, program)
         wait_until(application, "the application on the accessibility bus")
         return program
@@ -115,6 +116,51 @@ class Machine(dbusmock.DBusTestCase):
         self.assertGreaterEqual(now["running"]["seconds"], 8600)
         self.assertEqual(len(list((DATA / "Backups").glob("*.json"))), 1)  # one a day
         elmworth("stop")
+
+    def begin_with_panel(self):
+        self.start_logind()
+        set_clock(0)
+        elmworth("start", "Website", "--notes", self.id())
+        self.addCleanup(elmworth, "stop")
+        self.start_program("--panel")
+        wait_until(self.locks, "the lock")
+        wait_until(lambda: find("Tracking"), "the running timer in the panel")
+
+    def sleep_twice(self):
+        self.sleep(at=8000, until=8000 + 5400)
+        wait_until(lambda: find("Computer slept for 1:30. Keep that time?"), "the question")
+        self.sleep(at=20000, until=20000 + 2700)
+        wait_until(lambda: find("Computer slept for 2:15. Keep that time?"), "the question about both sleeps")
+
+    def test_a_short_sleep_asks_nothing_and_kept_ones_change_nothing(self):
+        self.begin_with_panel()
+        self.sleep(at=3600, until=3600 + 599)
+        self.assertIsNone(find("Keep"))
+        self.sleep_twice()
+        press("Keep")
+        wait_until(lambda: not find("Keep"), "the end of the question")
+        self.assertGreaterEqual(status()["running"]["seconds"], 22700)
+
+    def test_discarded_sleeps_split_the_entry(self):
+        self.begin_with_panel()
+        self.sleep_twice()
+        press("Discard")
+        wait_until(lambda: not find("Discard"), "the end of the question")
+        self.assertLess(status()["running"]["seconds"], 600)
+        report = elmworth("report", "--from", "2000-01-01", "--through", "2100-01-01", "--format", "json")
+        ended = [entry for entry in json.loads(report)["entries"] if entry["notes"] == self.id() and "end" in entry]
+        self.assertEqual(len(ended), 2)
+        for entry, expected in zip(ended, (20000 - 13400, 8000)):
+            self.assertAlmostEqual(entry["seconds"], expected, delta=60)
+
+    def test_after_ten_hours_the_panel_asks_whether_the_timer_was_forgotten(self):
+        self.begin_with_panel()
+        self.assertIsNone(find("Running a long time — forgot to stop?"))
+        set_clock(10 * 3600 + 1)
+        wait_until(lambda: find("Running a long time — forgot to stop?"), "the warning")
+        press("Stop at…")
+        press("Now", "menu item")
+        wait_until(lambda: "running" not in status(), "the end of the timer")
 
     def test_a_logind_that_restarts_gets_asked_for_a_lock_again(self):
         self.start_program()
