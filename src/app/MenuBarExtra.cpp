@@ -38,7 +38,7 @@ PanelServices panelServices(LibraryServices& services, RunLoop& runLoop) {
 }  // namespace
 
 MenuBarExtra::MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
-                           Ways ways)
+                           const Ways& ways)
     : engine_(engine),
       label_(services.context(), services.timer(), services.defaults(), runLoop),
       panel_(panelServices(services, runLoop)),

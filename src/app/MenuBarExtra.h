@@ -26,7 +26,7 @@ class MenuBarExtra {
     };
 
     /// Shows the item. `engine` makes the panel when it is first opened, and outlives this object.
-    MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, Ways ways);
+    MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, const Ways& ways);
     MenuBarExtra(const MenuBarExtra&) = delete;
     MenuBarExtra& operator=(const MenuBarExtra&) = delete;
     ~MenuBarExtra();

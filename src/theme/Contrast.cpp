@@ -36,7 +36,7 @@ double worstContrast(const QColor& text, const QList<QColor>& grounds) {
 }  // namespace
 
 double contrastRatio(const QColor& one, const QColor& other) {
-    const auto [darker, brighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
     return (brighter + 0.05) / (darker + 0.05);
 }
 
