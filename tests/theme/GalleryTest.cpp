@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include <gtest/gtest.h>
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
@@ -18,6 +21,15 @@ namespace elmworth {
 namespace {
 
 QStringList warnings;
+
+/// A picture of a window that was never shown; Qt 6.4's software renderer leaves its textures
+/// behind.
+QImage pictureOf(QQuickWindow& window) {
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler unwatched;
+#endif
+    return window.grabWindow();
+}
 
 void collect(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
     if (type == QtWarningMsg || type == QtCriticalMsg) warnings << message;
@@ -37,9 +49,9 @@ TEST(Gallery, ShowsEveryComponentWithoutAWarningInBothAppearances) {
     QImage light;
     if (!engine.rootObjects().isEmpty()) {
         auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
-        dark = window->grabWindow();
+        dark = pictureOf(*window);
         model.setAppearance(2);
-        light = window->grabWindow();
+        light = pictureOf(*window);
     }
     qInstallMessageHandler(usual);
     EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
