@@ -114,8 +114,10 @@ class FakeLogind final : public QObject {
 
 class LogindPowerEventsTest : public testing::Test {
  protected:
-    /// A sleep of so many seconds, as the machine tells it, with the timer's clock.
+    /// A sleep of so many seconds, as the machine tells it, with the timer's clock. Begins and ends
+    /// with the lock held, so that no call is under way when a test takes logind away.
     void sleepFor(FakeLogind& logind, LogindPowerEvents& events, int seconds) {
+        ASSERT_TRUE(logind.getsLock());
         int slept = 0;
         int woke = 0;
         const auto observations = std::array{events.onWillSleep([&slept] { ++slept; }),
@@ -125,6 +127,7 @@ class LogindPowerEventsTest : public testing::Test {
         timer.now += std::chrono::seconds(seconds);
         Q_EMIT logind.PrepareForSleep(false);
         ASSERT_TRUE(comesTrue([&woke] { return woke == 1; }));
+        ASSERT_TRUE(logind.getsLock());
     }
 
     /// A timer that listens to `events`, running on a project.
