@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <functional>
+#include <optional>
 
 #include "app/LibraryServices.h"
 #include "platform/linux/StatusNotifierItem.h"

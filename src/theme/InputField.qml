@@ -23,6 +23,8 @@ Basic.TextField {
     topPadding: 7
     bottomPadding: 7
     selectByMouse: true
+    // Without the focus a long text shows its beginning.
+    autoScroll: activeFocus
     opacity: enabled ? 1 : 0.45
     color: Theme.primaryText
     placeholderTextColor: Theme.tertiaryText
