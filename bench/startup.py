@@ -1,0 +1,69 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""startup.py BIN-FOLDER [RUNS]   how long the application takes to its first frame.
+
+Starts it on the big library, on an empty one, and starts a program that shows an empty window, in
+turn, so that all meet the same machine. Run it as "tests/e2e/desktop bench/startup.py …": it needs a
+display and a session bus. The first frame is when Qt's renderer says that it has drawn one.
+"""
+
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+AIMS = {"empty library": 1.15, "empty window": 1.5}
+
+
+def seconds_to_first_frame(command, environment):
+    began = time.monotonic()
+    process = subprocess.Popen(command, env=environment, stderr=subprocess.PIPE, text=True)
+    try:
+        for line in process.stderr:
+            if "Frame rendered" in line:
+                return time.monotonic() - began
+        raise SystemExit(f"{command} drew nothing")
+    finally:
+        process.terminate()
+        process.stderr.close()
+        process.wait()
+
+
+def environment_of(home):
+    return os.environ | {
+        "XDG_DATA_HOME": str(home / "data"), "XDG_CONFIG_HOME": str(home / "config"),
+        "QT_LOGGING_RULES": "qt.scenegraph.time.renderloop=true",
+        "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "0", "NO_AT_BRIDGE": "1"}
+
+
+def main():
+    programs = pathlib.Path(sys.argv[1])
+    runs = int(sys.argv[2]) if len(sys.argv) > 2 else 15
+    with tempfile.TemporaryDirectory() as folder:
+        big, empty = pathlib.Path(folder, "big"), pathlib.Path(folder, "empty")
+        (big / "data/Elmworth").mkdir(parents=True, mode=0o700)
+        now = time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(time.time() - 3600))
+        subprocess.run([programs / "elmworth-make-library", big / "data/Elmworth/library.sqlite",
+                        "200000", now], check=True)
+        application = [programs / "elmworth-app"]
+        cases = {"big library": (application, environment_of(big)),
+                 "empty library": (application, environment_of(empty)),
+                 "empty window": ([programs / "elmworth_empty_window"], environment_of(empty))}
+        took = {case: [] for case in cases}
+        for _ in range(runs + 2):
+            for case, (command, environment) in cases.items():
+                took[case].append(seconds_to_first_frame(command, environment))
+    # The first two runs warm the caches of the machine.
+    medians = {case: statistics.median(times[2:]) for case, times in took.items()}
+    for case, median in medians.items():
+        ratio = medians["big library"] / median
+        aim = f", the aim is {AIMS[case]}" if case in AIMS else ""
+        print(f"{case:14} {median * 1000:7.1f} ms   {ratio:5.2f}{aim}")
+
+
+if __name__ == "__main__":
+    main()
