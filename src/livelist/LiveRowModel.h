@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QAbstractListModel>
+#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "livelist/RowMove.h"
+
+namespace elmworth {
+
+/// A list that follows a sequence of rows. A new sequence is taken over by removing, moving,
+/// changing and inserting rows, never by a reset, so that focus, selection, scroll position and the
+/// pointer stay with their row. As few rows as possible move; where the sequences begin and end
+/// alike, no row is hashed.
+///
+/// The member `id` of a `Row` says which row is the same one (std::hash, ==); rows are compared by
+/// == to see what changed. The heirs say what their roles show.
+template <class Row>
+class LiveRowModel : public QAbstractListModel {
+ public:
+    using QAbstractListModel::QAbstractListModel;
+
+    [[nodiscard]] const std::vector<Row>& rows() const noexcept { return rows_; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+
+ protected:
+    /// Shows `rows`, of which no two have the same id. Whoever hears of a step on the way does not
+    /// call this again meanwhile.
+    void takeOver(std::vector<Row> rows) {
+        const std::size_t shorter = std::min(rows.size(), rows_.size());
+        std::size_t head = 0;
+        while (head < shorter && rows[head].id == rows_[head].id) ++head;
+        std::size_t tail = 0;
+        while (tail < shorter - head &&
+               rows[rows.size() - 1 - tail].id == rows_[rows_.size() - 1 - tail].id) {
+            ++tail;
+        }
+        reorder(rows, head, tail);
+        for (std::size_t i = 0; i < rows_.size(); ++i) {
+            if (!(rows_[i] == rows[i])) change(i, rows[i]);
+        }
+        // Equal rows may still refer to things of their own.
+        rows_ = std::move(rows);
+    }
+
+    /// The roles that show something else for `next` than for `shown`, which is the same row.
+    [[nodiscard]] virtual QList<int> changedRoles(const Row& shown, const Row& next) const = 0;
+
+ private:
+    using Positions = std::unordered_map<decltype(Row::id), std::size_t>;
+
+    [[nodiscard]] auto at(std::size_t i) { return rows_.begin() + static_cast<std::ptrdiff_t>(i); }
+
+    /// Brings the rows between the first `head` and the last `tail`, which stay, into the order of
+    /// `rows`.
+    void reorder(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
+        Positions wanted;
+        wanted.reserve(rows.size() - head - tail);
+        for (std::size_t i = head; i < rows.size() - tail; ++i) wanted.emplace(rows[i].id, i);
+        removeAllBut(wanted, head, tail);
+        moveIntoOrder(wanted, head, tail);
+        insertMissing(rows, head, rows.size() - tail);
+    }
+
+    void removeAllBut(const Positions& wanted, std::size_t head, std::size_t tail) {
+        for (std::size_t end = rows_.size() - tail; end > head; --end) {
+            std::size_t begin = end;
+            while (begin > head && !wanted.contains(rows_[begin - 1].id)) --begin;
+            if (begin == end) continue;
+            beginRemoveRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
+            rows_.erase(at(begin), at(end));
+            endRemoveRows();
+            end = begin + 1;
+        }
+    }
+
+    void moveIntoOrder(const Positions& wanted, std::size_t head, std::size_t tail) {
+        std::vector<std::size_t> order;
+        for (std::size_t i = head; i < rows_.size() - tail; ++i) {
+            order.push_back(wanted.at(rows_[i].id));
+        }
+        for (const auto [from, to] : movesIntoOrder(std::move(order))) {
+            move(head + from, head + to);
+        }
+    }
+
+    void move(std::size_t from, std::size_t to) {
+        const int row = static_cast<int>(from);
+        beginMoveRows({}, row, row, {}, static_cast<int>(to));
+        if (from < to) {
+            std::rotate(at(from), at(from + 1), at(to));
+        } else {
+            std::rotate(at(to), at(from), at(from + 1));
+        }
+        endMoveRows();
+    }
+
+    /// All present rows are in order; the missing ones come between them in runs.
+    void insertMissing(const std::vector<Row>& rows, std::size_t from, std::size_t to) {
+        for (std::size_t i = from; i < to; ++i) {
+            const std::size_t begin = i;
+            while (i < to && !(begin < rows_.size() && rows_[begin].id == rows[i].id)) ++i;
+            if (begin < i) insert(begin, i, rows);
+        }
+    }
+
+    void insert(std::size_t begin, std::size_t end, const std::vector<Row>& rows) {
+        beginInsertRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
+        rows_.insert(at(begin), rows.begin() + static_cast<std::ptrdiff_t>(begin),
+                     rows.begin() + static_cast<std::ptrdiff_t>(end));
+        endInsertRows();
+    }
+
+    void change(std::size_t i, const Row& row) {
+        const QList<int> roles = changedRoles(rows_[i], row);
+        rows_[i] = row;
+        const QModelIndex where = index(static_cast<int>(i));
+        if (!roles.isEmpty()) Q_EMIT dataChanged(where, where, roles);
+    }
+
+    std::vector<Row> rows_;
+};
+
+}  // namespace elmworth
