@@ -4,8 +4,6 @@
 #include "platform/Collator.h"
 
 #include <unicode/coll.h>
-#include <unicode/stsearch.h>
-#include <unicode/tblcoll.h>
 
 #include <new>
 
@@ -41,27 +39,6 @@ const Collator& Collator::current() {
 
 int localizedStandardCompare(std::string_view a, std::string_view b) {
     return Collator::current().compare(a, b);
-}
-
-bool containsLocalized(std::string_view text, std::string_view wanted) {
-    if (wanted.empty()) return true;
-    static const std::unique_ptr<icu::RuleBasedCollator> ignoringCase = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(
-            icu::Locale(Locale::current().identifier().c_str()), status));
-        if (U_FAILURE(status)) throw std::bad_alloc();
-        collator->setStrength(icu::Collator::SECONDARY);
-        return std::unique_ptr<icu::RuleBasedCollator>(
-            dynamic_cast<icu::RuleBasedCollator*>(collator.release()));
-    }();
-    UErrorCode status = U_ZERO_ERROR;
-    const auto unicode = [](std::string_view utf8) {
-        return icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int>(utf8.size())});
-    };
-    const icu::UnicodeString where = unicode(text);
-    if (where.isEmpty()) return false;
-    icu::StringSearch search(unicode(wanted), where, ignoringCase.get(), nullptr, status);
-    return U_SUCCESS(status) && search.first(status) != USEARCH_DONE && U_SUCCESS(status);
 }
 
 }  // namespace elmworth

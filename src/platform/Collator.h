@@ -33,8 +33,4 @@ class Collator {
 /// The localized standard comparison of the current user.
 [[nodiscard]] int localizedStandardCompare(std::string_view a, std::string_view b);
 
-/// Whether `wanted` stands anywhere in `text`, without regard to case in the manner of the user's
-/// locale (ICU's string search). An empty text stands everywhere.
-[[nodiscard]] bool containsLocalized(std::string_view text, std::string_view wanted);
-
 }  // namespace elmworth
