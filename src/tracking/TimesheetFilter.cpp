@@ -7,8 +7,7 @@
 #include <map>
 #include <utility>
 
-#include "platform/Collator.h"
-#include "platform/Text.h"
+#include "tracking/TimesheetSearch.h"
 
 namespace elmworth {
 
@@ -29,19 +28,18 @@ void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant n
 
 }  // namespace
 
-bool TimesheetFilter::passes(const TimeEntry& entry, Instant now) const {
+bool TimesheetFilter::admits(const TimeEntry& entry, Instant now) const {
     if (entry.start.get() >= range.end) return false;
     if (entry.end->value_or(now) <= range.start) return false;
     if (unbilledOnly && entry.invoice) return false;
     const auto& owner = entry.project.get();
     if (project && owner != project) return false;
-    const auto ownersClient = owner ? owner->client.get() : nullptr;
-    if (client && ownersClient != client) return false;
-    const auto wanted = trimmedBlanks(search);
-    if (wanted.empty()) return true;
-    return containsLocalized(entry.notes.get(), wanted) ||
-           (owner && containsLocalized(owner->name.get(), wanted)) ||
-           (ownersClient && containsLocalized(ownersClient->name.get(), wanted));
+    if (client && !(owner && owner->client.get() == client)) return false;
+    return true;
+}
+
+bool TimesheetFilter::passes(const TimeEntry& entry, Instant now) const {
+    return admits(entry, now) && TimesheetSearch(search).finds(entry.notes.get(), entry.project);
 }
 
 std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const TimesheetFilter& filter,
@@ -53,7 +51,10 @@ std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const Timeshe
         .predicate = (key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to) ||
                      (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
                      (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
-    std::erase_if(entries, [&](const auto& entry) { return !filter.passes(*entry, now); });
+    const TimesheetSearch search(filter.search);
+    std::erase_if(entries, [&](const auto& entry) {
+        return !filter.admits(*entry, now) || !search.finds(entry->notes.get(), entry->project);
+    });
     std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
         return std::pair(b->start.get(), b->persistentModelID()) <
                std::pair(a->start.get(), a->persistentModelID());
@@ -63,8 +64,10 @@ std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const Timeshe
 
 void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, Instant now,
                           const std::function<void(const TimeEntry&)>& visit) {
+    const TimesheetSearch search(filter.search);
     const auto visitIfShown = [&](const TimeEntry& entry) {
-        if (filter.passes(entry, now)) visit(entry);
+        if (filter.admits(entry, now) && search.finds(entry.notes.get(), entry.project))
+            visit(entry);
     };
     // Kept meanwhile, so that each is read once and not again for every entry.
     const auto projects = context.fetch<Project>();

@@ -4,9 +4,7 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "core/Client.h"
@@ -27,7 +25,11 @@ struct TimesheetFilter {
     std::string search;  ///< stands in the notes, the project's or the client's name; blanks around
                          ///< it do not count
 
-    /// Whether `entry` is shown at the instant `now`, up to which a running entry reaches.
+    /// Whether `entry` meets all conditions but the search at the instant `now`, up to which a
+    /// running entry reaches.
+    [[nodiscard]] bool admits(const TimeEntry& entry, Instant now) const;
+
+    /// Whether `entry` is shown at the instant `now`.
     [[nodiscard]] bool passes(const TimeEntry& entry, Instant now) const;
 };
 

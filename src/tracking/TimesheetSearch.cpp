@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/TimesheetSearch.h"
+
+#include "core/Client.h"
+#include "platform/Text.h"
+
+namespace elmworth {
+
+TimesheetSearch::TimesheetSearch(std::string_view typed)
+    : isEmpty_(trimmedBlanks(typed).empty()), search_(trimmedBlanks(typed)) {}
+
+bool TimesheetSearch::finds(std::string_view notes, const Ref<Project>& project) const {
+    return isEmpty_ || isNamedSo(project) || search_.findsIn(notes);
+}
+
+bool TimesheetSearch::isNamedSo(const Ref<Project>& project) const {
+    if (!project) return false;
+    const auto known = projects_.find(project.get());
+    if (known != projects_.end()) return known->second;
+    const auto client = project->client.get();
+    const bool found =
+        search_.findsIn(project->name.get()) || (client && search_.findsIn(client->name.get()));
+    projects_.emplace(project.get(), found);
+    return found;
+}
+
+}  // namespace elmworth
