@@ -21,13 +21,20 @@ struct Report {
     TimesheetStatistics statistics;
 };
 
+TimesheetStatistics statisticsOf(const std::vector<Ref<TimeEntry>>& entries,
+                                 const DateInterval& range, Instant now) {
+    TimesheetSums sums(range);
+    for (const auto& entry : entries) sums.add(TimesheetEntry::of(*entry));
+    return sums.statistics(now);
+}
+
 Report makeReport(const TimesheetArguments& arguments, CommandEnvironment& environment) {
     const Instant now = environment.now();
     Report report;
     report.filter = arguments.filter(environment);
     report.entries = filteredEntries(environment.context, report.filter, now);
     report.days = dayGroups(report.entries, report.filter.range, now, environment.calendar);
-    report.statistics = timesheetStatistics(report.entries, report.filter.range, now);
+    report.statistics = statisticsOf(report.entries, report.filter.range, now);
     return report;
 }
 

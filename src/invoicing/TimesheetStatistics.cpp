@@ -4,51 +4,69 @@
 #include "invoicing/TimesheetStatistics.h"
 
 #include <algorithm>
-#include <set>
+#include <limits>
 
 #include "core/Client.h"
-#include "core/Project.h"
 #include "invoicing/InvoiceCalculator.h"
 
 namespace elmworth {
 
 namespace {
 
-double periodSeconds(const TimeEntry& entry, const DateInterval& range, Instant now) {
-    const Instant start = std::max(entry.start.get(), range.start);
-    const Instant end = std::min(entry.end->value_or(now), range.end);
-    return std::max(0.0, secondsBetween(start, end));
-}
-
-/// The currency of all clients of `entries`; absent when they have several, US dollars when there
-/// is none.
-std::optional<std::string> commonCurrency(const std::vector<Ref<TimeEntry>>& entries) {
-    std::set<std::string> codes;
-    for (const auto& entry : entries) {
-        const auto& project = entry->project.get();
-        if (project && project->client) codes.insert(project->client->currencyCode);
-    }
-    if (codes.size() > 1) return std::nullopt;
-    return codes.empty() ? "USD" : *codes.begin();
+void addCents(std::int64_t& sum, std::int64_t cents) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    if (__builtin_add_overflow(sum, cents, &sum)) sum = cents < 0 ? Limits::min() : Limits::max();
 }
 
 }  // namespace
 
-TimesheetStatistics timesheetStatistics(const std::vector<Ref<TimeEntry>>& entries,
-                                        const DateInterval& range, Instant now) {
-    TimesheetStatistics statistics;
-    statistics.currencyCode = commonCurrency(entries);
-    for (const auto& entry : entries) {
-        const double seconds = periodSeconds(*entry, range, now);
-        const std::int64_t cents =
-            InvoiceCalculator::amountCents(seconds, entry->effectiveRateCents());
+double TimesheetSums::periodSeconds(Instant start, Instant end) const {
+    return std::max(0.0, secondsBetween(std::max(start, range_.start), std::min(end, range_.end)));
+}
+
+void TimesheetSums::noteCurrency(const Project& project) {
+    if (!projects_.insert(project.persistentModelID()).second) return;
+    if (project.client) currencyCodes_.insert(project.client->currencyCode);
+}
+
+void TimesheetSums::add(const TimesheetEntry& entry) {
+    ++finished_.entryCount;
+    if (entry.project) noteCurrency(*entry.project);
+    if (entry.isRunning()) {
+        running_.push_back({entry.start, entry.rateCents});
+        return;
+    }
+    const double seconds = periodSeconds(entry.start, *entry.end);
+    const std::int64_t cents = InvoiceCalculator::amountCents(seconds, entry.rateCents);
+    finished_.trackedSeconds += seconds;
+    addCents(finished_.billableCents, cents);
+    if (entry.isBilled) return;
+    finished_.unbilledSeconds += seconds;
+    addCents(finished_.unbilledCents, cents);
+}
+
+std::optional<std::string> TimesheetSums::commonCurrency() const {
+    if (currencyCodes_.size() > 1) return std::nullopt;
+    return currencyCodes_.empty() ? "USD" : *currencyCodes_.begin();
+}
+
+TimesheetStatistics TimesheetSums::statistics(Instant now) const {
+    TimesheetStatistics statistics = finished_;
+    statistics.currencyCode = commonCurrency();
+    for (const Running& entry : running_) {
+        const double seconds = periodSeconds(entry.start, now);
         statistics.trackedSeconds += seconds;
-        statistics.billableCents += cents;
-        if (entry->invoice || entry->isRunning()) continue;
-        statistics.unbilledSeconds += seconds;
-        statistics.unbilledCents += cents;
+        addCents(statistics.billableCents,
+                 InvoiceCalculator::amountCents(seconds, entry.rateCents));
     }
     return statistics;
+}
+
+TimesheetStatistics timesheetStatistics(std::span<const TimesheetEntry> entries,
+                                        const DateInterval& range, Instant now) {
+    TimesheetSums sums(range);
+    for (const auto& entry : entries) sums.add(entry);
+    return sums.statistics(now);
 }
 
 }  // namespace elmworth

@@ -22,6 +22,12 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
             return icu::DateFormat::createInstanceForSkeleton("MMMd", locale, status);
         case DateFormatter::Style::weekday:
             return icu::DateFormat::createInstanceForSkeleton("EEEE", locale, status);
+        case DateFormatter::Style::weekdayMonthDay:
+            return icu::DateFormat::createInstanceForSkeleton("EEEEMMMd", locale, status);
+        case DateFormatter::Style::shortWeekday:
+            return icu::DateFormat::createInstanceForSkeleton("EEE", locale, status);
+        case DateFormatter::Style::dayOfMonth:
+            return icu::DateFormat::createInstanceForSkeleton("d", locale, status);
     }
     std::abort();
 }

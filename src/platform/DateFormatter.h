@@ -16,10 +16,13 @@ namespace elmworth {
 class DateFormatter {
  public:
     enum class Style {
-        mediumDate,  ///< "Mar 1, 2026", no time
-        shortTime,   ///< "9:30 AM" or "09:30", no date
-        monthDay,    ///< "Mar 1": abbreviated month and day
-        weekday,     ///< "Monday"
+        mediumDate,       ///< "Mar 1, 2026", no time
+        shortTime,        ///< "9:30 AM" or "09:30", no date
+        monthDay,         ///< "Mar 1": abbreviated month and day
+        weekday,          ///< "Monday"
+        weekdayMonthDay,  ///< "Monday, Mar 1"
+        shortWeekday,     ///< "Mon"
+        dayOfMonth,       ///< "1"
     };
 
     DateFormatter(Style style, const Locale& locale, std::string_view zoneID);

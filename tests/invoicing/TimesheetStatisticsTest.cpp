@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <random>
 
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -28,7 +30,15 @@ class Statistics : public testing::Test {
         return entries_.back();
     }
     [[nodiscard]] TimesheetStatistics statistics() const {
-        return timesheetStatistics(entries_, range_, at("2026-03-02T12:00Z"));
+        return statisticsAt(at("2026-03-02T12:00Z"));
+    }
+    [[nodiscard]] TimesheetStatistics statisticsAt(Instant now) const {
+        return timesheetStatistics(listed(), range_, now);
+    }
+    [[nodiscard]] std::vector<TimesheetEntry> listed() const {
+        std::vector<TimesheetEntry> listed;
+        for (const auto& entry : entries_) listed.push_back(TimesheetEntry::of(*entry));
+        return listed;
     }
 
     test::TestLibrary library_{test::TestLibrary::emptyFile()};
@@ -128,6 +138,84 @@ TEST_F(Statistics, ofAnAbsurdRateStopAtTheLimit) {
     client_->hourlyRateCents = std::numeric_limits<std::int64_t>::max();
     add(project_, "08:00", "12:00");
     EXPECT_EQ(statistics().billableCents, 9'000'000'000'000'000);
+}
+
+TEST_F(Statistics, ofSumsBeyond64BitsStayAtTheirLimit) {
+    client_->hourlyRateCents = std::numeric_limits<std::int64_t>::max();
+    for (int i = 0; i < 2000; ++i) add(project_, "08:00", "12:00");
+    EXPECT_EQ(statistics().billableCents, std::numeric_limits<std::int64_t>::max());
+}
+
+TEST_F(Statistics, ofARunningEntryGrowInWhatIsTrackedAlone) {
+    add(project_, "11:00", nullptr);
+    const auto later = statisticsAt(at("2026-03-02T12:00:01Z"));
+    EXPECT_EQ(statistics().trackedSeconds, 3600);
+    EXPECT_EQ(later.trackedSeconds, 3601);
+    EXPECT_EQ(later.billableCents, 10003);
+    EXPECT_EQ(later.unbilledSeconds, 0);
+    EXPECT_EQ(later.unbilledCents, 0);
+    EXPECT_EQ(later.entryCount, 1U);
+}
+
+TEST_F(Statistics, ofARunningEntryStopAtThePeriodsEnd) {
+    add(project_, "23:00", nullptr);
+    EXPECT_EQ(statisticsAt(at("2026-03-04T09:00Z")).trackedSeconds, 3600);
+    EXPECT_EQ(statisticsAt(at("2026-03-01T09:00Z")).trackedSeconds, 0);
+}
+
+TEST_F(Statistics, changeWithTimeOnlyWhileSomethingRuns) {
+    TimesheetSums sums(range_);
+    sums.add(TimesheetEntry::of(*add(project_, "08:00", "09:00")));
+    EXPECT_FALSE(sums.hasRunning());
+    sums.add(TimesheetEntry::of(*add(project_, "09:00", nullptr)));
+    EXPECT_TRUE(sums.hasRunning());
+}
+
+/// The figures as they are defined, from all entries at once.
+TimesheetStatistics naive(const std::vector<TimesheetEntry>& entries, const DateInterval& range,
+                          Instant now) {
+    TimesheetStatistics all;
+    for (const auto& entry : entries) {
+        const double until = secondsBetween(range.start, entry.end.value_or(now));
+        const double from = secondsBetween(range.start, entry.start);
+        const double length = secondsBetween(range.start, range.end);
+        const double seconds = std::max(0.0, std::min(until, length) - std::max(from, 0.0));
+        const double cents = std::round(seconds / 3600.0 * static_cast<double>(entry.rateCents));
+        all.trackedSeconds += seconds;
+        all.billableCents += static_cast<std::int64_t>(cents);
+        if (entry.isBilled || !entry.end) continue;
+        all.unbilledSeconds += seconds;
+        all.unbilledCents += static_cast<std::int64_t>(cents);
+    }
+    return all;
+}
+
+TEST_F(Statistics, equalTheSumOverAllEntriesAtEachInstant) {
+    std::mt19937 random(7);
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    for (int round = 0; round < 200; ++round) {
+        std::vector<TimesheetEntry> entries;
+        TimesheetSums sums(range_);
+        for (int i = pick(0, 30); i > 0; --i) {
+            TimesheetEntry entry;
+            entry.start = adding(range_.start, pick(-90'000, 180'000));
+            if (pick(0, 5) > 0) entry.end = adding(entry.start, pick(-600, 90'000));
+            entry.rateCents = pick(0, 30'000);
+            entry.isBilled = entry.end && pick(0, 1) == 1;
+            entries.push_back(entry);
+            sums.add(entry);
+        }
+        const Instant now = adding(range_.start, pick(-10'000, 200'000));
+        const auto expected = naive(entries, range_, now);
+        const auto all = sums.statistics(now);
+        EXPECT_EQ(all.entryCount, entries.size());
+        EXPECT_EQ(all.trackedSeconds, expected.trackedSeconds);
+        EXPECT_EQ(all.unbilledSeconds, expected.unbilledSeconds);
+        EXPECT_EQ(all.billableCents, expected.billableCents);
+        EXPECT_EQ(all.unbilledCents, expected.unbilledCents);
+    }
 }
 
 }  // namespace

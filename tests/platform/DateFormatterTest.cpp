@@ -53,6 +53,12 @@ INSTANTIATE_TEST_SUITE_P(
         {"WeekdayAmerican", Style::weekday, "en_US", "UTC", "Sunday"},
         {"WeekdayGerman", Style::weekday, "de_DE", "UTC", "Sonntag"},
         {"WeekdayInTheNextDaysZone", Style::weekday, "en_US", "Asia/Kathmandu", "Monday"},
+        {"WeekdayMonthDayAmerican", Style::weekdayMonthDay, "en_US", "UTC", "Sunday, Mar 1"},
+        {"WeekdayMonthDayGerman", Style::weekdayMonthDay, "de_DE", "UTC", "Sonntag, 1. März"},
+        {"ShortWeekdayAmerican", Style::shortWeekday, "en_US", "UTC", "Sun"},
+        {"ShortWeekdayGerman", Style::shortWeekday, "de_DE", "UTC", "So"},
+        {"DayOfMonthAmerican", Style::dayOfMonth, "en_US", "UTC", "1"},
+        {"DayOfMonthInTheNextDaysZone", Style::dayOfMonth, "en_US", "Asia/Kathmandu", "2"},
     }),
     rowName);
 

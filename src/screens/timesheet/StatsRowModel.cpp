@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/StatsRowModel.h"
+
+#include <utility>
+
+#include "invoicing/MoneyFormat.h"
+#include "tracking/DurationFormat.h"
+
+namespace elmworth {
+
+namespace {
+
+QString hours(double seconds) {
+    return QString::fromStdString(formatHoursMinutes(seconds));
+}
+
+QString money(std::int64_t cents, const std::string& currencyCode) {
+    return QString::fromStdString(formatCents(cents, currencyCode));
+}
+
+}  // namespace
+
+StatsRowModel::StatsRowModel() {
+    showAt(Instant());
+}
+
+StatsRowModel::Figure StatsRowModel::trackedFigure(const TimesheetStatistics& statistics) {
+    const auto count = statistics.entryCount;
+    return {hours(statistics.trackedSeconds),
+            count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count)};
+}
+
+StatsRowModel::Figure StatsRowModel::billableFigure(const TimesheetStatistics& statistics) {
+    const auto& currency = statistics.currencyCode;
+    if (!currency) return {QStringLiteral("Mixed"), QStringLiteral("Several currencies")};
+    return {money(statistics.billableCents, *currency), QStringLiteral("Before rounding")};
+}
+
+StatsRowModel::Figure StatsRowModel::unbilledFigure(const TimesheetStatistics& statistics) {
+    const auto& currency = statistics.currencyCode;
+    const QString time = hours(statistics.unbilledSeconds);
+    return {currency ? money(statistics.unbilledCents, *currency) : time,
+            QStringLiteral("%1 ready to invoice").arg(time)};
+}
+
+void StatsRowModel::replace(Figure& figure, Figure next, void (StatsRowModel::*changed)()) {
+    if (figure == next) return;
+    figure = std::move(next);
+    Q_EMIT(this->*changed)();
+}
+
+void StatsRowModel::showAt(Instant now) {
+    const auto statistics = sums_.statistics(now);
+    replace(tracked_, trackedFigure(statistics), &StatsRowModel::trackedChanged);
+    replace(billable_, billableFigure(statistics), &StatsRowModel::billableChanged);
+    replace(unbilled_, unbilledFigure(statistics), &StatsRowModel::unbilledChanged);
+}
+
+void StatsRowModel::show(std::span<const TimesheetEntry> entries, const DateInterval& range,
+                         Instant now) {
+    TimesheetSums sums(range);
+    for (const auto& entry : entries) sums.add(entry);
+    show(std::move(sums), now);
+}
+
+void StatsRowModel::show(TimesheetSums sums, Instant now) {
+    sums_ = std::move(sums);
+    showAt(now);
+}
+
+void StatsRowModel::tick(Instant now) {
+    if (sums_.hasRunning()) showAt(now);
+}
+
+}  // namespace elmworth
