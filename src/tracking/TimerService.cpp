@@ -114,6 +114,11 @@ void TimerService::refresh() {
     tick();
 }
 
+void TimerService::takeUp(const Ref<TimeEntry>& entry) {
+    setRunning(entry);
+    startTicker();
+}
+
 void TimerService::save() {
     try {
         context_.save();

@@ -54,6 +54,9 @@ class TimerService {
     /// Looks again at the running entry after somebody else changed or deleted records.
     void refresh();
 
+    /// Runs on with `entry`, which has no end and came back into the library. Nothing else may run.
+    void takeUp(const Ref<TimeEntry>& entry);
+
     /// Counts the sleeps in `awayIntervals` as worked time.
     void keepAwayTime();
 

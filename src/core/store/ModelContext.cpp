@@ -43,6 +43,18 @@ void ModelContext::insert(const Ref<Record>& record) {
     observers_.note(schema);
 }
 
+Ref<Record> ModelContext::reinsert(const RecordSchema& schema, const PersistentID& id) {
+    auto record = existing(id);
+    if (!record) {
+        record = schema.make(id);
+        insert(record);
+    } else if (record->state_ == Record::State::deleted) {
+        record->state_ = Record::State::changed;  // the library still has its row
+        observers_.note(schema);
+    }
+    return record;
+}
+
 void ModelContext::recordWillChange(Record& record) {
     if (record.state_ != Record::State::clean) return;
     record.saved_ = std::make_unique<std::vector<Value>>(record.capture());

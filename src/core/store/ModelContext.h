@@ -45,6 +45,15 @@ class ModelContext {
     /// Takes a new record. What it points to must be in the context by the time of the save.
     void insert(const Ref<Record>& record);
 
+    /// Takes back the record of an identity that this library held and holds no more. One whose
+    /// deletion waits for the save is there again, with the values that it had; any other is a new
+    /// object with the values of a new record. What its deletion did to other records stays done.
+    template <class T>
+    Ref<T> reinsert(const PersistentID& id) {
+        return std::static_pointer_cast<T>(reinsert(T::schema(), id));
+    }
+    Ref<Record> reinsert(const RecordSchema& schema, const PersistentID& id);
+
     /// Deletes a record and does to those that point to it what the delete rules say. A rule that
     /// denies the deletion speaks at the save. Throws StoreError when the related records cannot be
     /// read; nothing is deleted then.

@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/HistoryTest.h"
+#include "tracking/ProjectDeletion.h"
+
+// What an undo leaves alone, because somebody else changed it.
+
+namespace elmworth {
+namespace {
+
+using test::Rows;
+
+struct EntryHistoryConflictTest : test::HistoryTest {
+    static constexpr auto billedNotice = "1 entry is on an invoice and stays as it is.";
+    static constexpr auto changedNotice = "1 entry was changed since and stays as it is.";
+};
+
+// --- billed ------------------------------------------------------------------------------------
+
+TEST_F(EntryHistoryConflictTest, ABilledEntryStaysMovedAndTheOthersGoBack) {
+    move({first_, second_}, app_);
+    bill(first_);
+    EXPECT_EQ(history().undo().notice(), billedNotice);
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 App a", "07:00-07:30 Website b"}));
+    EXPECT_EQ(history().redoText(), "Redo Move Entry");
+}
+
+TEST_F(EntryHistoryConflictTest, ABilledEntryStaysWhereItIsInARedo) {
+    move({first_, second_}, app_);
+    history().undo();
+    bill(first_);
+    EXPECT_EQ(history().redo().notice(), billedNotice);
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 Website a", "07:00-07:30 App b"}));
+}
+
+TEST_F(EntryHistoryConflictTest, ABilledEntryKeepsItsEdit) {
+    edit(first_, "06:00", "06:45", "typed");
+    bill(first_);
+    EXPECT_EQ(history().undo().notice(), billedNotice);
+    EXPECT_EQ(rows()[0], "06:00-06:45 Website typed");
+}
+
+TEST_F(EntryHistoryConflictTest, ABilledEntryIsNotRemovedThoughItWasAdded) {
+    const auto added = edit(nullptr, "08:00", "08:30", "new");
+    const auto duplicate = editing_.duplicateEntryToToday(first_);
+    duplicate->invoice = timer_.library.addInvoice("INV-1", acme_);
+    added->invoice = duplicate->invoice;
+    context().save();
+    EXPECT_EQ(history().undo().notice(), billedNotice);
+    EXPECT_EQ(history().undo().notice(), billedNotice);
+    EXPECT_EQ(rows().size(), 4U);
+}
+
+TEST_F(EntryHistoryConflictTest, AnEntryThatIsBilledIsNotDeletedAgain) {
+    remove({first_, second_});
+    history().undo();
+    bill(again(first_));
+    EXPECT_EQ(history().redo().notice(), billedNotice);
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 Website a"}));
+}
+
+TEST_F(EntryHistoryConflictTest, AStepOfWhichNothingIsLeftIsDropped) {
+    move({first_}, app_);
+    bill(first_);
+    EXPECT_EQ(history().undo(), (UndoResult{.changed = 0, .billed = 1}));
+    EXPECT_FALSE(history().canUndo());
+    EXPECT_FALSE(history().canRedo());
+}
+
+// --- changed elsewhere -------------------------------------------------------------------------
+
+TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedIsNotOverwritten) {
+    edit(first_, "06:00", "06:30", "mine");
+    first_->notes = "theirs";
+    EXPECT_EQ(history().undo().notice(), changedNotice);
+    EXPECT_EQ(rows()[0], "06:00-06:30 Website theirs");
+    EXPECT_FALSE(history().canRedo());
+}
+
+TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedSinceAnUndoIsNotOverwritten) {
+    edit(first_, "06:00", "06:30", "mine");
+    history().undo();
+    first_->notes = "theirs";
+    EXPECT_EQ(history().redo().notice(), changedNotice);
+    EXPECT_EQ(rows()[0], "06:00-06:30 Website theirs");
+}
+
+TEST_F(EntryHistoryConflictTest, AnotherFieldThatSomebodyElseChangedStaysAndTheStepIsTakenBack) {
+    move({first_}, app_);
+    first_->notes = "theirs";
+    EXPECT_EQ(history().undo().notice(), "");
+    EXPECT_EQ(rows()[0], "06:00-06:30 Website theirs");
+}
+
+TEST_F(EntryHistoryConflictTest, TheOthersOfAStepAreTakenBack) {
+    move({first_, second_}, app_);
+    first_->project = nullptr;
+    EXPECT_EQ(history().undo(), (UndoResult{.changed = 1, .changedElsewhere = 1}));
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a", "07:00-07:30 Website b"}));
+}
+
+TEST_F(EntryHistoryConflictTest, AnUndoNeverReversesASpan) {
+    edit(first_, "05:00", "06:30", "a");
+    first_->end = timer_.today("05:30");
+    EXPECT_EQ(history().undo().notice(), changedNotice);
+    EXPECT_EQ(rows()[0], "05:00-05:30 Website a");
+}
+
+TEST_F(EntryHistoryConflictTest, ASpanThatWasReversedBeforeComesBackAsItWas) {
+    first_->end = first_->start.get() - std::chrono::hours(1);
+    context().save();
+    edit(first_, "05:00", "05:30", "a");
+    EXPECT_EQ(history().undo().notice(), "");
+    EXPECT_EQ(rows()[0], "06:00-05:00 Website a");
+    remove({first_});
+    history().undo();
+    EXPECT_EQ(rows()[0], "06:00-05:00 Website a");
+}
+
+TEST_F(EntryHistoryConflictTest, AnEntryDeletedElsewhereIsNotMadeAgainByAnEdit) {
+    edit(first_, "06:00", "06:30", "mine");
+    context().deleteRecord(first_);
+    context().save();
+    EXPECT_EQ(history().undo().notice(), changedNotice);
+    EXPECT_EQ(rows().size(), 1U);
+}
+
+TEST_F(EntryHistoryConflictTest, AnAddedEntryThatSomebodyElseChangedStays) {
+    edit(nullptr, "08:00", "08:30", "new")->notes = "theirs";
+    EXPECT_EQ(history().undo().notice(), changedNotice);
+    EXPECT_EQ(rows().size(), 3U);
+}
+
+TEST_F(EntryHistoryConflictTest, SeveralAreToldOfInOneSentenceEach) {
+    EXPECT_EQ((UndoResult{.changed = 1, .billed = 2, .changedElsewhere = 3}).notice(),
+              "2 entries are on an invoice and stay as they are. "
+              "3 entries were changed since and stay as they are.");
+}
+
+// --- a project that is gone --------------------------------------------------------------------
+
+TEST_F(EntryHistoryConflictTest, AnEntryOfADeletedProjectComesBackWithoutOne) {
+    remove({first_});
+    deleteOrArchiveProject(website_, context(), service());
+    EXPECT_EQ(history().undo().notice(), "");
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a"}));
+    EXPECT_FALSE(context().hasChanges());
+    history().redo();
+    EXPECT_EQ(rows(), Rows{});
+}
+
+TEST_F(EntryHistoryConflictTest, AMoveFromADeletedProjectIsTakenBackToNone) {
+    move({first_}, app_);
+    deleteOrArchiveProject(website_, context(), service());
+    EXPECT_EQ(history().undo().notice(), "");
+    EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a"}));
+}
+
+TEST_F(EntryHistoryConflictTest, OlderStepsStillFindAnEntryThatCameBackWithoutItsProject) {
+    edit(first_, "06:00", "06:30", "typed");
+    move({first_}, app_);
+    remove({first_});
+    deleteOrArchiveProject(app_, context(), service());
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(history().undo().notice(), "") << i;
+    EXPECT_EQ(rows()[0], "06:00-06:30 Website a");
+}
+
+TEST_F(EntryHistoryConflictTest, AnEntryOfAProjectWhoseDeletionIsNotSavedYetComesBackWithoutOne) {
+    remove({first_});
+    context().deleteRecord(website_);
+    history().undo();
+    EXPECT_EQ(storedRows(), (Rows{"06:00-06:30 none a"}));
+}
+
+TEST_F(EntryHistoryConflictTest, AnArchivedProjectIsStillTheProject) {
+    remove({first_});
+    website_->isArchived = true;
+    history().undo();
+    EXPECT_EQ(rows()[0], "06:00-06:30 Website a");
+}
+
+}  // namespace
+}  // namespace elmworth

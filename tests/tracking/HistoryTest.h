@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "support/StatementTrace.h"
+#include "support/TestTimer.h"
+#include "tracking/TimesheetEditing.h"
+
+namespace elmworth::test {
+
+using Rows = std::vector<std::string>;
+
+/// A person's library on Monday, 2026-03-02, at 09:00, with two entries on "Website".
+class HistoryTest : public testing::Test {
+ protected:
+    HistoryTest() { context().save(); }
+
+    [[nodiscard]] ModelContext& context() { return timer_.library.context(); }
+    [[nodiscard]] TimerService& service() { return *timer_.service; }
+    [[nodiscard]] EntryHistory& history() { return editing_.history(); }
+
+    Ref<TimeEntry> add(const std::string& from, const std::string& to, const std::string& notes) {
+        const auto entry =
+            timer_.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
+        entry->notes = notes;
+        return entry;
+    }
+    void bill(const Ref<TimeEntry>& entry) {
+        entry->invoice = timer_.library.addInvoice("INV-1", acme_);
+        context().save();
+    }
+    EntryTally remove(const std::vector<Ref<TimeEntry>>& entries) {
+        return editing_.deleteEntries(ids(entries));
+    }
+    EntryTally move(const std::vector<Ref<TimeEntry>>& entries, const Ref<Project>& project) {
+        return editing_.moveEntries(ids(entries), project);
+    }
+    /// Saves the editor with these values.
+    Ref<TimeEntry> edit(const Ref<TimeEntry>& entry, const std::string& from, const std::string& to,
+                        const std::string& notes) {
+        const bool runs = entry && entry->isRunning();
+        return editing_.save({website_, TestTimer::today(from), TestTimer::today(to), notes, runs},
+                             entry);
+    }
+    [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
+        std::vector<PersistentID> ids;
+        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        return ids;
+    }
+    /// The entry of an identity, which may be another object after an undo.
+    [[nodiscard]] Ref<TimeEntry> again(const Ref<TimeEntry>& entry) {
+        return context().record<TimeEntry>(entry->persistentModelID());
+    }
+    /// All entries as "06:00-06:30 Website a", by start; "09:00- …" for a running one.
+    [[nodiscard]] Rows rows() {
+        Rows rows;
+        for (const auto& entry : context().fetch(
+                 FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
+            rows.push_back(
+                time(entry->start) + '-' + (entry->end.get() ? time(*entry->end.get()) : "") + ' ' +
+                (entry->project ? entry->project->name.get() : "none") + ' ' + entry->notes.get());
+        }
+        return rows;
+    }
+    /// The same of what is on disk. Ends the timer and the history.
+    [[nodiscard]] Rows storedRows() {
+        timer_.restart();
+        return rows();
+    }
+    /// How many saves there were since the last call.
+    [[nodiscard]] static std::size_t commits() {
+        const auto statements = StatementTrace::take();
+        return static_cast<std::size_t>(std::count(statements.begin(), statements.end(), "COMMIT"));
+    }
+
+ private:
+    static std::string time(Instant instant) { return iso(instant).substr(11, 5); }
+
+ protected:
+    StatementTrace trace_;
+    TestTimer timer_;
+    Ref<Client> acme_ = timer_.library.addClient("Acme");
+    Ref<Project> website_ = timer_.library.addProject("Website", acme_);
+    Ref<Project> app_ = timer_.library.addProject("App", acme_);
+    Ref<TimeEntry> first_ = add("06:00", "06:30", "a");
+    Ref<TimeEntry> second_ = add("07:00", "07:30", "b");
+    TimesheetEditing editing_{context(), *timer_.service, [this] { return timer_.now; },
+                              [this] { return timer_.calendar; }};
+};
+
+}  // namespace elmworth::test

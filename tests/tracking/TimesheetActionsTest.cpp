@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tracking/TimesheetActions.h"
+
+#include <gtest/gtest.h>
+
+#include "support/FileSizeLimit.h"
+#include "support/StatementTrace.h"
+#include "support/TestTimer.h"
+
+namespace elmworth {
+namespace {
+
+using namespace std::chrono_literals;
+using test::TestTimer;
+
+class TimesheetActionsTest : public testing::Test {
+ protected:
+    [[nodiscard]] ModelContext& context() { return timer_.library.context(); }
+    Ref<TimeEntry> add(const std::string& from, const std::string& to) {
+        return timer_.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
+    }
+    void bill(const Ref<TimeEntry>& entry) {
+        entry->invoice = timer_.library.addInvoice("INV-1", acme_);
+        context().save();
+    }
+    EntryTally remove(const std::vector<Ref<TimeEntry>>& entries) {
+        return deleteEntries(ids(entries), context(), *timer_.service);
+    }
+    EntryTally move(const std::vector<Ref<TimeEntry>>& entries, const Ref<Project>& project) {
+        return moveEntries(ids(entries), project, context());
+    }
+    [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
+        std::vector<PersistentID> ids;
+        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        return ids;
+    }
+    [[nodiscard]] static std::size_t commits() {
+        const auto statements = test::StatementTrace::take();
+        return static_cast<std::size_t>(std::count(statements.begin(), statements.end(), "COMMIT"));
+    }
+
+    test::StatementTrace trace_;
+    TestTimer timer_;
+    Ref<Client> acme_ = timer_.library.addClient("Acme");
+    Ref<Project> website_ = timer_.library.addProject("Website", acme_);
+    Ref<Project> app_ = timer_.library.addProject("App", acme_);
+    Ref<TimeEntry> first_ = add("06:00", "06:30");
+    Ref<TimeEntry> second_ = add("07:00", "07:30");
+    Ref<TimeEntry> third_ = add("08:00", "08:30");
+};
+
+// --- delete ------------------------------------------------------------------------------------
+
+TEST_F(TimesheetActionsTest, DeletedEntriesAreGoneFromTheDisk) {
+    context().save();
+    EXPECT_EQ(remove({first_, third_}), (EntryTally{2, 0}));
+    timer_.restart();
+    EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
+}
+
+TEST_F(TimesheetActionsTest, ABilledEntryIsSkippedAndCountedAndTheOthersGo) {
+    bill(second_);
+    EXPECT_EQ(remove({first_, second_, third_}), (EntryTally{2, 1}));
+    EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
+    EXPECT_EQ(second_->invoice->number.get(), "INV-1");
+}
+
+TEST_F(TimesheetActionsTest, DeletingEntriesThatAreAllGoneDoesNothingAndSavesNothing) {
+    context().save();
+    remove({first_});
+    third_->notes = "typed elsewhere";
+    EXPECT_EQ(remove({first_}), EntryTally{});
+    EXPECT_EQ(deleteEntries({}, context(), *timer_.service), EntryTally{});
+    EXPECT_TRUE(context().hasChanges());
+}
+
+TEST_F(TimesheetActionsTest, DeletingTheRunningEntryStopsTheTicker) {
+    timer_.service->start(website_);
+    timer_.setTime("10:00");
+    timer_.library.runLoop.fire();
+    remove({timer_.service->running()});
+    EXPECT_FALSE(timer_.service->running());
+    EXPECT_EQ(timer_.service->elapsedText(), "");
+    EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 0U);
+}
+
+TEST_F(TimesheetActionsTest, DeletingAnotherEntryLeavesTheTimerRunning) {
+    timer_.service->start(website_);
+    const auto running = timer_.service->running();
+    remove({first_});
+    EXPECT_EQ(timer_.service->running(), running);
+}
+
+TEST_F(TimesheetActionsTest, ADeletionThatCannotBeSavedStaysPending) {
+    context().save();
+    {
+        const test::FileSizeLimit fullDisk(0);
+        EXPECT_EQ(remove({first_}), (EntryTally{1, 0}));
+        EXPECT_TRUE(context().hasChanges());
+    }
+    context().save();
+    timer_.restart();
+    EXPECT_EQ(timer_.spans().size(), 2U);
+}
+
+// --- move --------------------------------------------------------------------------------------
+
+TEST_F(TimesheetActionsTest, MovedEntriesBelongToTheOtherProjectOnDisk) {
+    EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
+    const auto app = app_->persistentModelID();
+    timer_.restart();
+    EXPECT_EQ(context().fetchCount(FetchDescriptor<TimeEntry>{
+                  .predicate = key<&TimeEntry::project>() == std::optional(app)}),
+              2U);
+}
+
+TEST_F(TimesheetActionsTest, ABilledEntryKeepsItsProjectAndIsCountedAndTheOthersMove) {
+    bill(second_);
+    EXPECT_EQ(move({first_, second_, third_}, app_), (EntryTally{2, 1}));
+    EXPECT_EQ(first_->project.get(), app_);
+    EXPECT_EQ(second_->project.get(), website_);
+    EXPECT_EQ(third_->project.get(), app_);
+}
+
+TEST_F(TimesheetActionsTest, MovingToTheProjectThatItHasChangesNothing) {
+    context().save();
+    EXPECT_EQ(move({first_}, website_), EntryTally{});
+    EXPECT_FALSE(context().hasChanges());
+}
+
+TEST_F(TimesheetActionsTest, TheRunningEntryMovesAndRunsOn) {
+    timer_.service->start(website_);
+    const auto running = timer_.service->running();
+    EXPECT_EQ(move({running}, app_), (EntryTally{1, 0}));
+    EXPECT_EQ(timer_.service->running(), running);
+    EXPECT_TRUE(running->isRunning());
+}
+
+TEST_F(TimesheetActionsTest, AProjectDeletedWhileTheMenuWasOpenGetsNothing) {
+    context().save();
+    context().deleteRecord(app_);
+    EXPECT_EQ(move({first_}, app_), EntryTally{});
+    context().save();
+    EXPECT_EQ(move({first_}, app_), EntryTally{});
+    EXPECT_EQ(first_->project.get(), website_);
+}
+
+TEST_F(TimesheetActionsTest, AnEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
+    context().save();
+    remove({first_});
+    EXPECT_EQ(move({first_, second_}, app_), (EntryTally{1, 0}));
+}
+
+// --- both --------------------------------------------------------------------------------------
+
+TEST_F(TimesheetActionsTest, ManyEntriesAreChangedInOneSave) {
+    std::vector<Ref<TimeEntry>> entries;
+    for (int i = 0; i < 10'000; ++i) entries.push_back(add("06:00", "06:30"));
+    context().save();
+    const auto picked = ids(entries);
+    entries.clear();
+    (void)commits();
+    EXPECT_EQ(moveEntries(picked, app_, context()), (EntryTally{10'000, 0}));
+    EXPECT_EQ(commits(), 1U);
+    EXPECT_EQ(deleteEntries(picked, context(), *timer_.service), (EntryTally{10'000, 0}));
+    EXPECT_EQ(commits(), 1U);
+    EXPECT_EQ(timer_.spans().size(), 3U);
+}
+
+}  // namespace
+}  // namespace elmworth
