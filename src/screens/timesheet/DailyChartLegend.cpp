@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/DailyChartLegend.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "screens/timesheet/BarLook.h"
+
+namespace elmworth {
+
+namespace {
+
+constexpr double rowHeight = 18;
+constexpr double swatch = 8;
+constexpr double swatchGap = 6;
+constexpr double itemGap = 14;
+constexpr double widestItem = 190;
+constexpr int mostRows = 3;
+
+QRectF areaOf(const LegendPlace& place) {
+    return {place.x, place.row * rowHeight, place.width, rowHeight};
+}
+
+}  // namespace
+
+DailyChartLegend::DailyChartLegend(QQuickItem* parent) : QQuickPaintedItem(parent) {
+    connect(this, &DailyChartLegend::colorsChanged, this, [this] { update(); });
+}
+
+void DailyChartLegend::setModel(DailyChartModel* model) {
+    if (model_ == model) return;
+    if (model_) model_->disconnect(this);
+    model_ = model;
+    if (model_) connect(model_, &DailyChartModel::changed, this, &DailyChartLegend::arrange);
+    arrange();
+    Q_EMIT modelChanged();
+}
+
+void DailyChartLegend::setFont(const QFont& font) {
+    if (font_ == font) return;
+    font_ = font;
+    arrange();
+    Q_EMIT fontChanged();
+}
+
+void DailyChartLegend::geometryChange(const QRectF& now, const QRectF& before) {
+    QQuickPaintedItem::geometryChange(now, before);
+    if (now.width() != before.width()) arrange();
+}
+
+void DailyChartLegend::arrange() {
+    const QFontMetricsF metrics(font_);
+    std::vector<double> widths;
+    if (model_) {
+        for (const QString& label : model_->labels()) {
+            const double text = std::ceil(metrics.horizontalAdvance(label)) + 1;
+            widths.push_back(std::min(swatch + swatchGap + text, widestItem));
+        }
+    }
+    const double rest = metrics.horizontalAdvance(QStringLiteral("and 999 more"));
+    layout_ = legendLayout(widths, width(), itemGap, std::ceil(rest), mostRows);
+    setImplicitHeight(layout_.rows * rowHeight);
+    update();
+}
+
+QString DailyChartLegend::restText() const {
+    const auto hidden = model_->colors().size() - layout_.places.size();
+    return QStringLiteral("and %1 more").arg(hidden);
+}
+
+void DailyChartLegend::paintItem(QPainter& painter, std::size_t item) const {
+    const QRectF area = areaOf(layout_.places[item]);
+    const BarLook look = BarLook::of(model_->colors()[item], ground_);
+    const QRectF dot(area.left(), area.center().y() - swatch / 2, swatch, swatch);
+    painter.setBrush(look.fill);
+    painter.setPen(look.outline);
+    painter.drawEllipse(dot.adjusted(look.inset, look.inset, -look.inset, -look.inset));
+    const QRectF text = area.adjusted(swatch + swatchGap, 0, 0, 0);
+    const QString& label = model_->labels()[static_cast<qsizetype>(item)];
+    painter.setPen(ink_);
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetricsF(font_).elidedText(label, Qt::ElideRight, text.width()));
+}
+
+void DailyChartLegend::paint(QPainter* painter) {
+    if (!model_) return;
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setFont(font_);
+    for (std::size_t i = 0; i < layout_.places.size(); ++i) paintItem(*painter, i);
+    if (layout_.rest.width <= 0) return;
+    painter->setPen(ink_);
+    painter->drawText(areaOf(layout_.rest), Qt::AlignLeft | Qt::AlignVCenter, restText());
+}
+
+}  // namespace elmworth

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/DailyChartGeometry.h"
+
+#include <gtest/gtest.h>
+
+#include "support/Instants.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+
+/// Four days, of which the first has two bars that fill it and the second one of half a minute.
+class ChartGeometry : public testing::Test {
+ protected:
+    ChartGeometry() {
+        for (int i = 0; i < 4; ++i) {
+            const Instant day = at("2026-03-02T00:00Z") + std::chrono::days(i);
+            days.push_back({day, day + std::chrono::days(1)});
+        }
+        stacks = dailyStacks(days, std::vector<DailyBar>{{days[0].start, "A", "", 1},
+                                                         {days[1].start, "A", "", 0.008},
+                                                         {days[0].start, "B", "", 3}});
+    }
+
+    std::vector<DateInterval> days;
+    DailyStacks stacks;
+    DailyChartGeometry geometry{stacks, QSizeF(432, 127), 24};
+};
+
+TEST_F(ChartGeometry, SharesTheWidthBesideTheHoursEvenly) {
+    EXPECT_EQ(geometry.plot(), QRectF(32, 7, 400, 100));
+    EXPECT_EQ(geometry.columnWidth(), 100);
+    EXPECT_EQ(geometry.column(3), QRectF(332, 7, 100, 100));
+}
+
+TEST_F(ChartGeometry, PutsZeroOnTheGroundAndTheHighestMarkAtTheTop) {
+    EXPECT_EQ(geometry.y(0), 107);
+    EXPECT_EQ(geometry.y(4), 7);
+}
+
+TEST_F(ChartGeometry, StacksBarsWithAThinGap) {
+    const QRectF lower = geometry.bar(stacks.bars[0]);
+    const QRectF upper = geometry.bar(stacks.bars[1]);
+    EXPECT_EQ(lower, QRectF(54, 83, 56, 24));
+    EXPECT_EQ(upper, QRectF(54, 8, 56, 74));
+}
+
+TEST_F(ChartGeometry, DrawsAtLeastAPixel) {
+    EXPECT_EQ(geometry.bar(stacks.bars[2]).height(), 1);
+}
+
+TEST_F(ChartGeometry, FindsTheBarUnderAPoint) {
+    EXPECT_EQ(geometry.barAt({82, 100}), 0U);
+    EXPECT_EQ(geometry.barAt({82, 20}), 1U);
+}
+
+TEST_F(ChartGeometry, FindsAThinBarFromSomePixelsAway) {
+    EXPECT_EQ(geometry.barAt({182, 104}), 2U);
+    EXPECT_EQ(geometry.barAt({182, 90}), std::nullopt);
+}
+
+TEST_F(ChartGeometry, FindsNothingOutsideTheColumns) {
+    for (const QPointF point : {QPointF(-1, -1), QPointF(10, 100), QPointF(432, 100),
+                                QPointF(282, 100), QPointF(82, 120)}) {
+        EXPECT_EQ(geometry.barAt(point), std::nullopt) << point.x() << ' ' << point.y();
+    }
+}
+
+TEST_F(ChartGeometry, OfNoRoomOrNoChartFindsNothing) {
+    EXPECT_EQ(DailyChartGeometry().barAt({0, 0}), std::nullopt);
+    EXPECT_EQ(DailyChartGeometry(stacks, QSizeF(0, 0), 24).barAt({40, 0}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace elmworth
