@@ -19,11 +19,7 @@ std::int64_t writeEntries(CommandEnvironment& environment, const TimesheetFilter
     std::int64_t count = 0;
     forEachFilteredEntry(
         environment.context, filter, environment.now(), [&](const TimeEntry& entry) {
-            if (entry.isRunning()) return;
-            const auto& project = entry.project.get();
-            const auto client = project ? project->client.get() : nullptr;
-            document.add(entry.start, *entry.end.get(), client ? client->name.get() : "",
-                         project ? project->name.get() : "", entry.notes.get());
+            if (!document.add(entry)) return;
             environment.progress.advance("Exporting", static_cast<std::size_t>(++count), 0);
         });
     document.finish();

@@ -60,6 +60,15 @@ void CSVDocument::add(Instant start, Instant end, std::string_view client, std::
              formatDecimalHours(secondsBetween(start, end))});
 }
 
+bool CSVDocument::add(const TimeEntry& entry) {
+    if (entry.isRunning()) return false;
+    const auto& project = entry.project.get();
+    const auto client = project ? project->client.get() : nullptr;
+    add(entry.start, *entry.end.get(), client ? std::string_view(client->name.get()) : "",
+        project ? std::string_view(project->name.get()) : "", entry.notes.get());
+    return true;
+}
+
 void CSVDocument::addLine(std::initializer_list<std::string_view> values) {
     bool isFirst = true;
     for (const auto value : values) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/TimeEntry.h"
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
 
@@ -23,6 +24,8 @@ class CSVDocument {
 
     void add(Instant start, Instant end, std::string_view client, std::string_view project,
              std::string_view notes);
+    /// Adds a finished entry; false, and nothing is added, for one that runs.
+    bool add(const TimeEntry& entry);
 
     /// Hands on what is left. Called once, at the end.
     void finish();

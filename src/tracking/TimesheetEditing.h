@@ -30,6 +30,7 @@ class TimesheetEditing {
     Ref<TimeEntry> continueEntry(const Ref<TimeEntry>& entry);
 
     [[nodiscard]] EntryHistory& history() noexcept { return history_; }
+    [[nodiscard]] const EntryHistory& history() const noexcept { return history_; }
 
  private:
     ModelContext& context_;

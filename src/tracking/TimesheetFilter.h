@@ -31,6 +31,8 @@ struct TimesheetFilter {
 
     /// Whether `entry` is shown at the instant `now`.
     [[nodiscard]] bool passes(const TimeEntry& entry, Instant now) const;
+
+    friend bool operator==(const TimesheetFilter&, const TimesheetFilter&) = default;
 };
 
 /// The entries that pass, newest start first. Throws StoreError.

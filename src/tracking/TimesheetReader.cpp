@@ -14,6 +14,14 @@ namespace {
 
 constexpr std::chrono::days pieceLength{366};
 
+/// The last bound before `instant`. Pieces begin at the same instants whatever the library holds,
+/// so that one can take the place of its former reading.
+Instant boundBefore(Instant instant) {
+    const auto pieces = (instant - std::chrono::microseconds(1)).time_since_epoch() / pieceLength;
+    const Instant bound = Instant(pieces * pieceLength);
+    return bound < instant ? bound : bound - pieceLength;
+}
+
 Predicate<TimeEntry> narrowed(Predicate<TimeEntry> predicate, const TimesheetFilter& filter) {
     if (filter.unbilledOnly) predicate = predicate && key<&TimeEntry::invoice>() == absent;
     if (filter.project) predicate = predicate && key<&TimeEntry::project>() == filter.project;
@@ -57,7 +65,7 @@ TimesheetReader::TimesheetReader(ModelContext& context, TimesheetFilter filter, 
     if (to - from > pieceLength) {
         const Instant first = firstStart(context_, from, to);
         // Years without any time at the new end of the period are no pieces of their own.
-        for (Instant bound = lastStart(context_, from, to) - pieceLength; bound > first;
+        for (Instant bound = boundBefore(lastStart(context_, from, to)); bound > first;
              bound -= pieceLength) {
             bounds_.push_back(bound);
         }

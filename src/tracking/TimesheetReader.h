@@ -41,6 +41,11 @@ class TimesheetReader {
 
     [[nodiscard]] std::size_t pieceCount() const noexcept { return bounds_.size(); }
 
+    /// Whether each piece covers the same time as that of `other`.
+    [[nodiscard]] bool hasPiecesOf(const TimesheetReader& other) const noexcept {
+        return bounds_ == other.bounds_;
+    }
+
     /// Reads the piece `i`, which is below `pieceCount`. Throws StoreError.
     [[nodiscard]] std::shared_ptr<const TimesheetPiece> read(std::size_t i) const;
 

@@ -9,7 +9,7 @@
 
 #include "platform/UserDefaults.h"
 #include "screens/main/QuickStartModel.h"
-#include "screens/main/RunningEntryModel.h"
+#include "tracking/ui/RunningEntryModel.h"
 #include "screens/main/SidebarModel.h"
 
 namespace elmworth {

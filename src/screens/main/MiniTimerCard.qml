@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Main
+import Elmworth.Tracking
 
 /// The running entry, small, in the sidebar.
 GlassCard {

@@ -4,15 +4,16 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Main
+import Elmworth.Tracking
 
-/// The entry that runs, with its time and the button that stops it.
+/// The entry that runs: its project, its notes to type into, its time, and the button that stops it.
 GlassCard {
-    id: card
+    id: banner
 
-    required property RunningEntryModel entry
+    required property RunningEntryModel model
 
-    signal stopRequested()
+    Accessible.role: Accessible.Grouping
+    Accessible.name: "Now tracking"
 
     RowLayout {
         anchors.fill: parent
@@ -20,7 +21,7 @@ GlassCard {
 
         IconBadge {
             icon: "record.circle"
-            tint: Tint.fromHex(card.entry.projectColor)
+            tint: Tint.fromHex(banner.model.badgeColor)
             size: 38
         }
 
@@ -38,31 +39,25 @@ GlassCard {
 
             PlainText {
                 Layout.fillWidth: true
-                text: card.entry.projectTitle
+                text: banner.model.projectTitle
                 size: 15
                 font.weight: Font.DemiBold
             }
 
-            PlainText {
+            InputField {
                 Layout.fillWidth: true
-                visible: text.length > 0
-                text: card.entry.clientName
-                color: Theme.secondaryText
-            }
-
-            PlainText {
-                Layout.fillWidth: true
-                Layout.topMargin: 4
-                visible: text.length > 0
-                text: card.entry.notes
-                wrapMode: Text.Wrap
-                maximumLineCount: 2
-                color: Theme.secondaryText
+                Layout.leftMargin: -leftPadding
+                plain: true
+                label: "What are you working on?"
+                placeholderText: "What are you working on?"
+                text: banner.model.notes
+                onTextEdited: banner.model.notes = text
+                onAccepted: banner.model.saveNotes()
             }
         }
 
         PlainText {
-            text: card.entry.elapsed
+            text: banner.model.elapsed
             size: 30
             font.family: Theme.tabularFamily
             font.weight: Font.Medium
@@ -73,7 +68,7 @@ GlassCard {
             text: "Stop"
             systemImage: "stop"
             prominent: true
-            onClicked: card.stopRequested()
+            onClicked: banner.model.stop()
         }
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/main/RunningEntryModel.h"
+#include "tracking/ui/RunningEntryModel.h"
 
 #include <gtest/gtest.h>
 

@@ -24,8 +24,11 @@ class RunningEntryModel final : public QObject {
     /// "No project" without one.
     Q_PROPERTY(QString projectTitle READ projectTitle NOTIFY runningChanged FINAL)
     Q_PROPERTY(QString clientName READ clientName NOTIFY runningChanged FINAL)
-    Q_PROPERTY(QString notes READ notes NOTIFY runningChanged FINAL)
+    /// Writing changes the entry at once, but does not save.
+    Q_PROPERTY(QString notes READ notes WRITE setNotes NOTIFY runningChanged FINAL)
     Q_PROPERTY(QString projectColor READ projectColor NOTIFY runningChanged FINAL)
+    /// The same for a badge on a card, which has another colour where there is no project.
+    Q_PROPERTY(QString badgeColor READ badgeColor NOTIFY runningChanged FINAL)
     Q_PROPERTY(QString elapsed READ elapsed NOTIFY elapsedChanged FINAL)
 
  public:
@@ -36,17 +39,25 @@ class RunningEntryModel final : public QObject {
     [[nodiscard]] QString projectTitle() const;
     [[nodiscard]] QString clientName() const;
     [[nodiscard]] QString notes() const;
+    void setNotes(const QString& notes);
     [[nodiscard]] QString projectColor() const;
+    [[nodiscard]] QString badgeColor() const;
     [[nodiscard]] QString elapsed() const;
 
     /// The project that the timer runs on, or null.
     [[nodiscard]] Ref<Project> project() const;
+
+    /// Saves the notes, if the entry is still there.
+    Q_INVOKABLE void saveNotes();
+    /// Saves the notes, then stops the timer.
+    Q_INVOKABLE void stop();
 
  Q_SIGNALS:
     void runningChanged();
     void elapsedChanged();
 
  private:
+    ModelContext& context_;
     TimerService& timer_;
     TimerService::Observation timerObservation_;
     ModelContext::Observation projectObservation_;

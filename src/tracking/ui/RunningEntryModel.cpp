@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/main/RunningEntryModel.h"
+#include "tracking/ui/RunningEntryModel.h"
 
 #include "core/Client.h"
 #include "core/Project.h"
@@ -16,7 +16,8 @@ QString text(const std::string& utf8) {
 
 }  // namespace
 
-RunningEntryModel::RunningEntryModel(ModelContext& context, TimerService& timer) : timer_(timer) {
+RunningEntryModel::RunningEntryModel(ModelContext& context, TimerService& timer)
+    : context_(context), timer_(timer) {
     timerObservation_ = timer_.observe([this](TimerService::Property property) {
         if (property == TimerService::Property::running) Q_EMIT runningChanged();
         if (property == TimerService::Property::elapsedLongText) Q_EMIT elapsedChanged();
@@ -50,6 +51,25 @@ QString RunningEntryModel::clientName() const {
 
 QString RunningEntryModel::notes() const {
     return timer_.running() ? text(timer_.running()->notes) : QString();
+}
+
+void RunningEntryModel::setNotes(const QString& notes) {
+    const auto entry = timer_.running();
+    if (entry && !entry->isDeleted()) entry->notes = notes.toStdString();
+}
+
+void RunningEntryModel::saveNotes() {
+    const auto entry = timer_.running();
+    if (entry && entry->modelContext() != nullptr) context_.saveQuietly();
+}
+
+void RunningEntryModel::stop() {
+    saveNotes();
+    timer_.stop();
+}
+
+QString RunningEntryModel::badgeColor() const {
+    return project() ? projectColor() : QStringLiteral("#7C6CFF");
 }
 
 QString RunningEntryModel::projectColor() const {

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+#include <vector>
+
+#include "core/store/PersistentID.h"
+#include "livelist/LiveListModel.h"
+
+namespace elmworth {
+
+/// One of several records to choose from.
+struct Choice {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(bool isChosen MEMBER isChosen)
+
+ public:
+    PersistentID id;  ///< nil for the choice of none
+    QString name;
+    bool isChosen = false;
+
+    friend bool operator==(const Choice&, const Choice&) = default;
+};
+
+/// A choice of one of many records, which can be searched by what is typed.
+class ChoiceModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The screen's model has it")
+    /// The name of what is chosen.
+    Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
+    /// Whether something else than the choice of none is chosen.
+    Q_PROPERTY(bool isSet READ isSet NOTIFY changed FINAL)
+    /// What narrows the rows down. Blanks around it do not count.
+    Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged FINAL)
+    /// From ten choices on: fewer are found at a glance.
+    Q_PROPERTY(bool isSearchShown READ isSearchShown NOTIFY changed FINAL)
+    /// The roles are the properties of `Choice`.
+    Q_PROPERTY(QAbstractItemModel* rows READ rowsModel CONSTANT FINAL)
+
+ public:
+    using QObject::QObject;
+
+    [[nodiscard]] const QString& title() const noexcept { return title_; }
+    [[nodiscard]] bool isSet() const noexcept { return !chosen_.isNil(); }
+    [[nodiscard]] const PersistentID& chosen() const noexcept { return chosen_; }
+    [[nodiscard]] const QString& search() const noexcept { return search_; }
+    void setSearch(const QString& search);
+    [[nodiscard]] bool isSearchShown() const noexcept { return choices_.size() >= 10; }
+    [[nodiscard]] QAbstractItemModel* rowsModel() noexcept { return &rows_; }
+    [[nodiscard]] const std::vector<Choice>& rows() const noexcept { return rows_.rows(); }
+
+    /// Offers `choices`, of which `chosen` is chosen; its name is `title` when it is not offered.
+    void offer(std::vector<Choice> choices, const PersistentID& chosen, const QString& title);
+
+    /// Chooses the row at `row`, and empties the search. Does nothing when there is none.
+    Q_INVOKABLE void choose(int row);
+
+ Q_SIGNALS:
+    void changed();
+    void searchChanged();
+    /// Somebody chose; the owner takes the choice over.
+    void picked(const elmworth::PersistentID& id);
+
+ private:
+    void showRows();
+
+    std::vector<Choice> choices_;
+    LiveListModel<Choice> rows_;
+    PersistentID chosen_;
+    QString title_;
+    QString search_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/EntryCommandsModel.h"
+
+#include <utility>
+
+namespace elmworth {
+
+namespace {
+
+constexpr const char* unreadable = "The library can't be read. Nothing was changed.";
+
+QString countOfEntries(std::size_t count) {
+    return count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count);
+}
+
+}  // namespace
+
+EntryCommandsModel::EntryCommandsModel(const PanelServices& services)
+    : context_(services.context),
+      editing_(services.context, services.timer, services.now, services.calendar) {
+    historyObservation_ = editing_.history().observe([this] { Q_EMIT historyChanged(); });
+}
+
+QString EntryCommandsModel::pendingDeleteTitle() const {
+    if (pendingDelete_.size() == 1) return QStringLiteral("Delete this entry?");
+    return QStringLiteral("Delete %1 entries?").arg(pendingDelete_.size());
+}
+
+void EntryCommandsModel::askToDelete(IDs ids) {
+    if (ids.empty()) return;
+    pendingDelete_ = std::move(ids);
+    Q_EMIT pendingDeleteChanged();
+}
+
+void EntryCommandsModel::confirmDelete() {
+    const IDs ids = std::exchange(pendingDelete_, {});
+    Q_EMIT pendingDeleteChanged();
+    if (!ids.empty()) deleteEntries(ids);
+}
+
+void EntryCommandsModel::dismissDelete() {
+    if (pendingDelete_.empty()) return;
+    pendingDelete_.clear();
+    Q_EMIT pendingDeleteChanged();
+}
+
+void EntryCommandsModel::deleteEntries(const IDs& ids) {
+    EntryTally tally;
+    try {
+        tally = editing_.deleteEntries(ids);
+    } catch (const StoreError&) {
+        return say(QString::fromUtf8(unreadable));
+    }
+    if (tally.changed > 0) {
+        setNotice(QStringLiteral("Deleted %1.").arg(countOfEntries(tally.changed)), true);
+    }
+    tellOfBilled(tally);
+    Q_EMIT deleted();
+}
+
+void EntryCommandsModel::moveEntries(const IDs& ids, const Ref<Project>& project) {
+    try {
+        tellOfBilled(editing_.moveEntries(ids, project));
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+    }
+}
+
+void EntryCommandsModel::tellOfBilled(const EntryTally& tally) {
+    if (tally.billed > 0) Q_EMIT billedNotice();
+}
+
+void EntryCommandsModel::duplicateToToday(const PersistentID& id) {
+    try {
+        editing_.duplicateEntryToToday(context_.record<TimeEntry>(id));
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+    }
+}
+
+void EntryCommandsModel::continueEntry(const PersistentID& id) {
+    try {
+        editing_.continueEntry(context_.record<TimeEntry>(id));
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+    }
+}
+
+Ref<TimeEntry> EntryCommandsModel::save(const EntryForm& form, const Ref<TimeEntry>& entry) {
+    return editing_.save(form, entry);
+}
+
+void EntryCommandsModel::undo() {
+    try {
+        const auto result = editing_.history().undo();
+        setNotice(QString::fromStdString(result.notice()), false);
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+    }
+}
+
+void EntryCommandsModel::redo() {
+    try {
+        const auto result = editing_.history().redo();
+        setNotice(QString::fromStdString(result.notice()), false);
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+    }
+}
+
+bool EntryCommandsModel::canUndo() const noexcept {
+    return editing_.history().canUndo();
+}
+
+bool EntryCommandsModel::canRedo() const noexcept {
+    return editing_.history().canRedo();
+}
+
+QString EntryCommandsModel::undoText() const {
+    return QString::fromStdString(editing_.history().undoText());
+}
+
+QString EntryCommandsModel::redoText() const {
+    return QString::fromStdString(editing_.history().redoText());
+}
+
+void EntryCommandsModel::say(const QString& sentence) {
+    setNotice(sentence, false);
+}
+
+void EntryCommandsModel::dismissNotice() {
+    setNotice({}, false);
+}
+
+void EntryCommandsModel::setNotice(const QString& sentence, bool offersUndo) {
+    if (sentence == notice_ && offersUndo == noticeOffersUndo_) return;
+    notice_ = sentence;
+    noticeOffersUndo_ = offersUndo;
+    Q_EMIT noticeChanged();
+}
+
+}  // namespace elmworth

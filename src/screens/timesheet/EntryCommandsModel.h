@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+#include <vector>
+
+#include "tracking/TimesheetEditing.h"
+#include "tracking/ui/PanelServices.h"
+
+namespace elmworth {
+
+/// What can be done to the entries of a timesheet, what is asked and said about it, and how it is
+/// taken back.
+class EntryCommandsModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The timesheet's model has it")
+    /// Whether a deletion waits to be confirmed, and the question.
+    Q_PROPERTY(bool isDeletePending READ isDeletePending NOTIFY pendingDeleteChanged FINAL)
+    Q_PROPERTY(QString pendingDeleteTitle READ pendingDeleteTitle NOTIFY pendingDeleteChanged FINAL)
+    /// A sentence on what was done, until it is dismissed; empty for none.
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
+    /// Whether the notice is of something that "Undo" takes back.
+    Q_PROPERTY(bool noticeOffersUndo READ noticeOffersUndo NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY historyChanged FINAL)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY historyChanged FINAL)
+    /// "Undo Delete Entry".
+    Q_PROPERTY(QString undoText READ undoText NOTIFY historyChanged FINAL)
+    Q_PROPERTY(QString redoText READ redoText NOTIFY historyChanged FINAL)
+
+ public:
+    using IDs = std::vector<PersistentID>;
+
+    explicit EntryCommandsModel(const PanelServices& services);
+
+    [[nodiscard]] bool isDeletePending() const noexcept { return !pendingDelete_.empty(); }
+    [[nodiscard]] QString pendingDeleteTitle() const;
+    [[nodiscard]] const QString& notice() const noexcept { return notice_; }
+    [[nodiscard]] bool noticeOffersUndo() const noexcept { return noticeOffersUndo_; }
+    [[nodiscard]] bool canUndo() const noexcept;
+    [[nodiscard]] bool canRedo() const noexcept;
+    [[nodiscard]] QString undoText() const;
+    [[nodiscard]] QString redoText() const;
+
+    /// Asks whether to delete the entries; nothing happens for none.
+    void askToDelete(IDs ids);
+    void deleteEntries(const IDs& ids);
+    void moveEntries(const IDs& ids, const Ref<Project>& project);
+    void duplicateToToday(const PersistentID& id);
+    void continueEntry(const PersistentID& id);
+    /// As TimesheetEditing::save.
+    Ref<TimeEntry> save(const EntryForm& form, const Ref<TimeEntry>& entry);
+
+    Q_INVOKABLE void confirmDelete();
+    Q_INVOKABLE void dismissDelete();
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    Q_INVOKABLE void dismissNotice();
+    /// Says what could not be done.
+    void say(const QString& sentence);
+
+ Q_SIGNALS:
+    void pendingDeleteChanged();
+    void noticeChanged();
+    void historyChanged();
+    /// Some of the entries are billed, and were left alone.
+    void billedNotice();
+    /// The entries are deleted, as far as they could be.
+    void deleted();
+
+ private:
+    void setNotice(const QString& sentence, bool offersUndo);
+    void tellOfBilled(const EntryTally& tally);
+
+    ModelContext& context_;
+    TimesheetEditing editing_;
+    IDs pendingDelete_;
+    QString notice_;
+    bool noticeOffersUndo_ = false;
+    EntryHistory::Observation historyObservation_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Elmworth.Theme
+import Elmworth.Timesheet
+
+/// What can be done with a line of the timesheet. It keeps to the entries that it was opened for.
+PopupMenu {
+    id: menu
+
+    required property TimesheetModel model
+
+    signal moveRequested()
+
+    PopupMenuItem {
+        text: "Edit"
+        systemImage: "pencil"
+        onTriggered: menu.model.menuEdit()
+    }
+
+    PopupMenuItem {
+        visible: menu.model.menuOffersContinue
+        height: visible ? implicitHeight : 0
+        text: "Continue Tracking"
+        systemImage: "play.fill"
+        onTriggered: menu.model.menuContinue()
+    }
+
+    PopupMenuItem {
+        visible: menu.model.menuOffersContinue
+        height: visible ? implicitHeight : 0
+        text: "Duplicate to Today"
+        systemImage: "doc.on.doc"
+        onTriggered: menu.model.menuDuplicate()
+    }
+
+    PopupMenuItem {
+        text: "Move to Project"
+        systemImage: "folder"
+        enabled: menu.model.menuOffersMove
+        onTriggered: menu.moveRequested()
+    }
+
+    PopupMenuSeparator {}
+
+    PopupMenuItem {
+        text: "Delete"
+        systemImage: "trash"
+        destructive: true
+        onTriggered: menu.model.menuDelete()
+    }
+}

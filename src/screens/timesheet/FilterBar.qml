@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Elmworth.Theme
+import Elmworth.Timesheet
+
+/// What the timesheet shows: a period, a client, a project, what is unbilled, and what is searched for.
+Flow {
+    id: bar
+
+    required property TimesheetFilterModel model
+
+    /// The search field was left by Escape.
+    signal left()
+
+    function find(): void {
+        search.forceActiveFocus(Qt.ShortcutFocusReason);
+    }
+
+    spacing: 8
+
+    FilterButton {
+        id: range
+
+        systemImage: "calendar"
+        text: bar.model.presetTitle
+        label: "Range: " + bar.model.presetTitle
+        onClicked: presets.popup(range, 0, range.height + 4)
+
+        PopupMenu {
+            id: presets
+
+            Repeater {
+                model: bar.model.presets
+
+                PopupMenuItem {
+                    required property int index
+                    required property string modelData
+
+                    text: modelData
+                    checkable: true
+                    checked: bar.model.preset === index
+                    onTriggered: bar.model.choosePreset(index)
+                }
+            }
+        }
+    }
+
+    ChoiceFilter {
+        systemImage: "person.2"
+        name: "Client"
+        choice: bar.model.client
+    }
+
+    ChoiceFilter {
+        systemImage: "folder"
+        name: "Project"
+        choice: bar.model.project
+    }
+
+    FilterButton {
+        systemImage: "tray.full"
+        opensList: false
+        text: "Unbilled"
+        help: "Show only time that isn't on an invoice yet"
+        checkable: true
+        checked: bar.model.unbilledOnly
+        active: checked
+        Accessible.role: Accessible.CheckBox
+        Accessible.checkable: true
+        Accessible.checked: checked
+        onClicked: {
+            bar.model.unbilledOnly = !bar.model.unbilledOnly;
+            checked = Qt.binding(() => bar.model.unbilledOnly);
+        }
+    }
+
+    SearchPill {
+        id: search
+
+        prompt: "Search notes"
+        text: bar.model.search
+        onTextChanged: bar.model.search = text
+        onEscaped: bar.left()
+    }
+
+    GlowButton {
+        visible: bar.model.canClear
+        text: "Clear"
+        onClicked: { bar.model.clear(); search.text = Qt.binding(() => bar.model.search); }
+    }
+}

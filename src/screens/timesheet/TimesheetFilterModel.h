@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QtQmlIntegration>
+
+#include "core/store/LiveQuery.h"
+#include "screens/timesheet/ChoiceModel.h"
+#include "tracking/TimesheetFilter.h"
+#include "tracking/ui/PanelServices.h"
+
+namespace elmworth {
+
+/// The bar that decides what a timesheet shows. The period's name and "Unbilled" are kept in the
+/// user defaults, whoever writes them; all else lasts as long as the window.
+class TimesheetFilterModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The timesheet's model has it")
+    Q_PROPERTY(QStringList presets READ presets CONSTANT FINAL)
+    Q_PROPERTY(int preset READ preset NOTIFY changed FINAL)
+    Q_PROPERTY(QString presetTitle READ presetTitle NOTIFY changed FINAL)
+    Q_PROPERTY(bool isCustom READ isCustom NOTIFY changed FINAL)
+    /// The span in words: "Mar 2, 2026 – Mar 8, 2026".
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)
+    Q_PROPERTY(elmworth::ChoiceModel* client READ client CONSTANT FINAL)
+    Q_PROPERTY(elmworth::ChoiceModel* project READ project CONSTANT FINAL)
+    Q_PROPERTY(bool unbilledOnly READ unbilledOnly WRITE setUnbilledOnly NOTIFY changed FINAL)
+    Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY changed FINAL)
+    /// Whether there is a client, a project or a search to clear.
+    Q_PROPERTY(bool canClear READ canClear NOTIFY changed FINAL)
+
+ public:
+    explicit TimesheetFilterModel(PanelServices services);
+
+    [[nodiscard]] static QStringList presets();
+    [[nodiscard]] int preset() const;
+    [[nodiscard]] QString presetTitle() const;
+    [[nodiscard]] bool isCustom() const;
+    [[nodiscard]] QString subtitle() const;
+    [[nodiscard]] ChoiceModel* client() noexcept { return &client_; }
+    [[nodiscard]] ChoiceModel* project() noexcept { return &project_; }
+    [[nodiscard]] bool unbilledOnly() const;
+    void setUnbilledOnly(bool only);
+    [[nodiscard]] const QString& search() const noexcept { return search_; }
+    void setSearch(const QString& search);
+    [[nodiscard]] bool canClear() const;
+
+    [[nodiscard]] Instant customFrom() const noexcept { return customFrom_; }
+    [[nodiscard]] Instant customTo() const noexcept { return customTo_; }
+    /// The days of the custom period, in either order; both count whole.
+    void setCustomFrom(Instant from);
+    void setCustomTo(Instant to);
+
+    /// The preset at `position` of `presets`; any other number does nothing.
+    Q_INVOKABLE void choosePreset(int position);
+    /// Forgets client, project and search.
+    Q_INVOKABLE void clear();
+
+    /// What passes at the present moment.
+    [[nodiscard]] TimesheetFilter filter() const;
+    /// The projects that are not archived, by name.
+    [[nodiscard]] std::vector<Ref<Project>> currentProjects() const;
+
+ Q_SIGNALS:
+    /// Something above changed.
+    void changed();
+    /// Something but the custom days changed, so that what is selected is so no longer.
+    void narrowed();
+
+ private:
+    [[nodiscard]] DateRangePreset currentPreset() const;
+    void defaultChanged(std::string_view key);
+    void pickClient(const PersistentID& id);
+    void pickProject(const PersistentID& id);
+    void recordsChanged();
+    void offerChoices();
+    void tell();
+
+    PanelServices services_;
+    ChoiceModel client_;
+    ChoiceModel project_;
+    Ref<Client> clientFilter_;
+    Ref<Project> projectFilter_;
+    QString search_;
+    Instant customFrom_;
+    Instant customTo_;
+    bool isReady_ = false;  ///< the queries below tell of their first answer before that
+    LiveQuery<Client> clients_;
+    LiveQuery<Project> projects_;
+    UserDefaults::Observation defaultsObservation_;
+};
+
+}  // namespace elmworth

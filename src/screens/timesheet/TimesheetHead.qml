@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Layouts
+import Elmworth.Theme
+import Elmworth.Timesheet
+
+/// What stands above the days: what runs, the figures, the chart, and the filter bar.
+Item {
+    id: head
+
+    required property TimesheetModel model
+    property real margin: 24
+
+    signal exportRequested()
+    signal left()
+
+    function find(): void {
+        filters.find();
+    }
+
+    implicitHeight: column.implicitHeight + margin + 4
+
+    ColumnLayout {
+        id: column
+
+        x: head.margin
+        y: head.margin
+        width: head.width - 2 * head.margin
+        spacing: 16
+
+        PageHeader {
+            Layout.fillWidth: true
+            title: "Timesheet"
+            subtitle: head.model.filter.subtitle
+
+            GlowButton {
+                text: "Export CSV"
+                systemImage: "tablecells"
+                help: "Export the filtered entries as CSV"
+                enabled: !head.model.isEmpty
+                onClicked: head.exportRequested()
+            }
+
+            GlowButton {
+                text: "New Entry"
+                systemImage: "plus"
+                help: "Ctrl+N"
+                prominent: true
+                onClicked: head.model.addEntry()
+            }
+        }
+
+        NowTrackingBanner {
+            Layout.fillWidth: true
+            visible: head.model.running.isRunning
+            model: head.model.running
+        }
+
+        StatsRow {
+            Layout.fillWidth: true
+            model: head.model.stats
+        }
+
+        DailyChart {
+            Layout.fillWidth: true
+            visible: head.model.showsChart
+            model: head.model.chart
+        }
+
+        FilterBar {
+            id: filters
+
+            Layout.fillWidth: true
+            model: head.model.filter
+            onLeft: head.left()
+        }
+
+        EmptyHero {
+            Layout.fillWidth: true
+            visible: head.model.isEmpty
+            icon: "clock.fill"
+            title: head.model.emptyTitle
+            message: head.model.emptyMessage
+
+            GlowButton {
+                text: "Add Entry"
+                prominent: true
+                onClicked: head.model.addEntry()
+            }
+        }
+    }
+}

@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/TimesheetModel.h"
+
+#include <chrono>
+#include <utility>
+
+#include "core/Invoice.h"
+#include "platform/PlatformText.h"
+#include "screens/timesheet/TimesheetExport.h"
+
+namespace elmworth {
+
+namespace {
+
+/// Longer periods have no chart: a bar for each day would be too thin.
+constexpr std::chrono::days longestChart{32};
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+}  // namespace
+
+EntryEditorServices TimesheetModel::editorServices(const PanelServices& services,
+                                                   EntryCommandsModel& commands) {
+    return {.context = services.context,
+            .timer = services.timer,
+            .runLoop = services.runLoop,
+            .now = services.now,
+            .calendar = services.calendar,
+            .save = [&commands](const EntryForm& form, const Ref<TimeEntry>& entry) {
+                return commands.save(form, entry);
+            }};
+}
+
+TimesheetModel::TimesheetModel(const PanelServices& services)
+    : services_(services),
+      filter_(services),
+      commands_(services),
+      running_(services.context, services.timer),
+      editor_(editorServices(services, commands_)),
+      rows_(setting()),
+      contents_(
+          services.context, services.runLoop, services.now, services.calendar,
+          [this](std::shared_ptr<const TimesheetListing> listing) { show(std::move(listing)); }) {
+    observe();
+}
+
+void TimesheetModel::observe() {
+    connect(&filter_, &TimesheetFilterModel::narrowed, this, &TimesheetModel::clearSelection);
+    connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
+    connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearSelection);
+    connect(&menuProjects_, &ChoiceModel::picked, this, [this](const PersistentID& id) {
+        if (const auto project = services_.context.record<Project>(id)) {
+            commands_.moveEntries(menuIDs_, project);
+        }
+    });
+    auto& context = services_.context;
+    libraryObservations_ = {
+        context.observe(TimeEntry::schema(), [this] { libraryChanged(false); }),
+        context.observe(Project::schema(), [this] { libraryChanged(true); }),
+        context.observe(Client::schema(), [this] { libraryChanged(true); }),
+    };
+    timerObservation_ = services_.timer.observe([this](TimerService::Property property) {
+        if (property == TimerService::Property::elapsedLongText) tick();
+    });
+}
+
+TimesheetRowsModel::Setting TimesheetModel::setting() const {
+    return {services_.calendar(), Locale::current(), services_.now()};
+}
+
+void TimesheetModel::setShown(bool shown) {
+    if (shown == isShown_) return;
+    isShown_ = shown;
+    const Instant today = services_.calendar().startOfDay(services_.now());
+    if (isShown_ && (isStale_ || today != today_)) libraryChanged(isRenamed_);
+    if (isShown_) tick();
+    Q_EMIT isShownChanged();
+}
+
+void TimesheetModel::libraryChanged(bool renamed) {
+    isRenamed_ = isRenamed_ || renamed;
+    isStale_ = !isShown_;
+    if (isStale_) return;
+    auto filter = filter_.filter();
+    if (filter == contents_.filter()) return contents_.reload();
+    contents_.setFilter(std::move(filter));  // another day has begun
+}
+
+void TimesheetModel::refilter() {
+    isStale_ = !isShown_;
+    if (isShown_) contents_.setFilter(filter_.filter());
+}
+
+void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
+    const Instant now = services_.now();
+    today_ = services_.calendar().startOfDay(now);
+    entryCount_ = listing->entries.size();
+    if (isEmpty()) {
+        libraryIsEmpty_ =
+            services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
+    }
+    const int formerRow = currentRow();
+    rows_.show(listing, setting(), std::exchange(isRenamed_, false));
+    showFigures(*listing, now);
+    Q_EMIT listed();
+    if (currentRow() != formerRow) Q_EMIT currentRowChanged();
+}
+
+void TimesheetModel::showFigures(const TimesheetListing& listing, Instant now) {
+    const auto range = contents_.filter().range;
+    TimesheetSums sums(range);
+    for (const auto& place : listing.entries) sums.add(place.entry());
+    stats_.show(std::move(sums), now);
+    showsChart_ = range.end - range.start <= longestChart && !isEmpty();
+    std::vector<TimesheetEntry> charted;
+    if (showsChart_) {
+        charted.reserve(listing.entries.size());
+        for (const auto& place : listing.entries) charted.push_back(place.entry());
+    }
+    chart_.show(charted, range, now, services_.calendar());
+}
+
+void TimesheetModel::tick() {
+    if (!isShown_) return;
+    const Instant now = services_.now();
+    if (services_.calendar().startOfDay(now) != today_) return libraryChanged(false);
+    stats_.tick(now);
+    rows_.tick(now);
+}
+
+QString TimesheetModel::emptyTitle() const {
+    return libraryIsEmpty_ ? QStringLiteral("Nothing tracked yet")
+                           : QStringLiteral("No entries here");
+}
+
+QString TimesheetModel::emptyMessage() const {
+    if (!libraryIsEmpty_) return QStringLiteral("No time matches this period and filter.");
+    return text(platformText(PlatformText::nothingTrackedYet));
+}
+
+Ref<TimeEntry> TimesheetModel::entryAt(int row) const {
+    const auto* line = rows_.rowAt(row);
+    if (line == nullptr || line->isHead()) return nullptr;
+    return services_.context.record<TimeEntry>(line->id.entry);
+}
+
+QString TimesheetModel::billedHelp(int row) const {
+    const auto entry = entryAt(row);
+    const auto invoice = entry ? entry->invoice.get() : nullptr;
+    return invoice ? QStringLiteral("On invoice %1").arg(text(invoice->number.get())) : QString();
+}
+
+QString TimesheetModel::exportName() {
+    return QStringLiteral("Elmworth Timesheet.csv");
+}
+
+void TimesheetModel::exportTo(const QUrl& file) {
+    const auto problem = exportTimesheet(services_.context, contents_.filter(), services_.now(),
+                                         services_.calendar(), file.toLocalFile().toStdString());
+    if (problem) commands_.say(QString::fromStdString(*problem));
+}
+
+}  // namespace elmworth

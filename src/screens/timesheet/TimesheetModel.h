@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QObject>
+#include <QString>
+#include <QUrl>
+#include <QtQmlIntegration>
+#include <optional>
+#include <vector>
+
+#include "screens/timesheet/DailyChartModel.h"
+#include "screens/timesheet/EntryCommandsModel.h"
+#include "screens/timesheet/StatsRowModel.h"
+#include "screens/timesheet/TimesheetFilterModel.h"
+#include "screens/timesheet/TimesheetRowsModel.h"
+#include "screens/timesheet/TimesheetSelection.h"
+#include "tracking/TimesheetContents.h"
+#include "tracking/ui/EntryEditorModel.h"
+#include "tracking/ui/RunningEntryModel.h"
+
+namespace elmworth {
+
+/// The screen on which tracked time is reviewed and corrected.
+///
+/// Follows the library, the timer and the user defaults while it is shown; a save elsewhere shows
+/// at once. A tick costs what shows the running entry. While it is not shown it does nothing, and
+/// catches up when it is.
+class TimesheetModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The main window's model has it")
+    Q_PROPERTY(elmworth::TimesheetFilterModel* filter READ filter CONSTANT FINAL)
+    Q_PROPERTY(elmworth::EntryCommandsModel* commands READ commands CONSTANT FINAL)
+    Q_PROPERTY(elmworth::StatsRowModel* stats READ stats CONSTANT FINAL)
+    Q_PROPERTY(elmworth::DailyChartModel* chart READ chart CONSTANT FINAL)
+    Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
+    Q_PROPERTY(elmworth::EntryEditorModel* editor READ editor CONSTANT FINAL)
+    /// The lines of all days; the roles are those of `TimesheetRowsModel`.
+    Q_PROPERTY(QAbstractItemModel* rows READ rowsModel CONSTANT FINAL)
+    /// Whether somebody can see this.
+    Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged FINAL)
+    Q_PROPERTY(bool showsChart READ showsChart NOTIFY listed FINAL)
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY listed FINAL)
+    Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
+    Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
+    /// Whether older time is still being read.
+    Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
+    /// Where the line stands that the keyboard acts on, or -1.
+    Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged FINAL)
+    /// What the menu of a line offers; see `openMenu`.
+    Q_PROPERTY(bool menuOffersContinue READ menuOffersContinue NOTIFY menuChanged FINAL)
+    Q_PROPERTY(bool menuOffersMove READ menuOffersMove NOTIFY menuChanged FINAL)
+    Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
+    Q_PROPERTY(QString exportName READ exportName CONSTANT FINAL)
+
+ public:
+    explicit TimesheetModel(const PanelServices& services);
+
+    [[nodiscard]] TimesheetFilterModel* filter() noexcept { return &filter_; }
+    [[nodiscard]] EntryCommandsModel* commands() noexcept { return &commands_; }
+    [[nodiscard]] StatsRowModel* stats() noexcept { return &stats_; }
+    [[nodiscard]] DailyChartModel* chart() noexcept { return &chart_; }
+    [[nodiscard]] RunningEntryModel* running() noexcept { return &running_; }
+    [[nodiscard]] EntryEditorModel* editor() noexcept { return &editor_; }
+    [[nodiscard]] QAbstractItemModel* rowsModel() noexcept { return &rows_; }
+    [[nodiscard]] const TimesheetRowsModel& rows() const noexcept { return rows_; }
+
+    [[nodiscard]] bool isShown() const noexcept { return isShown_; }
+    void setShown(bool shown);
+    [[nodiscard]] bool showsChart() const noexcept { return showsChart_; }
+    [[nodiscard]] bool isEmpty() const noexcept { return entryCount_ == 0; }
+    [[nodiscard]] QString emptyTitle() const;
+    [[nodiscard]] QString emptyMessage() const;
+    [[nodiscard]] bool isReading() const noexcept { return contents_.isReading(); }
+
+    /// What is selected, also where a filter hides it.
+    [[nodiscard]] const TimesheetSelection& selection() const noexcept { return selection_; }
+    [[nodiscard]] int currentRow() const;
+    /// A click on the line at `row`.
+    Q_INVOKABLE void click(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Moves the current line by so many entries, as the arrow keys do; with `extends` what lies
+    /// between is selected.
+    Q_INVOKABLE void moveCurrent(int entries, bool extends = false);
+    Q_INVOKABLE void selectAll();
+    Q_INVOKABLE void clearSelection();
+
+    Q_INVOKABLE void edit(int row);
+    /// Edits the selected entry; false when not exactly one of those that are shown is selected.
+    Q_INVOKABLE bool editSelected();
+    Q_INVOKABLE void addEntry();
+    /// Adds time on the day of the line at `row`.
+    Q_INVOKABLE void addOnDay(int row);
+    /// Adds time on the day of the current line, or today.
+    Q_INVOKABLE void addOnCurrentDay();
+    Q_INVOKABLE void continueEntry(int row);
+    /// The number of the invoice that the entry is on, for its chip.
+    Q_INVOKABLE QString billedHelp(int row) const;
+    /// Asks whether to delete what is selected and shown.
+    Q_INVOKABLE void askToDeleteSelected();
+
+    /// Readies the menu for the line at `row`: it acts on the selection when that holds the line,
+    /// else on the line alone. Whatever changes elsewhere meanwhile, it keeps to those entries.
+    Q_INVOKABLE bool openMenu(int row);
+    [[nodiscard]] bool menuOffersContinue() const noexcept { return menuOffersContinue_; }
+    [[nodiscard]] bool menuOffersMove() const noexcept { return menuOffersMove_; }
+    [[nodiscard]] ChoiceModel* menuProjects() noexcept { return &menuProjects_; }
+    Q_INVOKABLE void menuEdit();
+    Q_INVOKABLE void menuContinue();
+    Q_INVOKABLE void menuDuplicate();
+    Q_INVOKABLE void menuDelete();
+
+    [[nodiscard]] static QString exportName();
+    /// Writes what is shown as CSV. What goes wrong is said.
+    Q_INVOKABLE void exportTo(const QUrl& file);
+
+ Q_SIGNALS:
+    void isShownChanged();
+    void listed();
+    void currentRowChanged();
+    void menuChanged();
+
+ private:
+    [[nodiscard]] static EntryEditorServices editorServices(const PanelServices& services,
+                                                            EntryCommandsModel& commands);
+    void observe();
+    void libraryChanged(bool renamed);
+    void refilter();
+    void show(std::shared_ptr<const TimesheetListing> listing);
+    void showFigures(const TimesheetListing& listing, Instant now);
+    void tick();
+    void selectionChanged();
+    void offerMenuProjects();
+    [[nodiscard]] Ref<TimeEntry> entryAt(int row) const;
+    [[nodiscard]] std::vector<PersistentID> shownSelection() const;
+    [[nodiscard]] TimesheetRowsModel::Setting setting() const;
+
+    PanelServices services_;
+    TimesheetFilterModel filter_;
+    EntryCommandsModel commands_;
+    RunningEntryModel running_;
+    EntryEditorModel editor_;
+    StatsRowModel stats_;
+    DailyChartModel chart_;
+    TimesheetRowsModel rows_;
+    TimesheetSelection selection_;
+    TimesheetContents contents_;
+    ChoiceModel menuProjects_;
+    PersistentID menuEntry_;
+    std::vector<PersistentID> menuIDs_;
+    bool menuOffersContinue_ = false;
+    bool menuOffersMove_ = false;
+    bool isShown_ = false;
+    bool isStale_ = true;    ///< something changed while it was not shown
+    bool isRenamed_ = true;  ///< so did names or colours
+    bool showsChart_ = false;
+    bool libraryIsEmpty_ = true;
+    std::size_t entryCount_ = 0;
+    Instant today_;
+    std::vector<ModelContext::Observation> libraryObservations_;
+    TimerService::Observation timerObservation_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What is selected in the timesheet, and what is done to it.
+
+#include "screens/timesheet/TimesheetModel.h"
+
+#include "core/Client.h"
+
+namespace elmworth {
+
+int TimesheetModel::currentRow() const {
+    return selection_.current() ? rows_.position(*selection_.current()) : -1;
+}
+
+void TimesheetModel::selectionChanged() {
+    rows_.setSelection(selection_.ids());
+    Q_EMIT currentRowChanged();
+}
+
+void TimesheetModel::click(int row, Qt::KeyboardModifiers modifiers) {
+    const auto* line = rows_.rowAt(row);
+    if (line == nullptr || line->isHead()) return;
+    if (modifiers.testFlag(Qt::ShiftModifier)) {
+        selection_.extendTo(line->id, rows_.rows());
+    } else if (modifiers.testFlag(Qt::ControlModifier)) {
+        selection_.toggle(line->id);
+    } else {
+        selection_.select(line->id);
+    }
+    selectionChanged();
+}
+
+void TimesheetModel::moveCurrent(int entries, bool extends) {
+    const auto reached = selection_.stepFrom(rows_.rows(), entries);
+    if (!reached) return;
+    if (extends) {
+        selection_.extendTo(*reached, rows_.rows());
+    } else {
+        selection_.select(*reached);
+    }
+    selectionChanged();
+}
+
+void TimesheetModel::selectAll() {
+    selection_.selectAll(rows_.rows());
+    selectionChanged();
+}
+
+void TimesheetModel::clearSelection() {
+    if (selection_.ids().empty() && !selection_.current()) return;
+    selection_.clear();
+    selectionChanged();
+}
+
+std::vector<PersistentID> TimesheetModel::shownSelection() const {
+    std::vector<PersistentID> ids;
+
+    if (selection_.ids().empty()) return ids;
+    if (rows_.listing() == nullptr) return ids;
+    for (const auto& place : rows_.listing()->entries) {
+        const auto& id = place.entry().id;
+        if (selection_.ids().contains(id)) ids.push_back(id);
+    }
+    return ids;
+}
+
+void TimesheetModel::askToDeleteSelected() {
+    commands_.askToDelete(shownSelection());
+}
+
+void TimesheetModel::edit(int row) {
+    if (const auto entry = entryAt(row)) editor_.open(entry);
+}
+
+bool TimesheetModel::editSelected() {
+    if (selection_.ids().size() != 1) return false;
+    const auto shown = shownSelection();
+    const auto entry = shown.empty() ? nullptr : services_.context.record<TimeEntry>(shown.front());
+    if (entry) editor_.open(entry);
+    return entry != nullptr;
+}
+
+void TimesheetModel::addEntry() {
+    editor_.open(nullptr);
+}
+
+void TimesheetModel::addOnDay(int row) {
+    if (const auto* line = rows_.rowAt(row)) editor_.open(nullptr, line->id.day);
+}
+
+void TimesheetModel::addOnCurrentDay() {
+    const auto* line = rows_.rowAt(currentRow());
+    if (line == nullptr) return addEntry();
+    editor_.open(nullptr, line->id.day);
+}
+
+void TimesheetModel::continueEntry(int row) {
+    const auto* line = rows_.rowAt(row);
+    if (line != nullptr && !line->isHead()) commands_.continueEntry(line->id.entry);
+}
+
+bool TimesheetModel::openMenu(int row) {
+    const auto entry = entryAt(row);
+    if (!entry) return false;
+    menuEntry_ = entry->persistentModelID();
+    menuIDs_ = {menuEntry_};
+    if (selection_.ids().contains(menuEntry_)) {
+        menuIDs_.assign(selection_.ids().begin(), selection_.ids().end());
+    }
+    menuOffersContinue_ = !entry->isRunning() && entry->project.get() != nullptr;
+    menuOffersMove_ = !entry->invoice;
+    offerMenuProjects();
+    Q_EMIT menuChanged();
+    return true;
+}
+
+void TimesheetModel::offerMenuProjects() {
+    std::vector<Choice> choices;
+    for (const auto& project : filter_.currentProjects()) {
+        QString name = QString::fromStdString(project->name);
+        if (const auto client = project->client.get()) {
+            name += QStringLiteral(" — ") + QString::fromStdString(client->name);
+        }
+        choices.push_back({project->persistentModelID(), name, false});
+    }
+    menuProjects_.offer(std::move(choices), {}, {});
+}
+
+void TimesheetModel::menuEdit() {
+    if (const auto entry = services_.context.record<TimeEntry>(menuEntry_)) editor_.open(entry);
+}
+
+void TimesheetModel::menuContinue() {
+    commands_.continueEntry(menuEntry_);
+}
+
+void TimesheetModel::menuDuplicate() {
+    commands_.duplicateToToday(menuEntry_);
+}
+
+void TimesheetModel::menuDelete() {
+    commands_.deleteEntries(menuIDs_);
+}
+
+}  // namespace elmworth

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Dialogs
+import Elmworth.Theme
+import Elmworth.Timesheet
+import Elmworth.Tracking
+
+/// The daily view of tracked time: what of it is shown, and what can be done to it.
+FocusScope {
+    id: view
+
+    required property TimesheetModel model
+
+    /// Whether nothing lies over this screen.
+    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible
+
+    onVisibleChanged: model.isShown = visible
+    Component.onCompleted: model.isShown = visible
+
+    Shortcut {
+        enabled: view.isInFront
+        sequence: "Ctrl+N"
+        onActivated: view.model.addEntry()
+    }
+
+    Shortcut {
+        enabled: view.isInFront
+        sequence: "Ctrl+Shift+N"
+        onActivated: view.model.addOnCurrentDay()
+    }
+
+    Shortcut {
+        enabled: view.isInFront
+        sequence: "Ctrl+F"
+        onActivated: list.find()
+    }
+
+    Shortcut {
+        enabled: view.isInFront && view.model.commands.canUndo
+        sequences: [StandardKey.Undo]
+        onActivated: view.model.commands.undo()
+    }
+
+    Shortcut {
+        enabled: view.isInFront && view.model.commands.canRedo
+        sequence: "Ctrl+Shift+Z"
+        onActivated: view.model.commands.redo()
+    }
+
+    TimesheetList {
+        id: list
+
+        anchors.fill: parent
+        focus: true
+        timesheet: view.model
+        onExportRequested: saving.active = true
+        onMenuRequested: (row, line, x, y) => {
+            if (!view.model.openMenu(row))
+                return;
+            projects.place = line.mapToItem(view, x, y);
+            menu.popup(view, projects.place.x, projects.place.y);
+        }
+    }
+
+    UndoNotice {
+        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 20 }
+        width: Math.min(implicitWidth, parent.width - 48)
+        commands: view.model.commands
+    }
+
+    EntryMenu {
+        id: menu
+
+        model: view.model
+        onMoveRequested: projects.open()
+    }
+
+    ChoicePopup {
+        id: projects
+
+        property point place
+
+        x: place.x
+        y: place.y
+        label: "Move to Project"
+        rows: view.model.menuProjects.rows
+        searchShown: view.model.menuProjects.isSearchShown
+        search: view.model.menuProjects.search
+        onSearchEdited: text => view.model.menuProjects.search = text
+        onChosen: row => view.model.menuProjects.choose(row)
+    }
+
+    ConfirmSheet {
+        visible: view.model.commands.isDeletePending
+        icon: "trash"
+        colors: Theme.dangerGradient
+        title: view.model.commands.pendingDeleteTitle
+        acceptText: "Delete"
+        destructive: true
+        onAccepted: view.model.commands.confirmDelete()
+        onRejected: view.model.commands.dismissDelete()
+    }
+
+    ConfirmSheet {
+        id: billed
+
+        icon: "lock.fill"
+        colors: Theme.grayGradient
+        title: "Billed entries are read-only"
+        message: "This time is on an invoice. Delete the invoice to release its entries before editing or deleting them."
+        rejectText: ""
+    }
+
+    Connections {
+        target: view.model.commands
+
+        function onBilledNotice(): void {
+            billed.open();
+        }
+    }
+
+    EntryEditor {
+        model: view.model.editor
+    }
+
+    Loader {
+        id: saving
+
+        active: false
+        // The dialog doesn't outlive its loader.
+        // qmllint disable unqualified
+        sourceComponent: FileDialog {
+            title: "Export CSV"
+            fileMode: FileDialog.SaveFile
+            defaultSuffix: "csv"
+            nameFilters: ["CSV (*.csv)", "All files (*)"]
+            currentFile: view.model.exportName
+            Component.onCompleted: open()
+            onAccepted: view.model.exportTo(selectedFile)
+            onVisibleChanged: if (!visible) Qt.callLater(() => saving.active = false)
+        }
+        // qmllint enable unqualified
+    }
+}
