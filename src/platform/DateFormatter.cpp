@@ -3,7 +3,7 @@
 
 #include "platform/DateFormatter.h"
 
-#include <unicode/datefmt.h>
+#include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
 #include <cstdlib>
@@ -22,6 +22,14 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
             return icu::DateFormat::createInstanceForSkeleton("MMMd", locale, status);
         case DateFormatter::Style::weekday:
             return icu::DateFormat::createInstanceForSkeleton("EEEE", locale, status);
+        case DateFormatter::Style::fullDate:
+            return icu::DateFormat::createDateInstance(icu::DateFormat::kFull, locale);
+        case DateFormatter::Style::monthYear:
+            return icu::DateFormat::createInstanceForSkeleton("yMMMM", locale, status);
+        case DateFormatter::Style::dayOfMonth:
+            return new icu::SimpleDateFormat("d", locale, status);
+        case DateFormatter::Style::weekdayInitials:
+            return new icu::SimpleDateFormat("cccccc", locale, status);
     }
     std::abort();
 }

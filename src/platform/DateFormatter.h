@@ -16,10 +16,14 @@ namespace elmworth {
 class DateFormatter {
  public:
     enum class Style {
-        mediumDate,  ///< "Mar 1, 2026", no time
-        shortTime,   ///< "9:30 AM" or "09:30", no date
-        monthDay,    ///< "Mar 1": abbreviated month and day
-        weekday,     ///< "Monday"
+        mediumDate,       ///< "Mar 1, 2026", no time
+        shortTime,        ///< "9:30 AM" or "09:30", no date
+        monthDay,         ///< "Mar 1": abbreviated month and day
+        weekday,          ///< "Monday"
+        fullDate,         ///< "Sunday, March 1, 2026"
+        monthYear,        ///< "March 2026"
+        dayOfMonth,       ///< "1", in the locale's digits
+        weekdayInitials,  ///< "Su", as it stands over a calendar's column
     };
 
     DateFormatter(Style style, const Locale& locale, std::string_view zoneID);

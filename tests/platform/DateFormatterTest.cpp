@@ -53,6 +53,14 @@ INSTANTIATE_TEST_SUITE_P(
         {"WeekdayAmerican", Style::weekday, "en_US", "UTC", "Sunday"},
         {"WeekdayGerman", Style::weekday, "de_DE", "UTC", "Sonntag"},
         {"WeekdayInTheNextDaysZone", Style::weekday, "en_US", "Asia/Kathmandu", "Monday"},
+        {"FullDateAmerican", Style::fullDate, "en_US", "UTC", "Sunday, March 1, 2026"},
+        {"FullDateGerman", Style::fullDate, "de_DE", "UTC", "Sonntag, 1. März 2026"},
+        {"MonthYearAmerican", Style::monthYear, "en_US", "UTC", "March 2026"},
+        {"MonthYearJapanese", Style::monthYear, "ja_JP", "UTC", "2026年3月"},
+        {"DayOfMonthJapanese", Style::dayOfMonth, "ja_JP", "UTC", "1"},
+        {"DayOfMonthEgyptian", Style::dayOfMonth, "ar_EG", "UTC", "١"},
+        {"WeekdayInitialsAmerican", Style::weekdayInitials, "en_US", "UTC", "Su"},
+        {"WeekdayInitialsGerman", Style::weekdayInitials, "de_DE", "UTC", "So."},
     }),
     rowName);
 
