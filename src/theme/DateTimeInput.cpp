@@ -136,6 +136,10 @@ bool DateTimeInput::isValid() const noexcept {
     return day_->isValid() && time_->isValid();
 }
 
+bool DateTimeInput::isTyped() const noexcept {
+    return day_->isTyped() || time_->isTyped();
+}
+
 void DateTimeInput::finish() {
     day_->finish();
     time_->finish();

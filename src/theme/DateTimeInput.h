@@ -45,6 +45,8 @@ class DateTimeInput final : public QObject {
     void setValue(Instant value);
     /// Whether both fields have texts that are understood.
     [[nodiscard]] bool isValid() const noexcept;
+    /// Whether a field shows what somebody typed, and not the value.
+    [[nodiscard]] bool isTyped() const noexcept;
     /// Somebody is done typing, in either field.
     void finish();
 

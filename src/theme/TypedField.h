@@ -39,6 +39,8 @@ class TypedField : public QObject {
     [[nodiscard]] QString text() const;
     [[nodiscard]] const QString& problem() const noexcept { return problem_; }
     [[nodiscard]] bool isValid() const noexcept { return isValid_; }
+    /// Whether it shows what somebody typed, and not the value.
+    [[nodiscard]] bool isTyped() const noexcept { return typed_.has_value(); }
 
     /// Somebody typed: the field has this text now.
     Q_INVOKABLE void edit(const QString& text);
