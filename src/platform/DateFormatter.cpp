@@ -3,7 +3,7 @@
 
 #include "platform/DateFormatter.h"
 
-#include <unicode/datefmt.h>
+#include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
 #include <cstdlib>
@@ -26,8 +26,14 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
             return icu::DateFormat::createInstanceForSkeleton("EEEEMMMd", locale, status);
         case DateFormatter::Style::shortWeekday:
             return icu::DateFormat::createInstanceForSkeleton("EEE", locale, status);
+        case DateFormatter::Style::fullDate:
+            return icu::DateFormat::createDateInstance(icu::DateFormat::kFull, locale);
+        case DateFormatter::Style::monthYear:
+            return icu::DateFormat::createInstanceForSkeleton("yMMMM", locale, status);
         case DateFormatter::Style::dayOfMonth:
-            return icu::DateFormat::createInstanceForSkeleton("d", locale, status);
+            return new icu::SimpleDateFormat("d", locale, status);
+        case DateFormatter::Style::weekdayInitials:
+            return new icu::SimpleDateFormat("cccccc", locale, status);
     }
     std::abort();
 }

@@ -22,7 +22,10 @@ class DateFormatter {
         weekday,          ///< "Monday"
         weekdayMonthDay,  ///< "Monday, Mar 1"
         shortWeekday,     ///< "Mon"
-        dayOfMonth,       ///< "1"
+        fullDate,         ///< "Sunday, March 1, 2026"
+        monthYear,        ///< "March 2026"
+        dayOfMonth,       ///< "1", in the locale's digits
+        weekdayInitials,  ///< "Su", as it stands over a calendar's column
     };
 
     DateFormatter(Style style, const Locale& locale, std::string_view zoneID);

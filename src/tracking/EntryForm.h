@@ -10,6 +10,7 @@
 #include "core/Project.h"
 #include "core/TimeEntry.h"
 #include "core/store/ModelContext.h"
+#include "platform/Calendar.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -22,13 +23,24 @@ struct EntryForm {
     std::string notes;
     bool wasRunning = false;  ///< a running entry stays running: its end is not looked at
 
+    /// An hour on the day that holds `day`, or today when that is absent: from 09:00 on, or an hour
+    /// ago where that is earlier. Its project is the one used last.
+    [[nodiscard]] static EntryForm forNewEntry(std::optional<Instant> day, Instant now,
+                                               const Calendar& calendar, const TimerService& timer);
+    /// What `entry` holds; a running one ends now.
+    [[nodiscard]] static EntryForm of(const TimeEntry& entry, Instant now);
+
     /// Why this cannot be saved, as a sentence; absent when it can. The future can't be logged, but
     /// an entry may end in it.
     [[nodiscard]] std::optional<std::string_view> problem(Instant now) const;
+    /// The same for the times alone.
+    [[nodiscard]] std::optional<std::string_view> timeProblem(Instant now) const;
 
     /// Writes the form into `entry`, or into a new one when that is null, saves, and brings the
     /// timer in line. A failed save stays pending in `context`. Requires `problem` to be absent.
     Ref<TimeEntry> save(Ref<TimeEntry> entry, ModelContext& context, TimerService& timer) const;
+
+    friend bool operator==(const EntryForm&, const EntryForm&) = default;
 };
 
 }  // namespace elmworth

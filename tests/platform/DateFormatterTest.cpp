@@ -59,6 +59,14 @@ INSTANTIATE_TEST_SUITE_P(
         {"ShortWeekdayGerman", Style::shortWeekday, "de_DE", "UTC", "So"},
         {"DayOfMonthAmerican", Style::dayOfMonth, "en_US", "UTC", "1"},
         {"DayOfMonthInTheNextDaysZone", Style::dayOfMonth, "en_US", "Asia/Kathmandu", "2"},
+        {"FullDateAmerican", Style::fullDate, "en_US", "UTC", "Sunday, March 1, 2026"},
+        {"FullDateGerman", Style::fullDate, "de_DE", "UTC", "Sonntag, 1. März 2026"},
+        {"MonthYearAmerican", Style::monthYear, "en_US", "UTC", "March 2026"},
+        {"MonthYearJapanese", Style::monthYear, "ja_JP", "UTC", "2026年3月"},
+        {"DayOfMonthJapanese", Style::dayOfMonth, "ja_JP", "UTC", "1"},
+        {"DayOfMonthEgyptian", Style::dayOfMonth, "ar_EG", "UTC", "١"},
+        {"WeekdayInitialsAmerican", Style::weekdayInitials, "en_US", "UTC", "Su"},
+        {"WeekdayInitialsGerman", Style::weekdayInitials, "de_DE", "UTC", "So."},
     }),
     rowName);
 

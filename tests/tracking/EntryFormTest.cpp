@@ -7,6 +7,7 @@
 
 #include "support/FileSizeLimit.h"
 #include "support/Instants.h"
+#include "support/Rows.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
@@ -32,10 +33,67 @@ TEST_F(EntryFormTest, AFinishedSpanOnAProjectCanBeSaved) {
     EXPECT_EQ(form().problem(now_), std::nullopt);
 }
 
+struct NewEntryRow {
+    const char* name;
+    const char* zone;
+    const char* day;  ///< empty for today
+    const char* now;
+    const char* start;
+};
+
+void PrintTo(const NewEntryRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class NewEntry : public EntryFormTest, public testing::WithParamInterface<NewEntryRow> {};
+
+TEST_P(NewEntry, IsAnHourFromNineOnOrAnHourAgo) {
+    const auto& row = GetParam();
+    const auto day = *row.day == '\0' ? std::nullopt : std::optional(at(row.day));
+    const auto form =
+        EntryForm::forNewEntry(day, at(row.now), Calendar(Locale("en_US"), row.zone), timer_);
+    EXPECT_EQ(test::iso(form.start), row.start);
+    EXPECT_EQ(form.end - form.start, 1h);
+    EXPECT_EQ(form.project, website_);
+    EXPECT_EQ(form.problem(at(row.now)), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Row, NewEntry,
+    testing::ValuesIn(std::vector<NewEntryRow>{
+        {"PastDay", "UTC", "2026-02-20T17:00Z", "2026-03-02T15:00Z", "2026-02-20T09:00:00Z"},
+        {"TodayAt0830", "UTC", "", "2026-03-02T08:30Z", "2026-03-02T07:30:00Z"},
+        {"TodayAt15", "UTC", "", "2026-03-02T15:00Z", "2026-03-02T09:00:00Z"},
+        {"TodayAtTen", "UTC", "", "2026-03-02T10:00Z", "2026-03-02T09:00:00Z"},
+        {"TodayHalfPastMidnight", "UTC", "", "2026-03-02T00:30Z", "2026-03-01T23:30:00Z"},
+        {"DayToCome", "UTC", "2026-03-05T12:00Z", "2026-03-02T15:00Z", "2026-03-02T14:00:00Z"},
+        {"DayOf23Hours", "Europe/Berlin", "2026-03-29T12:00+02:00", "2026-04-02T15:00Z",
+         "2026-03-29T07:00:00Z"},
+        {"DayOf25Hours", "America/New_York", "2026-11-01T12:00-05:00", "2026-11-02T15:00Z",
+         "2026-11-01T14:00:00Z"},
+    }),
+    test::rowName);
+
+TEST_F(EntryFormTest, ANewEntryHasNoProjectWhenThereIsNone) {
+    website_->isArchived = true;
+    const Calendar calendar(Locale("en_US"), "UTC");
+    EXPECT_FALSE(EntryForm::forNewEntry({}, now_, calendar, timer_).project);
+}
+
+TEST_F(EntryFormTest, AnEntrysFormIsWhatItHoldsAndARunningOneEndsNow) {
+    const auto entry = library_.addEntry(website_, now_ - 2h, now_ - 1h);
+    entry->notes = "Landing page";
+    EXPECT_EQ(EntryForm::of(*entry, now_), form());
+    entry->end = std::nullopt;
+    EXPECT_EQ(EntryForm::of(*entry, now_),
+              (EntryForm{website_, now_ - 2h, now_, "Landing page", true}));
+}
+
 TEST_F(EntryFormTest, AProjectMustBeChosen) {
     auto form = this->form();
     form.project = nullptr;
     EXPECT_EQ(form.problem(now_), "Choose a project.");
+    EXPECT_EQ(form.timeProblem(now_), std::nullopt);
 }
 
 TEST_F(EntryFormTest, TheEndMustBeAfterTheStart) {

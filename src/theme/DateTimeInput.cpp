@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "theme/DateTimeInput.h"
+
+namespace elmworth {
+
+namespace {
+
+/// The part of a second, which fields of a calendar leave out.
+auto fraction(Instant instant) {
+    return instant - std::chrono::floor<std::chrono::seconds>(instant);
+}
+
+bool isSameDay(const DateComponents& one, const DateComponents& other) {
+    return one.year == other.year && one.month == other.month && one.day == other.day;
+}
+
+ClockTime clockTime(const DateComponents& components) {
+    return {components.hour, components.minute};
+}
+
+}  // namespace
+
+class DateTimeInput::DayField final : public TypedField {
+ public:
+    DayField(DateTimeInput& owner, const Locale& locale) : owner_(owner), input_(locale) {}
+
+ protected:
+    [[nodiscard]] QString valueText() const override {
+        return QString::fromStdString(input_.text(components(owner_.value_)));
+    }
+    [[nodiscard]] std::vector<DatePartSpan> parts() const override {
+        return input_.parts(components(owner_.value_));
+    }
+    bool take(const QString& text) override {
+        const auto settled = components(owner_.settled_);
+        const auto day = input_.day(text.toStdString(), settled);
+        if (!day) return owner_.misread();
+        const auto value = isSameDay(*day, settled) ? owner_.settled_ : owner_.onDay(*day);
+        return value ? owner_.apply(*value) : owner_.misread();
+    }
+    void settle() override { owner_.settled_ = owner_.value_; }
+    void move(DatePart part, int steps) override {
+        const auto unit = part == DatePart::year    ? CalendarUnit::year
+                          : part == DatePart::month ? CalendarUnit::month
+                                                    : CalendarUnit::day;
+        owner_.moveTo(owner_.calendar_().adding(steps, unit, owner_.value_));
+    }
+    [[nodiscard]] DatePart pagePart() const override { return DatePart::month; }
+    [[nodiscard]] QString complaint() const override {
+        return QStringLiteral("This is not a date. Type one like %1.").arg(valueText());
+    }
+
+ private:
+    [[nodiscard]] DateComponents components(Instant instant) const {
+        return owner_.calendar_().components(instant);
+    }
+
+    DateTimeInput& owner_;
+    DateInput input_;
+};
+
+class DateTimeInput::TimeField final : public TypedField {
+ public:
+    TimeField(DateTimeInput& owner, const Locale& locale) : owner_(owner), input_(locale) {}
+
+ protected:
+    [[nodiscard]] QString valueText() const override {
+        return QString::fromStdString(input_.text(clock(owner_.value_)));
+    }
+    [[nodiscard]] std::vector<DatePartSpan> parts() const override {
+        return input_.parts(clock(owner_.value_));
+    }
+    bool take(const QString& text) override {
+        const auto time = input_.time(text.toStdString());
+        if (!time) return owner_.misread();
+        const auto value =
+            *time == clock(owner_.settled_)
+                ? owner_.settled_
+                : owner_.calendar_().settingTime(time->hour, time->minute, 0, owner_.settled_);
+        return value ? owner_.apply(*value) : owner_.misread();
+    }
+    void settle() override { owner_.settled_ = owner_.value_; }
+    /// Hours and minutes pass as they do on a clock, so that both halves of a repeated hour are
+    /// reached, and the next day is after midnight.
+    void move(DatePart part, int steps) override {
+        if (part == DatePart::hour) return owner_.moveTo(owner_.value_ + std::chrono::hours(steps));
+        if (part == DatePart::minute)
+            return owner_.moveTo(owner_.value_ + std::chrono::minutes(steps));
+        const auto calendar = owner_.calendar_();
+        const auto now = calendar.components(owner_.value_);
+        const auto moved =
+            calendar.settingTime((now.hour + 12) % 24, now.minute, now.second, owner_.value_);
+        if (moved) owner_.moveTo(*moved + fraction(owner_.value_));
+    }
+    [[nodiscard]] DatePart pagePart() const override { return DatePart::hour; }
+    [[nodiscard]] QString complaint() const override {
+        return QStringLiteral("This is not a time. Type one like %1.").arg(valueText());
+    }
+
+ private:
+    [[nodiscard]] ClockTime clock(Instant instant) const {
+        return clockTime(owner_.calendar_().components(instant));
+    }
+
+    DateTimeInput& owner_;
+    TimeInput input_;
+};
+
+DateTimeInput::DateTimeInput(std::function<Calendar()> calendar, Clock now, const Locale& locale)
+    : calendar_(std::move(calendar)),
+      value_(now()),
+      settled_(value_),
+      month_(calendar_, std::move(now), locale),
+      day_(std::make_unique<DayField>(*this, locale)),
+      time_(std::make_unique<TimeField>(*this, locale)) {
+    for (TypedField* field : {day(), time()})
+        connect(field, &TypedField::validityChanged, this, &DateTimeInput::changed);
+    connect(&month_, &MonthCalendarModel::chosen, this, [this] {
+        if (const auto chosen = onDay(month_.chosenDay())) setValue(*chosen);
+    });
+}
+
+DateTimeInput::~DateTimeInput() = default;
+
+TypedField* DateTimeInput::day() noexcept {
+    return day_.get();
+}
+
+TypedField* DateTimeInput::time() noexcept {
+    return time_.get();
+}
+
+bool DateTimeInput::isValid() const noexcept {
+    return day_->isValid() && time_->isValid();
+}
+
+bool DateTimeInput::isTyped() const noexcept {
+    return day_->isTyped() || time_->isTyped();
+}
+
+void DateTimeInput::finish() {
+    day_->finish();
+    time_->finish();
+}
+
+void DateTimeInput::setValue(Instant value) {
+    const bool isOther = value != value_;
+    value_ = value;
+    settled_ = value;
+    day_->show();
+    time_->show();
+    if (isOther) Q_EMIT changed();
+}
+
+void DateTimeInput::showMonth() {
+    day_->finish();
+    month_.show(calendar_().components(value_));
+}
+
+/// The fields in which nobody types show what comes of it.
+bool DateTimeInput::apply(Instant value) {
+    if (value == value_) return true;
+    value_ = value;
+    day_->follow();
+    time_->follow();
+    Q_EMIT changed();
+    return true;
+}
+
+/// What was typed no longer means anything: as if it had not been typed.
+bool DateTimeInput::misread() {
+    apply(settled_);
+    return false;
+}
+
+void DateTimeInput::moveTo(std::optional<Instant> value) {
+    // Beyond these years a text no longer means the day that it was written for.
+    constexpr Instant first = std::chrono::sys_days(std::chrono::year(2) / 1 / 1);
+    constexpr Instant last = std::chrono::sys_days(std::chrono::year(9998) / 12 / 31);
+    if (!value || *value < first || *value > last) return;
+    settled_ = *value;
+    apply(*value);
+}
+
+/// The time of the day that stands now, on another day.
+std::optional<Instant> DateTimeInput::onDay(const DateComponents& day) const {
+    const auto calendar = calendar_();
+    auto wanted = calendar.components(settled_);
+    wanted.year = day.year;
+    wanted.month = day.month;
+    wanted.day = day.day;
+    const auto moved = calendar.date(wanted);
+    return moved ? std::optional(*moved + fraction(settled_)) : std::nullopt;
+}
+
+}  // namespace elmworth
