@@ -8,11 +8,13 @@
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "app/ScreenServices.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
 
 namespace elmworth {
 
@@ -23,7 +25,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
-      mainViewModel_(services_.context(), services_.defaults(), services_.timer()),
+      mainViewModel_(screenServices(services_, runLoop_)),
       lastSave_(services_.context()) {
     if (!isHostedRun()) {
         services_.timer().installSleepObservers(powerEvents_);

@@ -10,6 +10,7 @@
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "app/ScreenServices.h"
 #include "theme/SystemImages.h"
 #include "theme/fonts/Fonts.h"
 #include "tracking/ui/TrayMenu.h"
@@ -29,19 +30,13 @@ TrayIconStyle iconStyle() {
     return style;
 }
 
-PanelServices panelServices(LibraryServices& services, RunLoop& runLoop) {
-    return {services.context(),  services.timer(),
-            services.defaults(), runLoop,
-            services.clock(),    [] { return Calendar::current(); }};
-}
-
 }  // namespace
 
 MenuBarExtra::MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
                            const Ways& ways)
     : engine_(engine),
       label_(services.context(), services.timer(), services.defaults(), runLoop),
-      panel_(panelServices(services, runLoop)),
+      panel_(screenServices(services, runLoop)),
       tray_(iconStyle()) {
     leadOn(ways);
     watchTray();

@@ -3,7 +3,9 @@
 
 #include "exchange/CSVDocument.h"
 
+#include "core/Client.h"
 #include "core/HoursFormat.h"
+#include "core/Project.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
 

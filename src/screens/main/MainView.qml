@@ -5,6 +5,7 @@ import QtQuick
 import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
 import Elmworth.Theme
+import Elmworth.Timesheet
 import Elmworth.Main
 
 /// The sidebar, and the screen of the section that is chosen there.
@@ -36,10 +37,8 @@ Basic.SplitView {
         Basic.SplitView.fillWidth: true
         currentIndex: view.model.section
 
-        TimesheetSection {
-            running: view.model.running
-            quickStart: view.model.quickStart
-            onStopRequested: view.model.stopTimer()
+        TimesheetView {
+            model: view.model.timesheet
         }
 
         SectionPlaceholder {

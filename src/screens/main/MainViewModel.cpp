@@ -15,8 +15,11 @@ constexpr std::string_view sectionKey = "mainSection";
 
 }  // namespace
 
-MainViewModel::MainViewModel(ModelContext& context, UserDefaults& defaults, TimerService& timer)
-    : defaults_(defaults), timer_(timer), running_(context, timer), quickStart_(context, timer) {
+MainViewModel::MainViewModel(const PanelServices& services)
+    : defaults_(services.defaults),
+      timer_(services.timer),
+      running_(services.context, services.timer),
+      timesheet_(services) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });

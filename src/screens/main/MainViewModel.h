@@ -8,9 +8,9 @@
 #include <QtQmlIntegration>
 
 #include "platform/UserDefaults.h"
-#include "screens/main/QuickStartModel.h"
 #include "tracking/ui/RunningEntryModel.h"
 #include "screens/main/SidebarModel.h"
+#include "screens/timesheet/TimesheetModel.h"
 
 namespace elmworth {
 
@@ -23,18 +23,18 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(elmworth::SidebarModel* sections READ sections CONSTANT FINAL)
     Q_PROPERTY(int section READ section NOTIFY sectionChanged FINAL)
     Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
-    Q_PROPERTY(elmworth::QuickStartModel* quickStart READ quickStart CONSTANT FINAL)
+    Q_PROPERTY(elmworth::TimesheetModel* timesheet READ timesheet CONSTANT FINAL)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates CONSTANT FINAL)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT FINAL)
 
  public:
-    MainViewModel(ModelContext& context, UserDefaults& defaults, TimerService& timer);
+    explicit MainViewModel(const PanelServices& services);
 
     [[nodiscard]] SidebarModel* sections() { return &sections_; }
     /// The position of the section that shows. A "mainSection" that names none is the timesheet.
     [[nodiscard]] int section() const;
     [[nodiscard]] RunningEntryModel* running() { return &running_; }
-    [[nodiscard]] QuickStartModel* quickStart() { return &quickStart_; }
+    [[nodiscard]] TimesheetModel* timesheet() { return &timesheet_; }
     /// There is nothing yet that could look for updates.
     [[nodiscard]] static bool canCheckForUpdates() { return false; }
     [[nodiscard]] static QString stopHelp();
@@ -56,7 +56,7 @@ class MainViewModel final : public QObject {
     TimerService& timer_;
     SidebarModel sections_;
     RunningEntryModel running_;
-    QuickStartModel quickStart_;
+    TimesheetModel timesheet_;
     UserDefaults::Observation defaultsObservation_;
 };
 

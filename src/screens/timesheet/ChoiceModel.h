@@ -30,7 +30,7 @@ struct Choice {
 };
 
 /// A choice of one of many records, which can be searched by what is typed.
-class ChoiceModel final : public QObject {
+class ChoiceModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The screen's model has it")

@@ -55,9 +55,8 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     /// Lets what runs grow up to `now`.
     void tick(Instant now);
 
-    [[nodiscard]] bool isSelectedEntry(const PersistentID& id) const {
-        return selection_.contains(id);
-    }
+    /// What is shown; null before the first time.
+    [[nodiscard]] const TimesheetListing* listing() const noexcept { return listing_.get(); }
     [[nodiscard]] const std::unordered_set<PersistentID>& selection() const noexcept {
         return selection_;
     }

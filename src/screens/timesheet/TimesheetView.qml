@@ -121,10 +121,6 @@ FocusScope {
         }
     }
 
-    EntryEditor {
-        model: view.model.editor
-    }
-
     Loader {
         id: saving
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "core/Client.h"
-#include "platform/Collator.h"
+#include "platform/LocalizedSearch.h"
 
 namespace elmworth {
 
