@@ -128,17 +128,17 @@ void EntryReversal::settle(Item& item) {
 
 bool EntryReversal::runsBeside(const Item* stopped) const {
     const auto running = context_.fetch(
-        FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent, .fetchLimit = 2});
+        FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent,
+                                   .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}});
     return std::any_of(running.begin(), running.end(), [&](const auto& entry) {
         return !stopped || entry->persistentModelID() != stopped->change.id;
     });
 }
 
 bool EntryReversal::wasTrackedSince() const {
-    return !context_
-                .fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::start>() > step_.at,
-                                                  .fetchLimit = 1})
-                .empty();
+    const auto newest = context_.fetch(FetchDescriptor<TimeEntry>{
+        .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}, .fetchLimit = 1});
+    return !newest.empty() && newest[0]->start.get() > step_.at;
 }
 
 // --- the records -------------------------------------------------------------------------------

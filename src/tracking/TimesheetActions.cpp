@@ -75,7 +75,7 @@ Ref<TimeEntry> duplicateEntryToToday(const Ref<TimeEntry>& entry, Instant now,
     if (length < minimumLength) return nullptr;
     const auto start = startToday(entry->start, length, now, calendar);
     if (!start) return nullptr;
-    const auto duplicate = std::make_shared<TimeEntry>(*start, entry->project.get());
+    auto duplicate = std::make_shared<TimeEntry>(*start, entry->project.get());
     duplicate->end = *start + length;
     duplicate->notes = entry->notes;
     context.insert(duplicate);

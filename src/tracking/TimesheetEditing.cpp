@@ -48,11 +48,11 @@ Ref<TimeEntry> TimesheetEditing::duplicateEntryToToday(const Ref<TimeEntry>& ent
 }
 
 Ref<TimeEntry> TimesheetEditing::save(const EntryForm& form, const Ref<TimeEntry>& entry) {
-    const bool isNew = !entry;
+    const auto action = entry ? EntryAction::edit : EntryAction::add;
     Ref<TimeEntry> saved;
-    history_.perform(isNew ? EntryAction::add : EntryAction::edit, identityOf(entry), [&] {
+    history_.perform(action, identityOf(entry), [&] {
         saved = form.save(entry, context_, timer_);
-        return isNew ? saved : nullptr;
+        return saved == entry ? nullptr : saved;
     });
     return saved;
 }

@@ -65,10 +65,15 @@ class ManualRunLoop final : public RunLoop {
     Calls repeating_;
 };
 
+/// For tests that save so often that waiting for the disk would take most of their time.
+struct InMemory {};
+
 /// A library on disk in a folder of its own, which a test can close and open again.
 class TestLibrary {
  public:
     TestLibrary() { open(); }
+    /// A library in memory, which is empty when it is opened again.
+    explicit TestLibrary(InMemory /*place*/) : isInMemory_(true) { open(); }
     /// A library whose file is there already, with these bytes.
     explicit TestLibrary(std::string_view bytes) {
         std::ofstream(file(), std::ios::binary) << bytes;
@@ -86,7 +91,8 @@ class TestLibrary {
     }
 
     void open() {
-        container_ = std::make_unique<ModelContainer>(ModelConfiguration{file()}, runLoop);
+        const auto url = isInMemory_ ? std::nullopt : std::optional(file());
+        container_ = std::make_unique<ModelContainer>(ModelConfiguration{url}, runLoop);
     }
     void close() { container_.reset(); }
     void reopen() {
@@ -125,6 +131,7 @@ class TestLibrary {
     ManualRunLoop runLoop;
 
  private:
+    bool isInMemory_ = false;
     std::unique_ptr<ModelContainer> container_;
 };
 

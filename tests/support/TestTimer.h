@@ -59,6 +59,8 @@ class TestTimer {
     /// Over a library whose file is there already, with these bytes.
     explicit TestTimer(std::string_view bytes) : library(bytes) { makeService(); }
 
+    explicit TestTimer(InMemory place) : library(place) { makeService(); }
+
     /// Quits and starts again, as far as the timer is concerned.
     void restart() {
         service.reset();

@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 /// A person at the timesheet who picks at random.
 class EntryHistoryLaws : public test::HistoryTest, public testing::WithParamInterface<unsigned> {
  protected:
+    EntryHistoryLaws() : HistoryTest(test::InMemory{}) {}
+
     using Entries = std::vector<Ref<TimeEntry>>;
     using Identities = std::set<PersistentID>;
     using Texts = std::map<PersistentID, std::string>;
@@ -217,7 +219,7 @@ TEST_P(EntryHistoryLaws, anUndoTakesAwayOnlyWhatAStepMadeAndARedoOnlyWhatAStepTo
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, EntryHistoryLaws, testing::Range(1U, 13U));
+INSTANTIATE_TEST_SUITE_P(Seeds, EntryHistoryLaws, testing::Range(1U, 41U));
 
 }  // namespace
 }  // namespace elmworth

@@ -95,6 +95,13 @@ TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfATimerRu
     EXPECT_EQ(running(), "newer 0:25");
 }
 
+TEST_F(EntryHistoryTimerTest, ATimerThatRunsIsNewerThoughItsStartWasMovedBack) {
+    removeAt("10:00", start("09:00"));
+    start("10:05", "newer")->start = test::TestTimer::today("08:00");
+    EXPECT_EQ(undoAt("10:30").notice(), staysStopped);
+    EXPECT_EQ(newRows(), (Rows{"08:00- App newer", "09:00-10:00 App x"}));
+}
+
 TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfTimeWasTrackedSince) {
     removeAt("10:00", start("09:00"));
     start("10:05", "newer");

@@ -17,6 +17,7 @@ using Rows = std::vector<std::string>;
 class HistoryTest : public testing::Test {
  protected:
     HistoryTest() { context().save(); }
+    explicit HistoryTest(InMemory place) : timer_(place) { context().save(); }
 
     [[nodiscard]] ModelContext& context() { return timer_.library.context(); }
     [[nodiscard]] TimerService& service() { return *timer_.service; }
