@@ -15,7 +15,7 @@ Rectangle {
     readonly property real besideX: anchor.right + 8 + width <= plot.width ? anchor.right + 8 : anchor.left - 8 - width
 
     x: Math.round(Math.max(0, besideX))
-    y: Math.round(Math.min(anchor.y + anchor.height / 2 - height / 2, plot.height - height))
+    y: Math.round(Math.min(anchor.y + anchor.height / 2 - height / 2, plot.area.bottom - height))
     width: Math.min(280, lines.implicitWidth + 20)
     height: lines.implicitHeight + 16
     radius: 8
