@@ -59,6 +59,7 @@ Rectangle {
                     implicitHeight: 8
                     radius: 4
                     color: line.swatch
+                    border { width: 1; color: Qt.alpha(Theme.primaryText, 0.2) }
                 }
 
                 PlainText {

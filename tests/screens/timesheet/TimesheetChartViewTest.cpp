@@ -16,11 +16,13 @@
 #include <memory>
 
 #include "core/DateRangePreset.h"
+#include "screens/timesheet/DailyChartLegend.h"
 #include "screens/timesheet/DailyChartPlot.h"
 #include "screens/timesheet/Listed.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "support/ScopedEnvironment.h"
 #include "theme/AppAppearance.h"
+#include "theme/Contrast.h"
 #include "theme/fonts/Fonts.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
@@ -166,6 +168,21 @@ TEST_F(TimesheetChartView, FollowsTheAppearance) {
     EXPECT_EQ(picture().pixelColor(emptyDay), QColor(0x0B, 0x0B, 0x0D));
     AppAppearance::instance().setSetting(AppearanceSetting::light);
     EXPECT_EQ(picture().pixelColor(emptyDay), QColor(0xF7, 0xF7, 0xF9));
+}
+
+TEST_F(TimesheetChartView, HasLegibleLabelsInBothAppearances) {
+    for (const auto appearance : {AppearanceSetting::dark, AppearanceSetting::light}) {
+        AppAppearance::instance().setSetting(appearance);
+        const auto color = [&](const QQuickItem& item, const char* name) {
+            return item.property(name).value<QColor>();
+        };
+        const auto& legend = *find<DailyChartLegend>(*window->contentItem());
+        for (const QQuickItem* item :
+             {static_cast<const QQuickItem*>(&plot()), static_cast<const QQuickItem*>(&legend)}) {
+            const QColor ground = color(*item, "ground");
+            EXPECT_GE(contrastRatio(composed(color(*item, "ink"), ground), ground), textContrast);
+        }
+    }
 }
 
 TEST_F(TimesheetChartView, SaysWhatTheBarUnderThePointerIs) {
