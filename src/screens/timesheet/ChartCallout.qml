@@ -15,7 +15,7 @@ Rectangle {
     readonly property real besideX: anchor.right + 8 + width <= plot.width ? anchor.right + 8 : anchor.left - 8 - width
 
     x: Math.round(Math.max(0, besideX))
-    y: Math.round(Math.min(anchor.y + anchor.height / 2 - height / 2, plot.height - height))
+    y: Math.round(Math.min(anchor.y + anchor.height / 2 - height / 2, plot.area.bottom - height))
     width: Math.min(280, lines.implicitWidth + 20)
     height: lines.implicitHeight + 16
     radius: 8
@@ -59,6 +59,7 @@ Rectangle {
                     implicitHeight: 8
                     radius: 4
                     color: line.swatch
+                    border { width: 1; color: Qt.alpha(Theme.primaryText, 0.2) }
                 }
 
                 PlainText {

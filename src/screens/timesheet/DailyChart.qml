@@ -32,8 +32,7 @@ GlassCard {
             property int current: 0
 
             function moveTo(day: int): void {
-                current = Math.max(0, Math.min(day, days.count - 1));
-                const column = days.itemAt(current);
+                const column = days.itemAt(Math.max(0, Math.min(day, days.count - 1)));
                 if (column)
                     column.forceActiveFocus(Qt.TabFocusReason);
             }
@@ -85,7 +84,7 @@ GlassCard {
                         y: plot.area.y
                         width: plot.columnWidth
                         height: plot.area.height
-                        activeFocusOnTab: index === chart.current
+                        activeFocusOnTab: activeFocus || index === chart.current
                         Accessible.role: Accessible.ListItem
                         Accessible.name: name
                         Accessible.focusable: true

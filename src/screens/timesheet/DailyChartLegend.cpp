@@ -82,8 +82,9 @@ void DailyChartLegend::paintItem(QPainter& painter, std::size_t item) const {
     const QRectF text = area.adjusted(swatch + swatchGap, 0, 0, 0);
     const QString& label = model_->labels()[static_cast<qsizetype>(item)];
     painter.setPen(ink_);
+    // Long names often differ at their ends: "…, Phase 2".
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetricsF(font_).elidedText(label, Qt::ElideRight, text.width()));
+                     QFontMetricsF(font_).elidedText(label, Qt::ElideMiddle, text.width()));
 }
 
 void DailyChartLegend::paint(QPainter* painter) {

@@ -98,17 +98,25 @@ void DailyChartPlot::callOut() {
         const auto column = static_cast<std::size_t>(column_);
         callOut(model_->dayText(column), model_->calloutOfColumn(column), geometry_.column(column));
     } else {
-        callOut({}, {}, calloutAnchor_);
+        hideCallout();
     }
 }
 
 void DailyChartPlot::callOut(const QString& title, std::vector<DailyChartCallout> lines,
                              const QRectF& anchor) {
-    if (title == calloutTitle_ && lines == calloutLines_.rows() && anchor == calloutAnchor_) return;
+    const bool isSame = title == calloutTitle_ && lines == calloutLines_.rows();
+    if (hasCallout_ && isSame && anchor == calloutAnchor_) return;
+    hasCallout_ = true;
     calloutTitle_ = title;
     calloutAnchor_ = anchor;
-    // What fades away keeps its lines.
-    if (!lines.empty()) calloutLines_.setRows(std::move(lines));
+    calloutLines_.setRows(std::move(lines));
+    Q_EMIT calloutChanged();
+}
+
+/// Keeps the texts, which may fade away.
+void DailyChartPlot::hideCallout() {
+    if (!hasCallout_) return;
+    hasCallout_ = false;
     Q_EMIT calloutChanged();
 }
 

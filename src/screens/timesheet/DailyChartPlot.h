@@ -56,7 +56,7 @@ class DailyChartPlot : public QQuickPaintedItem {
     [[nodiscard]] int column() const { return column_; }
     [[nodiscard]] QRectF area() const { return geometry_.plot(); }
     [[nodiscard]] double columnWidth() const { return geometry_.columnWidth(); }
-    [[nodiscard]] bool hasCallout() const { return !calloutTitle_.isEmpty(); }
+    [[nodiscard]] bool hasCallout() const { return hasCallout_; }
     [[nodiscard]] const QString& calloutTitle() const { return calloutTitle_; }
     [[nodiscard]] QAbstractItemModel* calloutLines() { return &calloutLines_; }
     [[nodiscard]] const QRectF& calloutAnchor() const { return calloutAnchor_; }
@@ -84,6 +84,7 @@ class DailyChartPlot : public QQuickPaintedItem {
     void arrange();
     void callOut();
     void callOut(const QString& title, std::vector<DailyChartCallout> lines, const QRectF& anchor);
+    void hideCallout();
     [[nodiscard]] bool hasColumn() const;
     void paintHours(QPainter& painter) const;
     void paintDays(QPainter& painter) const;
@@ -98,6 +99,7 @@ class DailyChartPlot : public QQuickPaintedItem {
     int column_ = -1;
     DailyChartGeometry geometry_;
     std::optional<std::size_t> barUnderPointer_;
+    bool hasCallout_ = false;
     QString calloutTitle_;
     LiveListModel<DailyChartCallout> calloutLines_;
     QRectF calloutAnchor_;

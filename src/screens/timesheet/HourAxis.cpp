@@ -30,8 +30,8 @@ std::vector<HourMark> hourMarks(double highest) {
     const double top = std::isfinite(highest) && highest > 0 ? highest : 1;
     const double step = stepFor(top);
     std::vector<HourMark> marks;
-    const double count = std::ceil(top / step);
-    for (double i = 0; i <= count; ++i) {
+    const int count = static_cast<int>(std::ceil(top / step));
+    for (int i = 0; i <= count; ++i) {
         marks.push_back({i * step, std::to_string(static_cast<std::int64_t>(i * step)) + "h"});
     }
     return marks;
