@@ -11,4 +11,6 @@ PlainText {
     Layout.preferredHeight: 32
     verticalAlignment: Text.AlignVCenter
     color: Theme.secondaryText
+    // The control says it.
+    Accessible.ignored: true
 }

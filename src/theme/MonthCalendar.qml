@@ -71,18 +71,16 @@ FocusScope {
                 font.weight: Font.DemiBold
             }
 
+            LinkButton {
+                Layout.rightMargin: 8
+                text: "Today"
+                onClicked: { calendar.model.moveToToday(); calendar.focusCurrent(); }
+            }
+
             IconButton {
                 systemImage: "chevron.left"
                 label: "Previous month"
                 onClicked: calendar.model.moveByMonths(-1)
-            }
-
-            IconButton {
-                systemImage: "circle"
-                size: 28
-                label: "Today"
-                help: "Today"
-                onClicked: { calendar.model.moveToToday(); calendar.focusCurrent(); }
             }
 
             IconButton {

@@ -17,8 +17,8 @@ PressButton {
 
     required text
     label: cell.name
-    activeFocusOnTab: cell.isCurrent
-    focusPolicy: cell.isCurrent ? Qt.StrongFocus : Qt.NoFocus
+    activeFocusOnTab: cell.isCurrent || cell.activeFocus
+    focusPolicy: cell.isCurrent || cell.activeFocus ? Qt.StrongFocus : Qt.NoFocus
     Accessible.selectable: true
     Accessible.selected: cell.isChosen
 

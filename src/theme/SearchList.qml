@@ -88,6 +88,7 @@ ColumnLayout {
 
             required text
             width: ListView.view ? ListView.view.width : implicitWidth
+            elide: Text.ElideMiddle
             checkable: true
             checked: isChosen
             highlighted: ListView.isCurrentItem || hovered

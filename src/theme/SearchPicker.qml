@@ -57,6 +57,7 @@ Basic.AbstractButton {
     contentItem: PlainText {
         verticalAlignment: Text.AlignVCenter
         text: picker.text
+        elide: Text.ElideMiddle
         color: picker.isUnset ? Theme.tertiaryText : Theme.primaryText
         Accessible.ignored: true
     }

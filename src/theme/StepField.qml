@@ -25,6 +25,12 @@ InputField {
         select(part.begin, part.end);
     }
 
+    /// Makes the next letter typed the first of a new text.
+    function takeFocus(): void {
+        forceActiveFocus(Qt.TabFocusReason);
+        selectAll();
+    }
+
     implicitWidth: 108
     maximumLength: 64
     invalid: input.problem.length > 0
@@ -43,10 +49,12 @@ InputField {
     }
     onEditingFinished: input.finish()
     onActiveFocusChanged: {
-        if (!activeFocus)
+        if (!activeFocus) {
             input.finish();
-        else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
+            deselect();
+        } else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason) {
             selectAll();
+        }
     }
 
     Keys.onPressed: event => {

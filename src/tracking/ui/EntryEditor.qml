@@ -44,7 +44,7 @@ SheetPopup {
             Layout.fillWidth: true
             Layout.fillHeight: true
             model: editor.model
-            next: cancel
+            closing: cancel
         }
 
         EntryEditorMessages {

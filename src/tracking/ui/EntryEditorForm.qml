@@ -11,17 +11,17 @@ GridLayout {
     id: form
 
     required property EntryEditorModel model
-    /// What comes after the notes.
-    required property Item next
+    /// The control to close with, for an entry that can only be read.
+    required property Item closing
 
     /// To the project while none is chosen, and else to where most changes are made.
     function takeFocus(): void {
         if (model.isBilled)
-            next.forceActiveFocus(Qt.TabFocusReason);
+            closing.forceActiveFocus(Qt.TabFocusReason);
         else if (model.projects.isUnset)
             project.forceActiveFocus(Qt.TabFocusReason);
         else
-            start.time.forceActiveFocus(Qt.TabFocusReason);
+            start.time.takeFocus();
     }
 
     columns: 2
@@ -120,7 +120,6 @@ GridLayout {
         Layout.preferredHeight: 104
         label: "Notes"
         enabled: !form.model.isBilled
-        area.KeyNavigation.tab: form.next
         onSubmitted: form.model.save()
         onTextChanged: if (text !== form.model.notes) form.model.notes = text
 

@@ -39,7 +39,7 @@ class EditorHost : public QObject {
     Q_INVOKABLE void openEntry(const QString& notes) { model_.open(addEntry(notes)); }
     Q_INVOKABLE void openBilled(const QString& notes) {
         const auto entry = addEntry(notes);
-        entry->invoice = timer_.library.addInvoice("2026-001", nullptr);
+        entry->invoice = timer_.library.addInvoice(std::to_string(++invoices_), nullptr);
         timer_.library.context().save();
         model_.open(entry);
     }
@@ -93,6 +93,7 @@ class EditorHost : public QObject {
     }
 
     test::TestTimer timer_;
+    int invoices_ = 2026000;
     EntryEditorModel model_{{timer_.library.context(),
                              *timer_.service,
                              timer_.library.runLoop,
