@@ -12,6 +12,11 @@ Basic.TextArea {
     property string label: ""
     property bool looksFocused: activeFocus
 
+    function leave(forward: bool): void {
+        const next = nextItemInFocusChain(forward);
+        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
+
     implicitWidth: 200
     leftPadding: 10
     rightPadding: 10
@@ -26,9 +31,8 @@ Basic.TextArea {
     selectionColor: Theme.selectionFill
     selectedTextColor: Theme.primaryText
     font { family: Theme.textFamily; pixelSize: Theme.bodySize }
-    KeyNavigation.priority: KeyNavigation.BeforeItem
-    KeyNavigation.tab: nextItemInFocusChain(true)
-    KeyNavigation.backtab: nextItemInFocusChain(false)
+    Keys.onTabPressed: event => leave(!(event.modifiers & Qt.ShiftModifier))
+    Keys.onBacktabPressed: leave(false)
     Accessible.role: Accessible.EditableText
     Accessible.name: label.length > 0 ? label : placeholderText
     Accessible.multiLine: true

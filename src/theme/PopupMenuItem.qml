@@ -15,6 +15,8 @@ Basic.MenuItem {
     property string hint: ""
     /// Takes something away that doesn't come back.
     property bool destructive: false
+    /// Where a text that is too long is cut.
+    property int elide: Text.ElideRight
 
     readonly property color foreground: destructive ? Theme.dangerText : Theme.primaryText
 
@@ -61,6 +63,7 @@ Basic.MenuItem {
         PlainText {
             Layout.fillWidth: true
             text: item.text
+            elide: item.elide
             color: item.foreground
             Accessible.ignored: true
         }

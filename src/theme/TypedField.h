@@ -29,7 +29,8 @@ struct TextSpan {
 /// what is not stays as it was typed, and changes nothing.
 class TypedField : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("A DateTimeInput has it")
     /// As typed, until `finish` writes what was understood in the locale's form.
     Q_PROPERTY(QString text READ text NOTIFY textChanged FINAL)
     /// What is wrong with the text, as a sentence, once it is finished; empty when nothing is.

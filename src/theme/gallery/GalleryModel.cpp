@@ -10,6 +10,8 @@ namespace elmworth {
 
 GalleryModel::GalleryModel(AppearanceSetting setting) : setting_(setting) {
     AppAppearance::instance().setSetting(setting_);
+    wrongDate_.day()->edit(QStringLiteral("31/31/2026"));
+    wrongDate_.finish();
 }
 
 void GalleryModel::setAppearance(int position) {

@@ -8,6 +8,7 @@
 #include <QtQmlIntegration>
 
 #include "theme/AppearanceSetting.h"
+#include "theme/DateTimeInput.h"
 
 namespace elmworth {
 
@@ -18,6 +19,9 @@ class GalleryModel final : public QObject {
     QML_UNCREATABLE("The application owns it")
     /// Position in system, dark, light.
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged FINAL)
+    Q_PROPERTY(elmworth::DateTimeInput* date READ date CONSTANT FINAL)
+    Q_PROPERTY(elmworth::DateTimeInput* wrongDate READ wrongDate CONSTANT
+                   FINAL)  ///< shows a text that is none
     Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
 
  public:
@@ -25,6 +29,8 @@ class GalleryModel final : public QObject {
 
     [[nodiscard]] int appearance() const { return static_cast<int>(setting_); }
     void setAppearance(int position);
+    [[nodiscard]] DateTimeInput* date() noexcept { return &date_; }
+    [[nodiscard]] DateTimeInput* wrongDate() noexcept { return &wrongDate_; }
     [[nodiscard]] static QStringList imageNames();
 
  Q_SIGNALS:
@@ -32,6 +38,8 @@ class GalleryModel final : public QObject {
 
  private:
     AppearanceSetting setting_;
+    DateTimeInput date_{&Calendar::current, &currentInstant};
+    DateTimeInput wrongDate_{&Calendar::current, &currentInstant};
 };
 
 }  // namespace elmworth

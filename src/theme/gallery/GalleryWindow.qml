@@ -42,6 +42,10 @@ Basic.ApplicationWindow {
         GalleryColors { Layout.fillWidth: true }
         GalleryButtons { Layout.fillWidth: true }
         GalleryFields { Layout.fillWidth: true }
+        GalleryDates {
+            Layout.fillWidth: true
+            model: window.model
+        }
         GalleryCards { Layout.fillWidth: true }
         GalleryIcons {
             Layout.fillWidth: true

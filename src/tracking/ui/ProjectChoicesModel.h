@@ -38,6 +38,7 @@ class ProjectChoicesModel final : public QObject {
     QML_UNCREATABLE("The editor's model has it")
     /// The label of the chosen one.
     Q_PROPERTY(QString text READ text NOTIFY chosenChanged FINAL)
+    Q_PROPERTY(bool isUnset READ isUnset NOTIFY chosenChanged FINAL)  ///< none is chosen
     /// All of these words stand in the labels of `rows`.
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged FINAL)
     /// The roles are the properties of `ProjectChoice`.
@@ -49,6 +50,7 @@ class ProjectChoicesModel final : public QObject {
     explicit ProjectChoicesModel(ModelContext& context);
 
     [[nodiscard]] QString text() const;
+    [[nodiscard]] bool isUnset() const noexcept { return chosen_ == nullptr; }
     [[nodiscard]] const QString& search() const noexcept { return search_; }
     void setSearch(const QString& search);
     [[nodiscard]] QAbstractItemModel* rowsModel() noexcept { return &rows_; }
