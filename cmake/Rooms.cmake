@@ -81,7 +81,7 @@ endfunction()
 #                   [SOURCES <file>...] [LINKS <target>...])
 # The views of a room with their models, as a static QML module.
 function(elmworth_qml_room)
-    cmake_parse_arguments(PARSE_ARGV 0 ROOM "" "NAME;URI" "SINGLETONS;QML_FILES;SOURCES;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 0 ROOM "" "NAME;URI" "SINGLETONS;IMPORTS;QML_FILES;SOURCES;LINKS")
     if(ROOM_SINGLETONS)
         set_source_files_properties(${ROOM_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endif()
@@ -93,7 +93,7 @@ function(elmworth_qml_room)
     endif()
     qt_add_qml_module(${ROOM_NAME} STATIC URI ${ROOM_URI} VERSION 1.0
         RESOURCE_PREFIX /qt-project.org/imports
-        DEPENDENCIES QtQuick
+        DEPENDENCIES QtQuick ${ROOM_IMPORTS}
         ${cachegen}
         IMPORT_PATH ${CMAKE_BINARY_DIR}/qml
         OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/${module_folder}

@@ -37,6 +37,7 @@ SheetPopup {
     onOpened: acceptButton.forceActiveFocus(Qt.TabFocusReason)
     onClosed: if (!isAnswered) rejected()
 
+    // qmllint disable deferred-property-id
     contentItem: SheetScaffold {
         sheetWidth: 400
         icon: sheet.icon
@@ -70,5 +71,5 @@ SheetPopup {
             wrapMode: Text.Wrap
             elide: Text.ElideNone
         }
-    }
+    }    // qmllint enable deferred-property-id
 }

@@ -17,6 +17,7 @@ PressButton {
     implicitHeight: 32
     opacity: !enabled ? 0.45 : looksPressed ? 0.8 : 1
 
+    // qmllint disable deferred-property-id
     contentItem: Item {
         SystemImage {
             id: icon
@@ -52,6 +53,8 @@ PressButton {
             color: Theme.secondaryText
         }
     }
+
+    // qmllint enable deferred-property-id
 
     background: Rectangle {
         radius: height / 2

@@ -79,43 +79,18 @@ Basic.AbstractButton {
         }
     }
 
-    Basic.Popup {
+    ChoicePopup {
         id: popup
 
         y: picker.height + 4
         width: Math.max(picker.width, 240)
-        padding: 5
-        margins: 8
-        focus: true
-        closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
-        onOpened: list.takeFocus()
-        onClosed: {
-            picker.searched("");
-            picker.forceActiveFocus(Qt.TabFocusReason);
-        }
-
-        SearchList {
-            id: list
-
-            anchors.fill: parent
-            label: picker.label
-            prompt: picker.prompt
-            rows: picker.rows
-            chosenRow: picker.chosenRow
-            search: picker.search
-            onSearched: text => picker.searched(text)
-            onChosen: row => { picker.chosen(row); popup.close(); }
-        }
-
-        background: Rectangle {
-            radius: Theme.rowRadius
-            color: Theme.cardFill
-            border { width: 1; color: Theme.cardBorderStrong }
-
-            SoftShadow {
-                corner: Theme.rowRadius
-                strength: 0.24
-            }
-        }
+        label: picker.label
+        prompt: picker.prompt
+        rows: picker.rows
+        chosenRow: picker.chosenRow
+        search: picker.search
+        onSearched: text => picker.searched(text)
+        onChosen: row => picker.chosen(row)
+        onClosed: picker.forceActiveFocus(Qt.TabFocusReason)
     }
 }

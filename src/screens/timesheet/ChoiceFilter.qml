@@ -11,6 +11,7 @@ FilterButton {
 
     required property ChoiceModel choice
     property string name: ""
+    property string prompt: ""
 
     text: choice.title
     label: name + ": " + choice.title
@@ -22,10 +23,12 @@ FilterButton {
 
         y: filter.height + 4
         label: filter.name
-        rows: filter.choice.rows
-        searchShown: filter.choice.isSearchShown
+        prompt: filter.prompt
+        rows: filter.choice.rows // qmllint disable
+        chosenRow: filter.choice.chosenRow
         search: filter.choice.search
-        onSearchEdited: text => filter.choice.search = text
+        onSearched: text => filter.choice.search = text
         onChosen: row => filter.choice.choose(row)
+        onClosed: filter.forceActiveFocus(Qt.TabFocusReason)
     }
 }

@@ -3,6 +3,7 @@
 
 #include "screens/timesheet/ChoiceModel.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/LocalizedSearch.h"
@@ -20,6 +21,12 @@ void ChoiceModel::offer(std::vector<Choice> choices, const PersistentID& chosen,
     Q_EMIT changed();
 }
 
+int ChoiceModel::chosenRow() const {
+    const auto found = std::find_if(rows().begin(), rows().end(),
+                                    [](const Choice& choice) { return choice.isChosen; });
+    return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
+}
+
 void ChoiceModel::setSearch(const QString& search) {
     if (search == search_) return;
     search_ = search;
@@ -32,7 +39,7 @@ void ChoiceModel::showRows() {
     const LocalizedSearch wanted(trimmedBlanks(typed));
     std::vector<Choice> found;
     for (const auto& choice : choices_) {
-        if (wanted.findsIn(choice.name.toStdString())) found.push_back(choice);
+        if (wanted.findsIn(choice.text.toStdString())) found.push_back(choice);
     }
     rows_.setRows(std::move(found));
 }

@@ -18,12 +18,12 @@ namespace elmworth {
 struct Choice {
     Q_GADGET
     QML_ANONYMOUS
-    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString text MEMBER text)
     Q_PROPERTY(bool isChosen MEMBER isChosen)
 
  public:
     PersistentID id;  ///< nil for the choice of none
-    QString name;
+    QString text;
     bool isChosen = false;
 
     friend bool operator==(const Choice&, const Choice&) = default;
@@ -40,10 +40,10 @@ class ChoiceModel : public QObject {
     Q_PROPERTY(bool isSet READ isSet NOTIFY changed FINAL)
     /// What narrows the rows down. Blanks around it do not count.
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged FINAL)
-    /// From ten choices on: fewer are found at a glance.
-    Q_PROPERTY(bool isSearchShown READ isSearchShown NOTIFY changed FINAL)
     /// The roles are the properties of `Choice`.
     Q_PROPERTY(QAbstractItemModel* rows READ rowsModel CONSTANT FINAL)
+    /// Where the chosen one stands in `rows`; -1 when it does not.
+    Q_PROPERTY(int chosenRow READ chosenRow NOTIFY changed FINAL)
 
  public:
     using QObject::QObject;
@@ -53,8 +53,8 @@ class ChoiceModel : public QObject {
     [[nodiscard]] const PersistentID& chosen() const noexcept { return chosen_; }
     [[nodiscard]] const QString& search() const noexcept { return search_; }
     void setSearch(const QString& search);
-    [[nodiscard]] bool isSearchShown() const noexcept { return choices_.size() >= 10; }
     [[nodiscard]] QAbstractItemModel* rowsModel() noexcept { return &rows_; }
+    [[nodiscard]] int chosenRow() const;
     [[nodiscard]] const std::vector<Choice>& rows() const noexcept { return rows_.rows(); }
 
     /// Offers `choices`, of which `chosen` is chosen; its name is `title` when it is not offered.

@@ -12,7 +12,7 @@ Flow {
     required property TimesheetFilterModel model
 
     /// The search field was left by Escape.
-    signal left()
+    signal searchLeft()
 
     function find(): void {
         search.forceActiveFocus(Qt.ShortcutFocusReason);
@@ -31,6 +31,8 @@ Flow {
         PopupMenu {
             id: presets
 
+            // The items don't outlive their bar.
+            // qmllint disable unqualified
             Repeater {
                 model: bar.model.presets
 
@@ -44,18 +46,42 @@ Flow {
                     onTriggered: bar.model.choosePreset(index)
                 }
             }
+            // qmllint enable unqualified
+        }
+    }
+
+    Row {
+        visible: bar.model.isCustom
+        spacing: 8
+
+        DateField {
+            label: "From"
+            date: bar.model.from
+        }
+
+        PlainText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "–"
+            Accessible.ignored: true
+        }
+
+        DateField {
+            label: "To"
+            date: bar.model.to
         }
     }
 
     ChoiceFilter {
         systemImage: "person.2"
         name: "Client"
+        prompt: "Search clients"
         choice: bar.model.client
     }
 
     ChoiceFilter {
         systemImage: "folder"
         name: "Project"
+        prompt: "Search projects"
         choice: bar.model.project
     }
 
@@ -79,10 +105,11 @@ Flow {
     SearchPill {
         id: search
 
+        height: 32
         prompt: "Search notes"
         text: bar.model.search
         onTextChanged: bar.model.search = text
-        onEscaped: bar.left()
+        onEscaped: bar.searchLeft()
     }
 
     GlowButton {

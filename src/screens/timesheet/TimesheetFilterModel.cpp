@@ -28,12 +28,16 @@ FetchDescriptor<T> byName() {
 
 TimesheetFilterModel::TimesheetFilterModel(PanelServices services)
     : services_(std::move(services)),
-      customFrom_(services_.now() - std::chrono::days(7)),
-      customTo_(services_.now()),
+      customFrom_(services_.calendar, services_.now),
+      customTo_(services_.calendar, services_.now),
       clients_(services_.context, byName<Client>(), [this](const auto&) { recordsChanged(); }),
       projects_(services_.context, byName<Project>(), [this](const auto&) { recordsChanged(); }) {
-    if (const auto from = services_.calendar().adding(-7, CalendarUnit::day, customTo_)) {
-        customFrom_ = *from;
+    const Instant now = services_.now();
+    const auto weekAgo = services_.calendar().adding(-7, CalendarUnit::day, now);
+    customFrom_.setValue(weekAgo.value_or(now - std::chrono::days(7)));
+    customTo_.setValue(now);
+    for (auto* day : {&customFrom_, &customTo_}) {
+        connect(day, &DateTimeInput::changed, this, &TimesheetFilterModel::changed);
     }
     connect(&client_, &ChoiceModel::picked, this, &TimesheetFilterModel::pickClient);
     connect(&project_, &ChoiceModel::picked, this, &TimesheetFilterModel::pickProject);
@@ -126,26 +130,15 @@ void TimesheetFilterModel::clear() {
     tell();
 }
 
-void TimesheetFilterModel::setCustomFrom(Instant from) {
-    if (from == customFrom_) return;
-    customFrom_ = from;
-    Q_EMIT changed();
-}
-
-void TimesheetFilterModel::setCustomTo(Instant to) {
-    if (to == customTo_) return;
-    customTo_ = to;
-    Q_EMIT changed();
-}
-
 TimesheetFilter TimesheetFilterModel::filter() const {
     const Calendar calendar = services_.calendar();
     const auto span = interval(currentPreset(), services_.now(), calendar);
-    return {.range = span ? *span : customInterval(customFrom_, customTo_, calendar),
-            .unbilledOnly = unbilledOnly(),
-            .project = projectFilter_,
-            .client = clientFilter_,
-            .search = search_.toStdString()};
+    return {
+        .range = span ? *span : customInterval(customFrom_.value(), customTo_.value(), calendar),
+        .unbilledOnly = unbilledOnly(),
+        .project = projectFilter_,
+        .client = clientFilter_,
+        .search = search_.toStdString()};
 }
 
 void TimesheetFilterModel::tell() {

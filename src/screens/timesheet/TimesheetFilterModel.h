@@ -10,6 +10,7 @@
 
 #include "core/store/LiveQuery.h"
 #include "screens/timesheet/ChoiceModel.h"
+#include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
 #include "tracking/ui/PanelServices.h"
 
@@ -27,6 +28,9 @@ class TimesheetFilterModel final : public QObject {
     Q_PROPERTY(bool isCustom READ isCustom NOTIFY changed FINAL)
     /// The span in words: "Mar 2, 2026 – Mar 8, 2026".
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)
+    /// The days of the custom period, in either order; both count whole.
+    Q_PROPERTY(elmworth::DateTimeInput* from READ from CONSTANT FINAL)
+    Q_PROPERTY(elmworth::DateTimeInput* to READ to CONSTANT FINAL)
     Q_PROPERTY(elmworth::ChoiceModel* client READ client CONSTANT FINAL)
     Q_PROPERTY(elmworth::ChoiceModel* project READ project CONSTANT FINAL)
     Q_PROPERTY(bool unbilledOnly READ unbilledOnly WRITE setUnbilledOnly NOTIFY changed FINAL)
@@ -42,6 +46,8 @@ class TimesheetFilterModel final : public QObject {
     [[nodiscard]] QString presetTitle() const;
     [[nodiscard]] bool isCustom() const;
     [[nodiscard]] QString subtitle() const;
+    [[nodiscard]] DateTimeInput* from() noexcept { return &customFrom_; }
+    [[nodiscard]] DateTimeInput* to() noexcept { return &customTo_; }
     [[nodiscard]] ChoiceModel* client() noexcept { return &client_; }
     [[nodiscard]] ChoiceModel* project() noexcept { return &project_; }
     [[nodiscard]] bool unbilledOnly() const;
@@ -49,12 +55,6 @@ class TimesheetFilterModel final : public QObject {
     [[nodiscard]] const QString& search() const noexcept { return search_; }
     void setSearch(const QString& search);
     [[nodiscard]] bool canClear() const;
-
-    [[nodiscard]] Instant customFrom() const noexcept { return customFrom_; }
-    [[nodiscard]] Instant customTo() const noexcept { return customTo_; }
-    /// The days of the custom period, in either order; both count whole.
-    void setCustomFrom(Instant from);
-    void setCustomTo(Instant to);
 
     /// The preset at `position` of `presets`; any other number does nothing.
     Q_INVOKABLE void choosePreset(int position);
@@ -87,8 +87,8 @@ class TimesheetFilterModel final : public QObject {
     Ref<Client> clientFilter_;
     Ref<Project> projectFilter_;
     QString search_;
-    Instant customFrom_;
-    Instant customTo_;
+    DateTimeInput customFrom_;
+    DateTimeInput customTo_;
     bool isReady_ = false;  ///< the queries below tell of their first answer before that
     LiveQuery<Client> clients_;
     LiveQuery<Project> projects_;

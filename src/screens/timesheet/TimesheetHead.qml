@@ -14,7 +14,7 @@ Item {
     property real margin: 24
 
     signal exportRequested()
-    signal left()
+    signal searchLeft()
 
     function find(): void {
         filters.find();
@@ -74,7 +74,7 @@ Item {
 
             Layout.fillWidth: true
             model: head.model.filter
-            onLeft: head.left()
+            onSearchLeft: head.searchLeft()
         }
 
         EmptyHero {

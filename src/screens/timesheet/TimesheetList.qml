@@ -33,7 +33,7 @@ ListView {
             menuRequested(timesheet.currentRow, line, 48, line.height / 2);
     }
 
-    model: timesheet.rows
+    model: timesheet.rows // qmllint disable
     currentIndex: -1
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: false
@@ -79,11 +79,13 @@ ListView {
 
     Basic.ScrollBar.vertical: SlimScrollBar {}
 
+    // The head and the lines don't outlive their list; the linter doesn't know the base of DelegateChooser.
+    // qmllint disable
     header: TimesheetHead {
         width: list.width
         model: list.timesheet
         onExportRequested: list.exportRequested()
-        onLeft: list.forceActiveFocus(Qt.OtherFocusReason)
+        onSearchLeft: list.forceActiveFocus(Qt.OtherFocusReason)
         onHeightChanged: if (list.contentY <= list.originY + 1 || list.atYBeginning) Qt.callLater(list.positionViewAtBeginning)
     }
 
@@ -121,5 +123,5 @@ ListView {
                 onContinueRequested: row => list.timesheet.continueEntry(row)
             }
         }
-    }
+    }    // qmllint enable
 }

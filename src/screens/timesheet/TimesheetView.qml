@@ -85,11 +85,12 @@ FocusScope {
         x: place.x
         y: place.y
         label: "Move to Project"
-        rows: view.model.menuProjects.rows
-        searchShown: view.model.menuProjects.isSearchShown
+        prompt: "Search projects"
+        rows: view.model.menuProjects.rows // qmllint disable
         search: view.model.menuProjects.search
-        onSearchEdited: text => view.model.menuProjects.search = text
+        onSearched: text => view.model.menuProjects.search = text
         onChosen: row => view.model.menuProjects.choose(row)
+        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
     }
 
     ConfirmSheet {
@@ -119,6 +120,10 @@ FocusScope {
         function onBilledNotice(): void {
             billed.open();
         }
+    }
+
+    EntryEditor {
+        model: view.model.editor
     }
 
     Loader {
