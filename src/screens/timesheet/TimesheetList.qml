@@ -3,7 +3,6 @@
 
 import QtQuick
 import QtQuick.Controls.Basic as Basic
-import Qt.labs.qmlmodels
 import Elmworth.Theme
 import Elmworth.Timesheet
 
@@ -33,6 +32,8 @@ ListView {
             menuRequested(timesheet.currentRow, line, 48, line.height / 2);
     }
 
+    // The linter can't find the base of DelegateChooser wherever its type is named.
+    delegate: Qt.createComponent("TimesheetLines.qml").createObject(list, { list: list }) // qmllint disable
     model: timesheet.rows // qmllint disable
     currentIndex: -1
     keyNavigationEnabled: false
@@ -79,7 +80,7 @@ ListView {
 
     Basic.ScrollBar.vertical: SlimScrollBar {}
 
-    // The head and the lines don't outlive their list; the linter doesn't know the base of DelegateChooser.
+    // The head and the lines don't outlive their list.
     // qmllint disable
     header: TimesheetHead {
         width: list.width
@@ -93,35 +94,5 @@ ListView {
         height: 24
     }
 
-    delegate: DelegateChooser {
-        role: "kind"
-
-        DelegateChoice {
-            roleValue: "head"
-
-            DayHead {
-                width: list.width
-                onAddRequested: row => list.timesheet.addOnDay(row)
-            }
-        }
-
-        DelegateChoice {
-            roleValue: "entry"
-
-            EntryRow {
-                id: line
-
-                width: list.width
-                isCurrent: list.activeFocus && list.timesheet.currentRow === index
-                billedHelp: row => list.timesheet.billedHelp(row)
-                onClicked: (row, modifiers) => {
-                    list.forceActiveFocus(Qt.MouseFocusReason);
-                    list.timesheet.click(row, modifiers);
-                }
-                onDoubleClicked: row => list.timesheet.edit(row)
-                onMenuRequested: (row, x, y) => list.menuRequested(row, line, x, y)
-                onContinueRequested: row => list.timesheet.continueEntry(row)
-            }
-        }
-    }    // qmllint enable
+    // qmllint enable
 }

@@ -39,7 +39,7 @@ FocusScope {
 
     Shortcut {
         enabled: view.isInFront && view.model.commands.canUndo
-        sequences: [StandardKey.Undo]
+        sequence: "Ctrl+Z"
         onActivated: view.model.commands.undo()
     }
 
@@ -129,6 +129,10 @@ FocusScope {
     Loader {
         id: saving
 
+        function finish(): void {
+            active = false;
+        }
+
         active: false
         // The dialog doesn't outlive its loader.
         // qmllint disable unqualified
@@ -140,7 +144,7 @@ FocusScope {
             currentFile: view.model.exportName
             Component.onCompleted: open()
             onAccepted: view.model.exportTo(selectedFile)
-            onVisibleChanged: if (!visible) Qt.callLater(() => saving.active = false)
+            onVisibleChanged: if (!visible) Qt.callLater(saving.finish)
         }
         // qmllint enable unqualified
     }

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Qt.labs.qmlmodels
+import Elmworth.Timesheet
+
+/// Which lines a timesheet has: the head of a day, and an entry.
+DelegateChooser {
+    id: lines
+
+    required property TimesheetList list
+
+    role: "kind"
+
+    DelegateChoice {
+        roleValue: "head"
+
+        DayHead {
+            width: lines.list.width
+            onAddRequested: row => lines.list.timesheet.addOnDay(row)
+        }
+    }
+
+    DelegateChoice {
+        roleValue: "entry"
+
+        EntryRow {
+            id: line
+
+            width: lines.list.width
+            isCurrent: lines.list.activeFocus && lines.list.timesheet.currentRow === index
+            billedHelp: row => lines.list.timesheet.billedHelp(row)
+            onClicked: (row, modifiers) => {
+                lines.list.forceActiveFocus(Qt.MouseFocusReason);
+                lines.list.timesheet.click(row, modifiers);
+            }
+            onDoubleClicked: row => lines.list.timesheet.edit(row)
+            onMenuRequested: (row, x, y) => lines.list.menuRequested(row, line, x, y)
+            onContinueRequested: row => lines.list.timesheet.continueEntry(row)
+        }
+    }
+}
