@@ -49,6 +49,7 @@ Rectangle {
                 required property string label
                 required property string hours
                 required property color swatch
+                required property color outline
 
                 Layout.fillWidth: true
                 spacing: 6
@@ -59,13 +60,14 @@ Rectangle {
                     implicitHeight: 8
                     radius: 4
                     color: line.swatch
-                    border { width: 1; color: Qt.alpha(Theme.primaryText, 0.2) }
+                    border { width: 1; color: line.outline }
                 }
 
                 PlainText {
                     Layout.fillWidth: true
                     text: line.label
                     size: Theme.calloutSize
+                    elide: Text.ElideMiddle
                     Accessible.ignored: true
                 }
 

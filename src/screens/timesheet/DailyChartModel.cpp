@@ -123,7 +123,8 @@ QString DailyChartModel::dayText(std::size_t column) const {
 }
 
 DailyChartCallout DailyChartModel::callout(const StackedBar& bar, std::size_t line) const {
-    return {static_cast<int>(line), spokenLabel(bar), hoursText(bar.hours()), colors_[bar.series]};
+    return {
+        static_cast<int>(line), spokenLabel(bar), hoursText(bar.hours()), colors_[bar.series], {}};
 }
 
 std::vector<DailyChartCallout> DailyChartModel::calloutOfBar(std::size_t bar) const {
@@ -136,11 +137,14 @@ std::vector<DailyChartCallout> DailyChartModel::calloutOfColumn(std::size_t colu
     const std::size_t named = isCut ? mostCalloutLines - 1 : bars.size();
     std::vector<DailyChartCallout> lines;
     for (std::size_t i = 0; i < named; ++i) lines.push_back(callout(bars[bars.size() - 1 - i], i));
-    if (bars.empty()) lines.push_back({-1, QStringLiteral("No time"), {}, Qt::transparent});
+    if (bars.empty()) lines.push_back({-1, QStringLiteral("No time"), {}, Qt::transparent, {}});
     if (isCut) {
         const std::size_t rest = bars.size() - named;
-        lines.push_back({-1, QStringLiteral("%1 more").arg(rest), hoursText(bars[rest - 1].top),
-                         Qt::transparent});
+        lines.push_back({-1,
+                         QStringLiteral("%1 more").arg(rest),
+                         hoursText(bars[rest - 1].top),
+                         Qt::transparent,
+                         {}});
     }
     return lines;
 }

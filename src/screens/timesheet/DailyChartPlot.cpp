@@ -104,6 +104,10 @@ void DailyChartPlot::callOut() {
 
 void DailyChartPlot::callOut(const QString& title, std::vector<DailyChartCallout> lines,
                              const QRectF& anchor) {
+    for (auto& line : lines) {
+        const BarLook look = BarLook::of(line.swatch, ground_);
+        line.outline = look.inset > 0 ? look.outline.color() : line.swatch;
+    }
     const bool isSame = title == calloutTitle_ && lines == calloutLines_.rows();
     if (hasCallout_ && isSame && anchor == calloutAnchor_) return;
     hasCallout_ = true;
