@@ -77,6 +77,25 @@ Item {
             compare(control("Start time").text, "10:30\u202fAM");
         }
 
+        function test_what_is_typed_at_once_is_not_lost() {
+            host.openNew();
+            compare(focused(), "Start time");
+            type("830");
+            keyClick(Qt.Key_Return);
+            tryVerify(() => !editor.visible);
+            compare(host.spans(), "08:30:00-10:00:00");
+        }
+
+        function test_a_sheet_that_is_open_gives_way_to_the_next() {
+            host.openNew();
+            opened();
+            control("Notes").text = "left behind";
+            host.openEntry("Landing page");
+            opened();
+            compare(control("Notes").text, "Landing page");
+            compare(focused(), "Start time");
+        }
+
         function test_without_a_project_it_has_the_focus_first() {
             host.clear();
             host.openNew();
