@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <new>
 
 #include "platform/Text.h"
@@ -20,6 +21,7 @@ namespace {
 using Format = std::unique_ptr<icu::SimpleDateFormat>;
 
 constexpr int lastYear = 9999;
+constexpr UDate farthest = 1e15;  // milliseconds, well beyond that year
 
 /// Days are looked up at noon in UTC, where every one of them exists.
 constexpr const char* zone = "UTC";
@@ -189,7 +191,8 @@ struct DateInput::Impl {
             format->parse(text, *cursor, position);
             UErrorCode status = U_ZERO_ERROR;
             const UDate date = cursor->getTime(status);
-            if (position.getIndex() < text.length() || U_FAILURE(status)) continue;
+            const bool isWhole = position.getIndex() == text.length();
+            if (!isWhole || U_FAILURE(status) || std::abs(date) > farthest) continue;
             auto day = calendar.components(instant(date));
             if (day.year < 100) day.year = wholeYear(day.year, reference.year);
             return checked(calendar, day);

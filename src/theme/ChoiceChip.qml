@@ -2,13 +2,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import QtQuick.Templates as T
 import Elmworth.Theme
 
 /// One of a row of suggestions, which is marked while it holds.
-PressButton {
+T.RadioButton {
     id: chip
 
     property bool chosen: false
+    property bool looksHovered: hovered
+    property bool looksPressed: down
+    property bool looksFocused: visualFocus
+
+    /// Does what a click does.
+    function press(): void {
+        if (enabled)
+            clicked();
+    }
+
+    // Whoever shows the chips knows which one holds; a click alone marks none.
+    checked: chosen
+    checkable: false
+    autoExclusive: false
+    hoverEnabled: true
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 26
@@ -16,8 +32,11 @@ PressButton {
     rightPadding: 10
     opacity: !enabled ? 0.45 : looksPressed ? 0.8 : 1
     Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: chosen
+    Accessible.name: text
+    Accessible.onPressAction: press()
+
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
 
     contentItem: PlainText {
         verticalAlignment: Text.AlignVCenter

@@ -19,8 +19,7 @@ PressButton {
     label: cell.name
     activeFocusOnTab: cell.isCurrent || cell.activeFocus
     focusPolicy: cell.isCurrent || cell.activeFocus ? Qt.StrongFocus : Qt.NoFocus
-    Accessible.selectable: true
-    Accessible.selected: cell.isChosen
+    checked: cell.isChosen
 
     contentItem: PlainText {
         horizontalAlignment: Text.AlignHCenter

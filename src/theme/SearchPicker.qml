@@ -7,10 +7,13 @@ import Elmworth.Theme
 
 /// A choice of very many, in a list that pops up and can be searched by typing. Space and Down open it, and
 /// so does the first letter typed; Return is left to whoever stands around.
-Basic.AbstractButton {
+Item {
     id: picker
 
     property string label: ""
+    /// What is chosen, or what stands there while nothing is.
+    property string text: ""
+    property bool isUnset: false
     /// What can be chosen: a model whose rows have a `text` and say whether they are the chosen one by
     /// `isChosen`.
     required property var rows
@@ -18,10 +21,8 @@ Basic.AbstractButton {
     /// What is searched for. Whoever has the rows sets it when `searched` tells, and shows fewer of them.
     property string search: ""
     property string prompt: ""
-    /// Nothing is chosen.
-    property bool isUnset: false
-    property bool looksHovered: hovered
-    property bool looksFocused: visualFocus
+    property bool looksHovered: pointer.hovered
+    property bool looksFocused: activeFocus
 
     signal chosen(int row)
     signal searched(string text)
@@ -35,18 +36,18 @@ Basic.AbstractButton {
 
     implicitWidth: 200
     implicitHeight: 32
-    leftPadding: 10
-    rightPadding: 28
     opacity: enabled ? 1 : 0.45
-    hoverEnabled: true
-    onClicked: popup.visible ? popup.close() : openList("")
+    activeFocusOnTab: true
+    // A control's own role would be that of a plain button.
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
     Accessible.description: text
+    Accessible.focusable: true
     Accessible.onPressAction: openList("")
 
     Keys.onDownPressed: openList("")
     Keys.onUpPressed: openList("")
+    Keys.onSpacePressed: openList("")
     Keys.onPressed: event => {
         const isLetter = event.text.length > 0 && event.text > " " && event.text !== "\u007f";
         event.accepted = isLetter && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier));
@@ -54,29 +55,37 @@ Basic.AbstractButton {
             openList(event.text);
     }
 
-    contentItem: PlainText {
-        verticalAlignment: Text.AlignVCenter
+    HoverHandler { id: pointer }
+
+    TapHandler {
+        gesturePolicy: TapHandler.WithinBounds
+        onTapped: popup.visible ? popup.close() : picker.openList("")
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.fieldRadius
+        color: picker.looksHovered ? Theme.cardFillHover : Theme.cardFill
+        border {
+            width: picker.looksFocused ? 2 : 1
+            color: picker.looksFocused ? Theme.focusRing : Theme.cardBorderStrong
+        }
+    }
+
+    PlainText {
+        anchors { left: parent.left; leftMargin: 10; right: arrows.left; rightMargin: 6; verticalCenter: parent.verticalCenter }
         text: picker.text
         elide: Text.ElideMiddle
         color: picker.isUnset ? Theme.tertiaryText : Theme.primaryText
         Accessible.ignored: true
     }
 
-    background: Rectangle {
-        radius: Theme.fieldRadius
-        color: picker.looksHovered ? Theme.cardFillHover : Theme.cardFill
-        border { width: 1; color: Theme.cardBorderStrong }
+    SystemImage {
+        id: arrows
 
-        SystemImage {
-            anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
-            name: "chevron.up.chevron.down"
-            color: Theme.secondaryText
-        }
-
-        FocusRing {
-            shows: picker.looksFocused
-            corner: Theme.fieldRadius
-        }
+        anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
+        name: "chevron.up.chevron.down"
+        color: Theme.secondaryText
     }
 
     ChoicePopup {

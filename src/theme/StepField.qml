@@ -32,6 +32,7 @@ InputField {
     }
 
     implicitWidth: 108
+    horizontalAlignment: TextInput.AlignLeft
     maximumLength: 64
     invalid: input.problem.length > 0
     font.family: Theme.tabularFamily

@@ -16,7 +16,7 @@ SheetPopup {
     width: Math.min(implicitWidth, parent.width - 2 * margins)
     height: Math.min(implicitHeight, parent.height - 2 * margins)
     onAboutToHide: model.dismiss()
-    onOpened: form.takeFocus()
+    onAboutToShow: form.takeFocus()
     Component.onCompleted: if (model.isOpen) open()
 
     Connections {

@@ -99,7 +99,7 @@ class EditorHost : public QObject {
                              timer_.library.runLoop,
                              [this] { return timer_.now; },
                              [this] { return timer_.calendar; },
-                             Locale("en_US"),
+                             Locale::current(),
                              {}}};
 };
 

@@ -77,6 +77,25 @@ Item {
             compare(control("Start time").text, "10:30\u202fAM");
         }
 
+        function test_what_is_typed_at_once_is_not_lost() {
+            host.openNew();
+            compare(focused(), "Start time");
+            type("830");
+            keyClick(Qt.Key_Return);
+            tryVerify(() => !editor.visible);
+            compare(host.spans(), "08:30:00-10:00:00");
+        }
+
+        function test_a_sheet_that_is_open_gives_way_to_the_next() {
+            host.openNew();
+            opened();
+            control("Notes").text = "left behind";
+            host.openEntry("Landing page");
+            opened();
+            compare(control("Notes").text, "Landing page");
+            compare(focused(), "Start time");
+        }
+
         function test_without_a_project_it_has_the_focus_first() {
             host.clear();
             host.openNew();
@@ -183,7 +202,7 @@ Item {
             control("6m").forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Space);
             compare(control("End time").text, "9:06\u202fAM");
-            verify(control("6m").Accessible.checked);
+            verify(control("6m").checked);
             compare(focused(), "6m");
             control("2h").Accessible.pressAction();
             compare(control("End time").text, "11:00\u202fAM");
