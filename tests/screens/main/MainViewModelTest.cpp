@@ -21,7 +21,8 @@ class MainView : public testing::Test {
 
     test::TestTimer timer;
     UserDefaults defaults{timer.library.folder.path() / "defaults.ini"};
-    MainViewModel model{context(), defaults, service()};
+    MainViewModel model{{context(), service(), defaults, timer.library.runLoop,
+                         [this] { return timer.now; }, [this] { return timer.calendar; }}};
 };
 
 TEST_F(MainView, ShowsTheTimesheetAtFirst) {
