@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What the timesheet takes from an event to the painted window, where no graphics card helps:
+// another period, a key in the search field, a step of the scroll wheel. In the library of twenty
+// years.
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QtQml/QQmlExtensionPlugin>
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <vector>
+
+#include "BenchLibrary.h"
+#include "core/DateRangePreset.h"
+#include "platform/UserDefaults.h"
+#include "screens/timesheet/TimesheetModel.h"
+#include "theme/fonts/Fonts.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+
+namespace elmworth::bench {
+namespace {
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr std::int64_t entryCount = 200'000;
+
+constexpr const char* source = R"(
+import QtQuick
+import Elmworth.Theme
+import Elmworth.Timesheet
+
+Window {
+    id: window
+
+    required property TimesheetModel timesheet
+
+    width: 1226
+    height: 900
+    visible: true
+    color: Theme.backgroundTop
+
+    TimesheetView {
+        anchors.fill: parent
+        model: window.timesheet
+    }
+}
+)";
+
+double residentMegabytes() {
+    std::ifstream file("/proc/self/statm");
+    long size = 0;
+    long resident = 0;
+    file >> size >> resident;
+    return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+/// A Friday evening in December, so that this year is nearly over.
+Instant friday() {
+    return std::chrono::sys_days(std::chrono::year(2026) / 12 / 18) + std::chrono::hours(17);
+}
+
+class TimesheetWindow {
+ public:
+    TimesheetWindow() {
+        copyLibrary(entryCount, friday(), folder_.path());
+        container_ = std::make_unique<ModelContainer>(
+            ModelConfiguration{folder_.path() / "library.sqlite"}, loop_);
+        timer_ = std::make_unique<TimerService>(container_->mainContext(), clock(), loop_,
+                                                &libraryCalendar);
+        timer_->restore();
+        model_ = std::make_unique<TimesheetModel>(PanelServices{
+            container_->mainContext(), *timer_, defaults_, loop_, clock(), &libraryCalendar});
+        QQmlComponent component(&engine_);
+        component.setData(source, QUrl());
+        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
+            {{QStringLiteral("timesheet"), QVariant::fromValue(model_.get())}})));
+        if (!window_) std::fprintf(stderr, "%s\n", qPrintable(component.errorString()));
+        settle();
+    }
+
+    [[nodiscard]] TimesheetModel& model() { return *model_; }
+    [[nodiscard]] QQuickItem* list() const {
+        for (auto* item : window_->contentItem()->findChildren<QQuickItem*>()) {
+            if (item->inherits("QQuickListView") && item->isVisible()) return item;
+        }
+        return nullptr;
+    }
+
+    void choose(DateRangePreset preset) {
+        model_->filter()->choosePreset(static_cast<int>(preset));
+    }
+
+    /// One turn of the loop, with what it paints.
+    void turn() {
+        loop_.turn();
+        QCoreApplication::processEvents();
+        window_->grabWindow();
+    }
+    void settle() {
+        do turn();
+        while (model_->isReading());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        turn();
+    }
+
+    /// From `event` to the painted window.
+    template <class Event>
+    double frameOf(const Event& event) {
+        const auto began = std::chrono::steady_clock::now();
+        event();
+        QCoreApplication::processEvents();
+        window_->grabWindow();
+        return Milliseconds(std::chrono::steady_clock::now() - began).count();
+    }
+
+ private:
+    [[nodiscard]] static Clock clock() {
+        return [] { return friday(); };
+    }
+
+    test::TemporaryFolder folder_;
+    TurningLoop loop_;
+    UserDefaults defaults_{folder_.path() / "defaults.ini"};
+    std::unique_ptr<ModelContainer> container_;
+    std::unique_ptr<TimerService> timer_;
+    std::unique_ptr<TimesheetModel> model_;
+    QQmlEngine engine_;
+    std::unique_ptr<QQuickWindow> window_;
+};
+
+void report(const char* what, std::vector<double> times, double aim) {
+    std::sort(times.begin(), times.end());
+    const auto at = [&](double share) {
+        return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
+    };
+    std::printf("%-34s median %7.1f ms   95%% %7.1f ms   aim %5.0f ms\n", what, at(0.5), at(0.95),
+                aim);
+}
+
+void switchPeriods(TimesheetWindow& window, const char* what, DateRangePreset from,
+                   DateRangePreset to, double aim) {
+    std::vector<double> times;
+    for (int i = 0; i < 15; ++i) {
+        window.choose(from);
+        window.settle();
+        times.push_back(window.frameOf([&] { window.choose(to); }));
+    }
+    report(what, times, aim);
+}
+
+void search(TimesheetWindow& window) {
+    window.choose(DateRangePreset::thisYear);
+    std::vector<double> times;
+    for (int i = 0; i < 5; ++i) {
+        for (const char* typed : {"r", "re", "rev", "revi", "rev", "r", "", "ü", "übe"}) {
+            times.push_back(window.frameOf(
+                [&] { window.model().filter()->setSearch(QString::fromUtf8(typed)); }));
+        }
+        window.model().filter()->setSearch({});
+        window.settle();
+    }
+    report("a key in the search, a year", times, 16);
+}
+
+void scroll(TimesheetWindow& window) {
+    window.choose(DateRangePreset::thisYear);
+    window.settle();
+    auto* list = window.list();
+    std::vector<double> times;
+    for (int i = 0; i < 600; ++i) {
+        const double y = list->property("contentY").toDouble() + 120;
+        times.push_back(window.frameOf([&] { list->setProperty("contentY", y); }));
+    }
+    report("a step of 120 pixels, a year", times, 33);
+}
+
+void allYears(TimesheetWindow& window) {
+    std::vector<double> whole;
+    std::vector<double> turns;
+    double full = 0;
+    for (int i = 0; i < 7; ++i) {
+        window.choose(DateRangePreset::thisWeek);
+        window.settle();
+        window.model().filter()->from()->setValue(friday() - std::chrono::days(365 * 21));
+        const auto began = std::chrono::steady_clock::now();
+        turns.push_back(window.frameOf([&] { window.choose(DateRangePreset::custom); }));
+        while (window.model().isReading()) {
+            turns.push_back(window.frameOf([&] { window.turn(); }));
+        }
+        whole.push_back(Milliseconds(std::chrono::steady_clock::now() - began).count());
+        full = std::max(full, residentMegabytes());
+    }
+    report("all twenty years, complete", whole, 400);
+    std::printf("longest turn meanwhile %.1f ms; %d rows\n",
+                *std::max_element(turns.begin(), turns.end()), window.model().rows().rowCount());
+    window.choose(DateRangePreset::thisWeek);
+    window.settle();
+    std::printf("memory with all years %.0f MB (aim 250), back in a week %.0f MB (aim 150)\n", full,
+                residentMegabytes());
+}
+
+void measure() {
+    TimesheetWindow window;
+    std::printf("memory with a week %.0f MB\n", residentMegabytes());
+    std::vector<double> idle;
+    for (int i = 0; i < 15; ++i) idle.push_back(window.frameOf([] {}));
+    report("the window as it is", idle, 0);
+    using enum DateRangePreset;
+    switchPeriods(window, "last week to this week", lastWeek, thisWeek, 16);
+    switchPeriods(window, "this week to this month", thisWeek, thisMonth, 16);
+    switchPeriods(window, "this month to last month", thisMonth, lastMonth, 16);
+    switchPeriods(window, "this week to this year", thisWeek, thisYear, 50);
+    switchPeriods(window, "this year to this week", thisYear, thisWeek, 16);
+    search(window);
+    scroll(window);
+    allYears(window);
+}
+
+}  // namespace
+}  // namespace elmworth::bench
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    const QGuiApplication application(argc, argv);
+    elmworth::loadEmbeddedFonts();
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    elmworth::bench::measure();
+    return 0;
+}
