@@ -66,9 +66,11 @@ Item {
         anchors.fill: parent
         radius: Theme.fieldRadius
         color: picker.looksHovered ? Theme.cardFillHover : Theme.cardFill
-        border {
-            width: picker.looksFocused ? 2 : 1
-            color: picker.looksFocused ? Theme.focusRing : Theme.cardBorderStrong
+        border { width: 1; color: Theme.cardBorderStrong }
+
+        FocusRing {
+            shows: picker.looksFocused
+            corner: Theme.fieldRadius
         }
     }
 

@@ -19,6 +19,7 @@ GallerySection {
 
         ColumnLayout {
             Layout.alignment: Qt.AlignTop
+            Layout.fillWidth: false
             spacing: 16
 
             // qmllint disable
@@ -59,5 +60,7 @@ GallerySection {
             label: "Notes"
             text: "One line after another\n".repeat(12)
         }
+
+        Item { Layout.fillWidth: true }
     }
 }
