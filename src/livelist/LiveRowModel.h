@@ -63,11 +63,13 @@ class LiveRowModel : public QAbstractListModel {
     /// Brings the rows between the first `head` and the last `tail`, which stay, into the order of
     /// `rows`.
     void reorder(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
-        Positions wanted;
-        wanted.reserve(rows.size() - head - tail);
-        for (std::size_t i = head; i < rows.size() - tail; ++i) wanted.emplace(rows[i].id, i);
-        removeAllBut(wanted, head, tail);
-        moveIntoOrder(wanted, head, tail);
+        if (head + tail < rows_.size()) {
+            Positions wanted;
+            wanted.reserve(rows.size() - head - tail);
+            for (std::size_t i = head; i < rows.size() - tail; ++i) wanted.emplace(rows[i].id, i);
+            removeAllBut(wanted, head, tail);
+            moveIntoOrder(wanted, head, tail);
+        }
         insertMissing(rows, head, rows.size() - tail);
     }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/Invoice.h"
+#include "platform/FreeMemory.h"
 #include "platform/PlatformText.h"
 #include "screens/timesheet/TimesheetExport.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 /// Longer periods have no chart: a bar for each day would be too thin.
 constexpr std::chrono::days longestChart{32};
+constexpr std::size_t manyEntries = 20'000;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -98,7 +100,7 @@ void TimesheetModel::refilter() {
 void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     const Instant now = services_.now();
     today_ = services_.calendar().startOfDay(now);
-    entryCount_ = listing->entries.size();
+    const std::size_t formerCount = std::exchange(entryCount_, listing->entries.size());
     if (isEmpty()) {
         libraryIsEmpty_ =
             services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
@@ -106,6 +108,10 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     const int formerRow = currentRow();
     rows_.show(listing, setting(), std::exchange(isRenamed_, false));
     showFigures(*listing, now);
+    // Years that are no longer shown took more than all the rest of the program.
+    if (formerCount > manyEntries && entryCount_ < formerCount / 2) {
+        trim_ = services_.runLoop.post([] { returnFreeMemory(); });
+    }
     Q_EMIT listed();
     if (currentRow() != formerRow) Q_EMIT currentRowChanged();
 }
@@ -116,11 +122,10 @@ void TimesheetModel::showFigures(const TimesheetListing& listing, Instant now) {
     for (const auto& place : listing.entries) sums.add(place.entry());
     stats_.show(std::move(sums), now);
     showsChart_ = range.end - range.start <= longestChart && !isEmpty();
+    if (!showsChart_) return;
     std::vector<TimesheetEntry> charted;
-    if (showsChart_) {
-        charted.reserve(listing.entries.size());
-        for (const auto& place : listing.entries) charted.push_back(place.entry());
-    }
+    charted.reserve(listing.entries.size());
+    for (const auto& place : listing.entries) charted.push_back(place.entry());
     chart_.show(charted, range, now, services_.calendar());
 }
 

@@ -159,6 +159,7 @@ class TimesheetModel final : public QObject {
     bool libraryIsEmpty_ = true;
     std::size_t entryCount_ = 0;
     Instant today_;
+    RunLoop::Handle trim_;
     std::vector<ModelContext::Observation> libraryObservations_;
     TimerService::Observation timerObservation_;
 };
