@@ -33,8 +33,7 @@ SheetPopup {
             rejected();
     }
 
-    onAboutToShow: isAnswered = false
-    onOpened: acceptButton.forceActiveFocus(Qt.TabFocusReason)
+    onAboutToShow: { isAnswered = false; acceptButton.forceActiveFocus(Qt.TabFocusReason); }
     onClosed: if (!isAnswered) rejected()
 
     // qmllint disable deferred-property-id

@@ -76,10 +76,14 @@ Rectangle {
             Layout.rightMargin: 22
             Layout.topMargin: 20
             Layout.bottomMargin: 20
+            visible: implicitHeight > 0
             spacing: 12
         }
 
-        Hairline { Layout.fillWidth: true }
+        Hairline {
+            Layout.fillWidth: true
+            visible: body.visible
+        }
 
         RowLayout {
             id: row
