@@ -122,8 +122,16 @@ FocusScope {
         }
     }
 
-    EntryEditor {
-        model: view.model.editor
+    // The window shows sooner without a form that nobody has asked for.
+    Loader {
+        active: view.model.editor.isOpen || item !== null
+
+        // The editor doesn't outlive its view.
+        // qmllint disable unqualified
+        sourceComponent: EntryEditor {
+            model: view.model.editor
+        }
+        // qmllint enable unqualified
     }
 
     Loader {
