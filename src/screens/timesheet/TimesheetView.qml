@@ -115,6 +115,14 @@ FocusScope {
     }
 
     Connections {
+        target: view.model.editor
+
+        function onIsOpenChanged(): void {
+            editing.active = true;
+        }
+    }
+
+    Connections {
         target: view.model.commands
 
         function onBilledNotice(): void {
@@ -124,7 +132,9 @@ FocusScope {
 
     // The window shows sooner without a form that nobody has asked for.
     Loader {
-        active: view.model.editor.isOpen || item !== null
+        id: editing
+
+        active: false
 
         // The editor doesn't outlive its view.
         // qmllint disable unqualified
