@@ -28,7 +28,7 @@ Item {
     property bool isCurrent: false
     property var billedHelp: null
 
-    readonly property bool hovered: area.containsMouse || play.hovered
+    readonly property bool hovered: hover.hovered
 
     signal clicked(int row, int modifiers)
     signal doubleClicked(int row)
@@ -58,6 +58,26 @@ Item {
         visible: row.isSelected || row.hovered
         color: row.isSelected ? Qt.alpha(Theme.accentViolet, Theme.dark ? 0.2 : 0.12) : Theme.cardFillHover
         border { width: row.isSelected ? 1 : 0; color: Qt.alpha(Theme.accentViolet, row.isCurrent ? 1 : 0.55) }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    MouseArea {
+
+        anchors { fill: parent; leftMargin: row.margin; rightMargin: row.margin }
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: mouse => {
+            if (mouse.button === Qt.RightButton)
+                row.menuRequested(row.index, mouse.x + row.margin, mouse.y);
+            else
+                row.clicked(row.index, mouse.modifiers);
+        }
+        onDoubleClicked: mouse => {
+            if (mouse.button === Qt.LeftButton)
+                row.doubleClicked(row.index);
+        }
     }
 
     Item {
@@ -122,6 +142,23 @@ Item {
             spacing: 8
 
             Loader {
+                active: row.canContinue && (row.hovered || row.isCurrent)
+                visible: active
+                anchors.verticalCenter: parent.verticalCenter
+
+                // The button doesn't outlive its row.
+                // qmllint disable unqualified
+                sourceComponent: CircleIconButton {
+                    focusPolicy: Qt.NoFocus
+                    systemImage: "play.fill"
+                    help: "Continue tracking this"
+                    label: "Continue tracking"
+                    onClicked: row.continueRequested(row.index)
+                }
+                // qmllint enable unqualified
+            }
+
+            Loader {
                 active: row.isBilled
                 visible: active
                 anchors.verticalCenter: parent.verticalCenter
@@ -172,44 +209,5 @@ Item {
             font.weight: Font.Medium
             Accessible.ignored: true
         }
-    }
-
-    MouseArea {
-        id: area
-
-        anchors { fill: parent; leftMargin: row.margin; rightMargin: row.margin }
-        acceptedButtons: Qt.LeftButton | Qt.RightButton
-        hoverEnabled: true
-        onPressed: mouse => {
-            if (mouse.button === Qt.RightButton)
-                row.menuRequested(row.index, mouse.x + row.margin, mouse.y);
-            else
-                row.clicked(row.index, mouse.modifiers);
-        }
-        onDoubleClicked: mouse => {
-            if (mouse.button === Qt.LeftButton)
-                row.doubleClicked(row.index);
-        }
-    }
-
-    Loader {
-        id: play
-
-        readonly property bool hovered: item ? (item as CircleIconButton).hovered : false
-
-        active: row.canContinue && (area.containsMouse || hovered || row.isCurrent)
-        anchors { right: parent.right; verticalCenter: content.verticalCenter }
-        anchors.rightMargin: row.width - content.x - end.x - end.width - 4 + end.width + (end.width > 0 ? 8 : 0)
-
-        // The button doesn't outlive its row.
-        // qmllint disable unqualified
-        sourceComponent: CircleIconButton {
-            focusPolicy: Qt.NoFocus
-            systemImage: "play.fill"
-            help: "Continue tracking this"
-            label: "Continue tracking"
-            onClicked: row.continueRequested(row.index)
-        }
-        // qmllint enable unqualified
     }
 }

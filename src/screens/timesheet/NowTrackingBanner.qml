@@ -47,6 +47,10 @@ GlassCard {
             InputField {
                 Layout.fillWidth: true
                 Layout.leftMargin: -leftPadding
+                Layout.bottomMargin: -3
+                implicitHeight: 26
+                topPadding: 4
+                bottomPadding: 4
                 plain: true
                 label: "What are you working on?"
                 placeholderText: "What are you working on?"
