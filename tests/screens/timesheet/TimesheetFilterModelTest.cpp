@@ -208,22 +208,27 @@ TEST_F(TimesheetFilterBar, aClientThatIsDeletedFiltersNoLongerAndNeitherDoItsPro
     }
 }
 
-TEST_F(TimesheetFilterBar, aProjectThatIsDeletedFiltersNoLonger) {
+TEST_F(TimesheetFilterBar, aProjectThatIsDeletedFiltersNoLongerAndNothingIsSelected) {
     add(shop, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
     choose(*filter().project(), "Website");
+    click(add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z"));
+    ASSERT_EQ(selectedCount(), 1U);
     deleteElsewhere(website);
     turn();
     EXPECT_EQ(utf8(filter().project()->title()), "All Projects");
     EXPECT_FALSE(filter().canClear());
     EXPECT_FALSE(model->isEmpty());
+    EXPECT_EQ(selectedCount(), 0U);
 }
 
-TEST_F(TimesheetFilterBar, aClientThatIsDeletedWhileItIsNotShownFiltersNoLonger) {
+TEST_F(TimesheetFilterBar, aProjectThatIsDeletedWhileItIsNotShownFiltersNoLonger) {
     add(shop, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
     choose(*filter().project(), "Website");
     model->setShown(false);
+    QSignalSpy changed(&filter(), &TimesheetFilterModel::changed);
     deleteElsewhere(website);
     turn();
+    EXPECT_GE(changed.size(), 1);
     model->setShown(true);
     EXPECT_EQ(rowCount(), 2);
 }

@@ -338,6 +338,25 @@ TEST_F(Timesheet, anEntryThatIsStoppedShowsItsEnd) {
     EXPECT_TRUE(value(1, Row::canContinue).toBool());
 }
 
+TEST_F(Timesheet, whatRunsStandsInTheBannerWhateverTheFilter) {
+    service().start(website);
+    filter().setSearch(QStringLiteral("nothing of the kind"));
+    choosePreset("Last Month");
+    EXPECT_TRUE(model->isEmpty());
+    EXPECT_TRUE(model->running()->isRunning());
+    EXPECT_EQ(utf8(model->running()->projectTitle()), "Website");
+}
+
+TEST_F(Timesheet, aTimerOfAClockThatWasSetBackShowsWhenItsTimeComes) {
+    add(website, "2026-03-02T09:00:02Z", "");
+    service().restore();
+    turn();
+    EXPECT_FALSE(model->isEmpty());
+    EXPECT_THAT(lines(), IsEmpty());
+    pass(3);
+    EXPECT_THAT(lines(), ElementsAre("Today · Mar 2 · 0:00", "  Website · 9:00 AM – now · 0:00"));
+}
+
 // --- What stands above the days
 // --------------------------------------------------------------------
 

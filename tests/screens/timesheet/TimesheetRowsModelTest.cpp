@@ -224,7 +224,7 @@ TEST_P(TimesheetRowsLaw, viewsThatHearOfTheStepsShowWhatAFreshScreenWould) {
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
     const Mirror mirror(rows);
     for (int i = 0; i < 12; ++i) addSome();
-    for (int round = 0; round < 250; ++round) {
+    for (int round = 0; round < 80; ++round) {
         for (int i = upTo(3); i >= 0; --i) step();
         turn();
         model->setShown(false);
