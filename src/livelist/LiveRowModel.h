@@ -17,7 +17,8 @@ namespace elmworth {
 /// A list that follows a sequence of rows. A new sequence is taken over by removing, moving,
 /// changing and inserting rows, never by a reset, so that focus, selection, scroll position and the
 /// pointer stay with their row. As few rows as possible move; where the sequences begin and end
-/// alike, no row is hashed.
+/// alike, no row is hashed. A sequence that would take more than `mostSteps` steps is another list
+/// to those who look at it: all rows between the alike ends are replaced at once.
 ///
 /// The member `id` of a `Row` says which row is the same one (std::hash, ==); rows are compared by
 /// == to see what changed. The heirs say what their roles show.
@@ -25,6 +26,9 @@ template <class Row>
 class LiveRowModel : public QAbstractListModel {
  public:
     using QAbstractListModel::QAbstractListModel;
+
+    /// Each step costs as much as there are rows behind it.
+    static constexpr std::size_t mostSteps = 100;
 
     [[nodiscard]] const std::vector<Row>& rows() const noexcept { return rows_; }
 
@@ -67,9 +71,37 @@ class LiveRowModel : public QAbstractListModel {
             Positions wanted;
             wanted.reserve(rows.size() - head - tail);
             for (std::size_t i = head; i < rows.size() - tail; ++i) wanted.emplace(rows[i].id, i);
+            if (stepCount(wanted, head, tail) > mostSteps) return replace(rows, head, tail);
             removeAllBut(wanted, head, tail);
             moveIntoOrder(wanted, head, tail);
         }
+        insertMissing(rows, head, rows.size() - tail);
+    }
+
+    /// How many runs of rows go, how many rows move, and how many runs come.
+    [[nodiscard]] std::size_t stepCount(const Positions& wanted, std::size_t head,
+                                        std::size_t tail) const {
+        std::size_t steps = 0;
+        bool isInRun = false;
+        std::vector<std::size_t> order;
+        std::vector<bool> isMissing(wanted.size(), true);
+        for (std::size_t i = head; i < rows_.size() - tail; ++i) {
+            const auto found = wanted.find(rows_[i].id);
+            const bool goes = found == wanted.end();
+            if (goes && !isInRun) ++steps;
+            isInRun = goes;
+            if (goes) continue;
+            order.push_back(found->second);
+            isMissing[found->second - head] = false;
+        }
+        for (std::size_t i = 0; i < isMissing.size(); ++i) {
+            if (isMissing[i] && (i == 0 || !isMissing[i - 1])) ++steps;
+        }
+        return steps + moveCountIntoOrder(order);
+    }
+
+    void replace(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
+        removeAllBut({}, head, tail);
         insertMissing(rows, head, rows.size() - tail);
     }
 

@@ -66,6 +66,10 @@ void apply(const RowMove& move, Order& order) {
 
 }  // namespace
 
+std::size_t moveCountIntoOrder(const Order& order) {
+    return valuesOutOfOrder(order).size();
+}
+
 std::vector<RowMove> movesIntoOrder(Order order) {
     std::vector<RowMove> moves;
     for (const std::size_t value : valuesOutOfOrder(order)) {

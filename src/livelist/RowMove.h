@@ -19,4 +19,7 @@ struct RowMove {
 /// The values are distinct.
 [[nodiscard]] std::vector<RowMove> movesIntoOrder(std::vector<std::size_t> order);
 
+/// How many these are, found without carrying them out.
+[[nodiscard]] std::size_t moveCountIntoOrder(const std::vector<std::size_t>& order);
+
 }  // namespace elmworth

@@ -11,9 +11,6 @@ namespace elmworth {
 
 namespace {
 
-/// So many entries are read before anything shows.
-constexpr std::size_t firstEntries = 5'000;
-
 bool differOnlyInSearch(TimesheetFilter a, const TimesheetFilter& b) {
     a.search = b.search;
     return a == b;
@@ -22,12 +19,14 @@ bool differOnlyInSearch(TimesheetFilter a, const TimesheetFilter& b) {
 }  // namespace
 
 TimesheetContents::TimesheetContents(ModelContext& context, RunLoop& runLoop, Clock now,
-                                     std::function<Calendar()> calendar, Handler show)
+                                     std::function<Calendar()> calendar, Handler show,
+                                     std::size_t firstEntries)
     : context_(context),
       runLoop_(runLoop),
       now_(std::move(now)),
       calendar_(std::move(calendar)),
-      show_(std::move(show)) {}
+      show_(std::move(show)),
+      firstEntries_(firstEntries) {}
 
 void TimesheetContents::setFilter(TimesheetFilter filter) {
     const bool hasRead = reader_ && differOnlyInSearch(filter_, filter);
@@ -58,7 +57,7 @@ void TimesheetContents::begin(bool keepsFormer) {
     for (std::size_t i = pieces_.size() - 1; i-- > 0;) toRead_.push_back(i);
     toRead_.push_back(pieces_.size() - 1);  // what began before the period may reach into today
     std::size_t entries = 0;
-    while (!toRead_.empty() && entries < firstEntries) {
+    while (!toRead_.empty() && entries < firstEntries_) {
         const std::size_t piece = toRead_.back();
         readNext();
         entries += pieces_[piece]->size();

@@ -23,9 +23,11 @@ class TimesheetContents {
  public:
     using Handler = std::function<void(std::shared_ptr<const TimesheetListing>)>;
 
-    /// `show` is called with each new listing, within the calls below and in later turns.
+    /// `show` is called with each new listing, within the calls below and in later turns. At least
+    /// `firstEntries` entries are read before anything shows.
     TimesheetContents(ModelContext& context, RunLoop& runLoop, Clock now,
-                      std::function<Calendar()> calendar, Handler show);
+                      std::function<Calendar()> calendar, Handler show,
+                      std::size_t firstEntries = 5'000);
 
     [[nodiscard]] const TimesheetFilter& filter() const noexcept { return filter_; }
     /// Shows what `filter` lets through. Another search alone reads nothing.
@@ -51,6 +53,7 @@ class TimesheetContents {
     Clock now_;
     std::function<Calendar()> calendar_;
     Handler show_;
+    std::size_t firstEntries_;
     TimesheetFilter filter_;
     std::optional<TimesheetReader> reader_;
     Pieces pieces_;                    ///< newest first; null while not read

@@ -42,6 +42,7 @@ EntryTally TimesheetEditing::moveEntries(std::span<const PersistentID> ids,
 }
 
 Ref<TimeEntry> TimesheetEditing::duplicateEntryToToday(const Ref<TimeEntry>& entry) {
+    if (!entry) return nullptr;
     return history_.perform(EntryAction::duplicate, {}, [&] {
         return elmworth::duplicateEntryToToday(entry, now_(), calendar_(), context_);
     });
@@ -58,7 +59,7 @@ Ref<TimeEntry> TimesheetEditing::save(const EntryForm& form, const Ref<TimeEntry
 }
 
 Ref<TimeEntry> TimesheetEditing::continueEntry(const Ref<TimeEntry>& entry) {
-    if (entry->isDeleted()) return nullptr;
+    if (!entry || entry->isDeleted()) return nullptr;
     const auto stopped = identityOf(timer_.running());
     return history_.perform(EntryAction::continueTracking, stopped,
                             [&] { return timer_.continueEntry(entry); });

@@ -22,7 +22,8 @@ class TimesheetEditing {
 
     EntryTally deleteEntries(std::span<const PersistentID> ids);
     EntryTally moveEntries(std::span<const PersistentID> ids, const Ref<Project>& project);
-    /// Null when nothing was added.
+    /// Null when nothing was added. `entry` may be null, as may that of `continueEntry`, for one
+    /// that is gone.
     Ref<TimeEntry> duplicateEntryToToday(const Ref<TimeEntry>& entry);
     /// Saves the form into `entry`, or into a new one when that is null.
     Ref<TimeEntry> save(const EntryForm& form, const Ref<TimeEntry>& entry);

@@ -187,6 +187,32 @@ TEST_F(LiveListModelTest, viewsThatHearOfTheStepsShowTheRowsWhateverTheSequence)
     EXPECT_EQ(std::count(steps.begin(), steps.end(), "reset"), 0);
 }
 
+std::vector<Fruit> countedRows(int count, int step) {
+    std::vector<Fruit> rows;
+    for (int id = 0; id < count; id += step) rows.push_back(fruit(id));
+    return rows;
+}
+
+TEST_F(LiveListModelTest, scatteredChangesOfFarMoreRowsThanAViewShowsComeInOneStep) {
+    const Mirror mirror(model);
+    model.setRows(countedRows(20'000, 1));
+    EXPECT_EQ(stepsTo(countedRows(20'000, 2)), (Steps{"removed 1-19999", "inserted 1-9999"}));
+    EXPECT_EQ(stepsTo(countedRows(20'000, 1)), (Steps{"removed 1-9999", "inserted 1-19999"}));
+    auto reversed = countedRows(20'000, 1);
+    std::reverse(reversed.begin(), reversed.end());
+    EXPECT_EQ(stepsTo(reversed), (Steps{"removed 0-19999", "inserted 0-19999"}));
+    EXPECT_EQ(mirror.names().size(), 20'000U);
+}
+
+TEST_F(LiveListModelTest, aFewChangesKeepTheirRowsHoweverManyThereAre) {
+    model.setRows(countedRows(20'000, 1));
+    const QPersistentModelIndex kept = model.index(10'000);
+    auto rows = countedRows(20'000, 1);
+    for (int i = 0; i < 40; ++i) rows.erase(rows.begin() + 400 * i);
+    EXPECT_EQ(stepsTo(rows).size(), 40U);
+    EXPECT_TRUE(kept.isValid());
+}
+
 }  // namespace
 }  // namespace elmworth
 

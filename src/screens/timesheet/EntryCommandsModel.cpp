@@ -53,6 +53,7 @@ void EntryCommandsModel::deleteEntries(const IDs& ids) {
     } catch (const StoreError&) {
         return say(QString::fromUtf8(unreadable));
     }
+    if (tally == EntryTally{}) return;
     if (tally.changed > 0) {
         setNotice(QStringLiteral("Deleted %1.").arg(countOfEntries(tally.changed)), true);
     }
@@ -85,6 +86,15 @@ void EntryCommandsModel::continueEntry(const PersistentID& id) {
         editing_.continueEntry(context_.record<TimeEntry>(id));
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
+    }
+}
+
+Ref<TimeEntry> EntryCommandsModel::entry(const PersistentID& id) {
+    try {
+        return context_.record<TimeEntry>(id);
+    } catch (const StoreError&) {
+        say(QString::fromUtf8(unreadable));
+        return nullptr;
     }
 }
 

@@ -63,6 +63,9 @@ class EntryCommandsModel final : public QObject {
     /// Says what could not be done.
     void say(const QString& sentence);
 
+    /// The entry of an identity; null when it is gone, and when it can't be read, which is said.
+    [[nodiscard]] Ref<TimeEntry> entry(const PersistentID& id);
+
  Q_SIGNALS:
     void pendingDeleteChanged();
     void noticeChanged();

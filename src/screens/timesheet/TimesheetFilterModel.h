@@ -61,6 +61,9 @@ class TimesheetFilterModel final : public QObject {
     /// Forgets client, project and search.
     Q_INVOKABLE void clear();
 
+    /// Another day may have begun, so that the period is another one.
+    void followClock() { Q_EMIT changed(); }
+
     /// What passes at the present moment.
     [[nodiscard]] TimesheetFilter filter() const;
     /// The projects that are not archived, by name.

@@ -87,9 +87,8 @@ void TimesheetModel::libraryChanged(bool renamed) {
     isRenamed_ = isRenamed_ || renamed;
     isStale_ = !isShown_;
     if (isStale_) return;
-    auto filter = filter_.filter();
-    if (filter == contents_.filter()) return contents_.reload();
-    contents_.setFilter(std::move(filter));  // another day has begun
+    if (filter_.filter() == contents_.filter()) return contents_.reload();
+    filter_.followClock();
 }
 
 void TimesheetModel::refilter() {
@@ -100,6 +99,7 @@ void TimesheetModel::refilter() {
 void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     const Instant now = services_.now();
     today_ = services_.calendar().startOfDay(now);
+    noteAwaited(*listing, now);
     const std::size_t formerCount = std::exchange(entryCount_, listing->entries.size());
     if (isEmpty()) {
         libraryIsEmpty_ =
@@ -114,6 +114,16 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     }
     Q_EMIT listed();
     if (currentRow() != formerRow) Q_EMIT currentRowChanged();
+}
+
+void TimesheetModel::noteAwaited(const TimesheetListing& listing, Instant now) {
+    awaited_.reset();
+    if (now == today_) awaited_ = now;
+    for (const auto& place : listing.entries) {
+        const auto& entry = place.entry();
+        if (awaited_ == now || entry.start < now) return;  // the newest stand first
+        if (entry.isRunning()) awaited_ = entry.start;
+    }
 }
 
 void TimesheetModel::showFigures(const TimesheetListing& listing, Instant now) {
@@ -132,7 +142,8 @@ void TimesheetModel::showFigures(const TimesheetListing& listing, Instant now) {
 void TimesheetModel::tick() {
     if (!isShown_) return;
     const Instant now = services_.now();
-    if (services_.calendar().startOfDay(now) != today_) return libraryChanged(false);
+    const bool hasBegun = awaited_ && *awaited_ < now;
+    if (hasBegun || services_.calendar().startOfDay(now) != today_) return libraryChanged(false);
     stats_.tick(now);
     rows_.tick(now);
 }
@@ -147,13 +158,13 @@ QString TimesheetModel::emptyMessage() const {
     return text(platformText(PlatformText::nothingTrackedYet));
 }
 
-Ref<TimeEntry> TimesheetModel::entryAt(int row) const {
+Ref<TimeEntry> TimesheetModel::entryAt(int row) {
     const auto* line = rows_.rowAt(row);
     if (line == nullptr || line->isHead()) return nullptr;
-    return services_.context.record<TimeEntry>(line->id.entry);
+    return commands_.entry(line->id.entry);
 }
 
-QString TimesheetModel::billedHelp(int row) const {
+QString TimesheetModel::billedHelp(int row) {
     const auto entry = entryAt(row);
     const auto invoice = entry ? entry->invoice.get() : nullptr;
     return invoice ? QStringLiteral("On invoice %1").arg(text(invoice->number.get())) : QString();
@@ -164,6 +175,10 @@ QString TimesheetModel::exportName() {
 }
 
 void TimesheetModel::exportTo(const QUrl& file) {
+    if (!file.isLocalFile()) {
+        return commands_.say(
+            QStringLiteral("Only a file on this computer can be written. Choose another place."));
+    }
     const auto problem = exportTimesheet(services_.context, contents_.filter(), services_.now(),
                                          services_.calendar(), file.toLocalFile().toStdString());
     if (problem) commands_.say(QString::fromStdString(*problem));

@@ -97,7 +97,7 @@ class TimesheetModel final : public QObject {
     Q_INVOKABLE void addOnCurrentDay();
     Q_INVOKABLE void continueEntry(int row);
     /// The number of the invoice that the entry is on, for its chip.
-    Q_INVOKABLE QString billedHelp(int row) const;
+    Q_INVOKABLE QString billedHelp(int row);
     /// Asks whether to delete what is selected and shown.
     Q_INVOKABLE void askToDeleteSelected();
 
@@ -129,11 +129,12 @@ class TimesheetModel final : public QObject {
     void libraryChanged(bool renamed);
     void refilter();
     void show(std::shared_ptr<const TimesheetListing> listing);
+    void noteAwaited(const TimesheetListing& listing, Instant now);
     void showFigures(const TimesheetListing& listing, Instant now);
     void tick();
     void selectionChanged();
     void offerMenuProjects();
-    [[nodiscard]] Ref<TimeEntry> entryAt(int row) const;
+    [[nodiscard]] Ref<TimeEntry> entryAt(int row);
     [[nodiscard]] std::vector<PersistentID> shownSelection() const;
     [[nodiscard]] TimesheetRowsModel::Setting setting() const;
 
@@ -160,6 +161,7 @@ class TimesheetModel final : public QObject {
     std::size_t entryCount_ = 0;
     Instant today_;
     RunLoop::Handle trim_;
+    std::optional<Instant> awaited_;  ///< after it what runs stands in a day where it does not yet
     std::vector<ModelContext::Observation> libraryObservations_;
     TimerService::Observation timerObservation_;
 };

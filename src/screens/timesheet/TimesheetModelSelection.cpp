@@ -55,7 +55,6 @@ void TimesheetModel::clearSelection() {
 
 std::vector<PersistentID> TimesheetModel::shownSelection() const {
     std::vector<PersistentID> ids;
-
     if (selection_.ids().empty()) return ids;
     if (rows_.listing() == nullptr) return ids;
     for (const auto& place : rows_.listing()->entries) {
@@ -76,7 +75,7 @@ void TimesheetModel::edit(int row) {
 bool TimesheetModel::editSelected() {
     if (selection_.ids().size() != 1) return false;
     const auto shown = shownSelection();
-    const auto entry = shown.empty() ? nullptr : services_.context.record<TimeEntry>(shown.front());
+    const auto entry = shown.empty() ? nullptr : commands_.entry(shown.front());
     if (entry) editor_.open(entry);
     return entry != nullptr;
 }
@@ -128,7 +127,7 @@ void TimesheetModel::offerMenuProjects() {
 }
 
 void TimesheetModel::menuEdit() {
-    if (const auto entry = services_.context.record<TimeEntry>(menuEntry_)) editor_.open(entry);
+    if (const auto entry = commands_.entry(menuEntry_)) editor_.open(entry);
 }
 
 void TimesheetModel::menuContinue() {

@@ -26,11 +26,19 @@ QString clientName(const TimesheetEntry& entry) {
     return client ? text(client->name.get()) : QString();
 }
 
+/// The first `size` bytes or less, so that no character is cut.
+std::string_view beginning(std::string_view utf8, std::size_t size) {
+    if (utf8.size() <= size) return utf8;
+    const auto isInsideCharacter = [&] { return (utf8[size] & 0xC0) == 0x80; };
+    while (size > 0 && isInsideCharacter()) --size;
+    return utf8.substr(0, size);
+}
+
 QString notesOf(const TimesheetRow& row) {
     const auto notes = row.place.notes();
     // A line shows no more than this of notes that may be a book.
     constexpr std::size_t shown = 600;
-    return notes.empty() ? QStringLiteral("No notes") : text(notes.substr(0, shown)).simplified();
+    return notes.empty() ? QStringLiteral("No notes") : text(beginning(notes, shown)).simplified();
 }
 
 }  // namespace
@@ -71,16 +79,21 @@ void TimesheetRowsModel::noteGrowing() {
             growing_.emplace_back(at, data(index(at), total).toString());
         }
     }
+    // What runs may have another start, or have grown since the last tick.
+    for (const auto& [row, shown] : growing_) tellGrown(row);
+}
+
+void TimesheetRowsModel::tellGrown(int row) {
+    Q_EMIT dataChanged(index(row), index(row), {total, summary});
 }
 
 void TimesheetRowsModel::tick(Instant now) {
     setting_.now = now;
     for (auto& [row, shown] : growing_) {
-        const QModelIndex where = index(row);
-        const QString grown = data(where, total).toString();
+        const QString grown = data(index(row), total).toString();
         if (grown == shown) continue;
         shown = grown;
-        Q_EMIT dataChanged(where, where, {total, summary});
+        tellGrown(row);
     }
 }
 

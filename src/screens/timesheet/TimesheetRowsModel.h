@@ -91,6 +91,7 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     [[nodiscard]] QString entrySummary(const TimesheetRow& row) const;
     [[nodiscard]] std::string duration(const TimesheetEntry& entry) const;
     void noteGrowing();
+    void tellGrown(int row);
 
     Setting setting_;
     Formatters formatters_;

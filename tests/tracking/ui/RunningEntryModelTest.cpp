@@ -70,5 +70,72 @@ TEST_F(RunningEntry, ARenamedProjectIsTold) {
     EXPECT_EQ(model.projectName(), QStringLiteral("App"));
 }
 
+TEST_F(RunningEntry, TheBadgeHasTheProjectsColorOrOneOfItsOwn) {
+    service().start(project);
+    EXPECT_EQ(model.badgeColor(), QStringLiteral("#4F7CFF"));
+    service().running()->project = nullptr;
+    EXPECT_EQ(model.badgeColor(), QStringLiteral("#7C6CFF"));
+}
+
+TEST_F(RunningEntry, NotesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
+    service().start(project);
+    model.setNotes(QStringLiteral("Logo"));
+    EXPECT_EQ(service().running()->notes.get(), "Logo");
+    EXPECT_TRUE(timer.library.context().hasChanges());
+    model.saveNotes();
+    EXPECT_FALSE(timer.library.context().hasChanges());
+    timer.restart();
+    EXPECT_EQ(service().running()->notes.get(), "Logo");
+}
+
+TEST_F(RunningEntry, NotesAreToldWhoeverWritesThem) {
+    service().start(project);
+    timer.library.runLoop.turn();
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    service().running()->notes = "Elsewhere";
+    timer.library.runLoop.turn();
+    EXPECT_EQ(running.size(), 1);
+    EXPECT_EQ(model.notes(), QStringLiteral("Elsewhere"));
+}
+
+TEST_F(RunningEntry, StopSavesTheNotesAndEndsTheEntry) {
+    service().start(project);
+    const auto entry = service().running();
+    model.setNotes(QStringLiteral("Logo"));
+    timer.setTime("10:00");
+    model.stop();
+    EXPECT_FALSE(model.isRunning());
+    EXPECT_EQ(entry->notes.get(), "Logo");
+    EXPECT_EQ(*entry->end.get(), test::TestTimer::today("10:00"));
+    EXPECT_FALSE(timer.library.context().hasChanges());
+}
+
+TEST_F(RunningEntry, NotesOfAnEntryThatIsGoneAreDropped) {
+    service().start(project);
+    const auto entry = service().running();
+    timer.library.context().deleteRecord(entry);
+    model.setNotes(QStringLiteral("Logo"));
+    model.saveNotes();
+    model.stop();
+    EXPECT_FALSE(model.isRunning());
+    EXPECT_EQ(timer.library.context().fetchCount<TimeEntry>(), 0U);
+}
+
+TEST_F(RunningEntry, WhileNothingRunsNotesAndStopDoNothing) {
+    model.setNotes(QStringLiteral("Logo"));
+    model.saveNotes();
+    model.stop();
+    EXPECT_EQ(model.notes(), QString());
+    EXPECT_FALSE(model.isRunning());
+}
+
+TEST_F(RunningEntry, ChangesOfOtherRecordsTellNothingWhileNothingRuns) {
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    project->name = "App";
+    timer.library.addEntry(project, timer.now - std::chrono::hours(1), timer.now);
+    timer.library.context().save();
+    EXPECT_EQ(running.size(), 0);
+}
+
 }  // namespace
 }  // namespace elmworth

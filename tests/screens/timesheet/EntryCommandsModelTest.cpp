@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/EntryCommandsModel.h"
+
+#include <gmock/gmock.h>
+
+#include <QSignalSpy>
+
+#include "screens/timesheet/TimesheetTest.h"
+#include "support/FailingReads.h"
+
+namespace elmworth {
+namespace {
+
+using test::iso;
+using test::utf8;
+
+class EntryCommands : private test::FailingReads, public test::TimesheetTest {
+ protected:
+    [[nodiscard]] static EntryCommandsModel::IDs ids(
+        std::initializer_list<Ref<TimeEntry>> entries) {
+        EntryCommandsModel::IDs ids;
+        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        return ids;
+    }
+    [[nodiscard]] bool exists(const Ref<TimeEntry>& entry) {
+        return context().record<TimeEntry>(entry->persistentModelID()) != nullptr;
+    }
+    Ref<TimeEntry> a = add(website, "2026-03-02T06:00Z", "2026-03-02T06:30Z", "a");
+    Ref<TimeEntry> b = add(website, "2026-03-02T07:00Z", "2026-03-02T07:30Z", "b");
+    Ref<TimeEntry> billed = add(website, "2026-03-01T07:00Z", "2026-03-01T07:30Z", "billed");
+    QSignalSpy billedNotices{&commands(), &EntryCommandsModel::billedNotice};
+};
+
+TEST_F(EntryCommands, deleteOfOneBilledAndTwoUnbilledDeletesTheTwoAndTellsOfTheOne) {
+    bill(billed);
+    click(a);
+    commands().deleteEntries(ids({a, billed, b}));
+    EXPECT_FALSE(exists(a));
+    EXPECT_FALSE(exists(b));
+    EXPECT_TRUE(exists(billed));
+    EXPECT_EQ(billedNotices.size(), 1);
+    EXPECT_EQ(utf8(commands().notice()), "Deleted 2 entries.");
+    EXPECT_TRUE(commands().noticeOffersUndo());
+    EXPECT_EQ(selectedCount(), 0U);
+    EXPECT_FALSE(context().hasChanges());
+}
+
+TEST_F(EntryCommands, deleteOfBilledTimeAloneTellsAndOffersNoUndo) {
+    bill(billed);
+    commands().deleteEntries(ids({billed}));
+    EXPECT_TRUE(exists(billed));
+    EXPECT_EQ(billedNotices.size(), 1);
+    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_FALSE(commands().canUndo());
+}
+
+TEST_F(EntryCommands, deleteOfWhatIsGoneDoesNothingAndLeavesTheSelection) {
+    click(b);
+    deleteElsewhere(a);
+    commands().deleteEntries(ids({a}));
+    commands().deleteEntries({});
+    EXPECT_EQ(billedNotices.size(), 0);
+    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_TRUE(isSelected(b));
+    EXPECT_FALSE(commands().canUndo());
+}
+
+TEST_F(EntryCommands, deleteOfTheRunningEntryStopsTheTimer) {
+    service().start(website);
+    turn();
+    const auto running = service().running();
+    commands().deleteEntries(ids({running}));
+    EXPECT_EQ(service().running(), nullptr);
+    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 0U);
+    EXPECT_FALSE(model->running()->isRunning());
+}
+
+TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
+    commands().deleteEntries(ids({a, b}));
+    EXPECT_EQ(utf8(commands().undoText()), "Undo Delete 2 Entries");
+    commands().undo();
+    EXPECT_EQ(utf8(commands().notice()), "") << "the notice of the deletion is over";
+    EXPECT_EQ(rowCount(), 5);
+    EXPECT_FALSE(commands().canUndo());
+    ASSERT_TRUE(commands().canRedo());
+    commands().redo();
+    EXPECT_EQ(rowCount(), 2);
+}
+
+TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
+    commands().undo();
+    commands().redo();
+    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(rowCount(), 5);
+}
+
+TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
+    commands().moveEntries(ids({a}), shop);
+    bill(a);
+    commands().undo();
+    EXPECT_EQ(a->project.get(), shop);
+    EXPECT_EQ(utf8(commands().notice()), "1 entry is on an invoice and stays as it is.");
+    EXPECT_FALSE(commands().noticeOffersUndo());
+    commands().dismissNotice();
+    EXPECT_EQ(utf8(commands().notice()), "");
+}
+
+TEST_F(EntryCommands, moveTakesTheUnbilledAndTellsOfTheOthers) {
+    bill(billed);
+    commands().moveEntries(ids({a, billed}), shop);
+    EXPECT_EQ(a->project.get(), shop);
+    EXPECT_EQ(billed->project.get(), website);
+    EXPECT_EQ(billedNotices.size(), 1);
+    EXPECT_FALSE(context().hasChanges());
+    commands().moveEntries(ids({b}), shop);
+    EXPECT_EQ(billedNotices.size(), 1);
+}
+
+TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothing) {
+    const auto gone = project("Gone");
+    deleteElsewhere(gone);
+    commands().moveEntries(ids({a}), gone);
+    EXPECT_EQ(a->project.get(), website);
+}
+
+TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
+    timer.setTime("10:00");
+    const auto day = add(shop, "2026-02-20T09:00Z", "2026-02-20T17:00Z", "long");
+    commands().duplicateToToday(day->persistentModelID());
+    const auto made = context().fetch(FetchDescriptor<TimeEntry>{
+        .predicate = key<&TimeEntry::start>() == test::at("2026-03-02T02:00Z")});
+    ASSERT_EQ(made.size(), 1U);
+    EXPECT_EQ(iso(*made[0]->end.get()), "2026-03-02T10:00:00Z");
+    EXPECT_EQ(made[0]->notes.get(), "long");
+    EXPECT_EQ(made[0]->project.get(), shop);
+    EXPECT_EQ(utf8(commands().undoText()), "Undo Duplicate to Today");
+}
+
+TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothing) {
+    const auto zero = add(shop, "2026-03-02T08:00Z", "2026-03-02T08:00Z");
+    service().start(website);
+    const auto count = entryCount();
+    commands().duplicateToToday(zero->persistentModelID());
+    commands().duplicateToToday(service().running()->persistentModelID());
+    EXPECT_EQ(entryCount(), count);
+    EXPECT_EQ(utf8(commands().notice()), "");
+}
+
+TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
+    deleteElsewhere(a);
+    const auto count = entryCount();
+    commands().duplicateToToday(a->persistentModelID());
+    commands().continueEntry(a->persistentModelID());
+    commands().moveEntries(ids({a}), shop);
+    EXPECT_EQ(entryCount(), count);
+    EXPECT_EQ(service().running(), nullptr);
+    EXPECT_FALSE(commands().canUndo());
+    EXPECT_EQ(utf8(commands().notice()), "");
+}
+
+TEST_F(EntryCommands, continueStartsTheTimerWithTheProjectAndNotes) {
+    commands().continueEntry(a->persistentModelID());
+    ASSERT_NE(service().running(), nullptr);
+    EXPECT_EQ(service().running()->project.get(), website);
+    EXPECT_EQ(service().running()->notes.get(), "a");
+    EXPECT_TRUE(commands().canUndo());
+}
+
+TEST_F(EntryCommands, inALibraryThatCannotBeReadSayOneSentenceAndChangeNothing) {
+    const auto entry = ids({a});
+    a.reset();  // so that it must be read again
+    const auto expectRefusal = [this](const char* what) {
+        EXPECT_EQ(utf8(commands().notice()), "The library can't be read. Nothing was changed.")
+            << what;
+        EXPECT_FALSE(commands().noticeOffersUndo());
+        commands().dismissNotice();
+    };
+    test::FailingReads::fail();
+    commands().deleteEntries(entry);
+    expectRefusal("delete");
+    commands().moveEntries(entry, shop);
+    expectRefusal("move");
+    commands().duplicateToToday(entry[0]);
+    expectRefusal("duplicate");
+    commands().continueEntry(entry[0]);
+    expectRefusal("continue");
+    test::FailingReads::heal();
+    EXPECT_EQ(entryCount(), 3U);
+    EXPECT_FALSE(commands().canUndo());
+}
+
+TEST_F(EntryCommands, onARowThatCannotBeReadNothingHappens) {
+    const int row = rowOf(a);
+    a.reset();
+    test::FailingReads::fail();
+    model->edit(row);
+    EXPECT_FALSE(model->editor()->isOpen());
+    EXPECT_FALSE(model->openMenu(row));
+    EXPECT_EQ(utf8(model->billedHelp(row)), "");
+    model->click(row);
+    EXPECT_FALSE(model->editSelected());
+    model->menuEdit();
+    EXPECT_FALSE(model->editor()->isOpen());
+    EXPECT_EQ(utf8(commands().notice()), "The library can't be read. Nothing was changed.");
+}
+
+}  // namespace
+}  // namespace elmworth

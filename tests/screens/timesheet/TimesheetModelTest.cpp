@@ -1,0 +1,455 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/TimesheetModel.h"
+
+#include <gmock/gmock.h>
+
+#include <QSignalSpy>
+
+#include "screens/timesheet/TimesheetTest.h"
+#include "support/Rows.h"
+
+namespace elmworth {
+namespace {
+
+using test::Lines;
+using test::rowName;
+using test::utf8;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Row = TimesheetRowsModel;
+
+class Timesheet : public test::TimesheetTest {
+ protected:
+    /// The rows whose data changed since the last call, with the roles that were named.
+    [[nodiscard]] static std::map<int, QSet<int>> changesIn(QSignalSpy& spy) {
+        std::map<int, QSet<int>> changes;
+        for (const auto& call : std::exchange(static_cast<QList<QList<QVariant>>&>(spy), {})) {
+            const auto roles = call[2].value<QList<int>>();
+            for (int row = call[0].toModelIndex().row(); row <= call[1].toModelIndex().row();
+                 ++row) {
+                changes[row].unite(QSet<int>(roles.begin(), roles.end()));
+            }
+        }
+        return changes;
+    }
+    /// Whether a statement asked for entries since the last call.
+    [[nodiscard]] static bool readEntries() {
+        const auto ran = statements();
+        return std::any_of(ran.begin(), ran.end(), [](const std::string& sql) {
+            return sql.find("TimeEntry") != std::string::npos && sql.starts_with("SELECT");
+        });
+    }
+};
+
+TEST_F(Timesheet, showsItsDaysNewestFirstAndTheirEntriesToo) {
+    add(website, "2026-03-01T09:00Z", "2026-03-01T10:30Z");
+    add(shop, "2026-03-02T08:00Z", "2026-03-02T08:30Z");
+    add(nullptr, "2026-03-02T07:00Z", "2026-03-02T07:45Z");
+    EXPECT_THAT(lines(),
+                ElementsAre("Today · Mar 2 · 1:15", "  Shop · 8:00 AM – 8:30 AM · 0:30",
+                            "  No project · 7:00 AM – 7:45 AM · 0:45", "Yesterday · Mar 1 · 1:30",
+                            "  Website · 9:00 AM – 10:30 AM · 1:30"));
+}
+
+TEST_F(Timesheet, ofTimeOverMidnightHasItInTwoDaysThatCountTheirShareAndRowsThatShowAllOfIt) {
+    timer.setClock("2026-03-04T12:00Z");
+    add(website, "2026-03-02T23:30Z", "2026-03-03T00:30Z");
+    EXPECT_THAT(lines(),
+                ElementsAre("Yesterday · Mar 3 · 0:30", "  Website · 11:30 PM – 12:30 AM · 1:00",
+                            "Monday · Mar 2 · 0:30", "  Website · 11:30 PM – 12:30 AM · 1:00"));
+}
+
+TEST_F(Timesheet, ofTimeOverThePeriodsEndHasOnlyTheDaysInsideIt) {
+    choosePreset("Today");
+    add(website, "2026-03-02T23:00Z", "2026-03-03T02:00Z");
+    add(shop, "2026-03-01T22:00Z", "2026-03-02T01:00Z");
+    EXPECT_THAT(lines(),
+                ElementsAre("Today · Mar 2 · 2:00", "  Website · 11:00 PM – 2:00 AM · 3:00",
+                            "  Shop · 10:00 PM – 1:00 AM · 3:00"));
+}
+
+TEST_F(Timesheet, leavesOutWhatEndsAtThePeriodsStartOrStartsAtItsEnd) {
+    choosePreset("Today");
+    add(website, "2026-03-01T23:00Z", "2026-03-02T00:00Z");
+    add(website, "2026-03-03T00:00Z", "2026-03-03T01:00Z");
+    EXPECT_TRUE(model->isEmpty());
+    EXPECT_THAT(lines(), IsEmpty());
+}
+
+TEST_F(Timesheet, ofReversedTimeIsNotEmptyButHasNoDay) {
+    add(website, "2026-03-02T08:00Z", "2026-03-02T07:00Z");
+    EXPECT_FALSE(model->isEmpty());
+    EXPECT_THAT(lines(), IsEmpty());
+}
+
+struct PlaceRow {
+    const char* name;
+    const char* locale;
+    const char* zone;
+    const char* now;
+    const char* from;
+    const char* to;
+    Lines lines;
+};
+
+class TimesheetIn : public Timesheet, public testing::WithParamInterface<PlaceRow> {};
+
+TEST_P(TimesheetIn, aDayOfAnotherLengthCountsItsHoursAndWritesItsTimesAsThePlaceDoes) {
+    const auto& row = GetParam();
+    timer.setClock(row.now);
+    moveTo(row.locale, row.zone);
+    add(website, row.from, row.to);
+    EXPECT_EQ(lines(), row.lines);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , TimesheetIn,
+    testing::Values(PlaceRow{"BerlinLosesAnHour",
+                             "de_DE",
+                             "Europe/Berlin",
+                             "2026-03-29T12:00+02:00",
+                             "2026-03-28T22:00+01:00",
+                             "2026-03-29T04:00+02:00",
+                             {"Today · 29. März · 3:00", "  Website · 22:00 – 04:00 · 5:00",
+                              "Yesterday · 28. März · 2:00", "  Website · 22:00 – 04:00 · 5:00"}},
+                    PlaceRow{"TheSundayBeforeAMonday",
+                             "de_DE",
+                             "Europe/Berlin",
+                             "2026-10-26T00:00+01:00",
+                             "2026-10-25T00:00+02:00",
+                             "2026-10-26T00:00+01:00",
+                             {}},
+                    PlaceRow{"BerlinHasADayOf25Hours",
+                             "de_DE",
+                             "Europe/Berlin",
+                             "2026-10-25T23:00+01:00",
+                             "2026-10-25T00:00+02:00",
+                             "2026-10-26T00:00+01:00",
+                             {"Today · 25. Okt. · 25:00", "  Website · 00:00 – 00:00 · 25:00"}},
+                    PlaceRow{"NewYorkLosesAnHour",
+                             "en_US",
+                             "America/New_York",
+                             "2026-03-08T12:00-04:00",
+                             "2026-03-08T01:30-05:00",
+                             "2026-03-08T03:30-04:00",
+                             {"Today · Mar 8 · 1:00", "  Website · 1:30 AM – 3:30 AM · 1:00"}},
+                    PlaceRow{"NewYorkGainsAnHour",
+                             "en_US",
+                             "America/New_York",
+                             "2026-11-01T12:00-05:00",
+                             "2026-11-01T00:30-04:00",
+                             "2026-11-01T02:30-05:00",
+                             {"Today · Nov 1 · 3:00", "  Website · 12:30 AM – 2:30 AM · 3:00"}}),
+    rowName);
+
+TEST_F(Timesheet, aDayThatIsNeitherTodayNorYesterdayHasItsWeekdaysNameInThePlacesLanguage) {
+    timer.setClock("2026-03-07T09:00Z");
+    moveTo("de_DE", "Europe/Berlin");
+    add(website, "2026-03-04T09:00Z", "2026-03-04T10:00Z");
+    EXPECT_EQ(textAt(0, Row::title), "Mittwoch");
+    EXPECT_EQ(utf8(filter().subtitle()), "02.03.2026 – 08.03.2026");
+}
+
+// --- Following what happens elsewhere ------------------------------------------------------------
+
+TEST_F(Timesheet, aChangeElsewhereShowsInTheSameTurnAndASaveAtOnce) {
+    const auto entry = timer.library.addEntry(website, test::at("2026-03-02T07:00Z"),
+                                              test::at("2026-03-02T08:00Z"));
+    EXPECT_EQ(rowCount(), 0);
+    timer.library.runLoop.turn();
+    EXPECT_EQ(rowCount(), 2);
+    entry->end = test::at("2026-03-02T08:30Z");
+    context().save();
+    EXPECT_EQ(textAt(1, Row::total), "1:30");
+}
+
+TEST_F(Timesheet, aRenamedOrRecolouredProjectAndARenamedClientShow) {
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    website->name = "Site";
+    website->colorHex = "#123456";
+    turn();
+    EXPECT_TRUE(changesIn(changed).contains(1));
+    EXPECT_EQ(textAt(1, Row::title), "Site");
+    EXPECT_EQ(textAt(1, Row::projectColor), "#123456");
+    acme->name = "Acme Ltd";
+    turn();
+    EXPECT_TRUE(changesIn(changed).contains(1));
+    EXPECT_EQ(textAt(1, Row::detail), "Acme Ltd");
+}
+
+TEST_F(Timesheet, readsNoEntriesWhileItIsNotShownAndCatchesUp) {
+    model->setShown(false);
+    static_cast<void>(statements());
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    website->name = "Site";
+    context().save();
+    choosePreset("This Month");
+    filter().setSearch(QStringLiteral("site"));
+    turn();
+    EXPECT_FALSE(readEntries());
+    EXPECT_EQ(rowCount(), 0);
+    QSignalSpy shown(model.get(), &TimesheetModel::isShownChanged);
+    model->setShown(true);
+    EXPECT_EQ(shown.size(), 1);
+    EXPECT_THAT(lines(), ElementsAre("Today · Mar 2 · 1:00", "  Site · 7:00 AM – 8:00 AM · 1:00"));
+}
+
+TEST_F(Timesheet, thatIsShownAgainUnchangedReadsNothing) {
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    model->setShown(false);
+    static_cast<void>(statements());
+    model->setShown(true);
+    EXPECT_FALSE(readEntries());
+    EXPECT_EQ(rowCount(), 2);
+}
+
+TEST_F(Timesheet, thatIsShownAgainTheNextDayIsOfThatDay) {
+    choosePreset("Today");
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    model->setShown(false);
+    timer.setClock("2026-03-03T08:00Z");
+    model->setShown(true);
+    EXPECT_EQ(rowCount(), 0);
+    choosePreset("Yesterday");
+    EXPECT_EQ(line(0), "Yesterday · Mar 2 · 1:00");
+}
+
+TEST_F(Timesheet, keepsRowsInPlaceWhenOthersComeAndGo) {
+    const auto entry = add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    const QPersistentModelIndex row = model->rows().index(rowOf(entry));
+    QSignalSpy resets(&model->rows(), &QAbstractItemModel::modelReset);
+    const auto other = add(shop, "2026-03-02T08:00Z", "2026-03-02T08:30Z");
+    add(shop, "2026-03-01T08:00Z", "2026-03-01T08:30Z");
+    EXPECT_EQ(row.row(), 2);
+    deleteElsewhere(other);
+    EXPECT_EQ(row.row(), 1);
+    EXPECT_EQ(resets.size(), 0);
+}
+
+// --- The running entry
+// -----------------------------------------------------------------------------
+
+TEST_F(Timesheet, aTickChangesOnlyWhatShowsTheRunningEntry) {
+    add(shop, "2026-03-01T08:00Z", "2026-03-01T08:30Z");
+    add(shop, "2026-03-02T07:00Z", "2026-03-02T07:30Z");
+    service().start(website);
+    pass(50);
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    QSignalSpy listed(model.get(), &TimesheetModel::listed);
+    static_cast<void>(statements());
+    pass(9);
+    EXPECT_THAT(changesIn(changed), IsEmpty());  // the minute is the same
+    pass(1);
+    const auto changes = changesIn(changed);
+    ASSERT_EQ(changes.size(), 2U);  // the head of today, and the running entry below it
+    const QSet<int> roles{Row::total, Row::summary};
+    EXPECT_EQ(changes.at(0), roles);
+    EXPECT_EQ(changes.at(1), roles);
+    EXPECT_EQ(listed.size(), 0);
+    EXPECT_FALSE(readEntries());
+    EXPECT_EQ(line(0), "Today · Mar 2 · 0:31");
+    EXPECT_EQ(line(1), "  Website · 9:00 AM – now · 0:01");
+}
+
+TEST_F(Timesheet, aTickWhileItIsNotShownChangesNothing) {
+    service().start(website);
+    pass(1);
+    model->setShown(false);
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    static_cast<void>(statements());
+    pass(120);
+    EXPECT_EQ(changed.size(), 0);
+    EXPECT_FALSE(readEntries());
+    model->setShown(true);
+    EXPECT_EQ(textAt(1, Row::total), "0:02");
+    EXPECT_EQ(textAt(0, Row::total), "0:02");
+    EXPECT_GE(changed.size(), 1);
+}
+
+TEST_F(Timesheet, theRunningEntryGoesOverMidnightIntoTheNewDay) {
+    timer.setTime("23:59:00");
+    service().start(website);
+    pass(59);
+    EXPECT_THAT(lines(), ElementsAre("Today · Mar 2 · 0:00", "  Website · 11:59 PM – now · 0:00"));
+    pass(2);
+    EXPECT_THAT(lines(),
+                ElementsAre("Today · Mar 3 · 0:00", "  Website · 11:59 PM – now · 0:01",
+                            "Yesterday · Mar 2 · 0:01", "  Website · 11:59 PM – now · 0:01"));
+    pass(59);
+    EXPECT_EQ(line(0), "Today · Mar 3 · 0:01");
+    EXPECT_EQ(line(2), "Yesterday · Mar 2 · 0:01");
+}
+
+TEST_F(Timesheet, ofTodayTurnsToTheNewDayAtMidnight) {
+    choosePreset("Today");
+    timer.setTime("23:00");
+    add(shop, "2026-03-02T07:00Z", "2026-03-02T07:30Z");
+    service().start(website);
+    EXPECT_EQ(utf8(filter().subtitle()), "Mar 2, 2026 – Mar 2, 2026");
+    QSignalSpy changed(&filter(), &TimesheetFilterModel::changed);
+    timer.setClock("2026-03-03T00:10Z");
+    pass(1);
+    EXPECT_THAT(lines(), ElementsAre("Today · Mar 3 · 0:10", "  Website · 11:00 PM – now · 1:10"));
+    EXPECT_EQ(utf8(filter().subtitle()), "Mar 3, 2026 – Mar 3, 2026");
+    EXPECT_GE(changed.size(), 1) << "the subtitle is another one";
+}
+
+TEST_F(Timesheet, aDaysTotalFollowsTheRunningEntryThatIsGivenAnotherStart) {
+    const auto running = add(website, "2026-03-02T08:30Z", "");
+    service().restore();
+    turn();
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    running->start = test::at("2026-03-02T07:00Z");
+    context().save();
+    EXPECT_EQ(line(0), "Today · Mar 2 · 2:00");
+    const auto changes = changesIn(changed);
+    ASSERT_TRUE(changes.contains(0));
+    EXPECT_TRUE(changes.at(0).contains(Row::total));
+    ASSERT_TRUE(changes.contains(1));
+}
+
+TEST_F(Timesheet, whatRunsIsToldToHaveGrownByWhateverComesFirst) {
+    service().start(website);
+    pass(59);
+    EXPECT_EQ(textAt(1, Row::total), "0:00");
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    timer.now += std::chrono::seconds(2);
+    add(shop, "2026-03-01T08:00Z", "2026-03-01T08:30Z");  // before the next tick
+    timer.library.runLoop.fire();
+    const auto changes = changesIn(changed);
+    EXPECT_EQ(textAt(1, Row::total), "0:01");
+    ASSERT_TRUE(changes.contains(0));
+    ASSERT_TRUE(changes.contains(1));
+}
+
+TEST_F(Timesheet, anEntryThatIsStoppedShowsItsEnd) {
+    service().start(website);
+    pass(60);
+    EXPECT_TRUE(value(1, Row::isRunning).toBool());
+    EXPECT_FALSE(value(1, Row::canContinue).toBool());
+    service().stop();
+    turn();
+    EXPECT_EQ(line(1), "  Website · 9:00 AM – 9:01 AM · 0:01");
+    EXPECT_FALSE(value(1, Row::isRunning).toBool());
+    EXPECT_TRUE(value(1, Row::canContinue).toBool());
+}
+
+TEST_F(Timesheet, whatRunsStandsInTheBannerWhateverTheFilter) {
+    service().start(website);
+    filter().setSearch(QStringLiteral("nothing of the kind"));
+    choosePreset("Last Month");
+    EXPECT_TRUE(model->isEmpty());
+    EXPECT_TRUE(model->running()->isRunning());
+    EXPECT_EQ(utf8(model->running()->projectTitle()), "Website");
+}
+
+TEST_F(Timesheet, aTimerOfAClockThatWasSetBackShowsWhenItsTimeComes) {
+    add(website, "2026-03-02T09:00:02Z", "");
+    service().restore();
+    turn();
+    EXPECT_FALSE(model->isEmpty());
+    EXPECT_THAT(lines(), IsEmpty());
+    pass(3);
+    EXPECT_THAT(lines(), ElementsAre("Today · Mar 2 · 0:00", "  Website · 9:00 AM – now · 0:00"));
+}
+
+// --- What stands above the days
+// --------------------------------------------------------------------
+
+TEST_F(Timesheet, thatIsEmptyTellsAnEmptyLibraryFromAnEmptyPeriod) {
+    EXPECT_TRUE(model->isEmpty());
+    EXPECT_EQ(utf8(model->emptyTitle()), "Nothing tracked yet");
+    EXPECT_THAT(utf8(model->emptyMessage()), HasSubstr("press play on a project — or add time"));
+    const auto old = add(website, "2020-03-02T07:00Z", "2020-03-02T08:00Z");
+    EXPECT_EQ(utf8(model->emptyTitle()), "No entries here");
+    EXPECT_EQ(utf8(model->emptyMessage()), "No time matches this period and filter.");
+    deleteElsewhere(old);
+    EXPECT_EQ(utf8(model->emptyTitle()), "Nothing tracked yet");
+}
+
+struct ChartRow {
+    const char* name;
+    const char* from;
+    const char* to;
+    bool hasEntry;
+    bool showsChart;
+};
+
+class TimesheetChart : public Timesheet, public testing::WithParamInterface<ChartRow> {};
+
+TEST_P(TimesheetChart, isShownForAPeriodOfAMonthThatIsNotEmpty) {
+    const auto& row = GetParam();
+    if (row.hasEntry) add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    choosePreset("Custom");
+    filter().from()->setValue(test::at(row.from));
+    filter().to()->setValue(test::at(row.to));
+    Q_EMIT filter().from()->changed();
+    EXPECT_EQ(model->showsChart(), row.showsChart);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , TimesheetChart,
+    testing::Values(ChartRow{"ADay", "2026-03-02T00:00Z", "2026-03-02T00:00Z", true, true},
+                    ChartRow{"EmptyDay", "2026-03-02T00:00Z", "2026-03-02T00:00Z", false, false},
+                    ChartRow{"Of32Days", "2026-03-01T00:00Z", "2026-04-01T12:00Z", true, true},
+                    ChartRow{"Of33Days", "2026-03-01T00:00Z", "2026-04-02T00:00Z", true, false}),
+    rowName);
+
+TEST_F(Timesheet, figuresAreOfWhatIsListed) {
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z", "Draft");
+    add(website, "2026-03-02T08:00Z", "2026-03-02T08:30Z", "Logo");
+    EXPECT_EQ(utf8(model->stats()->tracked()), "1:30");
+    filter().setSearch(QStringLiteral("logo"));
+    EXPECT_EQ(utf8(model->stats()->tracked()), "0:30");
+    EXPECT_EQ(utf8(model->stats()->trackedDetail()), "1 entry");
+}
+
+// --- Opening the editor
+// ------------------------------------------------------------------------------
+
+TEST_F(Timesheet, editOpensTheEditorOnTheEntryOfTheRow) {
+    add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z", "draft");
+    model->edit(0);  // a head is no entry
+    EXPECT_FALSE(model->editor()->isOpen());
+    model->edit(7);
+    model->edit(-1);
+    EXPECT_FALSE(model->editor()->isOpen());
+    model->edit(1);
+    EXPECT_TRUE(model->editor()->isOpen());
+    EXPECT_EQ(utf8(model->editor()->notes()), "draft");
+}
+
+TEST_F(Timesheet, timeIsAddedOnTheDayOfTheRowOrNow) {
+    add(website, "2026-03-01T07:00Z", "2026-03-01T08:00Z");
+    model->addOnDay(0);
+    EXPECT_TRUE(model->editor()->isOpen());
+    EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
+              test::at("2026-03-01T00:00Z"));
+    model->addEntry();
+    EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
+              test::at("2026-03-02T00:00Z"));
+    model->addOnCurrentDay();
+    EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
+              test::at("2026-03-02T00:00Z"));
+    model->click(1);
+    model->addOnCurrentDay();
+    EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
+              test::at("2026-03-01T00:00Z"));
+}
+
+TEST_F(Timesheet, aBilledRowNamesItsInvoice) {
+    const auto entry = add(website, "2026-03-02T07:00Z", "2026-03-02T08:00Z");
+    EXPECT_EQ(utf8(model->billedHelp(1)), "");
+    bill(entry, "INV-2026-007");
+    EXPECT_TRUE(value(1, Row::isBilled).toBool());
+    EXPECT_EQ(utf8(model->billedHelp(1)), "On invoice INV-2026-007");
+    EXPECT_EQ(utf8(model->billedHelp(0)), "");
+    EXPECT_EQ(utf8(model->billedHelp(99)), "");
+}
+
+}  // namespace
+}  // namespace elmworth
