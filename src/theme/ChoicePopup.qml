@@ -44,7 +44,8 @@ Basic.Popup {
             chosenRow: popup.chosenRow
             search: popup.search
             onSearched: text => popup.searched(text)
-            onChosen: row => { popup.close(); popup.chosen(row); }
+            // The row is one of those that the search found, which closing takes back.
+            onChosen: row => { popup.chosen(row); popup.close(); }
             // qmllint enable unqualified
         }
     }

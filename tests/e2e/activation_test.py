@@ -47,6 +47,10 @@ def applications():
     return found
 
 
+def window():
+    return find("Timesheet", "heading")
+
+
 def end_applications():
     for process in applications():
         os.kill(process, signal.SIGTERM)
@@ -84,7 +88,7 @@ class Activation(unittest.TestCase):
 
     def test_the_bus_starts_the_application_for_its_window(self):
         self.activate()
-        wait_until(lambda: find("Start Website"), "the window")
+        wait_until(window, "the window")
         self.assertEqual(len(applications()), 1)
 
     def test_the_bus_starts_the_application_for_an_action_and_no_window_opens(self):
@@ -92,17 +96,17 @@ class Activation(unittest.TestCase):
         self.assertEqual((running()["project"], running()["notes"]), ("Website", "Draft"))
         self.action("stop")
         self.assertIsNone(running())
-        self.assertIsNone(find("Start Website"))
+        self.assertIsNone(window())
         self.activate()
-        wait_until(lambda: find("Start Website"), "the window")
+        wait_until(window, "the window")
 
     def test_an_action_of_another_version_brings_the_window(self):
         self.action("fly")
-        wait_until(lambda: find("Start Website"), "the window")
+        wait_until(window, "the window")
 
     def test_files_are_not_opened_but_the_window_comes(self):
         self.call(NAME, "/org/elmworth/Elmworth", "Open", "(asa{sv})", ["file:///etc/passwd"], {})
-        wait_until(lambda: find("Start Website"), "the window")
+        wait_until(window, "the window")
 
     def test_the_panel_command_starts_the_application_and_ends(self):
         done = run("panel")

@@ -54,10 +54,11 @@ class Road(unittest.TestCase):
         names = [project["name"] for project in as_json("project", "list")]
         self.assertEqual(names, ["<b>Brand</b> & Style", "Website"])
 
-    def test_02_the_window_starts_a_timer_with_one_press(self):
+    def test_02_the_panel_starts_a_timer_with_one_press(self):
         self.start_program()
+        elmworth("panel")
         press("Start Website")
-        wait_until(lambda: find("Stop"), "the stop button")
+        wait_until(lambda: find("Stop timer"), "the card in the window")
         self.assertEqual(as_json("status")["running"]["project"], "Website")
 
     def test_03_every_control_has_a_role_and_a_name(self):
@@ -68,7 +69,7 @@ class Road(unittest.TestCase):
     def test_04_a_command_shows_in_the_open_window_at_once(self):
         elmworth("start", "<b>brand</b> & style", "--notes", "Logo")
         wait_until(lambda: find("<b>Brand</b> & Style"), "the project's name as it is")
-        wait_until(lambda: find("Start Website"), "the other project to switch to")
+        wait_until(lambda: find("Start Website"), "the other project to switch to, in the panel")
 
     def test_05_a_second_start_ends_and_leaves_the_first_in_charge(self):
         second = subprocess.run([PROGRAMS / "elmworth-app"], timeout=20)

@@ -55,7 +55,15 @@ GlassCard {
                 label: "What are you working on?"
                 placeholderText: "What are you working on?"
                 text: banner.model.notes
-                onTextEdited: banner.model.notes = text
+                maximumLength: 0x7fffffff
+                onTextChanged: {
+                    if (text === banner.model.notes)
+                        return;
+                    banner.model.notes = text;
+                    // Assistive technology types without the focus, which ends no editing.
+                    if (!activeFocus)
+                        banner.model.saveNotes();
+                }
                 onAccepted: banner.model.saveNotes()
             }
         }

@@ -5,7 +5,8 @@ import QtQuick
 import Qt.labs.qmlmodels
 import Elmworth.Timesheet
 
-/// Which lines a timesheet has: the head of a day, and an entry.
+/// Which lines a timesheet has: the head of a day, and an entry. Lines that wait to be used again are hidden also
+/// from assistive technology.
 DelegateChooser {
     id: lines
 
@@ -18,6 +19,8 @@ DelegateChooser {
 
         DayHead {
             width: lines.list.width
+            ListView.onPooled: visible = false
+            ListView.onReused: visible = true
             onAddRequested: row => lines.list.timesheet.addOnDay(row)
         }
     }
@@ -29,10 +32,12 @@ DelegateChooser {
             id: line
 
             width: lines.list.width
-            isCurrent: lines.list.activeFocus && lines.list.timesheet.currentRow === index
+            ListView.onPooled: visible = false
+            ListView.onReused: visible = true
+            isCurrent: lines.list.hasKeyboard && index >= 0 && lines.list.timesheet.currentRow === index
             billedHelp: row => lines.list.timesheet.billedHelp(row)
             onClicked: (row, modifiers) => {
-                lines.list.forceActiveFocus(Qt.MouseFocusReason);
+                lines.list.takeKeyboard(Qt.MouseFocusReason);
                 lines.list.timesheet.click(row, modifiers);
             }
             onDoubleClicked: row => lines.list.timesheet.edit(row)

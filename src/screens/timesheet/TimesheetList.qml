@@ -13,8 +13,18 @@ ListView {
 
     required property TimesheetModel timesheet
 
+    /// Before the head grew or shrank, which leaves the lines where they are.
+    property bool stoodAtTop: true
+
+    /// Whether the keyboard acts on the lines, and not on the head.
+    readonly property bool hasKeyboard: keys.activeFocus
+
     signal exportRequested()
     signal menuRequested(int row, Item line, real x, real y)
+
+    function takeKeyboard(reason: int): void {
+        keys.forceActiveFocus(reason);
+    }
 
     function find(): void {
         positionViewAtBeginning();
@@ -41,44 +51,58 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     reuseItems: true
     cacheBuffer: 320
-    activeFocusOnTab: true
     Accessible.role: Accessible.List
-    Accessible.name: "Entries"
+    Accessible.name: "Days"
 
-    Keys.onUpPressed: event => { timesheet.moveCurrent(-1, event.modifiers & Qt.ShiftModifier); reveal(); }
-    Keys.onDownPressed: event => { timesheet.moveCurrent(1, event.modifiers & Qt.ShiftModifier); reveal(); }
-    Keys.onReturnPressed: event => event.accepted = timesheet.editSelected()
-    Keys.onEnterPressed: event => event.accepted = timesheet.editSelected()
-    Keys.onDeletePressed: timesheet.askToDeleteSelected()
-    Keys.onEscapePressed: timesheet.clearSelection()
-    Keys.onMenuPressed: requestMenu()
-    Keys.onPressed: event => {
-        const page = Math.max(1, Math.floor(height / 52) - 1);
-        const extend = (event.modifiers & Qt.ShiftModifier) !== 0;
-        event.accepted = true;
-        if (event.matches(StandardKey.SelectAll))
-            timesheet.selectAll();
-        else if (event.key === Qt.Key_F10 && extend)
-            requestMenu();
-        else if (event.key === Qt.Key_PageDown)
-            timesheet.moveCurrent(page, extend);
-        else if (event.key === Qt.Key_PageUp)
-            timesheet.moveCurrent(-page, extend);
-        else if (event.key === Qt.Key_End)
-            timesheet.moveCurrent(count, extend);
-        else if (event.key === Qt.Key_Home)
-            timesheet.moveCurrent(-count, extend);
-        else if (event.key === Qt.Key_Backspace)
-            timesheet.askToDeleteSelected();
-        else
-            event.accepted = false;
-        if (event.accepted)
-            reveal();
-        if (event.key === Qt.Key_Home)
-            positionViewAtBeginning();
-    }
+    onContentYChanged: stoodAtTop = contentY <= originY + 1
 
     Basic.ScrollBar.vertical: SlimScrollBar {}
+
+    // Acts on the lines. It comes after the head, for which the list as a whole would stand in the way.
+    Item {
+        id: keys
+
+        parent: list
+        anchors.fill: parent
+        focus: true
+        activeFocusOnTab: true
+        Accessible.role: Accessible.List
+        Accessible.name: "Entries"
+        Accessible.focusable: true
+
+        Keys.onUpPressed: event => { list.timesheet.moveCurrent(-1, event.modifiers & Qt.ShiftModifier); list.reveal(); }
+        Keys.onDownPressed: event => { list.timesheet.moveCurrent(1, event.modifiers & Qt.ShiftModifier); list.reveal(); }
+        Keys.onReturnPressed: event => event.accepted = list.timesheet.editSelected()
+        Keys.onEnterPressed: event => event.accepted = list.timesheet.editSelected()
+        Keys.onDeletePressed: list.timesheet.askToDeleteSelected()
+        Keys.onEscapePressed: list.timesheet.clearSelection()
+        Keys.onMenuPressed: list.requestMenu()
+        Keys.onPressed: event => {
+            const page = Math.max(1, Math.floor(list.height / 52) - 1);
+            const extend = (event.modifiers & Qt.ShiftModifier) !== 0;
+            event.accepted = true;
+            if (event.matches(StandardKey.SelectAll))
+                list.timesheet.selectAll();
+            else if (event.key === Qt.Key_F10 && extend)
+                list.requestMenu();
+            else if (event.key === Qt.Key_PageDown)
+                list.timesheet.moveCurrent(page, extend);
+            else if (event.key === Qt.Key_PageUp)
+                list.timesheet.moveCurrent(-page, extend);
+            else if (event.key === Qt.Key_End)
+                list.timesheet.moveCurrent(list.count, extend);
+            else if (event.key === Qt.Key_Home)
+                list.timesheet.moveCurrent(-list.count, extend);
+            else if (event.key === Qt.Key_Backspace)
+                list.timesheet.askToDeleteSelected();
+            else
+                event.accepted = false;
+            if (event.accepted)
+                list.reveal();
+            if (event.key === Qt.Key_Home)
+                list.positionViewAtBeginning();
+        }
+    }
 
     // The head and the lines don't outlive their list.
     // qmllint disable
@@ -86,8 +110,8 @@ ListView {
         width: list.width
         model: list.timesheet
         onExportRequested: list.exportRequested()
-        onSearchLeft: list.forceActiveFocus(Qt.OtherFocusReason)
-        onHeightChanged: if (list.contentY <= list.originY + 1 || list.atYBeginning) Qt.callLater(list.positionViewAtBeginning)
+        onSearchLeft: list.takeKeyboard(Qt.OtherFocusReason)
+        onHeightChanged: if (list.stoodAtTop) Qt.callLater(list.positionViewAtBeginning)
     }
 
     footer: Item {

@@ -3,6 +3,9 @@
 
 #include "screens/timesheet/TimesheetModel.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <chrono>
 #include <utility>
 
@@ -21,6 +24,11 @@ constexpr std::size_t manyEntries = 20'000;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// The dialog that Qt brings for desktops without one gives a name that was typed without a scheme.
+QString pathOf(const QUrl& file) {
+    return file.scheme().isEmpty() ? file.path() : file.toLocalFile();
 }
 
 }  // namespace
@@ -170,8 +178,10 @@ QString TimesheetModel::billedHelp(int row) {
     return invoice ? QStringLiteral("On invoice %1").arg(text(invoice->number.get())) : QString();
 }
 
-QString TimesheetModel::exportName() {
-    return QStringLiteral("Elmworth Timesheet.csv");
+QUrl TimesheetModel::exportFile() {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(folder).isDir()) folder = QDir::homePath();
+    return QUrl::fromLocalFile(folder + QStringLiteral("/Elmworth Timesheet.csv"));
 }
 
 void TimesheetModel::exportTo(const QUrl& file) {
@@ -180,7 +190,7 @@ void TimesheetModel::exportTo(const QUrl& file) {
             QStringLiteral("Only a file on this computer can be written. Choose another place."));
     }
     const auto problem = exportTimesheet(services_.context, contents_.filter(), services_.now(),
-                                         services_.calendar(), file.toLocalFile().toStdString());
+                                         services_.calendar(), pathOf(file).toStdString());
     if (problem) commands_.say(QString::fromStdString(*problem));
 }
 

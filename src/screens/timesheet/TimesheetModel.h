@@ -54,7 +54,6 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool menuOffersContinue READ menuOffersContinue NOTIFY menuChanged FINAL)
     Q_PROPERTY(bool menuOffersMove READ menuOffersMove NOTIFY menuChanged FINAL)
     Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
-    Q_PROPERTY(QString exportName READ exportName CONSTANT FINAL)
 
  public:
     explicit TimesheetModel(const PanelServices& services);
@@ -112,7 +111,8 @@ class TimesheetModel final : public QObject {
     Q_INVOKABLE void menuDuplicate();
     Q_INVOKABLE void menuDelete();
 
-    [[nodiscard]] static QString exportName();
+    /// "Elmworth Timesheet.csv" in the user's documents, or at home where there are none.
+    [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
     /// Writes what is shown as CSV. What goes wrong is said.
     Q_INVOKABLE void exportTo(const QUrl& file);
 

@@ -90,7 +90,7 @@ FocusScope {
         search: view.model.menuProjects.search
         onSearched: text => view.model.menuProjects.search = text
         onChosen: row => view.model.menuProjects.choose(row)
-        onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
+        onClosed: list.takeKeyboard(Qt.PopupFocusReason)
     }
 
     ConfirmSheet {
@@ -159,7 +159,8 @@ FocusScope {
             fileMode: FileDialog.SaveFile
             defaultSuffix: "csv"
             nameFilters: ["CSV (*.csv)", "All files (*)"]
-            currentFile: view.model.exportName
+            acceptLabel: "Save"
+            currentFile: view.model.exportFile()
             Component.onCompleted: open()
             onAccepted: view.model.exportTo(selectedFile)
             onVisibleChanged: if (!visible) Qt.callLater(saving.finish)

@@ -90,7 +90,15 @@ GlassCard {
             Layout.fillWidth: true
             placeholderText: "What are you working on?"
             text: card.model.notes
-            onTextEdited: card.model.notes = text
+            maximumLength: 0x7fffffff
+            onTextChanged: {
+                if (text === card.model.notes)
+                    return;
+                card.model.notes = text;
+                // Assistive technology types without the focus, which ends no editing.
+                if (!activeFocus)
+                    card.model.saveNotes();
+            }
             onAccepted: card.model.saveNotes()
         }
 
