@@ -16,8 +16,11 @@ FocusScope {
     /// Whether nothing lies over this screen.
     readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible
 
-    onVisibleChanged: model.isShown = visible
-    Component.onCompleted: model.isShown = visible
+    /// Nobody sees a screen in a window that is closed or minimized.
+    readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
+
+    onIsSeenChanged: model.isShown = isSeen
+    Component.onCompleted: model.isShown = isSeen
 
     Shortcut {
         enabled: view.isInFront
