@@ -6,6 +6,7 @@ import ctypes
 
 REVERT_TO_PARENT = 2
 CURRENT_TIME = 0
+KEYS = {" ": "space", "/": "slash", ".": "period", "-": "minus", ",": "comma"}
 
 
 class Keyboard:
@@ -42,15 +43,28 @@ class Keyboard:
                 return True
         return False
 
+    def code(self, name):
+        symbol = self.x11.XStringToKeysym(name.encode())
+        assert symbol, f"no key is named {name}"
+        return self.x11.XKeysymToKeycode(self.display, ctypes.c_ulong(symbol))
+
+    def press(self, name):
+        self.xtest.XTestFakeKeyEvent(self.display, self.code(name), True, CURRENT_TIME)
+
+    def release(self, name):
+        self.xtest.XTestFakeKeyEvent(self.display, self.code(name), False, CURRENT_TIME)
+
     def key(self, keys):
         """Presses keys together, as "Control_L+Alt_L+period"."""
-        codes = []
-        for name in keys.split("+"):
-            symbol = self.x11.XStringToKeysym(name.encode())
-            assert symbol, f"no key is named {name}"
-            codes.append(self.x11.XKeysymToKeycode(self.display, ctypes.c_ulong(symbol)))
-        for code in codes:
-            self.xtest.XTestFakeKeyEvent(self.display, code, True, CURRENT_TIME)
-        for code in reversed(codes):
-            self.xtest.XTestFakeKeyEvent(self.display, code, False, CURRENT_TIME)
+        names = keys.split("+")
+        for name in names:
+            self.press(name)
+        for name in reversed(names):
+            self.release(name)
         self.x11.XSync(self.display, False)
+
+    def type(self, text):
+        """Types letters, digits and what is written between them in dates and sentences."""
+        for letter in text:
+            key = KEYS.get(letter, letter)
+            self.key("Shift_L+" + key if key.isupper() else key)

@@ -8,7 +8,8 @@ DEADLINE_SECONDS = 20
 
 
 def wait_until(condition, what):
-    """Lets the buses deliver events until the condition gives something, and returns that."""
+    """Lets the buses deliver events until the condition gives something, and returns that. What it waits for may be
+    a function, which is asked when it never happened."""
     loop = GLib.MainContext.default()
     expired = []
     deadline = GLib.timeout_add_seconds(DEADLINE_SECONDS, lambda: expired.append(True))
@@ -19,7 +20,7 @@ def wait_until(condition, what):
             if result:
                 return result
             if expired:
-                raise AssertionError(f"never happened: {what}")
+                raise AssertionError(f"never happened: {what() if callable(what) else what}")
             loop.iteration(True)
     finally:
         GLib.source_remove(wake)

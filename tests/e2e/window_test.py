@@ -147,7 +147,7 @@ class Window(unittest.TestCase):
         keyboard = self.take_keyboard()
         keyboard.key("Tab")  # from the timesheet's list to the beginning
         wait_until(lambda: focused_name() == "Menu", "the focus on the menu")
-        order = ["Menu", *SECTIONS, "Stop timer", "New Entry"]
+        order = ["Menu", *SECTIONS, "Stop timer", "Export CSV", "New Entry"]
         for name in order[1:]:
             keyboard.key("Tab")
             wait_until(lambda: focused_name() == name, f"the focus on {name} after {focused_name()}")

@@ -38,6 +38,7 @@ Basic.SplitView {
         currentIndex: view.model.section
 
         TimesheetView {
+            focus: true
             model: view.model.timesheet
         }
 

@@ -32,7 +32,6 @@ Basic.ApplicationWindow {
 
     MainView {
         anchors.fill: parent
-        focus: true
         model: window.model
         onCloseRequested: window.close()
     }

@@ -1,0 +1,176 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What changes under an open editor or menu, and what can't be written: nothing crashes, and nothing typed is lost
+without a word."""
+
+import os
+import resource
+import signal
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(__file__))
+from pointer import RIGHT
+from timesheet_window import TimesheetWindow, find, press, wait_until
+
+FAILED = "“Elmworth Timesheet.csv” can't be written: "
+FULL = 1000  # no file may be longer
+
+
+class BadInput(TimesheetWindow):
+    def fill(self):
+        self.elmworth("project", "add", "App", "--client", "Acme Co")
+        self.log("2026-11-18T13:00", "2026-11-18T14:00", "Wednesday", project="App")
+        self.log("2026-11-19T09:00", "2026-11-19T09:45", "Early")
+        # A disk that is full is an error of a write and no signal.
+        former = signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+        self.addCleanup(signal.signal, signal.SIGXFSZ, former)
+        self.start(restore_signals=False)
+        self.see("Early", "Wednesday")
+        self.take_keyboard()
+
+    def limit_files(self, size):
+        resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE, (size, resource.RLIM_INFINITY))
+
+    def edit(self, notes):
+        self.pointer.double_click(self.line(notes))
+        wait_until(lambda: find("Save"), "the sheet")
+
+    def alive(self):
+        self.assertIsNone(self.program.poll())
+
+    def test_an_entry_billed_under_its_editor_can_only_be_read(self):
+        self.edit("Early")
+        self.fill_in("Notes", "Typed")
+        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", "2026-11-19", "--through", "2026-11-19")
+        wait_until(lambda: find("Billed Entry"), "the other title")
+        wait_until(lambda: find("On invoice INV-2026-001. Delete the invoice to edit this entry."), "why")
+        self.wait_for_end("Save")
+        self.assertEqual(self.value("Notes"), "Typed")
+        press("Close")
+        self.wait_for_end("Billed Entry")
+        self.see("Early", "Wednesday")
+
+    def test_an_entry_deleted_under_its_editor_is_saved_as_a_new_one(self):
+        self.edit("Early")
+        self.fill_in("Notes", "Typed")
+        self.elmworth("project", "delete", "Website")
+        wait_until(lambda: not self.is_available("Save"), "the project's end")
+        press("Project", "combo box")
+        press("Acme Co — App", "menu item")
+        press("Save")
+        self.see("Typed", "Wednesday")
+        self.alive()
+
+    def test_a_timer_stopped_under_its_editor_gets_its_end(self):
+        self.elmworth("start", "Website", "--notes", "Live")
+        self.set_clock("2026-11-19T16:00:30")
+        wait_until(lambda: self.line("Live"), "the running entry")
+        self.edit("Live")
+        wait_until(lambda: find("Running"), "no end")
+        self.elmworth("stop")
+        wait_until(lambda: find("End time", "text"), "the end")
+        self.assertEqual(self.value("End time"), self.place.time("2026-11-19T16:00"))
+        press("Save")
+        self.wait_for_end("Edit Entry")
+        self.assertEqual(self.entries()[0]["seconds"] // 60, 60)
+
+    def test_the_menu_of_an_entry_that_is_deleted_does_nothing(self):
+        self.pointer.click(self.line("Early"), button=RIGHT)
+        wait_until(lambda: find("Edit", "menu item"), "the menu")
+        self.elmworth("project", "delete", "Website")
+        self.see("Wednesday")
+        press("Delete", "menu item")
+        self.wait_for_end("Delete", "menu item")
+        self.assertEqual(self.notes(), ["Wednesday"])
+        self.alive()
+
+    def test_the_menu_keeps_to_its_entry_when_others_come(self):
+        self.pointer.click(self.line("Early"), button=RIGHT)
+        wait_until(lambda: find("Delete", "menu item"), "the menu")
+        self.log("2026-11-19T12:00", "2026-11-19T13:00", "Newer")
+        self.see("Newer", "Early", "Wednesday")
+        press("Delete", "menu item")
+        self.see("Newer", "Wednesday")
+
+    def test_a_question_about_an_entry_that_is_deleted_asks_no_more_than_it_can_do(self):
+        self.pointer.click(self.line("Early"))
+        self.key("Delete")
+        wait_until(lambda: find("Delete this entry?", "dialog"), "the question")
+        self.elmworth("project", "delete", "Website")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        self.wait_for_end("Delete this entry?")
+        self.see("Wednesday")
+        self.alive()
+
+    def test_a_folder_that_goes_away_is_told_of(self):
+        folder = self.home / "Documents"
+        folder.mkdir()
+        save = self.ask_for_a_file()
+        folder.rmdir()
+        self.pointer.click(save)
+        wait_until(lambda: find(FAILED + "No such file or directory."), "what went wrong")
+
+    def test_a_full_disk_is_told_of_and_leaves_the_former_file(self):
+        former = self.home / "Elmworth Timesheet.csv"
+        former.write_text("former")
+        for hour in range(9, 15):
+            self.log(f"2026-11-17T{hour:02}:00", f"2026-11-17T{hour:02}:30", "A long note " * 20)
+        save = self.ask_for_a_file()
+        self.limit_files(FULL)
+        self.pointer.click(save)
+        wait_until(lambda: find(FAILED + "File too large."), "what went wrong")
+        self.assertEqual(former.read_text(), "former")
+        self.assertEqual([file for file in self.home.iterdir() if "Timesheet" in file.name], [former])
+
+    def ask_for_a_file(self):
+        press("Export CSV")
+        return wait_until(lambda: find("Save"), "the dialog")
+
+    def test_what_a_full_disk_keeps_from_being_saved_is_saved_later(self):
+        self.limit_files(FULL)
+        self.edit("Early")
+        self.fill_in("Notes", "Kept")
+        press("Save")
+        self.see("Kept", "Wednesday")
+        self.limit_files(resource.RLIM_INFINITY)
+        self.edit("Wednesday")
+        self.fill_in("Notes", "Kept too")
+        press("Save")
+        self.see("Kept", "Kept too")
+        self.program.kill()
+        self.program.wait()
+        self.assertEqual(self.notes(), ["Kept", "Kept too"])
+
+    def test_notes_of_a_book_are_kept_whole(self):
+        self.edit("Early")
+        book = "0123456789" * 10_000
+        self.fill_in("Notes", book)
+        press("Save")
+        self.wait_for_end("Edit Entry")
+        self.assertEqual(self.notes()[0], book)
+
+    def test_notes_of_a_book_survive_the_banner(self):
+        book = "0123456789" * 10_000
+        self.elmworth("start", "Website", "--notes", book)
+        wait_until(lambda: find("What are you working on?", "text"), "the banner")
+        self.tab_to("What are you working on?")
+        self.key("End")
+        self.keyboard.type("x")
+        self.key("Return")
+        wait_until(lambda: self.running()["notes"] == book + "x", "the notes")
+
+    def test_an_entry_of_thirty_years_shows(self):
+        self.log("1996-11-19T09:00", "2026-11-19T10:00", "Thirty years")
+        wait_until(lambda: self.line("Thirty years"), "the entry")
+        self.edit("Thirty years")
+        self.fill_in("Start date", "2026-11-19")
+        press("Save")
+        self.see("Thirty years", "Early", "Wednesday")
+        self.alive()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,301 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The timesheet by the keyboard alone, at two places."""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(__file__))
+from place import BERLIN, NEW_YORK
+from timesheet_window import TimesheetWindow, find, focused, focused_name, wait_until
+
+BILLED = "Billed entries are read-only"
+
+
+class Keys:
+    def fill(self):
+        self.elmworth("client", "add", "Globex")
+        self.elmworth("project", "add", "App", "--client", "Globex")
+        self.log("2026-11-12T09:00", "2026-11-12T10:00", "Last week")
+        self.log("2026-11-17T10:00", "2026-11-17T11:30", "Tuesday")
+        self.log("2026-11-18T13:00", "2026-11-18T14:00", "Wednesday", project="App")
+        self.log("2026-11-19T09:00", "2026-11-19T09:45", "Early")
+        self.log("2026-11-19T11:00", "2026-11-19T12:00", "Late")
+        self.start()
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.take_keyboard()
+
+    def to_the_list(self, downs=1):
+        self.tab_to("Entries")
+        for _ in range(downs):
+            self.key("Down")
+
+    def select(self, *notes):
+        wait_until(lambda: self.selected() == list(notes), lambda: f"{notes} selected, not {self.selected()}")
+
+    def test_tab_goes_in_reading_order_and_back(self):
+        self.elmworth("start", "Website")
+        wait_until(lambda: find("Stop timer"), "the timer")
+        order = ["Menu", "Timesheet", "Clients", "Projects", "Invoices", "Stop timer", "Export CSV", "New Entry",
+                 "What are you working on?", "Stop", self.column(), "Range: This Week", "Client: All Clients",
+                 "Project: All Projects", "Unbilled", "Search notes", "Entries"]
+        self.tab_to("Menu")
+        for before, name in zip(order, order[1:]):
+            self.key("Tab")
+            wait_until(lambda: focused_name() == name, lambda: f"{name} after {before}, not {focused_name()}")
+        for name in reversed(order[:-1]):
+            self.key("Shift_L+Tab")
+            self.wait_for_focus(name)
+
+    def column(self):
+        """The chart's first day."""
+        return next(node.name for node in find("Hours by day", "chart") if node.getRoleName() == "list item")
+
+    def test_an_entry_is_added(self):
+        self.key("Control_L+n")
+        self.wait_for_focus("Start time")
+        self.keyboard.type("1415")
+        self.tab_to("Start date", backwards=True)
+        self.keyboard.type(self.place.date("2026-11-16"))
+        self.tab_to("End date")
+        self.keyboard.type("2026-11-16")
+        self.tab_to("End time")
+        self.keyboard.type("16.00")
+        self.tab_to("Notes")
+        self.keyboard.type("Monday")
+        self.key("Control_L+Return")
+        self.see("Late", "Early", "Wednesday", "Tuesday", "Monday")
+        entry = self.entries()[-2]
+        self.assertEqual((entry["notes"], entry["seconds"]), ("Monday", 6300))
+
+    def test_return_edits_the_selected_entry_and_escape_leaves_it(self):
+        self.to_the_list(downs=2)
+        self.select("Early")
+        self.key("Return")
+        self.wait_for_focus("Start time")
+        self.tab_to("Notes")
+        self.key("Control_L+a")
+        self.keyboard.type("never")
+        self.key("Escape")
+        self.wait_for_end("Edit Entry")
+        self.key("Return")
+        self.wait_for_focus("Start time")
+        self.tab_to("Notes")
+        self.key("Control_L+a")
+        self.keyboard.type("Noon")
+        self.key("Control_L+Return")
+        self.see("Late", "Noon", "Wednesday", "Tuesday")
+
+    def test_several_are_selected(self):
+        self.to_the_list()
+        self.select("Late")
+        self.key("Shift_L+Down")
+        self.key("Shift_L+Down")
+        self.select("Late", "Early", "Wednesday")
+        self.key("Shift_L+Up")
+        self.select("Late", "Early")
+        self.key("Control_L+a")
+        self.select("Late", "Early", "Wednesday", "Tuesday")
+        self.key("Escape")
+        self.select()
+        self.key("End")
+        self.select("Tuesday")
+        self.key("Home")
+        self.select("Late")
+
+    def open_menu(self, keys):
+        self.key(keys)
+        wait_until(lambda: find("Delete", "menu item"), "the menu")
+
+    def choose(self, name):
+        """Goes down the open menu."""
+        for _ in range(12):
+            if focused_name() == name:
+                return self.key("Return")
+            before = focused_name()
+            self.key("Down")
+            wait_until(lambda: focused_name() != before, f"the item after {before}")
+        raise AssertionError(f"no {name} in the menu")
+
+    def test_the_menu_moves_what_is_selected_and_undo_takes_it_back(self):
+        self.to_the_list(downs=2)
+        self.key("Shift_L+Down")
+        self.select("Early", "Wednesday")
+        self.open_menu("Menu")
+        self.choose("Move to Project")
+        self.wait_for_focus("Search projects")
+        self.keyboard.type("app")
+        wait_until(lambda: not find("Website — Acme Co", "menu item"), "the search")
+        self.key("Return")
+        self.wait_for_projects("Website", "App", "App", "Website", "Website")
+        self.key("Control_L+z")
+        self.wait_for_projects("Website", "Website", "App", "Website", "Website")
+        self.key("Control_L+Shift_L+z")
+        self.wait_for_projects("Website", "App", "App", "Website", "Website")
+
+    def wait_for_projects(self, *names):
+        wait_until(lambda: [entry["project"] for entry in self.entries()] == list(names), f"{names}")
+
+    def test_the_menu_duplicates(self):
+        self.to_the_list(downs=4)
+        self.select("Tuesday")
+        self.open_menu("Shift_L+F10")
+        self.choose("Duplicate to Today")
+        self.see("Late", "Tuesday", "Early", "Wednesday", "Tuesday")
+        self.key("Control_L+z")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+
+    def test_the_menu_continues_and_escape_closes_it(self):
+        self.to_the_list(downs=3)
+        self.select("Wednesday")
+        self.open_menu("Menu")
+        self.key("Escape")
+        self.wait_for_end("Delete", "menu item")
+        self.open_menu("Menu")
+        self.choose("Continue Tracking")
+        wait_until(lambda: self.running().get("notes") == "Wednesday", "the timer")
+        self.wait_for_end("Delete", "menu item")
+        self.key("Control_L+Alt_L+period")
+        wait_until(lambda: not self.running(), "the end of the timer")
+
+    def test_delete_asks_and_leaves_what_is_billed(self):
+        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", "2026-11-17", "--through", "2026-11-17")
+        self.to_the_list(downs=2)
+        self.key("Shift_L+Down")
+        self.key("Shift_L+Down")
+        self.select("Early", "Wednesday", "Tuesday")
+        self.key("Delete")
+        wait_until(lambda: find("Delete 3 entries?", "dialog"), "the question")
+        self.key("Escape")
+        self.wait_for_end("Delete 3 entries?")
+        self.key("Delete")
+        wait_until(lambda: find("Delete 3 entries?", "dialog"), "the question")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        wait_until(lambda: find(BILLED, "dialog"), "the alert")
+        self.wait_for_focus("OK")
+        self.key("Return")
+        self.wait_for_end(BILLED)
+        self.see("Late", "Tuesday")
+        self.key("Control_L+z")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.key("Control_L+Shift_L+z")
+        self.see("Late", "Tuesday")
+
+    def test_the_notice_takes_a_delete_back(self):
+        self.to_the_list()
+        self.key("Delete")
+        wait_until(lambda: find("Delete this entry?", "dialog"), "the question")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        wait_until(lambda: find("Undo"), "the notice")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.tab_to("Undo")
+        self.key("Return")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+
+    def test_each_filter(self):
+        self.tab_to("Client: All Clients")
+        self.key("Return")
+        self.wait_for_focus("Search clients")
+        self.key("Down", "Down", "Return")
+        self.wait_for_focus("Client: Globex")
+        self.see("Wednesday")
+        self.tab_to("Clear")
+        self.key("Return")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.tab_to("Project: All Projects", backwards=True)
+        self.key("space")
+        self.wait_for_focus("Search projects")
+        self.keyboard.type("web")
+        wait_until(lambda: not find("App", "menu item"), "the search")
+        self.key("Return")
+        self.see("Late", "Early", "Tuesday")
+        self.key("Control_L+f")
+        self.wait_for_focus("Search notes")
+        self.keyboard.type("tue")
+        self.see("Tuesday")
+        self.key("Escape")
+        self.see("Late", "Early", "Tuesday")
+        self.assertEqual(self.value("Search notes"), "")
+        self.wait_for_focus("Entries")
+        self.key("Down")
+        self.select("Late")
+
+    def test_periods(self):
+        self.tab_to("Range: This Week")
+        self.key("Return")
+        wait_until(lambda: find("Last Week", "menu item"), "the periods")
+        self.choose("Last Week")
+        self.see("Last week")
+        self.wait_for_focus("Range: Last Week")
+        self.key("Return")
+        wait_until(lambda: find("Custom", "menu item"), "the periods")
+        self.choose("Custom")
+        wait_until(lambda: find("From", "text"), "the days")
+        self.tab_to("From")
+        self.keyboard.type(self.place.date("2026-11-17"))
+        self.tab_to("To")
+        self.keyboard.type(self.place.date("2026-11-18"))
+        self.key("Tab")
+        self.see("Wednesday", "Tuesday")
+
+    def test_unbilled_only(self):
+        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", "2026-11-17", "--through", "2026-11-17")
+        self.tab_to("Unbilled")
+        self.key("space")
+        self.see("Late", "Early", "Wednesday")
+        self.key("space")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+
+    def test_the_banner_takes_notes_and_stops(self):
+        self.elmworth("start", "Website")
+        wait_until(lambda: find("Stop"), "the banner")
+        self.tab_to("What are you working on?")
+        self.keyboard.type("Typed")
+        self.key("Return")
+        wait_until(lambda: self.running().get("notes") == "Typed", "the notes")
+        self.key("Tab")
+        self.wait_for_focus("Stop")
+        self.key("Return")
+        wait_until(lambda: not self.running(), "the end of the timer")
+
+    def test_export(self):
+        self.tab_to("Export CSV")
+        self.key("Return")
+        wait_until(lambda: find("Export CSV", "dialog"), "the dialog")
+        self.tab_to_text("Elmworth Timesheet.csv")
+        self.key("Control_L+a")
+        self.keyboard.type("week.csv")
+        self.tab_to("Save")
+        self.key("space")
+        file = self.home / "week.csv"
+        rows = wait_until(lambda: self.rows(file), "the file")
+        self.assertEqual([row["Notes"] for row in rows], ["Tuesday", "Wednesday", "Early", "Late"])
+
+    def tab_to_text(self, text):
+        """Into the field that holds this text."""
+        def holds():
+            node = focused()
+            return node and node.getRoleName() == "text" and node.queryText().getText(0, -1) == text
+        for _ in range(20):
+            if holds():
+                return
+            before = focused()
+            self.key("Tab")
+            wait_until(lambda: focused() != before, "the next focus")
+        raise AssertionError(f"Tab does not reach {text}")
+
+
+class InNewYork(Keys, TimesheetWindow):
+    place = NEW_YORK
+
+
+class InBerlin(Keys, TimesheetWindow):
+    place = BERLIN
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,238 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Elmworth authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The timesheet, worked through the accessibility tree and with the mouse, at two places."""
+
+import datetime
+import os
+import sys
+import unittest
+
+import pyatspi
+
+sys.path.insert(0, os.path.dirname(__file__))
+from place import BERLIN, NEW_YORK
+from pointer import RIGHT
+from timesheet_window import TimesheetWindow, find, press, showing, wait_until
+
+BILLED = "Billed entries are read-only"
+MENU = ["Edit", "Continue Tracking", "Duplicate to Today", "Move to Project", "Delete"]
+
+
+class Review:
+    """What is done with the tracked time of two weeks."""
+
+    def fill(self):
+        self.elmworth("client", "add", "Globex")
+        self.elmworth("project", "add", "App", "--client", "Globex")
+        self.log("2026-11-12T09:00", "2026-11-12T10:00", "Last week")
+        self.log("2026-11-17T10:00", "2026-11-17T11:30", "Tuesday")
+        self.log("2026-11-18T13:00", "2026-11-18T14:00", "Wednesday", project="App")
+        self.log("2026-11-19T09:00", "2026-11-19T09:45", "Early")
+        self.log("2026-11-19T11:00", "2026-11-19T12:00", "Late")
+        self.start()
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+
+    def bill(self, *days):
+        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", days[0], "--through", days[-1])
+
+    def hands(self):
+        self.take_keyboard()
+        return self.pointer
+
+    def menu(self, notes, *items):
+        """Opens the menu of an entry with the right button and presses what it offers."""
+        self.pointer.click(self.line(notes), button=RIGHT)
+        for item in items:
+            press(item, "menu item")
+
+    def times(self, notes):
+        """The local times of an entry."""
+        entry = next(entry for entry in self.entries() if entry["notes"] == notes)
+        return tuple(datetime.datetime.fromisoformat(entry[key].replace("Z", "+00:00"))
+                     .astimezone(self.place.zone_info).strftime("%Y-%m-%dT%H:%M") for key in ("start", "end"))
+
+    def projects(self):
+        return {entry["notes"]: entry["project"] for entry in self.entries()}
+
+    def test_a_line_says_all_about_its_entry(self):
+        time = self.place.time
+        self.assertEqual(self.lines()[:3], [
+            f"Today, {self.place.month_day('2026-11-19')}, 1:45",
+            f"Website, Acme Co, Late, {time('2026-11-19T11:00')} – {time('2026-11-19T12:00')}, 1:00",
+            f"Website, Acme Co, Early, {time('2026-11-19T09:00')} – {time('2026-11-19T09:45')}, 0:45"])
+        self.assertTrue(find("Yesterday, " + self.place.month_day("2026-11-18") + ", 1:00", "heading"))
+        self.assertTrue(find(self.place.weekday("2026-11-17") + ", " + self.place.month_day("2026-11-17") + ", 1:30"))
+
+    def test_an_entry_is_added(self):
+        press("New Entry")
+        wait_until(lambda: find("Save"), "the sheet")
+        self.fill_in("Start date", self.place.date("2026-11-16"))
+        self.fill_in("Start time", "1415")
+        self.fill_in("End date", self.place.date("2026-11-16"))
+        self.fill_in("End time", "1600")
+        self.fill_in("Notes", "Monday")
+        press("Save")
+        self.see("Late", "Early", "Wednesday", "Tuesday", "Monday")
+        self.assertEqual(self.times("Monday"), ("2026-11-16T14:15", "2026-11-16T16:00"))
+
+    def test_an_entry_is_added_on_a_day(self):
+        head = find("Yesterday, " + self.place.month_day("2026-11-18") + ", 1:00", "heading")
+        head[0].queryAction().doAction(0)
+        wait_until(lambda: find("Save"), "the sheet")
+        self.assertEqual(self.value("Start time"), self.place.time("2026-11-18T09:00"))
+        press("30m")
+        self.fill_in("Notes", "Call")
+        press("Save")
+        self.see("Late", "Early", "Wednesday", "Call", "Tuesday")
+        self.assertEqual(self.times("Call"), ("2026-11-18T09:00", "2026-11-18T09:30"))
+
+    def test_an_entry_is_edited_with_a_double_click(self):
+        self.hands().double_click(self.line("Early"))
+        wait_until(lambda: find("Edit Entry"), "the sheet")
+        self.fill_in("Start time", "1200")
+        wait_until(lambda: find("End must be after start."), "what is wrong")
+        self.assertFalse(self.is_available("Save"))
+        self.fill_in("End time", "1230")
+        self.fill_in("Notes", "Noon")
+        self.wait_for_end("End must be after start.")
+        press("Save")
+        self.see("Noon", "Late", "Wednesday", "Tuesday")
+        self.assertEqual(self.times("Noon"), ("2026-11-19T12:00", "2026-11-19T12:30"))
+
+    def test_each_filter_narrows_what_shows_and_clear_takes_them_back(self):
+        press("Client: All Clients")
+        press("Globex", "menu item")
+        self.see("Wednesday")
+        press("Project: All Projects")
+        wait_until(lambda: find("App", "menu item"), "the client's project")
+        self.assertIsNone(find("Website", "menu item"))
+        press("App", "menu item")
+        wait_until(lambda: find("Project: App"), "the filter by project")
+        press("Clear")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        press("Project: All Projects")
+        press("Website", "menu item")
+        self.see("Late", "Early", "Tuesday")
+        self.fill_in("Search notes", "tue")
+        self.see("Tuesday")
+        press("Clear search")
+        self.see("Late", "Early", "Tuesday")
+        self.bill("2026-11-17")
+        press("Unbilled", "check box")
+        self.see("Late", "Early")
+        press("Clear")
+        self.see("Late", "Early", "Wednesday")
+        self.wait_for_end("Clear")
+        self.assertTrue(find("Unbilled", "check box").getState().contains(pyatspi.STATE_CHECKED))
+
+    def test_periods(self):
+        for name, notes in (("Today", ["Late", "Early"]), ("Yesterday", ["Wednesday"]), ("Last Week", ["Last week"]),
+                            ("This Month", ["Late", "Early", "Wednesday", "Tuesday", "Last week"]),
+                            ("This Week", ["Late", "Early", "Wednesday", "Tuesday"])):
+            self.choose_period(name)
+            self.see(*notes)
+
+    def test_an_own_period_may_be_typed_in_either_order(self):
+        self.choose_period("Custom")
+        self.fill_in("From", self.place.date("2026-11-18"))
+        self.fill_in("To", self.place.date("2026-11-17"))
+        self.see("Wednesday", "Tuesday")
+
+    def test_several_are_selected_with_ctrl_and_shift(self):
+        pointer = self.hands()
+        pointer.click(self.line("Late"))
+        wait_until(lambda: self.selected() == ["Late"], "one")
+        pointer.click(self.line("Wednesday"), held="Shift_L")
+        wait_until(lambda: self.selected() == ["Late", "Early", "Wednesday"], "three")
+        pointer.click(self.line("Early"), held="Control_L")
+        wait_until(lambda: self.selected() == ["Late", "Wednesday"], "two")
+        self.line("Tuesday").queryAction().doAction(0)
+        wait_until(lambda: self.selected() == ["Tuesday"], "what was pressed")
+
+    def test_the_menu_moves_what_is_selected(self):
+        pointer = self.hands()
+        pointer.click(self.line("Early"))
+        pointer.click(self.line("Tuesday"), held="Control_L")
+        self.menu("Early")
+        wait_until(lambda: find("Delete", "menu item"), "the menu")
+        self.assertEqual([name for name in MENU if find(name, "menu item")], MENU)
+        press("Move to Project", "menu item")
+        press("App — Globex", "menu item")
+        wait_until(lambda: self.projects()["Tuesday"] == "App", "the move")
+        self.assertEqual(self.projects()["Early"], "App")
+        self.assertEqual(self.projects()["Late"], "Website")
+
+    def test_the_menu_duplicates_to_today(self):
+        self.hands()
+        self.menu("Tuesday", "Duplicate to Today")
+        self.see("Late", "Tuesday", "Early", "Wednesday", "Tuesday")
+        copy = max(entry["start"] for entry in self.entries() if entry["notes"] == "Tuesday")
+        self.assertEqual(datetime.datetime.fromisoformat(copy.replace("Z", "+00:00")).timestamp(),
+                         self.place.instant("2026-11-19T10:00"))
+
+    def test_the_menu_continues(self):
+        self.hands()
+        self.menu("Wednesday", "Continue Tracking")
+        wait_until(lambda: self.running().get("notes") == "Wednesday", "the timer")
+        wait_until(lambda: find("Now tracking", "panel"), "the banner")
+        self.assertEqual(self.running()["project"], "App")
+        self.menu("Early")
+        wait_until(lambda: find("Delete", "menu item"), "the menu")
+
+    def test_billed_and_unbilled_are_deleted_together_and_undone(self):
+        self.bill("2026-11-17")
+        pointer = self.hands()
+        pointer.click(self.line("Early"))
+        pointer.click(self.line("Tuesday"), held="Shift_L")
+        wait_until(lambda: len(self.selected()) == 3, "three")
+        self.menu("Early", "Delete")
+        wait_until(lambda: find(BILLED, "dialog"), "the alert")
+        press("OK")
+        self.see("Late", "Tuesday")
+        self.assertEqual(self.notes(), ["Late", "Tuesday", "Last week"])
+        press("Undo")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.wait_for_end("Undo")
+
+    def test_what_runs_is_named_and_stopped_in_the_banner(self):
+        self.elmworth("start", "Website")
+        self.fill_in("What are you working on?", "Typed")
+        wait_until(lambda: self.running().get("notes") == "Typed", "the notes")
+        live = "Website, Acme Co, Typed, Live, " + self.place.time(self.now) + " – now, 0:00"
+        wait_until(lambda: live in self.lines(), live)
+        press("Stop")
+        wait_until(lambda: not self.running(), "the end of the timer")
+        self.wait_for_end("Stop")
+
+    def test_what_shows_is_exported(self):
+        press("Project: All Projects")
+        press("Website", "menu item")
+        self.see("Late", "Early", "Tuesday")
+        press("Export CSV")
+        self.hands().click(wait_until(lambda: find("Save"), "the dialog"))
+        file = self.home / "Elmworth Timesheet.csv"
+        rows = wait_until(lambda: self.rows(file), "the file")
+        self.assertEqual([row["Notes"] for row in rows], ["Tuesday", "Early", "Late"])  # the oldest first
+        start = datetime.datetime(2026, 11, 17, 10, tzinfo=self.place.zone_info)
+        self.assertEqual((rows[0]["Start"], rows[0]["Hours"]), (start.isoformat(), "1.50"))
+
+    def test_every_control_has_a_role_and_a_name(self):
+        self.elmworth("start", "Website")
+        wait_until(lambda: find("Now tracking", "panel"), "the banner")
+        self.assertEqual(self.nameless(), [])
+        press("New Entry")
+        wait_until(lambda: find("Save"), "the sheet")
+        self.assertEqual(self.nameless(), [])
+
+
+class InNewYork(Review, TimesheetWindow):
+    place = NEW_YORK
+
+
+class InBerlin(Review, TimesheetWindow):
+    place = BERLIN
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
