@@ -36,6 +36,7 @@ TEST_P(MovesIntoOrder, areAsFewAsPossible) {
     const auto moves = movesIntoOrder(GetParam().order);
     EXPECT_EQ(afterMoves(GetParam().order, moves), sorted);
     EXPECT_EQ(moves.size(), GetParam().moves);
+    EXPECT_EQ(moveCountIntoOrder(GetParam().order), GetParam().moves);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, MovesIntoOrder,
@@ -53,7 +54,9 @@ TEST(RowMove, allArrangementsOfSixRowsComeIntoOrder) {
     Order order{0, 1, 2, 3, 4, 5};
     const Order sorted = order;
     do {
-        ASSERT_EQ(afterMoves(order, movesIntoOrder(order)), sorted);
+        const auto moves = movesIntoOrder(order);
+        ASSERT_EQ(afterMoves(order, moves), sorted);
+        ASSERT_EQ(moveCountIntoOrder(order), moves.size());
     } while (std::next_permutation(order.begin(), order.end()));
 }
 

@@ -20,7 +20,10 @@ QString countOfEntries(std::size_t count) {
 EntryCommandsModel::EntryCommandsModel(const PanelServices& services)
     : context_(services.context),
       editing_(services.context, services.timer, services.now, services.calendar) {
-    historyObservation_ = editing_.history().observe([this] { Q_EMIT historyChanged(); });
+    historyObservation_ = editing_.history().observe([this] {
+        if (noticeOffersUndo_) dismissNotice();  // another step is the newest now
+        Q_EMIT historyChanged();
+    });
 }
 
 QString EntryCommandsModel::pendingDeleteTitle() const {

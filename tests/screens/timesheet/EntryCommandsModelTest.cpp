@@ -89,6 +89,18 @@ TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
     EXPECT_EQ(rowCount(), 2);
 }
 
+TEST_F(EntryCommands, theNoticeOfADeletionGoesWhenItIsNoLongerTheNewestStep) {
+    commands().deleteEntries(ids({a}));
+    commands().moveEntries(ids({b}), shop);
+    EXPECT_EQ(utf8(commands().notice()), "") << "its undo would take the move back";
+    EXPECT_FALSE(commands().noticeOffersUndo());
+    commands().deleteEntries(ids({b}));
+    EXPECT_EQ(utf8(commands().notice()), "Deleted 1 entry.");
+    commands().deleteEntries(ids({billed}));
+    EXPECT_EQ(utf8(commands().notice()), "Deleted 1 entry.");
+    EXPECT_TRUE(commands().noticeOffersUndo());
+}
+
 TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
     commands().undo();
     commands().redo();
