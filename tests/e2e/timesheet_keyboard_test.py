@@ -113,7 +113,8 @@ class Keys:
         """Goes down the open menu."""
         for _ in range(12):
             if focused_name() == name:
-                return self.key("Return")
+                self.key("Return")
+                return self.wait_for_end(name, "menu item")
             before = focused_name()
             self.key("Down")
             wait_until(lambda: focused_name() != before, f"the item after {before}")
@@ -156,7 +157,6 @@ class Keys:
         self.open_menu("Menu")
         self.choose("Continue Tracking")
         wait_until(lambda: self.running().get("notes") == "Wednesday", "the timer")
-        self.wait_for_end("Delete", "menu item")
         self.key("Control_L+Alt_L+period")
         wait_until(lambda: not self.running(), "the end of the timer")
 
