@@ -37,6 +37,7 @@ constexpr std::array images{
     SystemImage{u"circle", 0xE836},
     SystemImage{u"clock", 0xE8B5},
     SystemImage{u"clock.fill", 0xE924},
+    SystemImage{u"doc.on.doc", 0xE14D},
     SystemImage{u"doc.richtext.fill", 0xEF42},
     SystemImage{u"doc.text", 0xE873},
     SystemImage{u"doc.text.fill", 0xE873},
