@@ -28,6 +28,8 @@ Item {
     property bool isCurrent: false
     property var billedHelp: null
 
+    /// What the texts leave free before the chips, where the button to continue shows.
+    readonly property real textMargin: play.active ? play.width + 16 : 8
     readonly property bool hovered: area.containsMouse || play.hovered
 
     signal clicked(int row, int modifiers)
@@ -83,7 +85,7 @@ Item {
             id: title
 
             anchors { left: bar.right; leftMargin: 12; bottom: parent.verticalCenter; bottomMargin: 1 }
-            width: Math.min(Math.ceil(implicitWidth), (end.x - x - 8) * (row.detail.length > 0 ? 0.62 : 1))
+            width: Math.min(Math.ceil(implicitWidth), (end.x - x - row.textMargin) * (row.detail.length > 0 ? 0.62 : 1))
             text: row.title
             font.weight: Font.Medium
             Accessible.ignored: true
@@ -92,7 +94,7 @@ Item {
         PlainText {
             anchors {
                 left: title.right; leftMargin: 8
-                right: end.left; rightMargin: 8
+                right: end.left; rightMargin: row.textMargin
                 baseline: title.baseline
             }
             visible: row.detail.length > 0
@@ -105,7 +107,7 @@ Item {
         PlainText {
             anchors {
                 left: title.left
-                right: end.left; rightMargin: 8
+                right: end.left; rightMargin: row.textMargin
                 top: parent.verticalCenter; topMargin: 2
             }
             text: row.notes
