@@ -105,6 +105,33 @@ class Keys:
         self.key("Home")
         self.select("Late")
 
+    def test_another_section_has_the_keys_for_itself(self):
+        self.to_the_list()
+        self.select("Late")
+        self.key("Control_L+2")
+        wait_until(lambda: find("Clients", "heading"), "the other section")
+        self.key("Down", "Delete", "Return")
+        self.key("Control_L+1")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.select("Late")
+        self.key("Down")
+        self.select("Early")
+        self.assertIsNone(find("Delete this entry?", "dialog"))
+
+    def test_undo_in_a_field_undoes_what_was_typed(self):
+        self.to_the_list()
+        self.key("Delete")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.key("Control_L+f")
+        self.wait_for_focus("Search notes")
+        self.keyboard.type("tue")
+        self.see("Tuesday")
+        self.key("Control_L+z")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.assertNotIn("Late", self.notes())
+
     def open_menu(self, keys):
         self.key(keys)
         wait_until(lambda: find("Delete", "menu item"), "the menu")

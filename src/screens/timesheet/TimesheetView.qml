@@ -16,6 +16,8 @@ FocusScope {
     /// Whether nothing lies over this screen.
     readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible
 
+    // What doesn't show would keep the keyboard.
+    enabled: visible
     onVisibleChanged: model.isShown = visible
     Component.onCompleted: model.isShown = visible
 
