@@ -123,6 +123,7 @@ class Keys:
         self.key("Delete")
         self.wait_for_focus("Delete")
         self.key("Return")
+        self.wait_for_end("Delete this entry?")
         self.see("Early", "Wednesday", "Tuesday")
         self.key("Control_L+f")
         self.wait_for_focus("Search notes")
