@@ -3,6 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The panel, worked by presses as an assistive technology makes them, and by the keyboard alone."""
 
+import datetime
 import json
 import os
 import pathlib
@@ -75,7 +76,10 @@ class Panel(unittest.TestCase):
         wait_until(lambda: not find("Tracking"), "the end of the running card")
 
     def test_the_last_entry_continues(self):
-        elmworth("log", "Design", "--from", "2026-03-02T09:00", "--to", "2026-03-02T10:00", "--notes", "Logo")
+        # Later than what other tests left.
+        now = datetime.datetime.now()
+        start, end = (time.isoformat(timespec="seconds") for time in (now, now + datetime.timedelta(hours=1)))
+        elmworth("log", "Design", "--from", start, "--to", end, "--notes", "Logo")
         press("Continue Design")
         becomes("Design")
         self.assertEqual(running()["notes"], "Logo")

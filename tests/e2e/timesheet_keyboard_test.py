@@ -105,6 +105,34 @@ class Keys:
         self.key("Home")
         self.select("Late")
 
+    def test_another_section_has_the_keys_for_itself(self):
+        self.to_the_list()
+        self.select("Late")
+        self.key("Control_L+2")
+        wait_until(lambda: find("Clients", "heading"), "the other section")
+        self.key("Down", "Delete", "Return")
+        self.key("Control_L+1")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.select("Late")
+        self.key("Down")
+        self.select("Early")
+        self.assertIsNone(find("Delete this entry?", "dialog"))
+
+    def test_undo_in_a_field_undoes_what_was_typed(self):
+        self.to_the_list()
+        self.key("Delete")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        self.wait_for_end("Delete this entry?")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.key("Control_L+f")
+        self.wait_for_focus("Search notes")
+        self.keyboard.type("tue")
+        self.see("Tuesday")
+        self.key("Control_L+z")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.assertNotIn("Late", self.notes())
+
     def open_menu(self, keys):
         self.key(keys)
         wait_until(lambda: find("Delete", "menu item"), "the menu")
@@ -113,7 +141,8 @@ class Keys:
         """Goes down the open menu."""
         for _ in range(12):
             if focused_name() == name:
-                return self.key("Return")
+                self.key("Return")
+                return self.wait_for_end(name, "menu item")
             before = focused_name()
             self.key("Down")
             wait_until(lambda: focused_name() != before, f"the item after {before}")
@@ -156,7 +185,6 @@ class Keys:
         self.open_menu("Menu")
         self.choose("Continue Tracking")
         wait_until(lambda: self.running().get("notes") == "Wednesday", "the timer")
-        self.wait_for_end("Delete", "menu item")
         self.key("Control_L+Alt_L+period")
         wait_until(lambda: not self.running(), "the end of the timer")
 

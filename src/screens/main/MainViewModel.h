@@ -8,9 +8,9 @@
 #include <QtQmlIntegration>
 
 #include "platform/UserDefaults.h"
-#include "tracking/ui/RunningEntryModel.h"
 #include "screens/main/SidebarModel.h"
 #include "screens/timesheet/TimesheetModel.h"
+#include "tracking/ui/RunningEntryModel.h"
 
 namespace elmworth {
 

@@ -19,6 +19,8 @@ FocusScope {
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
 
+    // What doesn't show would keep the keyboard.
+    enabled: visible
     onIsSeenChanged: model.isShown = isSeen
     Component.onCompleted: model.isShown = isSeen
 
