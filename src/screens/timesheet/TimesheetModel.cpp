@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "core/Invoice.h"
@@ -185,13 +187,33 @@ QUrl TimesheetModel::exportFile() {
 }
 
 void TimesheetModel::exportTo(const QUrl& file) {
-    if (!file.isLocalFile()) {
+    if (file.isEmpty() || (!file.scheme().isEmpty() && !file.isLocalFile())) {
         return commands_.say(
             QStringLiteral("Only a file on this computer can be written. Choose another place."));
     }
     const auto problem = exportTimesheet(services_.context, contents_.filter(), services_.now(),
                                          services_.calendar(), pathOf(file).toStdString());
     if (problem) commands_.say(QString::fromStdString(*problem));
+}
+
+void TimesheetModel::requestExport(const QUrl& file) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(pathOf(file).toStdString(), ignored)) {
+        return exportTo(file);
+    }
+    replacedFile_ = file;
+    Q_EMIT replacedNameChanged();
+}
+
+void TimesheetModel::confirmReplace() {
+    const QUrl file = replacedFile_;
+    dismissReplace();
+    if (!file.isEmpty()) exportTo(file);
+}
+
+void TimesheetModel::dismissReplace() {
+    replacedFile_.clear();
+    Q_EMIT replacedNameChanged();
 }
 
 }  // namespace elmworth

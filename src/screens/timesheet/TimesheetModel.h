@@ -46,6 +46,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
+    /// The name of the file that an export would replace, while that is asked; empty otherwise.
+    Q_PROPERTY(QString replacedName READ replacedName NOTIFY replacedNameChanged FINAL)
     /// Whether older time is still being read.
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
     /// Where the line stands that the keyboard acts on, or -1.
@@ -115,12 +117,18 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
     /// Writes what is shown as CSV. What goes wrong is said.
     Q_INVOKABLE void exportTo(const QUrl& file);
+    /// The same, but asks before it replaces a file; see `replacedName`.
+    Q_INVOKABLE void requestExport(const QUrl& file);
+    Q_INVOKABLE void confirmReplace();
+    Q_INVOKABLE void dismissReplace();
+    [[nodiscard]] QString replacedName() const { return replacedFile_.fileName(); }
 
  Q_SIGNALS:
     void isShownChanged();
     void listed();
     void currentRowChanged();
     void menuChanged();
+    void replacedNameChanged();
 
  private:
     [[nodiscard]] static EntryEditorServices editorServices(const PanelServices& services,
@@ -160,6 +168,7 @@ class TimesheetModel final : public QObject {
     bool libraryIsEmpty_ = true;
     std::size_t entryCount_ = 0;
     Instant today_;
+    QUrl replacedFile_;
     RunLoop::Handle trim_;
     std::optional<Instant> awaited_;  ///< after it what runs stands in a day where it does not yet
     std::vector<ModelContext::Observation> libraryObservations_;

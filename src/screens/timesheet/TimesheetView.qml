@@ -14,7 +14,7 @@ FocusScope {
     required property TimesheetModel model
 
     /// Whether nothing lies over this screen.
-    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible
+    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible && model.replacedName.length === 0
 
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
@@ -119,6 +119,18 @@ FocusScope {
         rejectText: ""
     }
 
+    ConfirmSheet {
+        visible: view.model.replacedName.length > 0
+        icon: "tablecells"
+        title: "Replace “" + view.model.replacedName + "”?"
+        message: "A file of that name is there already. What it holds will be lost."
+        acceptText: "Replace"
+        destructive: true
+        colors: Theme.dangerGradient
+        onAccepted: view.model.confirmReplace()
+        onRejected: view.model.dismissReplace()
+    }
+
     Connections {
         target: view.model.editor
 
@@ -157,19 +169,21 @@ FocusScope {
         }
 
         active: false
-        // The dialog doesn't outlive its loader.
-        // qmllint disable unqualified
+        // The dialog doesn't outlive its loader; the linter doesn't know all that it has.
+        // qmllint disable
         sourceComponent: FileDialog {
             title: "Export CSV"
             fileMode: FileDialog.SaveFile
             defaultSuffix: "csv"
             nameFilters: ["CSV (*.csv)", "All files (*)"]
             acceptLabel: "Save"
+            // Not every platform's dialog asks, so the timesheet does.
+            options: FileDialog.DontConfirmOverwrite
             currentFile: view.model.exportFile()
             Component.onCompleted: open()
-            onAccepted: view.model.exportTo(selectedFile)
+            onAccepted: view.model.requestExport(selectedFile)
             onVisibleChanged: if (!visible) Qt.callLater(saving.finish)
         }
-        // qmllint enable unqualified
+        // qmllint enable
     }
 }

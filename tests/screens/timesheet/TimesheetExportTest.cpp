@@ -145,7 +145,7 @@ TEST_F(TimesheetExported, isOfAllThatIsListedThoughNothingIsInACard) {
 }
 
 TEST_F(TimesheetExported, offersItsNameAndChangesNothing) {
-    EXPECT_EQ(utf8(TimesheetModel::exportName()), "Elmworth Timesheet.csv");
+    EXPECT_EQ(utf8(TimesheetModel::exportFile().fileName()), "Elmworth Timesheet.csv");
     model->click(1);
     const auto before = lines();
     exportTo(file("time.csv"));
@@ -188,6 +188,26 @@ TEST_F(TimesheetExported, toAnotherPlaceThanAFileSaysSo) {
     commands().dismissNotice();
     model->exportTo(QUrl());
     EXPECT_FALSE(commands().notice().isEmpty());
+}
+
+TEST_F(TimesheetExported, asksBeforeItReplacesAFile) {
+    const auto request = [&] {
+        model->requestExport(
+            QUrl::fromLocalFile(QString::fromStdString(file("time.csv").string())));
+    };
+    request();
+    EXPECT_EQ(model->replacedName(), QString());
+    const auto written = readFile(file("time.csv"));
+    writeAtomically(file("time.csv"), "somebody's");
+    request();
+    EXPECT_EQ(utf8(model->replacedName()), "time.csv");
+    model->dismissReplace();
+    EXPECT_EQ(model->replacedName(), QString());
+    EXPECT_EQ(readFile(file("time.csv")), "somebody's");
+    request();
+    model->confirmReplace();
+    EXPECT_EQ(model->replacedName(), QString());
+    EXPECT_EQ(readFile(file("time.csv")), written);
 }
 
 TEST_F(TimesheetExported, toAFullDiskLeavesTheOldFile) {
