@@ -121,9 +121,23 @@ class BadInput(TimesheetWindow):
         save = self.ask_for_a_file()
         self.limit_files(FULL)
         self.pointer.click(save)
+        press("Replace")
         wait_until(lambda: find(FAILED + "File too large."), "what went wrong")
         self.assertEqual(former.read_text(), "former")
         self.assertEqual([file for file in self.home.iterdir() if "Timesheet" in file.name], [former])
+
+    def test_a_file_is_replaced_only_when_that_is_wanted(self):
+        former = self.home / "Elmworth Timesheet.csv"
+        former.write_text("former")
+        question = f"Replace “{former.name}”?"
+        self.pointer.click(self.ask_for_a_file())
+        wait_until(lambda: find(question, "dialog"), "the question")
+        press("Cancel")
+        self.wait_for_end(question)
+        self.assertEqual(former.read_text(), "former")
+        self.pointer.click(self.ask_for_a_file())
+        press("Replace")
+        wait_until(lambda: former.read_text().startswith("Date,Start,End"), "the new file")
 
     def ask_for_a_file(self):
         press("Export CSV")
