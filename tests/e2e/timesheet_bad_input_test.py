@@ -149,6 +149,7 @@ class BadInput(TimesheetWindow):
         self.fill_in("Notes", "Kept")
         press("Save")
         self.see("Kept", "Wednesday")
+        self.wait_for_end("Save")  # the sheet takes the clicks until it has faded
         self.limit_files(resource.RLIM_INFINITY)
         self.edit("Wednesday")
         self.fill_in("Notes", "Kept too")
