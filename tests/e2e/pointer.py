@@ -3,9 +3,26 @@
 """A mouse for a display without a window manager."""
 
 import pyatspi
+from loop import wait_until
 
 LEFT, RIGHT = 1, 3
 CURRENT_TIME = 0
+
+
+def extents(node):
+    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+
+def resting_place(node):
+    """Where the node is once it has stood still while the program answered several times: a list may still move."""
+    seen = []
+
+    def rests():
+        box = extents(node)
+        seen.append((box.x, box.y, box.width, box.height))
+        return box if len(seen) > 3 and len(set(seen[-4:])) == 1 else None
+
+    return wait_until(rests, "a node that stands still")
 
 
 class Pointer:
@@ -13,8 +30,8 @@ class Pointer:
         self.keyboard = keyboard
 
     def move_to(self, node):
-        """To the middle of what assistive technology knows as this node."""
-        box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        """To the middle of what assistive technology knows as this node, once it stands still."""
+        box = resting_place(node)
         self.keyboard.xtest.XTestFakeMotionEvent(self.keyboard.display, -1, box.x + box.width // 2,
                                                  box.y + box.height // 2, CURRENT_TIME)
         self.keyboard.x11.XSync(self.keyboard.display, False)
