@@ -4,7 +4,7 @@
 
 from gi.repository import GLib
 
-DEADLINE_SECONDS = 20
+DEADLINE_SECONDS = 60
 
 
 def wait_until(condition, what):
