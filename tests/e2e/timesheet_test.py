@@ -23,15 +23,7 @@ class Review:
     """What is done with the tracked time of two weeks."""
 
     def fill(self):
-        self.elmworth("client", "add", "Globex")
-        self.elmworth("project", "add", "App", "--client", "Globex")
-        self.log("2026-11-12T09:00", "2026-11-12T10:00", "Last week")
-        self.log("2026-11-17T10:00", "2026-11-17T11:30", "Tuesday")
-        self.log("2026-11-18T13:00", "2026-11-18T14:00", "Wednesday", project="App")
-        self.log("2026-11-19T09:00", "2026-11-19T09:45", "Early")
-        self.log("2026-11-19T11:00", "2026-11-19T12:00", "Late")
-        self.start()
-        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.fill_two_weeks()
 
     def bill(self, *days):
         self.elmworth("invoice", "create", "--client", "Acme Co", "--from", days[0], "--through", days[-1])

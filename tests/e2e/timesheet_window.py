@@ -121,6 +121,18 @@ class TimesheetWindow(unittest.TestCase):
         """The line of the entry with these notes, or None."""
         return next((node for node in self.showing_lines("list item") if f", {notes}, " in self.plain(node)), None)
 
+    def fill_two_weeks(self):
+        """Gives the library some work of this week and the last, and starts the program on it."""
+        self.elmworth("client", "add", "Globex")
+        self.elmworth("project", "add", "App", "--client", "Globex")
+        self.log("2026-11-12T09:00", "2026-11-12T10:00", "Last week")
+        self.log("2026-11-17T10:00", "2026-11-17T11:30", "Tuesday")
+        self.log("2026-11-18T13:00", "2026-11-18T14:00", "Wednesday", project="App")
+        self.log("2026-11-19T09:00", "2026-11-19T09:45", "Early")
+        self.log("2026-11-19T11:00", "2026-11-19T12:00", "Late")
+        self.start()
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+
     def see(self, *notes):
         """Waits until the entries that show are those with these notes, from the top."""
         wait_until(lambda: self.shown_notes() == list(notes), lambda: f"{notes}, not {self.shown_notes()}")

@@ -65,7 +65,6 @@ Item {
     }
 
     MouseArea {
-
         anchors { fill: parent; leftMargin: row.margin; rightMargin: row.margin }
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onPressed: mouse => {

@@ -50,6 +50,8 @@ GallerySection {
         States { button: GlowButton { text: "Delete"; prominent: true; colors: Theme.dangerGradient } }
         States { button: GlowButton { text: "Mint"; prominent: true; colors: Theme.mintGradient } }
         States { button: GlowButton { text: "Amber"; prominent: true; colors: Theme.amberGradient } }
+        States { button: FilterButton { text: "This Week"; systemImage: "calendar" } }
+        States { button: FilterButton { text: "Unbilled"; systemImage: "tray.full"; opensList: false; active: true } }
         States { button: CircleIconButton { systemImage: "play.fill"; label: "Start" } }
         States { button: CircleIconButton { systemImage: "stop.fill"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
         States { button: IconButton { systemImage: "plus"; label: "Add" } }
