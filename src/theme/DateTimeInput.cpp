@@ -3,6 +3,9 @@
 
 #include "theme/DateTimeInput.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace elmworth {
 
 namespace {
@@ -110,61 +113,77 @@ class DateTimeInput::TimeField final : public TypedField {
 
 DateTimeInput::DateTimeInput(std::function<Calendar()> calendar, Clock now, const Locale& locale)
     : calendar_(std::move(calendar)),
-      value_(now()),
-      settled_(value_),
-      month_(calendar_, std::move(now), locale),
-      day_(std::make_unique<DayField>(*this, locale)),
-      time_(std::make_unique<TimeField>(*this, locale)) {
-    for (TypedField* field : {day(), time()})
-        connect(field, &TypedField::validityChanged, this, &DateTimeInput::changed);
-    connect(&month_, &MonthCalendarModel::chosen, this, [this] {
-        if (const auto chosen = onDay(month_.chosenDay())) setValue(*chosen);
-    });
-}
+      now_(std::move(now)),
+      locale_(locale),
+      value_(now_()),
+      settled_(value_) {}
 
 DateTimeInput::~DateTimeInput() = default;
 
-TypedField* DateTimeInput::day() noexcept {
-    return day_.get();
+template <class Field>
+TypedField* DateTimeInput::made(std::unique_ptr<Field>& field) {
+    if (!field) {
+        field = std::make_unique<Field>(*this, locale_);
+        connect(field.get(), &TypedField::validityChanged, this, &DateTimeInput::changed);
+    }
+    return field.get();
 }
 
-TypedField* DateTimeInput::time() noexcept {
-    return time_.get();
+TypedField* DateTimeInput::day() {
+    return made(day_);
 }
 
-bool DateTimeInput::isValid() const noexcept {
-    return day_->isValid() && time_->isValid();
+TypedField* DateTimeInput::time() {
+    return made(time_);
 }
 
-bool DateTimeInput::isTyped() const noexcept {
-    return day_->isTyped() || time_->isTyped();
+MonthCalendarModel* DateTimeInput::month() {
+    if (!month_) {
+        month_ = std::make_unique<MonthCalendarModel>(calendar_, now_, locale_);
+        connect(month_.get(), &MonthCalendarModel::chosen, this, [this] {
+            if (const auto chosen = onDay(month_->chosenDay())) setValue(*chosen);
+        });
+    }
+    return month_.get();
+}
+
+std::vector<TypedField*> DateTimeInput::seen() const {
+    std::vector<TypedField*> fields;
+    if (day_) fields.push_back(day_.get());
+    if (time_) fields.push_back(time_.get());
+    return fields;
+}
+
+bool DateTimeInput::isValid() const {
+    return std::ranges::all_of(seen(), &TypedField::isValid);
+}
+
+bool DateTimeInput::isTyped() const {
+    return std::ranges::any_of(seen(), &TypedField::isTyped);
 }
 
 void DateTimeInput::finish() {
-    day_->finish();
-    time_->finish();
+    for (auto* field : seen()) field->finish();
 }
 
 void DateTimeInput::setValue(Instant value) {
     const bool isOther = value != value_;
     value_ = value;
     settled_ = value;
-    day_->show();
-    time_->show();
+    for (auto* field : seen()) field->show();
     if (isOther) Q_EMIT changed();
 }
 
 void DateTimeInput::showMonth() {
-    day_->finish();
-    month_.show(calendar_().components(value_));
+    if (day_) day_->finish();
+    month()->show(calendar_().components(value_));
 }
 
 /// The fields in which nobody types show what comes of it.
 bool DateTimeInput::apply(Instant value) {
     if (value == value_) return true;
     value_ = value;
-    day_->follow();
-    time_->follow();
+    for (auto* field : seen()) field->follow();
     Q_EMIT changed();
     return true;
 }

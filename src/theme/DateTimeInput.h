@@ -7,6 +7,7 @@
 #include <QtQmlIntegration>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/Calendar.h"
 #include "platform/TimeInput.h"
@@ -35,18 +36,19 @@ class DateTimeInput final : public QObject {
                   const Locale& locale = Locale::current());
     ~DateTimeInput() override;
 
-    [[nodiscard]] TypedField* day() noexcept;
-    [[nodiscard]] TypedField* time() noexcept;
-    [[nodiscard]] MonthCalendarModel* month() noexcept { return &month_; }
+    // Made when they are first asked for: most inputs of a window are not seen.
+    [[nodiscard]] TypedField* day();
+    [[nodiscard]] TypedField* time();
+    [[nodiscard]] MonthCalendarModel* month();
 
     /// What was last understood.
     [[nodiscard]] Instant value() const noexcept { return value_; }
     /// Shows `value` in both fields, in place of what was typed there.
     void setValue(Instant value);
     /// Whether both fields have texts that are understood.
-    [[nodiscard]] bool isValid() const noexcept;
+    [[nodiscard]] bool isValid() const;
     /// Whether a field shows what somebody typed, and not the value.
-    [[nodiscard]] bool isTyped() const noexcept;
+    [[nodiscard]] bool isTyped() const;
     /// Somebody is done typing, in either field.
     void finish();
 
@@ -64,12 +66,18 @@ class DateTimeInput final : public QObject {
     bool apply(Instant value);
     bool misread();
     void moveTo(std::optional<Instant> value);
+    template <class Field>
+    [[nodiscard]] TypedField* made(std::unique_ptr<Field>& field);
+    /// The fields that somebody has seen.
+    [[nodiscard]] std::vector<TypedField*> seen() const;
     [[nodiscard]] std::optional<Instant> onDay(const DateComponents& day) const;
 
     std::function<Calendar()> calendar_;
+    Clock now_;
+    Locale locale_;
     Instant value_;
     Instant settled_;  ///< the value before somebody began to type
-    MonthCalendarModel month_;
+    std::unique_ptr<MonthCalendarModel> month_;
     std::unique_ptr<DayField> day_;
     std::unique_ptr<TimeField> time_;
 };
