@@ -5,9 +5,11 @@
 
 #include <QDBusConnection>
 #include <QGuiApplication>
-#include <QQuickWindow>
+#include <QUrl>
+#include <QVariant>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
@@ -39,6 +41,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
     const auto showMain = [this] { showMainWindow(); };
     menuBarExtra_.emplace(services_, runLoop_, engine_, MenuBarExtra::Ways{showMain, showMain});
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
@@ -60,28 +63,21 @@ void ElmworthApp::showPanel() {
 }
 
 void ElmworthApp::loadMainWindow(Opening opening) {
-    engine_.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&mainViewModel_)}});
-    engine_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")));
-    auto* window = mainWindow();
-    if (window == nullptr) return;
-    rememberedWindow_.emplace(*window, services_.defaults(), "mainWindowFrame");
+    mainWindow_ = makeWindow(
+        engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")),
+        QVariant::fromValue(&mainViewModel_));
+    rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     // show() would undo "maximized".
-    if (opening == Opening::mainWindow) window->setVisible(true);
-}
-
-QQuickWindow* ElmworthApp::mainWindow() const {
-    const auto windows = engine_.rootObjects();
-    return windows.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(windows.first());
+    if (opening == Opening::mainWindow) mainWindow_->setVisible(true);
 }
 
 void ElmworthApp::showMainWindow() {
-    auto* window = mainWindow();
-    if (window == nullptr) return;
+    if (!mainWindow_) return;
     // What was maximized or minimized stays or becomes as it was.
-    window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
-    window->setVisible(true);
-    window->raise();
-    window->requestActivate();
+    mainWindow_->setWindowStates(mainWindow_->windowStates() & ~Qt::WindowMinimized);
+    mainWindow_->setVisible(true);
+    mainWindow_->raise();
+    mainWindow_->requestActivate();
 }
 
 }  // namespace elmworth

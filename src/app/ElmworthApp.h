@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
+#include <QQuickWindow>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,8 +22,6 @@
 #include "platform/linux/TerminationSignals.h"
 #include "screens/main/MainViewModel.h"
 #include "screens/main/RememberedWindow.h"
-
-class QQuickWindow;
 
 namespace elmworth {
 
@@ -48,7 +47,6 @@ class ElmworthApp {
 
  private:
     void loadMainWindow(Opening opening);
-    [[nodiscard]] QQuickWindow* mainWindow() const;
     void saveBeforeInterruptions();
 
     QtRunLoop runLoop_;
@@ -63,8 +61,9 @@ class ElmworthApp {
     PortalColorScheme colorScheme_;
     LiveAppearance appearance_;
     MainViewModel mainViewModel_;
-    QQmlApplicationEngine engine_;
+    QQmlEngine engine_;
     std::optional<MenuBarExtra> menuBarExtra_;
+    std::unique_ptr<QQuickWindow> mainWindow_;
     std::optional<RememberedWindow> rememberedWindow_;
     LastSave lastSave_;
 };

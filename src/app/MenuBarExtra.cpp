@@ -5,11 +5,10 @@
 
 #include <QGuiApplication>
 #include <QPointF>
-#include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
 #include "theme/SystemImages.h"
 #include "theme/fonts/Fonts.h"
@@ -44,10 +43,6 @@ MenuBarExtra::MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngi
     updateMenu();
 }
 
-MenuBarExtra::~MenuBarExtra() {
-    delete window_.data();
-}
-
 void MenuBarExtra::leadOn(const Ways& ways) {
     QObject::connect(&panel_, &MenuBarPanelModel::mainWindowRequested, ways.toMainWindow);
     QObject::connect(&panel_, &MenuBarPanelModel::settingsRequested, ways.toSettings);
@@ -74,16 +69,13 @@ void MenuBarExtra::updateMenu() {
 }
 
 QQuickWindow* MenuBarExtra::panelWindow() {
-    if (window_) return window_;
-    QQmlComponent component(
-        &engine_,
-        QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Tracking/PanelWindow.qml")));
-    QObject* object = component.createWithInitialProperties(
-        {{QStringLiteral("model"), QVariant::fromValue(&panel_)}});
-    if (object == nullptr)
-        qFatal("The panel can't be made: %s", qUtf8Printable(component.errorString()));
-    window_ = qobject_cast<QQuickWindow*>(object);
-    return window_;
+    if (!window_) {
+        window_ = makeWindow(
+            engine_,
+            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Tracking/PanelWindow.qml")),
+            QVariant::fromValue(&panel_));
+    }
+    return window_.get();
 }
 
 void MenuBarExtra::showPanel(std::optional<TrayPoint> place) {

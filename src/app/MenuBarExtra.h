@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include <QPointer>
+#include <QQuickWindow>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "app/LibraryServices.h"
@@ -13,7 +14,6 @@
 #include "tracking/ui/MenuBarPanelModel.h"
 
 class QQmlEngine;
-class QQuickWindow;
 
 namespace elmworth {
 
@@ -30,7 +30,6 @@ class MenuBarExtra {
     MenuBarExtra(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, const Ways& ways);
     MenuBarExtra(const MenuBarExtra&) = delete;
     MenuBarExtra& operator=(const MenuBarExtra&) = delete;
-    ~MenuBarExtra();
 
     /// Opens the panel, beside `place` where that is known.
     void showPanel(std::optional<TrayPoint> place = std::nullopt);
@@ -46,7 +45,7 @@ class MenuBarExtra {
     MenuBarLabel label_;
     MenuBarPanelModel panel_;
     StatusNotifierItem tray_;
-    QPointer<QQuickWindow> window_;
+    std::unique_ptr<QQuickWindow> window_;
 };
 
 }  // namespace elmworth
