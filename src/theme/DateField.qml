@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Controls.Basic as Basic
 import Elmworth.Theme
 
 /// The day of `date`, to type, to step, or to pick from a month. Alt+Down shows the month.
@@ -15,7 +14,7 @@ StepField {
         if (!enabled)
             return;
         date.showMonth();
-        popup.open();
+        (calendar.make() as CalendarPopup).open();
     }
 
     input: field.date.day
@@ -35,38 +34,24 @@ StepField {
         label: field.label + " calendar"
         help: "Choose from a calendar (Alt+Down)"
         focusPolicy: Qt.NoFocus
-        onClicked: popup.visible ? popup.close() : field.openCalendar()
+        onClicked: {
+            const popup = calendar.item as CalendarPopup;
+            popup?.visible ? popup.close() : field.openCalendar();
+        }
     }
 
-    Basic.Popup {
-        id: popup
+    OnDemand {
+        id: calendar
 
-        y: field.height + 4
-        padding: 12
-        margins: 8
-        focus: true
-        closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
-        onOpened: calendar.focusCurrent()
-        onClosed: field.forceActiveFocus(Qt.PopupFocusReason)
-
-        MonthCalendar {
-            id: calendar
-
-            anchors.fill: parent
-            model: field.date.month
+        // The popup doesn't outlive its field.
+        // qmllint disable unqualified
+        sourceComponent: CalendarPopup {
+            parent: field
+            y: field.height + 4
+            date: field.date
             label: field.label
-            onChosen: popup.close()
+            onClosed: field.forceActiveFocus(Qt.PopupFocusReason)
         }
-
-        background: Rectangle {
-            radius: Theme.cardRadius
-            color: Theme.cardFill
-            border { width: 1; color: Theme.cardBorderStrong }
-
-            SoftShadow {
-                corner: Theme.cardRadius
-                strength: 0.24
-            }
-        }
+        // qmllint enable unqualified
     }
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Controls.Basic as Basic
 import Elmworth.Theme
 
 /// A choice of very many, in a list that pops up and can be searched by typing. Space and Down open it, and

@@ -18,7 +18,8 @@ Item {
     z: -1
 
     Repeater {
-        model: shadow.layers
+        // Most shadows belong to what has not been opened.
+        model: shadow.visible ? shadow.layers : 0
 
         // The layers don't outlive their shadow.
         // qmllint disable unqualified

@@ -18,17 +18,22 @@ IconButton {
     label: "Menu"
     help: "Menu (" + menuKeys.nativeText + ")"
     Accessible.role: Accessible.ButtonMenu
-    onClicked: menu.visible ? menu.close() : show()
+    onClicked: {
+        const open = menu.item as MainMenu;
+        open?.visible ? open.close() : show();
+    }
 
-    function show(): void {
-        menu.popup(button, 0, button.height + 4);
-        menu.currentIndex = 0;
+    function show(): MainMenu {
+        const opening = menu.make() as MainMenu;
+        opening.popup(button, 0, button.height + 4);
+        opening.currentIndex = 0;
+        return opening;
     }
 
     function showSubmenu(position: int): void {
-        show();
-        menu.currentIndex = position;
-        (menu.itemAt(position) as PopupMenuItem).press();
+        const opened = show();
+        opened.currentIndex = position;
+        (opened.itemAt(position) as PopupMenuItem).press();
     }
 
     Shortcut {
@@ -49,7 +54,7 @@ IconButton {
     }
 
     Shortcut {
-        id: stopKeys
+        id: stopShortcut
 
         sequence: "Ctrl+Alt+."
         enabled: button.model.running.isRunning
@@ -57,79 +62,25 @@ IconButton {
     }
 
     Shortcut {
-        id: resumeKeys
+        id: resumeShortcut
 
         sequence: "Ctrl+Shift+R"
         enabled: !button.model.running.isRunning
         onActivated: button.model.resumeLastEntry()
     }
 
-    PopupMenu {
+    OnDemand {
         id: menu
 
-        PopupMenu {
-            title: "Go"
-
-            Repeater {
-                model: button.model.sections
-
-                // The menu outlives its items.
-                // qmllint disable unqualified
-                PopupMenuItem {
-                    required property int index
-                    required property string title
-                    required systemImage
-                    required hint
-
-                    text: title
-                    onTriggered: button.model.showSection(index)
-                }
-                // qmllint enable unqualified
-            }
+        // The menu doesn't outlive its button.
+        // qmllint disable unqualified
+        sourceComponent: MainMenu {
+            parent: button
+            model: button.model
+            stopKeys: stopShortcut.nativeText
+            resumeKeys: resumeShortcut.nativeText
+            onCloseRequested: button.closeRequested()
         }
-
-        PopupMenu {
-            title: "Timer"
-
-            PopupMenuItem {
-                text: "Stop Timer"
-                hint: stopKeys.nativeText
-                enabled: button.model.running.isRunning
-                onTriggered: button.model.stopTimer()
-            }
-
-            PopupMenuItem {
-                text: "Resume Last Entry"
-                hint: resumeKeys.nativeText
-                enabled: !button.model.running.isRunning
-                onTriggered: button.model.resumeLastEntry()
-            }
-        }
-
-        PopupMenuItem {
-            text: "Open Panel"
-            onTriggered: button.model.openPanel()
-        }
-
-        PopupMenuSeparator {}
-
-        PopupMenuItem {
-            text: "Check for Updates…"
-            enabled: button.model.canCheckForUpdates
-        }
-
-        PopupMenuSeparator {}
-
-        PopupMenuItem {
-            text: "Close Window"
-            hint: "Ctrl+W"
-            onTriggered: button.closeRequested()
-        }
-
-        PopupMenuItem {
-            text: "Quit Elmworth"
-            hint: "Ctrl+Q"
-            onTriggered: Qt.quit()
-        }
+        // qmllint enable unqualified
     }
 }

@@ -42,25 +42,37 @@ Basic.SplitView {
             model: view.model.timesheet
         }
 
-        SectionPlaceholder {
-            title: "Clients"
-            icon: "person.2.fill"
-            colors: Theme.violetGradient
-            message: "Clients and what they owe will stand here. Until then, “elmworth client” works in a terminal."
+        OnDemand {
+            wanted: view.model.section === 1
+
+            sourceComponent: SectionPlaceholder {
+                title: "Clients"
+                icon: "person.2.fill"
+                colors: Theme.violetGradient
+                message: "Clients and what they owe will stand here. Until then, “elmworth client” works in a terminal."
+            }
         }
 
-        SectionPlaceholder {
-            title: "Projects"
-            icon: "folder.fill"
-            colors: Theme.skyGradient
-            message: "Projects with their budgets will stand here. Until then, “elmworth project” works in a terminal."
+        OnDemand {
+            wanted: view.model.section === 2
+
+            sourceComponent: SectionPlaceholder {
+                title: "Projects"
+                icon: "folder.fill"
+                colors: Theme.skyGradient
+                message: "Projects with their budgets will stand here. Until then, “elmworth project” works in a terminal."
+            }
         }
 
-        SectionPlaceholder {
-            title: "Invoices"
-            icon: "doc.text.fill"
-            colors: Theme.mintGradient
-            message: "Invoices and their PDFs will stand here. Until then, “elmworth invoice” works in a terminal."
+        OnDemand {
+            wanted: view.model.section === 3
+
+            sourceComponent: SectionPlaceholder {
+                title: "Invoices"
+                icon: "doc.text.fill"
+                colors: Theme.mintGradient
+                message: "Invoices and their PDFs will stand here. Until then, “elmworth invoice” works in a terminal."
+            }
         }
     }
 }

@@ -26,49 +26,36 @@ Flow {
         systemImage: "calendar"
         text: bar.model.presetTitle
         label: "Range: " + bar.model.presetTitle
-        onClicked: presets.popup(range, 0, range.height + 4)
+        onClicked: (presets.make() as PopupMenu).popup(range, 0, range.height + 4)
 
-        PopupMenu {
+        OnDemand {
             id: presets
 
-            // The items don't outlive their bar.
+            // The menu doesn't outlive its bar.
             // qmllint disable unqualified
-            Repeater {
-                model: bar.model.presets
+            sourceComponent: PopupMenu {
+                Repeater {
+                    model: bar.model.presets
 
-                PopupMenuItem {
-                    required property int index
-                    required property string modelData
+                    PopupMenuItem {
+                        required property int index
+                        required property string modelData
 
-                    text: modelData
-                    checkable: true
-                    checked: bar.model.preset === index
-                    onTriggered: bar.model.choosePreset(index)
+                        text: modelData
+                        checkable: true
+                        checked: bar.model.preset === index
+                        onTriggered: bar.model.choosePreset(index)
+                    }
                 }
             }
             // qmllint enable unqualified
         }
     }
 
-    Row {
-        visible: bar.model.isCustom
-        spacing: 8
-
-        DateField {
-            label: "From"
-            date: bar.model.from
-        }
-
-        PlainText {
-            anchors.verticalCenter: parent.verticalCenter
-            text: "–"
-            Accessible.ignored: true
-        }
-
-        DateField {
-            label: "To"
-            date: bar.model.to
-        }
+    OnDemand {
+        wanted: bar.model.isCustom
+        visible: wanted
+        Component.onCompleted: setSource("CustomRange.qml", { model: bar.model })
     }
 
     ChoiceFilter {

@@ -63,10 +63,17 @@ Item {
             model: head.model.stats
         }
 
-        DailyChart {
+        OnDemand {
             Layout.fillWidth: true
-            visible: head.model.showsChart
-            model: head.model.chart
+            wanted: head.model.showsChart
+            visible: wanted
+
+            // What is made on demand doesn't outlive its head.
+            // qmllint disable unqualified
+            sourceComponent: DailyChart {
+                model: head.model.chart
+            }
+            // qmllint enable unqualified
         }
 
         FilterBar {
@@ -77,18 +84,24 @@ Item {
             onSearchLeft: head.searchLeft()
         }
 
-        EmptyHero {
+        OnDemand {
             Layout.fillWidth: true
-            visible: head.model.isEmpty
-            icon: "clock.fill"
-            title: head.model.emptyTitle
-            message: head.model.emptyMessage
+            wanted: head.model.isEmpty
+            visible: wanted
 
-            GlowButton {
-                text: "Add Entry"
-                prominent: true
-                onClicked: head.model.addEntry()
+            // qmllint disable unqualified
+            sourceComponent: EmptyHero {
+                icon: "clock.fill"
+                title: head.model.emptyTitle
+                message: head.model.emptyMessage
+
+                GlowButton {
+                    text: "Add Entry"
+                    prominent: true
+                    onClicked: head.model.addEntry()
+                }
             }
+            // qmllint enable unqualified
         }
     }
 }

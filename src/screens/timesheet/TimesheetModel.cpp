@@ -110,7 +110,8 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     const Instant now = services_.now();
     today_ = services_.calendar().startOfDay(now);
     noteAwaited(*listing, now);
-    const std::size_t formerCount = std::exchange(entryCount_, listing->entries.size());
+    const auto count = listing->entries.size();
+    const auto formerCount = std::exchange(entryCount_, count).value_or(0);
     if (isEmpty()) {
         libraryIsEmpty_ =
             services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
@@ -119,7 +120,7 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     rows_.show(listing, setting(), std::exchange(isRenamed_, false));
     showFigures(*listing, now);
     // Years that are no longer shown took more than all the rest of the program.
-    if (formerCount > manyEntries && entryCount_ < formerCount / 2) {
+    if (formerCount > manyEntries && count < formerCount / 2) {
         trim_ = services_.runLoop.post([] { returnFreeMemory(); });
     }
     Q_EMIT listed();

@@ -72,7 +72,8 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] bool isShown() const noexcept { return isShown_; }
     void setShown(bool shown);
     [[nodiscard]] bool showsChart() const noexcept { return showsChart_; }
-    [[nodiscard]] bool isEmpty() const noexcept { return entryCount_ == 0; }
+    /// Whether the period was read and has nothing to show.
+    [[nodiscard]] bool isEmpty() const noexcept { return entryCount_ == 0U; }
     [[nodiscard]] QString emptyTitle() const;
     [[nodiscard]] QString emptyMessage() const;
     [[nodiscard]] bool isReading() const noexcept { return contents_.isReading(); }
@@ -166,7 +167,7 @@ class TimesheetModel final : public QObject {
     bool isRenamed_ = true;  ///< so did names or colours
     bool showsChart_ = false;
     bool libraryIsEmpty_ = true;
-    std::size_t entryCount_ = 0;
+    std::optional<std::size_t> entryCount_;  ///< once the period was read
     Instant today_;
     QUrl replacedFile_;
     RunLoop::Handle trim_;

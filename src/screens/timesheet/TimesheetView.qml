@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
-import QtQuick.Dialogs
 import Elmworth.Theme
 import Elmworth.Timesheet
-import Elmworth.Tracking
 
 /// The daily view of tracked time: what of it is shown, and what can be done to it.
 FocusScope {
@@ -14,7 +12,7 @@ FocusScope {
     required property TimesheetModel model
 
     /// Whether nothing lies over this screen.
-    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.visible && model.replacedName.length === 0
+    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.isOpen && model.replacedName.length === 0
 
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
@@ -65,7 +63,7 @@ FocusScope {
             if (!view.model.openMenu(row))
                 return;
             projects.place = line.mapToItem(view, x, y);
-            menu.popup(view, projects.place.x, projects.place.y);
+            (menu.make() as EntryMenu).popup(view, projects.place.x, projects.place.y);
         }
     }
 
@@ -75,11 +73,17 @@ FocusScope {
         commands: view.model.commands
     }
 
-    EntryMenu {
+    OnDemand {
         id: menu
 
-        model: view.model
-        onMoveRequested: projects.open()
+        // What is made on demand doesn't outlive its view.
+        // qmllint disable unqualified
+        sourceComponent: EntryMenu {
+            parent: view
+            model: view.model
+            onMoveRequested: projects.open()
+        }
+        // qmllint enable unqualified
     }
 
     ChoicePopup {
@@ -98,92 +102,83 @@ FocusScope {
         onClosed: list.takeKeyboard(Qt.PopupFocusReason)
     }
 
-    ConfirmSheet {
-        visible: view.model.commands.isDeletePending
-        icon: "trash"
-        colors: Theme.dangerGradient
-        title: view.model.commands.pendingDeleteTitle
-        acceptText: "Delete"
-        destructive: true
-        onAccepted: view.model.commands.confirmDelete()
-        onRejected: view.model.commands.dismissDelete()
+    OnDemand {
+        wanted: view.model.commands.isDeletePending
+
+        // qmllint disable unqualified
+        sourceComponent: ConfirmSheet {
+            visible: view.model.commands.isDeletePending
+            icon: "trash"
+            colors: Theme.dangerGradient
+            title: view.model.commands.pendingDeleteTitle
+            acceptText: "Delete"
+            destructive: true
+            onAccepted: view.model.commands.confirmDelete()
+            onRejected: view.model.commands.dismissDelete()
+        }
+        // qmllint enable unqualified
     }
 
-    ConfirmSheet {
+    OnDemand {
         id: billed
 
-        icon: "lock.fill"
-        colors: Theme.grayGradient
-        title: "Billed entries are read-only"
-        message: "This time is on an invoice. Delete the invoice to release its entries before editing or deleting them."
-        rejectText: ""
-    }
+        readonly property bool isOpen: (item as ConfirmSheet)?.visible ?? false
 
-    ConfirmSheet {
-        visible: view.model.replacedName.length > 0
-        icon: "tablecells"
-        title: "Replace “" + view.model.replacedName + "”?"
-        message: "A file of that name is there already. What it holds will be lost."
-        acceptText: "Replace"
-        destructive: true
-        colors: Theme.dangerGradient
-        onAccepted: view.model.confirmReplace()
-        onRejected: view.model.dismissReplace()
-    }
-
-    Connections {
-        target: view.model.editor
-
-        function onIsOpenChanged(): void {
-            editing.active = true;
+        sourceComponent: ConfirmSheet {
+            icon: "lock.fill"
+            colors: Theme.grayGradient
+            title: "Billed entries are read-only"
+            message: "This time is on an invoice. Delete the invoice to release its entries before editing or deleting them."
+            rejectText: ""
         }
+    }
+
+    OnDemand {
+        wanted: view.model.replacedName.length > 0
+
+        // qmllint disable unqualified
+        sourceComponent: ConfirmSheet {
+            visible: view.model.replacedName.length > 0
+            icon: "tablecells"
+            title: "Replace “" + view.model.replacedName + "”?"
+            message: "A file of that name is there already. What it holds will be lost."
+            acceptText: "Replace"
+            destructive: true
+            colors: Theme.dangerGradient
+            onAccepted: view.model.confirmReplace()
+            onRejected: view.model.dismissReplace()
+        }
+        // qmllint enable unqualified
+    }
+
+    // It shows itself.
+    OnDemand {
+        wanted: view.model.editor.isOpen
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Tracking/EntryEditor.qml", { model: view.model.editor })
     }
 
     Connections {
         target: view.model.commands
 
         function onBilledNotice(): void {
-            billed.open();
+            (billed.make() as ConfirmSheet).open();
         }
     }
 
-    // The window shows sooner without a form that nobody has asked for.
-    Loader {
-        id: editing
-
-        active: false
-
-        // The editor doesn't outlive its view.
-        // qmllint disable unqualified
-        sourceComponent: EntryEditor {
-            model: view.model.editor
-        }
-        // qmllint enable unqualified
-    }
-
+    // The dialog's module is only read for an export.
     Loader {
         id: saving
 
-        function finish(): void {
-            active = false;
-        }
-
         active: false
-        // The dialog doesn't outlive its loader; the linter doesn't know all that it has.
-        // qmllint disable
-        sourceComponent: FileDialog {
-            title: "Export CSV"
-            fileMode: FileDialog.SaveFile
-            defaultSuffix: "csv"
-            nameFilters: ["CSV (*.csv)", "All files (*)"]
-            acceptLabel: "Save"
-            // Not every platform's dialog asks, so the timesheet does.
-            options: FileDialog.DontConfirmOverwrite
-            currentFile: view.model.exportFile()
-            Component.onCompleted: open()
-            onAccepted: view.model.requestExport(selectedFile)
-            onVisibleChanged: if (!visible) Qt.callLater(saving.finish)
+        source: "ExportDialog.qml"
+        onLoaded: (item as ExportDialog).start(view.model)
+    }
+
+    Connections {
+        target: saving.item as ExportDialog
+
+        function onFinished(): void {
+            saving.active = false;
         }
-        // qmllint enable
     }
 }

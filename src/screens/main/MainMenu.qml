@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import Elmworth.Theme
+import Elmworth.Main
+
+/// The window's menus.
+PopupMenu {
+    id: menus
+
+    required property MainViewModel model
+    /// The keys that stop the timer and go on with the last entry, as the user reads them.
+    property string stopKeys: ""
+    property string resumeKeys: ""
+
+    signal closeRequested()
+
+    PopupMenu {
+        title: "Go"
+
+        Repeater {
+            model: menus.model.sections
+
+            // The menu outlives its items.
+            // qmllint disable unqualified
+            PopupMenuItem {
+                required property int index
+                required property string title
+                required systemImage
+                required hint
+
+                text: title
+                onTriggered: menus.model.showSection(index)
+            }
+            // qmllint enable unqualified
+        }
+    }
+
+    PopupMenu {
+        title: "Timer"
+
+        PopupMenuItem {
+            text: "Stop Timer"
+            hint: menus.stopKeys
+            enabled: menus.model.running.isRunning
+            onTriggered: menus.model.stopTimer()
+        }
+
+        PopupMenuItem {
+            text: "Resume Last Entry"
+            hint: menus.resumeKeys
+            enabled: !menus.model.running.isRunning
+            onTriggered: menus.model.resumeLastEntry()
+        }
+    }
+
+    PopupMenuItem {
+        text: "Open Panel"
+        onTriggered: menus.model.openPanel()
+    }
+
+    PopupMenuSeparator {}
+
+    PopupMenuItem {
+        text: "Check for Updates…"
+        enabled: menus.model.canCheckForUpdates
+    }
+
+    PopupMenuSeparator {}
+
+    PopupMenuItem {
+        text: "Close Window"
+        hint: "Ctrl+W"
+        onTriggered: menus.closeRequested()
+    }
+
+    PopupMenuItem {
+        text: "Quit Elmworth"
+        hint: "Ctrl+Q"
+        onTriggered: Qt.quit()
+    }
+}

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+import QtQuick
+import QtQuick.Controls.Basic as Basic
+import Elmworth.Theme
+
+/// A month over the window, to pick the day of `date` from.
+Basic.Popup {
+    id: popup
+
+    required property DateTimeInput date
+    property string label: ""
+
+    padding: 12
+    margins: 8
+    focus: true
+    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
+    onOpened: calendar.focusCurrent()
+
+    MonthCalendar {
+        id: calendar
+
+        anchors.fill: parent
+        model: popup.date.month
+        label: popup.label
+        onChosen: popup.close()
+    }
+
+    background: Rectangle {
+        radius: Theme.cardRadius
+        color: Theme.cardFill
+        border { width: 1; color: Theme.cardBorderStrong }
+
+        SoftShadow {
+            corner: Theme.cardRadius
+            strength: 0.24
+        }
+    }
+}
