@@ -11,8 +11,11 @@ def application():
     """The accessible root of the program, or None while it is not there."""
     desktop = pyatspi.Registry.getDesktop(0)
     for child in desktop:
-        if child is not None and child.name == "Elmworth":
-            return child
+        try:
+            if child is not None and child.name == "Elmworth":
+                return child
+        except GLib.Error:  # a former one that has just ended
+            continue
     return None
 
 
