@@ -1,12 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The least that a program takes to show a window with the Qt modules that the application uses.
+// The least that a program takes to show a window with the modules that the application's window
+// uses.
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QtDBus>
+#include <QtQml/QQmlExtensionPlugin>
+
+Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
 
 int main(int argc, char** argv) {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
@@ -18,6 +25,11 @@ int main(int argc, char** argv) {
         import QtQuick.Controls.Basic
         import QtQuick.Layouts
         import QtQuick.Templates as T
+        import Qt.labs.qmlmodels
+        import Elmworth.Main
+        import Elmworth.Theme
+        import Elmworth.Timesheet
+        import Elmworth.Tracking
         ApplicationWindow {
             visible: true
             width: 1080

@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """startup.py BIN-FOLDER [RUNS]   how long the application takes to its first frame.
 
-Starts it on the big library, on an empty one, and starts a program that shows an empty window, in
-turn, so that all meet the same machine. Run it as "tests/e2e/desktop bench/startup.py …": it needs a
+Starts it on the big library, on one of 100 entries, on an empty one, and starts a program that shows
+an empty window, in turn, so that all meet the same machine. Run it as "tests/e2e/desktop bench/startup.py …": it needs a
 display and a session bus. The first frame is when Qt's renderer says that it has drawn one.
 """
 
@@ -44,15 +44,17 @@ def main():
     programs = pathlib.Path(sys.argv[1])
     runs = int(sys.argv[2]) if len(sys.argv) > 2 else 15
     with tempfile.TemporaryDirectory() as folder:
-        big, empty = pathlib.Path(folder, "big"), pathlib.Path(folder, "empty")
-        (big / "data/Elmworth").mkdir(parents=True, mode=0o700)
+        homes = {name: pathlib.Path(folder, name) for name in ("big", "small", "empty")}
         now = time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(time.time() - 3600))
-        subprocess.run([programs / "elmworth-make-library", big / "data/Elmworth/library.sqlite",
-                        "200000", now], check=True)
+        for name, entries in (("big", "200000"), ("small", "100")):
+            library = homes[name] / "data/Elmworth/library.sqlite"
+            library.parent.mkdir(parents=True, mode=0o700)
+            subprocess.run([programs / "elmworth-make-library", library, entries, now], check=True)
         application = [programs / "elmworth-app"]
-        cases = {"big library": (application, environment_of(big)),
-                 "empty library": (application, environment_of(empty)),
-                 "empty window": ([programs / "elmworth_empty_window"], environment_of(empty))}
+        cases = {"big library": (application, environment_of(homes["big"])),
+                 "small library": (application, environment_of(homes["small"])),
+                 "empty library": (application, environment_of(homes["empty"])),
+                 "empty window": ([programs / "elmworth_empty_window"], environment_of(homes["empty"]))}
         took = {case: [] for case in cases}
         for _ in range(runs + 2):
             for case, (command, environment) in cases.items():
