@@ -12,6 +12,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
 from pointer import RIGHT
+from session_manager import SessionManager
 from timesheet_window import TimesheetWindow, find, press, wait_until
 
 FAILED = "“Elmworth Timesheet.csv” can't be written: "
@@ -158,6 +159,27 @@ class BadInput(TimesheetWindow):
         self.program.kill()
         self.program.wait()
         self.assertEqual(self.notes(), ["Kept", "Kept too"])
+
+    def test_what_could_not_be_saved_is_when_the_session_ends(self):
+        self.program.kill()
+        self.program.wait()
+        session = SessionManager()
+        self.addCleanup(session.close)
+        self.environment["SESSION_MANAGER"] = session.address
+        self.start(restore_signals=False)
+        self.see("Early", "Wednesday")
+        wait_until(lambda: session.is_registered and session.saves == 1, "the application in the session")
+        self.limit_files(FULL)
+        self.edit("Early")
+        self.fill_in("Notes", "Kept")
+        press("Save")
+        self.see("Kept", "Wednesday")
+        self.limit_files(resource.RLIM_INFINITY)
+        session.end_session()
+        wait_until(lambda: session.saves == 2, "the answer that all is saved")
+        self.program.kill()
+        self.program.wait()
+        self.assertEqual(self.notes(), ["Kept", "Wednesday"])
 
     def test_notes_of_a_book_are_kept_whole(self):
         self.edit("Early")
