@@ -6,7 +6,21 @@ import ctypes
 
 REVERT_TO_PARENT = 2
 CURRENT_TIME = 0
+IS_VIEWABLE = 2
 KEYS = {" ": "space", "/": "slash", ".": "period", "-": "minus", ",": "comma"}
+
+
+class WindowAttributes(ctypes.Structure):
+    """Xlib's XWindowAttributes."""
+
+    _fields_ = [(name, ctypes.c_int) for name in ("x", "y", "width", "height", "border_width", "depth")] + [
+        ("visual", ctypes.c_void_p), ("root", ctypes.c_ulong), ("window_class", ctypes.c_int),
+        ("bit_gravity", ctypes.c_int), ("win_gravity", ctypes.c_int), ("backing_store", ctypes.c_int),
+        ("backing_planes", ctypes.c_ulong), ("backing_pixel", ctypes.c_ulong), ("save_under", ctypes.c_int),
+        ("colormap", ctypes.c_ulong), ("map_installed", ctypes.c_int), ("map_state", ctypes.c_int),
+        ("all_event_masks", ctypes.c_long), ("your_event_mask", ctypes.c_long),
+        ("do_not_propagate_mask", ctypes.c_long), ("override_redirect", ctypes.c_int),
+        ("screen", ctypes.c_void_p)]
 
 
 class Keyboard:
@@ -34,10 +48,15 @@ class Keyboard:
         self.x11.XFetchName(self.display, ctypes.c_ulong(window), ctypes.byref(name))
         return (name.value or b"").decode()
 
+    def is_viewable(self, window):
+        attributes = WindowAttributes()
+        return (self.x11.XGetWindowAttributes(self.display, ctypes.c_ulong(window), ctypes.byref(attributes))
+                and attributes.map_state == IS_VIEWABLE)
+
     def focus(self, title):
-        """Does what a window manager does when somebody clicks on the window."""
+        """Does what a window manager does when somebody clicks on the window. False while it doesn't show."""
         for window in self.top_level_windows():
-            if self.title(window) == title:
+            if self.title(window) == title and self.is_viewable(window):
                 self.x11.XSetInputFocus(self.display, ctypes.c_ulong(window), REVERT_TO_PARENT, CURRENT_TIME)
                 self.x11.XSync(self.display, False)
                 return True
