@@ -3,7 +3,7 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Timesheet
+import Elmworth.Tracking
 
 /// A filter by one record of many.
 FilterButton {

@@ -9,9 +9,9 @@
 #include <QtQmlIntegration>
 
 #include "core/store/LiveQuery.h"
-#include "screens/timesheet/ChoiceModel.h"
 #include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
+#include "tracking/ui/ChoiceModel.h"
 #include "tracking/ui/PanelServices.h"
 
 namespace elmworth {

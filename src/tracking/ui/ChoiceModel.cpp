@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/timesheet/ChoiceModel.h"
+#include "tracking/ui/ChoiceModel.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/LocalizedSearch.h"
-#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -30,18 +30,24 @@ int ChoiceModel::chosenRow() const {
 void ChoiceModel::setSearch(const QString& search) {
     if (search == search_) return;
     search_ = search;
-    showRows();
     Q_EMIT searchChanged();
+    showRows();
 }
 
 void ChoiceModel::showRows() {
-    const std::string typed = search_.toStdString();
-    const LocalizedSearch wanted(trimmedBlanks(typed));
+    std::vector<LocalizedSearch> words;
+    for (const auto& word : search_.simplified().split(u' ', Qt::SkipEmptyParts))
+        words.emplace_back(word.toStdString());
+    const auto isFound = [&](const Choice& choice) {
+        if (words.empty()) return true;
+        const std::string text = choice.text.toStdString();
+        return !choice.id.isNil() &&
+               std::ranges::all_of(words, [&](const auto& word) { return word.findsIn(text); });
+    };
     std::vector<Choice> found;
-    for (const auto& choice : choices_) {
-        if (wanted.findsIn(choice.text.toStdString())) found.push_back(choice);
-    }
+    std::ranges::copy_if(choices_, std::back_inserter(found), isFound);
     rows_.setRows(std::move(found));
+    Q_EMIT rowsChanged();
 }
 
 void ChoiceModel::choose(int row) {

@@ -18,7 +18,7 @@ GridLayout {
     function takeFocus(): void {
         if (model.isBilled)
             closing.forceActiveFocus(Qt.TabFocusReason);
-        else if (model.projects.isUnset)
+        else if (!model.projects.isSet)
             project.forceActiveFocus(Qt.TabFocusReason);
         else
             start.time.takeFocus();
@@ -35,8 +35,8 @@ GridLayout {
 
         Layout.fillWidth: true
         label: "Project"
-        text: form.model.projects.text
-        isUnset: form.model.projects.isUnset
+        text: form.model.projects.title
+        isUnset: !form.model.projects.isSet
         prompt: "Search projects"
         enabled: !form.model.isBilled
         rows: form.model.projects.rows // qmllint disable

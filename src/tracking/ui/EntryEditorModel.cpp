@@ -23,7 +23,7 @@ EntryEditorModel::EntryEditorModel(EntryEditorServices services)
       projects_(services_.context),
       start_(services_.calendar, services_.now, services_.locale),
       end_(services_.calendar, services_.now, services_.locale) {
-    connect(&projects_, &ProjectChoicesModel::chosenChanged, this, &EntryEditorModel::changed);
+    connect(&projects_, &ChoiceModel::changed, this, &EntryEditorModel::changed);
     connect(&start_, &DateTimeInput::changed, this, &EntryEditorModel::refresh);
     connect(&end_, &DateTimeInput::changed, this, &EntryEditorModel::refresh);
 }

@@ -34,7 +34,7 @@ class EntryEditorModel final : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)
     /// An entry on an invoice, which can only be read.
     Q_PROPERTY(bool isBilled READ isBilled NOTIFY changed FINAL)
-    Q_PROPERTY(elmworth::ProjectChoicesModel* projects READ projects CONSTANT FINAL)
+    Q_PROPERTY(elmworth::ChoiceModel* projects READ projects CONSTANT FINAL)
     Q_PROPERTY(elmworth::DateTimeInput* start READ start CONSTANT FINAL)
     Q_PROPERTY(elmworth::DateTimeInput* end READ end CONSTANT FINAL)
     Q_PROPERTY(bool isRunning READ isRunning NOTIFY changed FINAL)  ///< has no end to show

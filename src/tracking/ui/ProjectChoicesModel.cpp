@@ -3,10 +3,9 @@
 
 #include "tracking/ui/ProjectChoicesModel.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "core/Client.h"
-#include "platform/LocalizedSearch.h"
 
 namespace elmworth {
 
@@ -24,25 +23,18 @@ QString labelOf(const Project& project) {
     return client ? QString::fromStdString(client->name) + QStringLiteral(" \u2014 ") + name : name;
 }
 
-bool holdsAll(const QString& text, const QStringList& words) {
-    const std::string haystack = text.toStdString();
-    return std::all_of(words.begin(), words.end(), [&](const auto& word) {
-        return containsLocalized(haystack, word.toStdString());
-    });
-}
-
 }  // namespace
 
-ProjectChoicesModel::ProjectChoicesModel(ModelContext& context) : context_(context) {}
-
-QString ProjectChoicesModel::text() const {
-    return chosen_ ? labelOf(*chosen_) : QStringLiteral("Choose\u2026");
+ProjectChoicesModel::ProjectChoicesModel(ModelContext& context) : context_(context) {
+    connect(this, &ChoiceModel::picked, this, [this](const PersistentID& id) {
+        setChosen(id.isNil() ? nullptr : context_.record<Project>(id));
+    });
+    offerProjects();
 }
 
 void ProjectChoicesModel::show(Ref<Project> chosen, const Ref<Project>& entrysOwn) {
     stop();
-    search_.clear();
-    Q_EMIT searchChanged();
+    setSearch({});
     chosen_ = std::move(chosen);
     entrysOwn_ = entrysOwn ? std::optional(entrysOwn->persistentModelID()) : std::nullopt;
     projects_.emplace(context_, byName(), [this](const auto&) {
@@ -60,56 +52,29 @@ void ProjectChoicesModel::stop() {
 void ProjectChoicesModel::setChosen(Ref<Project> project) {
     if (project == chosen_) return;
     chosen_ = std::move(project);
-    showRows();
-    Q_EMIT chosenChanged();
-}
-
-void ProjectChoicesModel::choose(int row) {
-    if (row < 0 || row >= rows_.rowCount()) return;
-    const PersistentID id = rows()[static_cast<std::size_t>(row)].id;
-    auto project = id.isNil() ? nullptr : context_.record<Project>(id);
-    setSearch({});
-    setChosen(std::move(project));
-}
-
-void ProjectChoicesModel::setSearch(const QString& search) {
-    if (search == search_) return;
-    search_ = search;
-    Q_EMIT searchChanged();
-    showRows();
+    offerProjects();
 }
 
 void ProjectChoicesModel::projectsChanged() {
     if (chosen_ && chosen_->isDeleted()) chosen_ = nullptr;
-    showRows();
-    Q_EMIT chosenChanged();
+    offerProjects();
 }
 
 bool ProjectChoicesModel::isListed(const Project& project) const {
     return !project.isArchived || project.persistentModelID() == entrysOwn_;
 }
 
-void ProjectChoicesModel::showRows() {
-    const auto words = search_.simplified().split(u' ', Qt::SkipEmptyParts);
-    std::vector<ProjectChoice> rows;
-    if (words.isEmpty()) rows.push_back({{}, QStringLiteral("Choose\u2026"), chosen_ == nullptr});
+void ProjectChoicesModel::offerProjects() {
+    const auto none = QStringLiteral("Choose\u2026");
+    std::vector<Choice> choices{{{}, none, false}};
     if (projects_) {
         for (const auto& project : projects_->records()) {
-            if (!isListed(*project)) continue;
-            auto label = labelOf(*project);
-            if (holdsAll(label, words))
-                rows.push_back(
-                    {project->persistentModelID(), std::move(label), project == chosen_});
+            if (isListed(*project))
+                choices.push_back({project->persistentModelID(), labelOf(*project), false});
         }
     }
-    rows_.setRows(std::move(rows));
-    Q_EMIT rowsChanged();
-}
-
-int ProjectChoicesModel::chosenRow() const {
-    const auto found = std::find_if(rows().begin(), rows().end(),
-                                    [](const auto& choice) { return choice.isChosen; });
-    return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
+    offer(std::move(choices), chosen_ ? chosen_->persistentModelID() : PersistentID{},
+          chosen_ ? labelOf(*chosen_) : none);
 }
 
 }  // namespace elmworth

@@ -203,7 +203,7 @@ TEST_F(EntryElsewhere, WithItsProjectDeletedAnotherHasToBeChosen) {
     context().deleteRecord(website);
     context().save();
     turn();
-    EXPECT_EQ(utf8(editor.projects()->text()), "Choose…");
+    EXPECT_EQ(utf8(editor.projects()->title()), "Choose…");
     EXPECT_EQ(utf8(editor.iconColor()), "#7C6CFF");
     EXPECT_FALSE(editor.canSave());
     choose("Acme Co — Blog");
@@ -217,7 +217,7 @@ TEST_F(EntryElsewhere, TheChosenProjectDeletedLeavesNoneChosen) {
     choose("Acme Co — Blog");
     context().deleteRecord(blog);
     turn();
-    EXPECT_EQ(utf8(editor.projects()->text()), "Choose…");
+    EXPECT_EQ(utf8(editor.projects()->title()), "Choose…");
     EXPECT_FALSE(editor.canSave());
     EXPECT_EQ(utf8(editor.title()), "Edit Entry");
 }
@@ -232,7 +232,7 @@ TEST_F(EntryElsewhere, WhatNobodyTouchedHereIsNotTakenBack) {
     context().save();
     turn();
     EXPECT_EQ(utf8(editor.notes()), "From the panel");
-    EXPECT_EQ(utf8(editor.projects()->text()), "Acme Co — Blog");
+    EXPECT_EQ(utf8(editor.projects()->title()), "Acme Co — Blog");
     EXPECT_EQ(shown(editor.start()), "3/2/2026 6:45 AM");
     EXPECT_EQ(shown(editor.end()), "3/2/2026 8:30 AM");
     editor.save();

@@ -41,7 +41,7 @@ TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
     const auto blog = project("Blog");
     entry(blog, "07:00", "08:00");
     editor.open(nullptr);
-    EXPECT_EQ(utf8(editor.projects()->text()), "Acme Co — Blog");
+    EXPECT_EQ(utf8(editor.projects()->title()), "Acme Co — Blog");
     EXPECT_EQ(utf8(editor.title()), "New Entry");
     EXPECT_EQ(utf8(editor.icon()), "clock.fill");
     EXPECT_EQ(utf8(editor.iconColor()), blog->colorHex.get());
@@ -52,7 +52,7 @@ TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
 TEST_F(EntryEditor, WithoutAProjectNothingIsSaved) {
     editor.open(nullptr);
     editor.projects()->choose(0);
-    EXPECT_EQ(utf8(editor.projects()->text()), "Choose…");
+    EXPECT_EQ(utf8(editor.projects()->title()), "Choose…");
     EXPECT_EQ(utf8(editor.iconColor()), "#7C6CFF");
     EXPECT_FALSE(editor.canSave());
     editor.save();

@@ -69,7 +69,7 @@ TEST_F(ProjectChoices, ARowIsChosenAndEndsTheSearch) {
     find("blog");
     choices.choose(0);
     EXPECT_EQ(choices.chosen(), blog);
-    EXPECT_EQ(utf8(choices.text()), "Acme Co — Blog");
+    EXPECT_EQ(utf8(choices.title()), "Acme Co — Blog");
     EXPECT_EQ(utf8(choices.search()), "");
     EXPECT_EQ(choices.chosenRow(), 1);
     choices.choose(0);
@@ -85,11 +85,11 @@ TEST_F(ProjectChoices, TheyFollowTheLibrary) {
     acme()->name = "Acme & Sons";
     turn();
     EXPECT_EQ(labels(), (Texts{"Choose…", "Acme & Sons — Blog", "Acme & Sons — Website"}));
-    EXPECT_EQ(utf8(choices.text()), "Acme & Sons — Website");
+    EXPECT_EQ(utf8(choices.title()), "Acme & Sons — Website");
     context().deleteRecord(website);
     turn();
     EXPECT_EQ(labels(), (Texts{"Choose…", "Acme & Sons — Blog"}));
-    EXPECT_EQ(utf8(choices.text()), "Choose…");
+    EXPECT_EQ(utf8(choices.title()), "Choose…");
     EXPECT_EQ(choices.chosenRow(), 0);
 }
 
