@@ -16,7 +16,7 @@ target_compile_options(elmworth_options INTERFACE
     $<$<BOOL:${ELMWORTH_WERROR}>:-Werror>)
 if(ELMWORTH_SANITIZE)
     target_compile_options(elmworth_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O1)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ELMWORTH_FUZZ)
@@ -31,6 +31,9 @@ target_link_options(elmworth_options INTERFACE -Wl,--as-needed)
 target_compile_definitions(elmworth_options INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
     ELMWORTH_VERSION="${PROJECT_VERSION}")
+
+# What the tests labelled "outside" need: the programs, and a link of each room by itself.
+add_custom_target(outside)
 
 # elmworth_room(NAME <target> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...])
 function(elmworth_room)
@@ -52,12 +55,13 @@ function(elmworth_check_arrows room)
     set_target_properties(${room}_arrows PROPERTIES AUTOMOC FALSE)
     target_link_libraries(${room}_arrows PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${room}>)
     target_link_options(${room}_arrows PRIVATE -Wl,--no-undefined)
+    add_dependencies(outside ${room}_arrows)
 endfunction()
 
-# elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>])
+# elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>] [OUTSIDE])
 # Every test case becomes a test of CTest's, in a fixed time zone and locale unless it sets its own.
 function(elmworth_test)
-    cmake_parse_arguments(PARSE_ARGV 0 TEST "" "NAME;TIMEOUT" "SOURCES;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 0 TEST "OUTSIDE" "NAME;TIMEOUT" "SOURCES;LINKS")
     if(NOT TEST_TIMEOUT)
         set(TEST_TIMEOUT 120)
     endif()
@@ -72,8 +76,13 @@ function(elmworth_test)
         target_precompile_headers(${TEST_NAME} REUSE_FROM elmworth_test_headers)
         set_target_properties(${TEST_NAME} PROPERTIES AUTOMOC OFF)
     endif()
+    set(labels)
+    if(TEST_OUTSIDE)
+        set(labels LABELS outside)
+        add_dependencies(outside ${TEST_NAME})
+    endif()
     gtest_discover_tests(${TEST_NAME} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT ${TEST_TIMEOUT}
+        PROPERTIES TIMEOUT ${TEST_TIMEOUT} ${labels}
         ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
