@@ -58,6 +58,11 @@ QColor legible(const QColor& color, const QColor& ground, double ratio) {
     return veil;
 }
 
+QColor edge(const QColor& color, const QColor& ground) {
+    constexpr double faintest = 1.5;
+    return contrastRatio(color, ground) < faintest ? legible(color, ground, signContrast) : color;
+}
+
 double scrimOpacity(const QList<QColor>& colors, double ratio) {
     for (int step = 0; step < steps; ++step) {
         const double opacity = step / double{steps};

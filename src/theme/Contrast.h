@@ -25,6 +25,10 @@ inline constexpr double signContrast = 3;
 [[nodiscard]] QColor legible(const QColor& color, const QColor& ground,
                              double ratio = textContrast);
 
+/// The colour for the edge of a sign that is filled with `color`: `color` itself, unless the sign
+/// would be taken for its ground.
+[[nodiscard]] QColor edge(const QColor& color, const QColor& ground);
+
 /// The opacity from 0 to 1 of the black that has to lie over each of `colors` so that white keeps
 /// `ratio` on all of them.
 [[nodiscard]] double scrimOpacity(const QList<QColor>& colors, double ratio = textContrast);

@@ -22,6 +22,6 @@ Rectangle {
         anchors.centerIn: parent
         name: badge.icon
         size: Math.round(badge.size * 0.56)
-        color: badge.tint
+        color: Tint.edge(badge.tint, Theme.cardFillHover)
     }
 }

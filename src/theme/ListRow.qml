@@ -28,12 +28,11 @@ PressButton {
     contentItem: RowLayout {
         spacing: 12
 
-        Rectangle {
+        ColorSign {
             visible: row.mark.a > 0
             implicitWidth: 10
             implicitHeight: 10
-            radius: 5
-            color: row.mark
+            tint: row.mark
         }
 
         ColumnLayout {

@@ -6,10 +6,9 @@ import Elmworth.Theme
 
 /// A dot that beats with `beat`, a text that changes every second. It asks for no frames in between, and stands
 /// still where nobody sees it.
-Rectangle {
+ColorSign {
     id: dot
 
-    property color tint: Theme.accentViolet
     property string beat: ""
     property bool dimmed: false
 
@@ -19,8 +18,6 @@ Rectangle {
 
     implicitWidth: 8
     implicitHeight: 8
-    radius: width / 2
-    color: tint
     opacity: dimmed ? 0.45 : 1
 
     Behavior on opacity { NumberAnimation { duration: Theme.easing; easing.type: Easing.OutQuad } }

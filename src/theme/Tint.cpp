@@ -40,6 +40,10 @@ QColor Tint::legible(const QColor& color, const QColor& ground, const QColor& be
     return elmworth::legible(color, composed(ground, behind));
 }
 
+QColor Tint::edge(const QColor& color, const QColor& ground) {
+    return elmworth::edge(color, ground);
+}
+
 double Tint::scrimOpacity(const QVariantList& colors) {
     return elmworth::scrimOpacity(toColors(colors));
 }

@@ -30,6 +30,7 @@ class Tint final : public QObject {
     /// See Contrast.h. `ground` may be translucent over the opaque `behind`.
     Q_INVOKABLE [[nodiscard]] static QColor legible(const QColor& color, const QColor& ground,
                                                     const QColor& behind);
+    Q_INVOKABLE [[nodiscard]] static QColor edge(const QColor& color, const QColor& ground);
     Q_INVOKABLE [[nodiscard]] static double scrimOpacity(const QVariantList& colors);
     Q_INVOKABLE [[nodiscard]] static QColor inkOn(const QVariantList& colors);
 };

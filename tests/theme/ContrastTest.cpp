@@ -41,6 +41,15 @@ TEST(Contrast, ALegibleColourKeepsItsHueWhenItCan) {
     EXPECT_NEAR(legible(violet, Qt::black).hueF(), violet.hueF(), 0.02);
 }
 
+TEST(Contrast, ASignThatWouldBeTakenForItsGroundHasAnEdge) {
+    const QColor violet(0x7C, 0x6C, 0xFF);
+    EXPECT_EQ(edge(violet, Qt::black), violet);
+    EXPECT_EQ(edge(violet, Qt::white), violet);
+    EXPECT_EQ(edge(Qt::black, Qt::white), QColor(Qt::black));
+    EXPECT_GE(contrastRatio(edge(Qt::white, Qt::white), Qt::white), signContrast);
+    EXPECT_GE(contrastRatio(edge(Qt::black, QColor(11, 11, 13)), QColor(11, 11, 13)), signContrast);
+}
+
 TEST(Contrast, AScrimMakesWhiteLegibleAndIsNoDarkerThanNeeded) {
     const QList<QColor> bright{Qt::yellow, Qt::cyan};
     const double opacity = scrimOpacity(bright);

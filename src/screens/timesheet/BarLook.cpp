@@ -7,16 +7,10 @@
 
 namespace elmworth {
 
-namespace {
-
-/// The contrast below which a colour is taken for its ground.
-constexpr double faintest = 1.5;
-
-}  // namespace
-
 BarLook BarLook::of(const QColor& color, const QColor& ground) {
-    if (contrastRatio(color, ground) >= faintest) return {color};
-    return {color, QPen(legible(color, ground, signContrast), 1), 0.5};
+    const QColor outline = edge(color, ground);
+    if (outline == color) return {color};
+    return {color, QPen(outline, 1), 0.5};
 }
 
 }  // namespace elmworth

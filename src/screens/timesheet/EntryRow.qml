@@ -88,14 +88,13 @@ Item {
             bottomMargin: row.isLastOfDay ? 5 : 0
         }
 
-        Rectangle {
+        ColorSign {
             id: bar
 
             anchors.verticalCenter: parent.verticalCenter
             width: 4
             height: 30
-            radius: 2
-            color: Tint.fromHex(row.projectColor)
+            tint: Tint.fromHex(row.projectColor)
         }
 
         PlainText {
@@ -140,9 +139,12 @@ Item {
             anchors { right: time.left; rightMargin: 12; verticalCenter: parent.verticalCenter }
             spacing: 8
 
+            // Its place is kept, so that nothing moves under the pointer.
             Loader {
                 active: row.canContinue && (row.hovered || row.isCurrent)
-                visible: active
+                visible: row.canContinue
+                width: 28
+                height: 28
                 anchors.verticalCenter: parent.verticalCenter
 
                 // The button doesn't outlive its row.
