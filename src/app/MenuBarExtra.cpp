@@ -56,8 +56,11 @@ void MenuBarExtra::watchTray() {
         updateMenu();
     });
     QObject::connect(&panel_, &MenuBarPanelModel::offersChanged, [this] { updateMenu(); });
-    const auto open = [this](TrayPoint place) { showPanel(place); };
-    tray_.setEvents({open, open, [this] { updateMenu(); }, {}});
+    const auto press = [this](TrayPoint place) {
+        QMetaObject::invokeMethod(panelWindow(), "toggleAt",
+                                  Q_ARG(QPointF, QPointF(place.x, place.y)));
+    };
+    tray_.setEvents({press, press, [this] { updateMenu(); }, {}});
 }
 
 void MenuBarExtra::updateFace() {
@@ -78,10 +81,9 @@ QQuickWindow* MenuBarExtra::panelWindow() {
     return window_.get();
 }
 
-void MenuBarExtra::showPanel(std::optional<TrayPoint> place) {
-    const QPointF point = place ? QPointF(place->x, place->y) : QPointF();
-    QMetaObject::invokeMethod(panelWindow(), "openAt", Q_ARG(QPointF, point),
-                              Q_ARG(bool, place.has_value()));
+void MenuBarExtra::showPanel() {
+    QMetaObject::invokeMethod(panelWindow(), "openAt", Q_ARG(QPointF, QPointF()),
+                              Q_ARG(bool, false));
 }
 
 }  // namespace elmworth

@@ -6,7 +6,6 @@
 #include <QQuickWindow>
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include "app/LibraryServices.h"
 #include "platform/linux/StatusNotifierItem.h"
@@ -31,8 +30,9 @@ class MenuBarExtra {
     MenuBarExtra(const MenuBarExtra&) = delete;
     MenuBarExtra& operator=(const MenuBarExtra&) = delete;
 
-    /// Opens the panel, beside `place` where that is known.
-    void showPanel(std::optional<TrayPoint> place = std::nullopt);
+    /// Opens the panel in the corner of the screen. A press on the item opens it beside the item,
+    /// or closes it.
+    void showPanel();
 
  private:
     void leadOn(const Ways& ways);

@@ -16,6 +16,18 @@ FocusScope {
 
     /// Leaves the field for whatever the screen had in focus before.
     signal escaped()
+    /// Return was pressed.
+    signal accepted()
+
+    /// Makes the next letter typed part of the search.
+    function takeFocus(): void {
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+    }
+
+    /// Leaves what the text is bound to as it is.
+    function clear(): void {
+        field.clear();
+    }
 
     implicitWidth: fieldWidth + 2 * 11 + 2 * 20
     implicitHeight: Math.ceil(field.implicitHeight) + 2 * 6
@@ -59,7 +71,8 @@ FocusScope {
         Accessible.role: Accessible.EditableText
         Accessible.name: pill.prompt
 
-        Keys.onEscapePressed: { pill.text = ""; pill.escaped(); }
+        onAccepted: pill.accepted()
+        Keys.onEscapePressed: { pill.clear(); pill.escaped(); }
     }
 
     IconButton {
@@ -70,6 +83,6 @@ FocusScope {
         size: 20
         systemImage: "xmark.circle.fill"
         label: "Clear search"
-        onClicked: { pill.text = ""; field.forceActiveFocus(Qt.OtherFocusReason); }
+        onClicked: { pill.clear(); field.forceActiveFocus(Qt.OtherFocusReason); }
     }
 }

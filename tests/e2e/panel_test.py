@@ -12,9 +12,11 @@ import sys
 import unittest
 
 import pyatspi
+from gi.repository import GLib
 
 sys.path.insert(0, os.path.dirname(__file__))
 from accessible import application, find, focused, press, showing, wait_until, walk
+from fake_tray import ITEM, FakeTray, connect
 from keyboard import Keyboard
 
 PROGRAMS = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"])
@@ -33,6 +35,10 @@ def running():
 
 def becomes(project):
     wait_until(lambda: running().get("project") == project, f"the timer on {project}")
+
+
+def content_of(field):
+    return find(field, "text").queryText().getText(0, -1)
 
 
 def shown_rows():
@@ -117,6 +123,51 @@ class Panel(unittest.TestCase):
         wait_until(lambda: not find(SEARCH), "the end of the panel")
         self.assertEqual(running()["project"], "Support")
 
+    def test_return_starts_what_a_search_finds(self):
+        keyboard = self.take_keyboard()
+        keyboard.key("Return")  # nothing is searched for yet
+        keyboard.type("globex")
+        wait_until(lambda: shown_rows() == ["Start Support"], "the project of the client")
+        keyboard.key("Return")
+        becomes("Support")
+        wait_until(lambda: find("Switch to"), "the end of the search")
+        self.assertEqual(content_of(SEARCH), "")
+
+    def test_arrows_go_through_the_rows_and_back_to_the_search(self):
+        keyboard = self.take_keyboard()
+        first, second, third = shown_rows()[:3]
+        for key, name in (("Down", first), ("Down", second), ("Down", third),
+                          ("Up", second), ("Up", first), ("Up", SEARCH)):
+            keyboard.key(key)
+            wait_until(lambda: focused() and focused().name == name, f"the focus on {name}")
+
+    def test_escape_ends_a_search_before_it_closes_the_panel(self):
+        keyboard = self.take_keyboard()
+        everything = shown_rows()
+        keyboard.type("nothing like it")
+        wait_until(lambda: find("No matching projects"), "no results")
+        keyboard.key("Escape")
+        wait_until(lambda: shown_rows() == everything, "all projects again")
+        keyboard.key("Escape")
+        wait_until(lambda: not find(SEARCH), "the end of the panel")
+
+    def test_each_opening_begins_in_an_empty_search(self):
+        keyboard = self.take_keyboard()
+        keyboard.key("Down")
+        wait_until(lambda: focused() and focused().name.startswith("Start "), "the focus on a row")
+        first = focused().name.removeprefix("Start ")
+        keyboard.key("Return")
+        becomes(first)
+        keyboard.type("left")
+        press("Open Elmworth")
+        wait_until(lambda: not find(SEARCH), "the end of the panel")
+        elmworth("panel")
+        wait_until(lambda: find(SEARCH), "the panel")
+        keyboard = self.take_keyboard()
+        wait_until(lambda: focused() and focused().name == SEARCH, "the focus on the search")
+        self.assertEqual(content_of(SEARCH), "")
+        self.assertGreater(len(shown_rows()), 1)
+
     def test_typed_notes_are_kept_by_stop(self):
         press("Start Research")
         becomes("Research")
@@ -145,6 +196,58 @@ class Panel(unittest.TestCase):
     def test_quit_ends_the_program(self):
         press("Quit Elmworth")
         self.assertEqual(self.program.wait(timeout=20), 0)
+
+
+class PanelByTray(unittest.TestCase):
+    """The panel of a tray in a bar at the bottom of the screen."""
+
+    def setUp(self):
+        elmworth("stop")
+        self.tray = FakeTray()
+        self.addCleanup(self.tray.close)
+        self.program = subprocess.Popen([PROGRAMS / "elmworth-app"])
+        self.addCleanup(self.program.wait)
+        self.addCleanup(self.program.kill)
+        wait_until(lambda: self.tray.items, "the item in the tray")
+        self.bus = connect()
+        self.addCleanup(self.bus.close_sync)
+
+    def press_item(self, x, y):
+        self.bus.call_sync(self.tray.items[0], "/StatusNotifierItem", ITEM, "Activate",
+                           GLib.Variant("(ii)", (x, y)), None, 0, -1, None)
+
+    @staticmethod
+    def frame():
+        panel = find("Elmworth Panel")
+        return panel and panel.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+    def bottom(self):
+        frame = self.frame()
+        return frame and frame.y + frame.height
+
+    def test_a_press_opens_it_and_another_closes_it(self):
+        self.press_item(700, 880)
+        wait_until(lambda: find("Elmworth Panel"), "the panel")
+        self.press_item(700, 880)
+        wait_until(lambda: not find("Elmworth Panel"), "its end")
+
+    def test_it_stands_over_a_bar_at_the_bottom_and_grows_upwards(self):
+        elmworth("project", "add", "Another", "--client", "Acme Co")
+        self.press_item(700, 880)
+        wait_until(lambda: self.bottom() == 872, lambda: f"the panel over the item, not {self.bottom()}")
+        height = self.frame().height
+        press("Start Another")
+        wait_until(lambda: self.frame().height != height, "a panel of another height")
+        wait_until(lambda: self.bottom() == 872, lambda: f"the panel over the item, not {self.bottom()}")
+        self.press_item(700, 880)
+        wait_until(lambda: not find("Elmworth Panel"), "its end")
+        elmworth("stop")
+        self.press_item(700, 880)
+        wait_until(lambda: self.bottom() == 872, lambda: f"the panel over the item, not {self.bottom()}")
+
+    def test_it_hangs_from_a_bar_at_the_top(self):
+        self.press_item(700, 12)
+        wait_until(lambda: self.frame() and self.frame().y == 20, "the panel under the item")
 
 
 if __name__ == "__main__":

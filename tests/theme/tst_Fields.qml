@@ -12,6 +12,7 @@ Item {
     height: 400
 
     Component { id: search; SearchPill { prompt: "Search clients" } }
+    Component { id: boundSearch; SearchPill { property string query: "now"; text: query } }
     Component { id: input; InputField { placeholderText: "Name" } }
     Component { id: area; InputArea { label: "Address" } }
     Component { id: tick; CheckMark { text: "Ticked" } }
@@ -50,6 +51,17 @@ Item {
             compare(pill.text, "");
             verify(!clear.visible);
             verify(pill.looksFocused);
+        }
+
+        function test_an_emptied_search_still_follows_what_it_is_bound_to() {
+            const field = createTemporaryObject(boundSearch, stage);
+            field.takeFocus();
+            keyClick("a");
+            compare(field.text, "nowa");
+            field.clear();
+            compare(field.text, "");
+            field.query = "later";
+            compare(field.text, "later");
         }
 
         function test_search_is_emptied_and_left_by_escape() {

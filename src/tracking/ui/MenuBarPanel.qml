@@ -24,6 +24,13 @@ FocusScope {
             header.forceActiveFocus();
     }
 
+    /// Shows all projects again. False when nothing was searched for.
+    function endSearch(): bool {
+        const isSearching = model.projects.search.length > 0;
+        model.projects.search = "";
+        return isSearching;
+    }
+
     implicitHeight: header.implicitHeight + content.implicitHeight + footer.implicitHeight + 2 * 12 + 2 * 8
     focus: true
 
@@ -73,12 +80,19 @@ FocusScope {
             if (place < 0 || place >= content.height)
                 return;
             const view = contentItem as Flickable;
-            view.contentY = Math.min(place, Math.max(view.contentY, place + reached.height - height));
+            view.contentY = Math.min(place, Math.max(view.contentY, place + reached.height + 2 * rim - height));
         }
 
-        anchors { left: parent.left; right: parent.right; top: header.bottom; bottom: footer.top; topMargin: 12 }
+        /// The room for the ring round what has the focus.
+        readonly property int rim: 4
+
+        anchors {
+            left: parent.left; right: parent.right
+            top: header.bottom; topMargin: 12 - rim
+            bottom: footer.top
+        }
         contentWidth: availableWidth
-        contentHeight: content.implicitHeight
+        contentHeight: content.implicitHeight + 2 * rim
         Basic.ScrollBar.horizontal.policy: Basic.ScrollBar.AlwaysOff
         Basic.ScrollBar.vertical: SlimScrollBar {
             anchors { top: parent.top; right: parent.right; bottom: parent.bottom }
@@ -88,6 +102,7 @@ FocusScope {
             id: content
 
             x: 12
+            y: scroll.rim
             width: scroll.availableWidth - 24
             spacing: 12
 

@@ -64,6 +64,7 @@ void MenuBarPanelModel::tick() {
 
 void MenuBarPanelModel::refresh() {
     services_.timer.refresh();
+    projects_.setSearch({});
     update();
 }
 

@@ -38,7 +38,7 @@ class MenuBarPanelModel final : public QObject {
     [[nodiscard]] ContinueRowModel* continueRow() noexcept { return &continueRow_; }
     [[nodiscard]] ProjectSectionModel* projects() noexcept { return &projects_; }
 
-    /// To be called each time the panel is shown.
+    /// To be called each time the panel is shown: it begins without a search.
     Q_INVOKABLE void refresh();
 
     /// Opens the main window on the timesheet.

@@ -15,7 +15,18 @@ ColumnLayout {
     readonly property bool hasSearch: model.isSearchShown
 
     function focusSearch(): void {
-        search.forceActiveFocus();
+        search.takeFocus();
+    }
+
+    /// Gives the keyboard to the next row from `row` on, in steps of 1 or -1, that can be started; before the first
+    /// stands the search. Nothing happens when there is none.
+    function focusRow(row: int, step: int): void {
+        while (row >= 0 && row < rows.count && !rows.itemAt(row).enabled)
+            row += step;
+        if (row >= 0 && row < rows.count)
+            rows.itemAt(row).forceActiveFocus(Qt.TabFocusReason);
+        else if (row < 0 && hasSearch)
+            focusSearch();
     }
 
     spacing: 8
@@ -33,6 +44,8 @@ ColumnLayout {
         prompt: "Search all projects"
         text: section.model.search
         onTextChanged: section.model.search = text
+        onAccepted: section.model.startFirstFound()
+        Keys.onDownPressed: section.focusRow(0, 1)
     }
 
     ColumnLayout {
@@ -40,6 +53,8 @@ ColumnLayout {
         spacing: 6
 
         Repeater {
+            id: rows
+
             model: section.model.rows // qmllint disable
 
             ProjectRow {
@@ -47,6 +62,8 @@ ColumnLayout {
                 // The section outlives its rows.
                 // qmllint disable unqualified
                 onClicked: section.model.start(index)
+                Keys.onUpPressed: section.focusRow(index - 1, -1)
+                Keys.onDownPressed: section.focusRow(index + 1, 1)
                 // qmllint enable unqualified
             }
         }

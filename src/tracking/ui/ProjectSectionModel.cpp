@@ -129,4 +129,11 @@ void ProjectSectionModel::startProject(PersistentID id) {
     setSearch({});
 }
 
+void ProjectSectionModel::startFirstFound() {
+    const std::string search = search_.toStdString();
+    if (trimmedWhitespace(search).empty()) return;
+    const auto first = std::ranges::find(rows(), false, &ProjectStartRow::isRunning);
+    if (first != rows().end()) startProject(first->id);
+}
+
 }  // namespace elmworth

@@ -49,6 +49,9 @@ class ProjectSectionModel final : public QObject {
     Q_INVOKABLE void start(int row);
     /// The same for the project of this identity.
     void startProject(PersistentID id);
+    /// The same for the first that a search found and that doesn't run yet. Does nothing without a
+    /// search.
+    Q_INVOKABLE void startFirstFound();
 
     /// After records or the running entry changed.
     void update();

@@ -260,5 +260,31 @@ TEST_F(ProjectSectionTest, unsavedChangesShowInTheNextTurn) {
     EXPECT_EQ(utf8(section.rows().at(0).client), "Acme Ltd");
 }
 
+TEST_F(ProjectSectionTest, theFirstThatASearchFoundAndThatDoesNotRunIsStarted) {
+    addProjects(7);
+    section.startFirstFound();
+    EXPECT_FALSE(service().running()) << "without a search";
+    find(" g ");
+    section.startFirstFound();
+    EXPECT_EQ(service().running()->project.get(), named("G"));
+    EXPECT_EQ(utf8(section.search()), "");
+    find("acme");
+    section.startProject(named("A")->persistentModelID());
+    find("acme");
+    section.startFirstFound();
+    EXPECT_EQ(service().running()->project.get(), named("B"));
+    find("nothing like it");
+    section.startFirstFound();
+    EXPECT_EQ(service().running()->project.get(), named("B"));
+}
+
+TEST_F(ProjectSectionTest, eachOpeningOfThePanelBeginsWithoutASearch) {
+    addProjects(7);
+    find("c");
+    panel.refresh();
+    EXPECT_EQ(utf8(section.search()), "");
+    EXPECT_EQ(names().size(), 6U);
+}
+
 }  // namespace
 }  // namespace elmworth
