@@ -17,6 +17,14 @@ Basic.Menu {
         return result;
     }
 
+    /// Where the first item stands that can be chosen; 0 when none can.
+    function firstEnabled(): int {
+        for (let i = 0; i < count; ++i)
+            if (itemAt(i).enabled)
+                return i;
+        return 0;
+    }
+
     width: Math.min(360, Math.max(180, widest) + leftPadding + rightPadding)
     padding: 5
     margins: 8

@@ -26,7 +26,7 @@ Basic.MenuItem {
             return;
         if (subMenu) {
             subMenu.open();
-            subMenu.currentIndex = 0;
+            subMenu.currentIndex = (subMenu as PopupMenu)?.firstEnabled() ?? 0;
             return;
         }
         if (action)

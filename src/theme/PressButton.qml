@@ -15,6 +15,8 @@ Basic.AbstractButton {
     property string help: ""
     /// The name for assistive technology where it isn't the text.
     property string label: ""
+    /// The button has been used since the pointer or the focus came: the tip would lie over what it opened.
+    property bool isUsed: false
     property bool looksHovered: hovered
     property bool looksPressed: down
     property bool looksFocused: visualFocus
@@ -31,11 +33,16 @@ Basic.AbstractButton {
     Accessible.description: enabled ? help : "Unavailable"
     Accessible.onPressAction: press()
 
+    onPressedChanged: if (pressed) isUsed = true
+    onClicked: isUsed = true
+    onHoveredChanged: if (!hovered) isUsed = false
+    onActiveFocusChanged: if (!activeFocus) isUsed = false
+
     Keys.onReturnPressed: press()
     Keys.onEnterPressed: press()
 
     Loader {
-        active: button.help.length > 0 && (button.hovered || button.visualFocus)
+        active: button.help.length > 0 && (button.hovered || button.visualFocus) && !button.isUsed
 
         // The tip doesn't outlive its button.
         // qmllint disable unqualified

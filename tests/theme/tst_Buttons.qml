@@ -38,6 +38,18 @@ Item {
             return createTemporaryObject(clicks, stage, { target: button });
         }
 
+        function test_a_tip_shows_until_the_button_is_used() {
+            const button = createTemporaryObject(glow, stage);
+            const shows = () => Array.from(button.data).some(part => part.item?.text === "Saves it");
+            button.forceActiveFocus(Qt.TabFocusReason);
+            verify(shows());
+            keyClick(Qt.Key_Space);
+            verify(!shows());
+            stage.forceActiveFocus();
+            button.forceActiveFocus(Qt.TabFocusReason);
+            verify(shows());
+        }
+
         function test_has_a_role_and_a_name_data() { return buttons(); }
         function test_has_a_role_and_a_name(row) {
             const button = createTemporaryObject(row.component, stage);

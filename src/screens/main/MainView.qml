@@ -49,7 +49,7 @@ Basic.SplitView {
                 title: "Clients"
                 icon: "person.2.fill"
                 colors: Theme.violetGradient
-                message: "Clients and what they owe will stand here. Until then, “elmworth client” works in a terminal."
+                message: "Clients and what they owe will appear here. Until then, add one in a terminal: elmworth client add \"Acme Co\" --rate 120"
             }
         }
 
@@ -60,7 +60,7 @@ Basic.SplitView {
                 title: "Projects"
                 icon: "folder.fill"
                 colors: Theme.skyGradient
-                message: "Projects with their budgets will stand here. Until then, “elmworth project” works in a terminal."
+                message: "Projects with their budgets will appear here. Until then, add one in a terminal: elmworth project add \"Website\" --client \"Acme Co\""
             }
         }
 
@@ -71,7 +71,7 @@ Basic.SplitView {
                 title: "Invoices"
                 icon: "doc.text.fill"
                 colors: Theme.mintGradient
-                message: "Invoices and their PDFs will stand here. Until then, “elmworth invoice” works in a terminal."
+                message: "Invoices and their PDFs will appear here. Until then, make one in a terminal: “elmworth invoice create --help” tells how."
             }
         }
     }

@@ -59,13 +59,14 @@ ListView {
     Basic.ScrollBar.vertical: SlimScrollBar {}
 
     // Acts on the lines. It comes after the head, for which the list as a whole would stand in the way.
-    Item {
+    Basic.Control {
         id: keys
 
         parent: list
         anchors.fill: parent
         focus: true
-        activeFocusOnTab: true
+        focusPolicy: Qt.TabFocus
+        hoverEnabled: false
         Accessible.role: Accessible.List
         Accessible.name: "Entries"
         Accessible.focusable: true
@@ -101,6 +102,11 @@ ListView {
                 list.reveal();
             if (event.key === Qt.Key_Home)
                 list.positionViewAtBeginning();
+        }
+
+        FocusRing {
+            anchors.margins: 3
+            shows: keys.visualFocus && list.timesheet.currentRow < 0
         }
     }
 
