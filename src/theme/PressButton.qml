@@ -35,8 +35,8 @@ Basic.AbstractButton {
 
     onPressedChanged: if (pressed) isUsed = true
     onClicked: isUsed = true
-    onHoveredChanged: if (!hovered) isUsed = false
-    onActiveFocusChanged: if (!activeFocus) isUsed = false
+    onHoveredChanged: isUsed = false
+    onVisualFocusChanged: if (visualFocus) isUsed = false
 
     Keys.onReturnPressed: press()
     Keys.onEnterPressed: press()
