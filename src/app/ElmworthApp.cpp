@@ -45,7 +45,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     const auto showMain = [this] { showMainWindow(); };
     menuBarExtra_.emplace(services_, runLoop_, engine_, MenuBarExtra::Ways{showMain, showMain});
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
-    loadMainWindow(opening);
+    if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
 }
 
@@ -62,17 +62,17 @@ void ElmworthApp::showPanel() {
     menuBarExtra_->showPanel();
 }
 
-void ElmworthApp::loadMainWindow(Opening opening) {
+void ElmworthApp::makeMainWindow() {
     mainWindow_ = makeWindow(
         engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")),
         QVariant::fromValue(&mainViewModel_));
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     // show() would undo "maximized".
-    if (opening == Opening::mainWindow) mainWindow_->setVisible(true);
+    mainWindow_->setVisible(true);
 }
 
 void ElmworthApp::showMainWindow() {
-    if (!mainWindow_) return;
+    if (!mainWindow_) makeMainWindow();
     // What was maximized or minimized stays or becomes as it was.
     mainWindow_->setWindowStates(mainWindow_->windowStates() & ~Qt::WindowMinimized);
     mainWindow_->setVisible(true);

@@ -46,7 +46,7 @@ class ElmworthApp {
     void showPanel();
 
  private:
-    void loadMainWindow(Opening opening);
+    void makeMainWindow();
     void saveBeforeInterruptions();
 
     QtRunLoop runLoop_;
@@ -63,7 +63,7 @@ class ElmworthApp {
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
     std::optional<MenuBarExtra> menuBarExtra_;
-    std::unique_ptr<QQuickWindow> mainWindow_;
+    std::unique_ptr<QQuickWindow> mainWindow_;  ///< made when it is first shown
     std::optional<RememberedWindow> rememberedWindow_;
     LastSave lastSave_;
 };
