@@ -22,13 +22,16 @@ QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
 }
 
-/// `label` on one line, cut where it is far longer than any room for it.
+/// `label` on one line. One that is far longer than any room for it loses its middle, as the legend
+/// cuts what it has no room for: long names often differ at their ends.
 QString shown(const std::string& label) {
-    QString line = text(label).simplified();
+    const QString line = text(label).simplified();
     if (line.size() <= longestLabel) return line;
-    line.truncate(longestLabel - 1);
-    if (line.back().isHighSurrogate()) line.chop(1);
-    return line + u'…';
+    QString begin = line.left(longestLabel / 2);
+    QString end = line.right(longestLabel - 1 - begin.size());
+    if (begin.back().isHighSurrogate()) begin.chop(1);
+    if (end.front().isLowSurrogate()) end.remove(0, 1);
+    return begin + u'…' + end;
 }
 
 QString hoursText(double hours) {

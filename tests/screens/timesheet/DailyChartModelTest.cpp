@@ -135,13 +135,24 @@ TEST_F(DailyChart, CallsOutADayFromTheTopDownAndSumsUpTheLast) {
     EXPECT_EQ(model.calloutOfColumn(0).size(), 6U);
 }
 
-TEST_F(DailyChart, CutsNamesOfAbsurdLengthToOneShortLine) {
-    show({listed(projectNamed(std::string(100'000, 'x')), "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
+TEST_F(DailyChart, CutsTheMiddleOutOfNamesOfAbsurdLength) {
+    const std::string name = "Website" + std::string(100'000, 'x') + "Phase 2";
+    show({listed(projectNamed(name), "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
           listed(projectNamed("Two\nlines"), "2026-03-02T08:00Z", "2026-03-02T09:00Z")},
          7);
     EXPECT_EQ(model.labels()[0], QStringLiteral("Two lines"));
-    EXPECT_EQ(model.labels()[1].size(), 80);
-    EXPECT_TRUE(model.labels()[1].endsWith(u'…'));
+    const QString& label = model.labels()[1];
+    EXPECT_EQ(label.size(), 80);
+    EXPECT_TRUE(label.startsWith(QStringLiteral("Website")));
+    EXPECT_EQ(label.count(u'…'), 1);
+    EXPECT_TRUE(label.endsWith(QStringLiteral("Phase 2")));
+}
+
+TEST_F(DailyChart, CutsNoCharacterInTwo) {
+    std::string name = "a";
+    for (int i = 0; i < 100; ++i) name += "🎉";  // two code units each
+    show({listed(projectNamed(name), "2026-03-02T08:00Z", "2026-03-02T09:00Z")}, 7);
+    EXPECT_TRUE(model.labels()[0].isValidUtf16());
 }
 
 TEST_F(DailyChart, LeavesTheColumnsOfDaysThatStayInPlace) {
