@@ -2,11 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A mouse for a display without a window manager."""
 
+import time
+
 import pyatspi
 from loop import wait_until
 
 LEFT, RIGHT = 1, 3
 CURRENT_TIME = 0
+REST_SECONDS = 0.3
 
 
 def extents(node):
@@ -14,13 +17,16 @@ def extents(node):
 
 
 def resting_place(node):
-    """Where the node is once it has stood still while the program answered several times: a list may still move."""
-    seen = []
+    """Where the node is once it has stood still for as long as the window's movements take, while the program
+    answered: a list may still move."""
+    place, since = None, 0
 
     def rests():
+        nonlocal place, since
         box = extents(node)
-        seen.append((box.x, box.y, box.width, box.height))
-        return box if len(seen) > 3 and len(set(seen[-4:])) == 1 else None
+        if place != (box.x, box.y, box.width, box.height):
+            place, since = (box.x, box.y, box.width, box.height), time.monotonic()
+        return box if time.monotonic() - since >= REST_SECONDS else None
 
     return wait_until(rests, "a node that stands still")
 

@@ -37,6 +37,8 @@ class Review:
         self.pointer.click(self.line(notes), button=RIGHT)
         for item in items:
             press(item, "menu item")
+        if items:
+            wait_until(lambda: not find(items[-1], "menu item"), "the end of the menu")
 
     def times(self, notes):
         """The local times of an entry."""
