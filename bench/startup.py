@@ -4,8 +4,9 @@
 """startup.py BIN-FOLDER [RUNS]   how long the application takes to its first frame.
 
 Starts it on the big library, on one of 100 entries, on an empty one, and starts a program that shows
-an empty window, in turn, so that all meet the same machine. Run it as "tests/e2e/desktop bench/startup.py …": it needs a
-display and a session bus. The first frame is when Qt's renderer says that it has drawn one.
+an empty window, in turn, so that all meet the same machine. Run it as "tests/e2e/desktop
+bench/startup.py …": it needs a display and a session bus. The first frame is when Qt's renderer says
+that it has drawn one.
 """
 
 import os

@@ -199,7 +199,12 @@ class Panel(unittest.TestCase):
 
 
 class PanelByTray(unittest.TestCase):
-    """The panel of a tray in a bar at the bottom of the screen."""
+    """The panel beside an item in a tray."""
+
+    @classmethod
+    def setUpClass(cls):
+        elmworth("client", "add", "Initech")
+        elmworth("project", "add", "Another", "--client", "Initech")
 
     def setUp(self):
         elmworth("stop")
@@ -232,7 +237,6 @@ class PanelByTray(unittest.TestCase):
         wait_until(lambda: not find("Elmworth Panel"), "its end")
 
     def test_it_stands_over_a_bar_at_the_bottom_and_grows_upwards(self):
-        elmworth("project", "add", "Another", "--client", "Acme Co")
         self.press_item(700, 880)
         wait_until(lambda: self.bottom() == 872, lambda: f"the panel over the item, not {self.bottom()}")
         height = self.frame().height

@@ -12,6 +12,7 @@ Item {
     width: 600
     height: 400
 
+    Component { id: menu; PopupMenu { PopupMenuItem { text: "Stop"; enabled: false } PopupMenuItem { text: "Resume" } } }
     Component { id: tile; InitialTile { text: "Acme Co"; colors: Theme.tileGradient("Acme Co") } }
     Component { id: chip; Chip { text: "Live"; icon: "record.circle" } }
     Component { id: stat; StatCard { title: "Tracked"; value: "1:00"; detail: "9 entries" } }
@@ -107,6 +108,13 @@ Item {
             item.last.forceActiveFocus(Qt.TabFocusReason);
             const bottom = item.last.mapToItem(item, 0, item.last.height).y;
             verify(bottom <= item.height, `the button ends at ${bottom}`);
+        }
+
+        function test_a_menu_begins_with_what_can_be_chosen() {
+            const first = createTemporaryObject(menu, stage);
+            compare(first.firstEnabled(), 1);
+            first.itemAt(1).enabled = false;
+            compare(first.firstEnabled(), 0);
         }
 
         function test_escape_closes_a_sheet() {

@@ -7,8 +7,6 @@ import Elmworth.Timesheet
 
 /// Asks where the filtered entries are to be written.
 FileDialog {
-    id: dialog
-
     property TimesheetModel model: null
 
     /// The dialog has closed, and what follows from that is done.
