@@ -15,8 +15,9 @@ target_compile_options(elmworth_options INTERFACE
     -Wold-style-cast -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough
     $<$<BOOL:${ELMWORTH_WERROR}>:-Werror>)
 if(ELMWORTH_SANITIZE)
+    # Not optimized: that would cost more time to compile than the tests save.
     target_compile_options(elmworth_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O1)
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O0)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ELMWORTH_FUZZ)
@@ -35,6 +36,35 @@ target_compile_definitions(elmworth_options INTERFACE
 # What the tests labelled "outside" need: the programs, and a link of each room by itself.
 add_custom_target(outside)
 
+# The headers that most sources with Qt read, once. Only under the sanitizers: without them each file is
+# compiled with what it includes itself, so that a missing include is found. Made with the definitions
+# of Qt6::Core alone, because a compiler takes such a file only for sources that have all of its
+# definitions; they may have more.
+function(elmworth_qt_header_target target)
+    target_link_libraries(${target} PRIVATE elmworth_options Qt6::Core)
+    foreach(module Gui Network OpenGL Qml QmlIntegration QmlModels Quick)
+        target_include_directories(${target} SYSTEM PRIVATE
+            $<TARGET_PROPERTY:Qt6::${module},INTERFACE_INCLUDE_DIRECTORIES>)
+    endforeach()
+    target_precompile_headers(${target} PRIVATE
+        <algorithm> <chrono> <filesystem> <functional> <map> <memory> <optional> <string> <vector>
+        <QAbstractListModel> <QColor> <QFont> <QGuiApplication> <QPainter> <QQmlEngine>
+        <QQuickPaintedItem> <QQuickWindow> <QtQmlIntegration> ${ARGN})
+endfunction()
+
+if(ELMWORTH_SANITIZE)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/qt_headers.cpp CONTENT "// Nothing but the headers.\n")
+    add_library(elmworth_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qt_headers.cpp)
+    set_target_properties(elmworth_qt_headers PROPERTIES AUTOMOC OFF)
+    elmworth_qt_header_target(elmworth_qt_headers)
+endif()
+
+function(elmworth_reuse_qt_headers target)
+    if(ELMWORTH_SANITIZE)
+        target_precompile_headers(${target} REUSE_FROM elmworth_qt_headers)
+    endif()
+endfunction()
+
 # elmworth_room(NAME <target> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...])
 function(elmworth_room)
     cmake_parse_arguments(PARSE_ARGV 0 ROOM "MOC" "NAME" "SOURCES;LINKS;PRIVATE_LINKS")
@@ -42,6 +72,9 @@ function(elmworth_room)
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS}
         PRIVATE ${ROOM_PRIVATE_LINKS})
     set_target_properties(${ROOM_NAME} PROPERTIES AUTOMOC ${ROOM_MOC} LINKER_LANGUAGE CXX)
+    if("${ROOM_LINKS};${ROOM_PRIVATE_LINKS}" MATCHES "Qt6::(Gui|DBus|Quick)")
+        elmworth_reuse_qt_headers(${ROOM_NAME})
+    endif()
     elmworth_check_arrows(${ROOM_NAME})
 endfunction()
 
@@ -71,8 +104,10 @@ function(elmworth_test)
     target_include_directories(${TEST_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(${TEST_NAME} PRIVATE
         ELMWORTH_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-    # The headers that nearly all tests read, once. What comes with Qt's definitions reads them itself.
-    if(NOT "${TEST_LINKS}" MATCHES "Qt6::|gui_test|application|logo|fonts|theme|_ui|_pdf|_tray")
+    # The headers that nearly all tests read, once; with Qt's definitions or without them.
+    if("${TEST_LINKS}" MATCHES "Qt6::|gui_test|application|logo|fonts|theme|_ui|_pdf|_tray")
+        target_precompile_headers(${TEST_NAME} REUSE_FROM elmworth_qt_test_headers)
+    else()
         target_precompile_headers(${TEST_NAME} REUSE_FROM elmworth_test_headers)
         set_target_properties(${TEST_NAME} PROPERTIES AUTOMOC OFF)
     endif()
@@ -109,5 +144,6 @@ function(elmworth_qml_room)
         QML_FILES ${ROOM_SINGLETONS} ${ROOM_QML_FILES} SOURCES ${ROOM_SOURCES})
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS} Qt6::Quick)
     set_target_properties(${ROOM_NAME} PROPERTIES ELMWORTH_HAS_QML TRUE)
+    elmworth_reuse_qt_headers(${ROOM_NAME})
     set_source_files_properties(${ROOM_SOURCES} PROPERTIES COMPILE_OPTIONS "${strict_warnings}")
 endfunction()
