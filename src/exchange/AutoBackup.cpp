@@ -11,6 +11,7 @@
 #include "core/TimeEntry.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
+#include "platform/AbandonedFiles.h"
 #include "platform/ISO8601.h"
 #include "platform/StandardFolders.h"
 
@@ -24,6 +25,7 @@ using namespace std::chrono_literals;
 constexpr auto firstRunDelay = 20s;
 constexpr auto interval = 21'600s;
 constexpr auto minimumAge = 72'000s;
+constexpr auto longestWrite = 24h;
 constexpr std::string_view prefix = "Elmworth-";
 
 /// "2026-03-01T09-30-00", in UTC: the ISO form with what file systems allow.
@@ -101,6 +103,7 @@ std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const Busine
     const fs::path file = target / (std::string(prefix) + timestamp(now) + ".json");
     verify(file, BackupExporter::writeFile(context, profile, now, file));
     prune(target);
+    removeAbandonedFiles(target, now - longestWrite);
     return file;
 }
 

@@ -34,10 +34,11 @@ class AutoBackup {
                PowerEvents& powerEvents);
 
     /// Writes a snapshot unless the newest is younger than 20 hours or there are no entries, reads
-    /// it back, and removes all but the newest `snapshotsKept`. Gives the new file, or absent when
-    /// none was written. `folder` is for tests; absent means `AutoBackup::folder()`. Throws
-    /// StoreError, BackupDecodeError (the snapshot did not verify, and is gone) or
-    /// std::filesystem::filesystem_error; older snapshots are then all there.
+    /// it back, and removes all but the newest `snapshotsKept`, and what a killed process began to
+    /// write more than a day ago. Gives the new file, or absent when none was written. `folder` is
+    /// for tests; absent means `AutoBackup::folder()`. Throws StoreError, BackupDecodeError (the
+    /// snapshot did not verify, and is gone) or std::filesystem::filesystem_error; older snapshots
+    /// are then all there.
     static std::optional<std::filesystem::path> runIfDue(
         ModelContext& context, const BusinessProfile& profile, Instant now,
         const std::optional<std::filesystem::path>& folder = std::nullopt);

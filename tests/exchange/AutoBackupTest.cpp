@@ -3,7 +3,10 @@
 
 #include "exchange/AutoBackup.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <chrono>
 
 #include "core/ProfileStore.h"
 #include "exchange/BackupDecoder.h"
@@ -102,6 +105,22 @@ TEST_F(AutoBackupTest, theFifteenthPushesTheOldestOut) {
     EXPECT_TRUE(run(now));
     EXPECT_EQ(count(), AutoBackup::snapshotsKept);
     EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-02-01T00-00-00.json"));
+}
+
+TEST_F(AutoBackupTest, whatAKilledProcessBeganToWriteGoesAfterADay) {
+    const auto putWritten = [&](const std::string& name, Instant written) {
+        put(name);
+        std::filesystem::last_write_time(folder_.path() / name,
+                                         std::chrono::file_clock::from_sys(written));
+    };
+    putWritten(".elmworth-a1b2c3", now - 24h - 1s);
+    putWritten(".elmworth-d4e5f6", now - 24h);
+    putWritten(".elmworth-notes.txt", now - 48h);
+    putWritten("notes.txt", now - 48h);
+    EXPECT_TRUE(run(now));
+    EXPECT_THAT(folder_.names(),
+                testing::UnorderedElementsAre(".elmworth-d4e5f6", ".elmworth-notes.txt",
+                                              "Elmworth-2026-03-10T12-00-00.json", "notes.txt"));
 }
 
 TEST_F(AutoBackupTest, anEmptyLibraryWritesAndPrunesNothing) {

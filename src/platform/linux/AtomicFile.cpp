@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/AbandonedFiles.h"
+
 namespace elmworth {
 namespace {
 
@@ -78,7 +80,7 @@ std::string readAll(int descriptor, const std::filesystem::path& file) {
 
 AtomicFile::AtomicFile(std::filesystem::path target) : target_(resolved(std::move(target))) {
     // Not derived from the target's name, which may be as long as a file system allows.
-    std::string name = folderOf(target_) / ".elmworth-XXXXXX";
+    std::string name = folderOf(target_) / (std::string(temporaryFilePrefix) + "XXXXXX");
     descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
     if (descriptor_ < 0) fail("cannot write beside", target_, errno);
     temporary_ = std::move(name);
