@@ -36,8 +36,7 @@ target_compile_definitions(elmworth_options INTERFACE
 # What the tests labelled "outside" need: the programs, and a link of each room by itself.
 add_custom_target(outside)
 
-# The headers that most sources with Qt read, once. Only under the sanitizers: without them each file is
-# compiled with what it includes itself, so that a missing include is found. Made with the definitions
+# Precompiles the headers that most sources with Qt read, and those named beside. Made with the definitions
 # of Qt6::Core alone, because a compiler takes such a file only for sources that have all of its
 # definitions; they may have more.
 function(elmworth_qt_header_target target)
@@ -52,6 +51,8 @@ function(elmworth_qt_header_target target)
         <QQuickPaintedItem> <QQuickWindow> <QtQmlIntegration> ${ARGN})
 endfunction()
 
+# The program's own sources share them only under the sanitizers. Elsewhere each file is compiled with what
+# it includes itself, so that a missing include is found.
 if(ELMWORTH_SANITIZE)
     file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/qt_headers.cpp CONTENT "// Nothing but the headers.\n")
     add_library(elmworth_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qt_headers.cpp)
