@@ -17,17 +17,22 @@ target_compile_options(elmworth_options INTERFACE
 if(ELMWORTH_SANITIZE)
     # Not optimized: that would cost more time to compile than the tests save.
     target_compile_options(elmworth_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O0)
+        -fsanitize=address,undefined -fno-sanitize-recover=all
+        -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/support/sanitizers-ignore.txt
+        -fno-omit-frame-pointer -g1 -O0)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ELMWORTH_FUZZ)
     target_compile_options(elmworth_options INTERFACE
         -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
-        -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/fuzz/ignored.txt
+        -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/support/sanitizers-ignore.txt
         -fno-omit-frame-pointer -gline-tables-only -O1)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
 target_link_options(elmworth_options INTERFACE -Wl,--as-needed)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_link_options(elmworth_options INTERFACE -fuse-ld=lld)  # dozens of large tests are linked
+endif()
 # QStringLiteral everywhere and no silent conversions between texts.
 target_compile_definitions(elmworth_options INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
@@ -51,18 +56,32 @@ function(elmworth_qt_header_target target)
         <QQuickPaintedItem> <QQuickWindow> <QtQmlIntegration> ${ARGN})
 endfunction()
 
-# The program's own sources share them only under the sanitizers. Elsewhere each file is compiled with what
-# it includes itself, so that a missing include is found.
-if(ELMWORTH_SANITIZE)
-    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/qt_headers.cpp CONTENT "// Nothing but the headers.\n")
-    add_library(elmworth_qt_headers OBJECT ${CMAKE_BINARY_DIR}/qt_headers.cpp)
-    set_target_properties(elmworth_qt_headers PROPERTIES AUTOMOC OFF)
+# The presets dev and fuzz compile each file with what it includes itself, so that a missing include is found.
+set(share_headers FALSE)
+if(ELMWORTH_SANITIZE OR CMAKE_BUILD_TYPE STREQUAL "Release")
+    set(share_headers TRUE)
+endif()
+if(share_headers)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/headers.cpp CONTENT "// Nothing but the headers.\n")
+    add_library(elmworth_headers OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
+    target_link_libraries(elmworth_headers PRIVATE elmworth_options)
+    target_precompile_headers(elmworth_headers PRIVATE
+        <algorithm> <array> <chrono> <cmath> <cstdint> <filesystem> <functional> <memory> <optional>
+        <span> <string> <string_view> <unordered_map> <utility> <vector>)
+    add_library(elmworth_qt_headers OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
     elmworth_qt_header_target(elmworth_qt_headers)
+    set_target_properties(elmworth_headers elmworth_qt_headers PROPERTIES AUTOMOC OFF)
 endif()
 
-function(elmworth_reuse_qt_headers target)
-    if(ELMWORTH_SANITIZE)
+# elmworth_reuse_headers(<target> <linked target>...)
+function(elmworth_reuse_headers target)
+    if(NOT share_headers)
+        return()
+    endif()
+    if("${ARGN}" MATCHES "Qt6::(Gui|DBus|Quick)")
         target_precompile_headers(${target} REUSE_FROM elmworth_qt_headers)
+    elseif(NOT "${ARGN}" MATCHES "Qt6::")
+        target_precompile_headers(${target} REUSE_FROM elmworth_headers)
     endif()
 endfunction()
 
@@ -73,9 +92,7 @@ function(elmworth_room)
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS}
         PRIVATE ${ROOM_PRIVATE_LINKS})
     set_target_properties(${ROOM_NAME} PROPERTIES AUTOMOC ${ROOM_MOC} LINKER_LANGUAGE CXX)
-    if("${ROOM_LINKS};${ROOM_PRIVATE_LINKS}" MATCHES "Qt6::(Gui|DBus|Quick)")
-        elmworth_reuse_qt_headers(${ROOM_NAME})
-    endif()
+    elmworth_reuse_headers(${ROOM_NAME} ${ROOM_LINKS} ${ROOM_PRIVATE_LINKS})
     elmworth_check_arrows(${ROOM_NAME})
 endfunction()
 
@@ -122,6 +139,25 @@ function(elmworth_test)
         ENVIRONMENT "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
+# Most of what Qt writes for a QML module is small and reads the same large headers.
+function(elmworth_compile_generated_together room)
+    get_target_property(sources ${room} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/qmlcache/")
+    set_source_files_properties(${sources} PROPERTIES UNITY_GROUP qml)
+    set_target_properties(${room} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # Not the plugin and what starts it: their definitions say how the headers are to be read.
+    foreach(target ${room} ${room}_qmlcache)
+        if(TARGET ${target})
+            elmworth_reuse_headers(${target} Qt6::Quick)
+        endif()
+    endforeach()
+    foreach(target ${room}_qmlcache ${room}plugin_init)
+        if(TARGET ${target})
+            set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+        endif()
+    endforeach()
+endfunction()
+
 # elmworth_qml_room(NAME <target> URI <uri> QML_FILES <file>... [SINGLETONS <file>...]
 #                   [SOURCES <file>...] [LINKS <target>...])
 # The views of a room with their models, as a static QML module.
@@ -131,7 +167,7 @@ function(elmworth_qml_room)
         set_source_files_properties(${ROOM_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endif()
     string(REPLACE "." "/" module_folder ${ROOM_URI})
-    # Compiled ahead where people run it; that takes longer than all other compiling of a view.
+    # Byte code where people run it; C++ would take longer than all other compiling of a view.
     set(cachegen NO_CACHEGEN)
     if(CMAKE_BUILD_TYPE STREQUAL "Release")
         set(cachegen)
@@ -144,7 +180,9 @@ function(elmworth_qml_room)
         OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml/${module_folder}
         QML_FILES ${ROOM_SINGLETONS} ${ROOM_QML_FILES} SOURCES ${ROOM_SOURCES})
     target_link_libraries(${ROOM_NAME} PUBLIC elmworth_options ${ROOM_LINKS} Qt6::Quick)
-    set_target_properties(${ROOM_NAME} PROPERTIES ELMWORTH_HAS_QML TRUE)
-    elmworth_reuse_qt_headers(${ROOM_NAME})
+    set_target_properties(${ROOM_NAME} PROPERTIES
+        ELMWORTH_HAS_QML TRUE
+        QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
+    elmworth_compile_generated_together(${ROOM_NAME})
     set_source_files_properties(${ROOM_SOURCES} PROPERTIES COMPILE_OPTIONS "${strict_warnings}")
 endfunction()
