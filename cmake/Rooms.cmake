@@ -98,7 +98,7 @@ endfunction()
 
 # A static library would link with anything. This links the whole room with what it names, and no more.
 function(elmworth_check_arrows room)
-    if(NOT ELMWORTH_TESTS OR ELMWORTH_SANITIZE)
+    if(NOT ELMWORTH_OUTSIDE)
         return()
     endif()
     file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${room}_arrows.cpp CONTENT "// The room itself is all there is to link.\n")
