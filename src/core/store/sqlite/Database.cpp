@@ -136,6 +136,9 @@ Database::Database(const std::string& path) {
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     database_.reset(database);
     if (code != SQLITE_OK) fail(code, database ? sqlite3_errmsg(database) : sqlite3_errstr(code));
+    // Otherwise a column that a table lacks would read as its own name in every row.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_collation_needed(database, nullptr, &provideCollation);
 }
 

@@ -81,6 +81,12 @@ std::string_view comparisonSQL(PredicateNode::Kind kind) {
     }
 }
 
+std::string allColumns(const RecordSchema& schema) {
+    std::string sql = "\"id\"";
+    for (const auto& field : schema.fields) sql += ", " + quoted(field.name);
+    return sql;
+}
+
 class ConditionWriter {
  public:
     ConditionWriter(const RecordSchema& schema, SQLCondition& condition)
@@ -157,9 +163,7 @@ SQLCondition whereSQL(const RecordSchema& schema, const PredicateNode* predicate
 }
 
 std::string selectSQL(const RecordSchema& schema) {
-    std::string sql = "SELECT \"id\"";
-    for (const auto& field : schema.fields) sql += ", " + quoted(field.name);
-    return sql + " FROM " + quoted(schema.name);
+    return "SELECT " + allColumns(schema) + " FROM " + quoted(schema.name);
 }
 
 std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy, bool isLimited) {
@@ -176,7 +180,9 @@ std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy
 }
 
 std::string insertSQL(const RecordSchema& schema) {
-    std::string sql = "INSERT INTO " + quoted(schema.name) + " VALUES(?";
+    // Named, because a migrated table may have its columns in another order.
+    std::string sql =
+        "INSERT INTO " + quoted(schema.name) + '(' + allColumns(schema) + ") VALUES(?";
     for (std::size_t i = 0; i < schema.fields.size(); ++i) sql += ",?";
     return sql + ')';
 }
