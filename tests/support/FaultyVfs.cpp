@@ -3,7 +3,9 @@
 
 #include "support/FaultyVfs.h"
 
+#include <signal.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <new>
 
@@ -29,6 +31,15 @@ struct Fault {
 
 Fault fault;
 sqlite3_vfs* disk = nullptr;
+int operationsUntilKill = 0;  ///< 0: nothing kills the process
+
+bool isKilledNow() {
+    return operationsUntilKill > 0 && --operationsUntilKill == 0;
+}
+
+void killProcess() {
+    ::kill(::getpid(), SIGKILL);
+}
 
 /// An open file; that of the real disk follows it in memory.
 struct File {
@@ -49,6 +60,10 @@ int readFile(sqlite3_file* file, void* bytes, int count, sqlite3_int64 offset) {
 }
 
 int writeFile(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 offset) {
+    if (isKilledNow()) {
+        File::methods(file)->xWrite(File::real(file), bytes, count / 2, offset);
+        killProcess();
+    }
     const int code = fault.next();
     const int written = code == SQLITE_OK ? count : count / 2;
     const int result = File::methods(file)->xWrite(File::real(file), bytes, written, offset);
@@ -56,11 +71,13 @@ int writeFile(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 of
 }
 
 int truncateFile(sqlite3_file* file, sqlite3_int64 size) {
+    if (isKilledNow()) killProcess();
     const int code = fault.next();
     return code == SQLITE_OK ? File::methods(file)->xTruncate(File::real(file), size) : code;
 }
 
 int syncFile(sqlite3_file* /*file*/, int /*flags*/) {
+    if (isKilledNow()) killProcess();
     return fault.next();
 }
 
@@ -115,6 +132,7 @@ constexpr sqlite3_io_methods fileMethods{1,
 
 int openFile(sqlite3_vfs* /*vfs*/, const char* name, sqlite3_file* file, int flags, int* outFlags) {
     file->pMethods = nullptr;
+    if (isKilledNow()) killProcess();
     const int code = fault.next();
     if (code != SQLITE_OK) return code == SQLITE_FULL ? SQLITE_CANTOPEN : code;
     const int result = disk->xOpen(disk, name, File::real(file), flags, outFlags);
@@ -132,6 +150,7 @@ FaultyVfs::FaultyVfs() : impl_(std::make_unique<Impl>()) {
     disk = sqlite3_vfs_find(nullptr);
     if (disk == nullptr) throw std::bad_alloc();
     fault = {};
+    operationsUntilKill = 0;
     impl_->vfs = *disk;
     impl_->vfs.zName = "faulty";
     impl_->vfs.pNext = nullptr;
@@ -147,6 +166,10 @@ FaultyVfs::~FaultyVfs() {
 
 void FaultyVfs::failAt(int n, int code, Duration duration) {
     fault = {n, code, duration == Duration::lasting, false};
+}
+
+void FaultyVfs::killAt(int n) {
+    operationsUntilKill = n;
 }
 
 void FaultyVfs::heal() {

@@ -24,6 +24,10 @@ class FaultyVfs {
     /// half.
     void failAt(int n, int code, Duration duration);
 
+    /// Kills the process at the `n`-th operation from now on, counted from 1, before it happens; of
+    /// a write the first half is written.
+    void killAt(int n);
+
     /// Ends all failures.
     void heal();
 

@@ -34,9 +34,9 @@ struct ModelConfiguration {
 /// LibraryLock).
 class ModelContainer {
  public:
-    /// Opens the library, and makes a new one where there is no file. Throws ModelContainerError
-    /// for a file that is no library, is damaged, is of a newer version, or cannot be written; it
-    /// is left as it was.
+    /// Opens the library, and makes a new one where there is no file; one of an older version
+    /// becomes one of this version first. Throws ModelContainerError for a file that is no library,
+    /// is damaged, is of a newer or an unknown version, or cannot be written; it is left as it was.
     ModelContainer(const ModelConfiguration& configuration, RunLoop& runLoop);
     ModelContainer(const ModelContainer&) = delete;
     ModelContainer& operator=(const ModelContainer&) = delete;

@@ -70,6 +70,20 @@ TEST_F(LibraryFile, aNewerVersionThatStandsInTheLogAloneIsRefused) {
                           " has version 2.0.0, which needs a newer Elmworth than this one.");
 }
 
+TEST_F(LibraryFile, anUnknownVersionThatStandsInTheLogAloneIsRefusedAndStays) {
+    makeLibrary();
+    {
+        RawDatabase raw(file());
+        int keepLog = 1;
+        sqlite3_file_control(raw.handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
+        sqlite3_db_config(raw.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        ASSERT_EQ(raw.run("PRAGMA user_version = 5"), SQLITE_OK);
+    }
+    EXPECT_NE(open().find(" has version 0.0.5, which this Elmworth does not know"),
+              std::string::npos);
+    EXPECT_EQ(RawDatabase(file()).rows("PRAGMA user_version"), std::vector<std::string>{"5"});
+}
+
 TEST_F(LibraryFile, aLinkToADriveThatIsAwayIsNotReplacedByAnEmptyLibrary) {
     fs::create_symlink(folder.path() / "away" / "library.sqlite", file());
     EXPECT_EQ(open(), "Could not create ModelContainer: " + file().string() +
@@ -170,13 +184,14 @@ TEST_F(LibraryFile, cannotBeMadeInAFolderThatIsAFile) {
 
 // --- files that are refused ----------------------------------------------------------------------
 
-std::string libraryOfVersion(std::uint8_t patch) {
+std::string libraryOfVersion(int version) {
     test::TemporaryFolder folder;
     test::ManualRunLoop runLoop;
     const auto file = folder.path() / "library.sqlite";
     { const ModelContainer container({file}, runLoop); }
     auto bytes = readFile(file);
-    bytes[63] = static_cast<char>(0x10 + patch);  // the last byte of user_version, 10000 = 0x2710
+    for (std::size_t i = 0; i < 4; ++i)  // user_version, the last byte at 63
+        bytes[63 - i] = static_cast<char>(static_cast<unsigned>(version) >> (8 * i));
     return bytes;
 }
 
@@ -186,6 +201,9 @@ std::string otherDatabase() {
         .run("CREATE TABLE Client(name); INSERT INTO Client VALUES(1)");
     return readFile(folder.path() / "other");
 }
+
+constexpr const char* foreign =
+    " is not an Elmworth library; move it away to start with an empty one.";
 
 struct Refusal {
     const char* name;
@@ -199,15 +217,11 @@ TEST_P(RefusedFile, isLeftAsItWasAndNamedInOneSentence) {
     write(bytes);
     const auto message = open();
     EXPECT_EQ(message, "Could not create ModelContainer: The " +
-                           std::string(GetParam().name == std::string("newerVersion") ? "library "
-                                                                                      : "file ") +
+                           std::string(GetParam().reason == foreign ? "file " : "library ") +
                            file().string() + GetParam().reason);
     EXPECT_EQ(readFile(file()), bytes);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"library.sqlite"});
 }
-
-constexpr const char* foreign =
-    " is not an Elmworth library; move it away to start with an empty one.";
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, RefusedFile,
@@ -216,8 +230,16 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"textFile", [] { return std::string("Dear diary,\n").append(5000, '.'); }, foreign},
         Refusal{"shortHeader", [] { return std::string("SQLite format 3\0", 16); }, foreign},
         Refusal{"otherDatabase", &otherDatabase, foreign},
-        Refusal{"newerVersion", [] { return libraryOfVersion(1); },
-                " has version 1.0.1, which needs a newer Elmworth than this one."}),
+        Refusal{"newerVersion", [] { return libraryOfVersion(10001); },
+                " has version 1.0.1, which needs a newer Elmworth than this one."},
+        Refusal{"negativeVersion", [] { return libraryOfVersion(-10000); },
+                " has version 429495.72.96, which needs a newer Elmworth than this one."},
+        Refusal{"noVersion", [] { return libraryOfVersion(0); },
+                " has version 0.0.0, which this Elmworth does not know; move it away to start with "
+                "an empty one, into which a backup can be restored."},
+        Refusal{"versionBeforeTheFirst", [] { return libraryOfVersion(9999); },
+                " has version 0.99.99, which this Elmworth does not know; move it away to start "
+                "with an empty one, into which a backup can be restored."}),
     test::rowName);
 
 TEST_F(LibraryFile, thatIsAFolderIsRefused) {

@@ -55,32 +55,38 @@ FileHeader readHeader(const fs::path& file) {
     return header;
 }
 
-std::string versionText(std::uint32_t version) {
-    return std::to_string(version / 10000) + '.' + std::to_string(version / 100 % 100) + '.' +
-           std::to_string(version % 100);
+/// Refuses what no step leads from: reading it by the statements of this version would show wrong
+/// values. Writing the current number into it would make that last.
+void refuseOtherVersions(const fs::path& file, std::uint32_t version,
+                         const LibraryVersions& versions) {
+    const std::string what = "The library " + file.string() + " has version " +
+                             versionText(static_cast<std::int64_t>(version)) + ", which ";
+    if (version > static_cast<std::uint32_t>(versions.current)) {
+        throw StoreError(StoreError::Code::other, what + "needs a newer Elmworth than this one.");
+    }
+    if (versions.canRead(static_cast<int>(version))) return;
+    throw StoreError(StoreError::Code::other,
+                     what +
+                         "this Elmworth does not know; move it away to start with an empty one, "
+                         "into which a backup can be restored.");
 }
 
-void refuseNewerVersion(const fs::path& file, std::uint32_t version) {
-    if (version <= static_cast<std::uint32_t>(librarySchemaVersion)) return;
-    throw StoreError(StoreError::Code::other, "The library " + file.string() + " has version " +
-                                                  versionText(version) +
-                                                  ", which needs a newer Elmworth than this one.");
+bool hasLog(const fs::path& file) {
+    std::error_code error;
+    const auto size = fs::file_size(file.string() + "-wal", error);
+    return !error && size > 0;
 }
 
-void refuseForeignFile(const fs::path& file) {
+void refuseForeignFile(const fs::path& file, const LibraryVersions& versions) {
     const auto header = readHeader(file);
     if (!header.isLibrary()) {
         throw StoreError(StoreError::Code::other, "The file " + file.string() +
                                                       " is not an Elmworth library; move it away "
                                                       "to start with an empty one.");
     }
-    refuseNewerVersion(file, header.version());
-}
-
-/// The version that counts may stand in the log alone.
-std::uint32_t storedVersion(Database& database) {
-    Statement statement(database.handle(), "PRAGMA user_version");
-    return statement.step() ? static_cast<std::uint32_t>(statement.integer(0)) : 0;
+    // A log may hold a later version, but no earlier one.
+    if (!hasLog(file) || header.version() > static_cast<std::uint32_t>(versions.current))
+        refuseOtherVersions(file, header.version(), versions);
 }
 
 void createSchema(Database& database) {
@@ -124,31 +130,26 @@ void useOneConnection(Database& database) {
     sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
 }
 
-/// The first commit to a fresh log syncs its header as well; an empty one now keeps that from a
-/// person's click.
+/// The first commit to a fresh log syncs its header as well; one now that changes nothing keeps
+/// that from a person's click.
 void beginLog(Database& database) {
-    database.execute("PRAGMA user_version = " + std::to_string(librarySchemaVersion));
-}
-
-bool hasLog(const fs::path& file) {
-    std::error_code error;
-    const auto size = fs::file_size(file.string() + "-wal", error);
-    return !error && size > 0;
+    database.execute("PRAGMA user_version = " + std::to_string(storedVersion(database)));
 }
 
 }  // namespace
 
-Database openLibraryFile(const fs::path& file) {
+Database openLibraryFile(const fs::path& file, const LibraryVersions& versions) {
     createPrivateFolder(file.parent_path());
     // A link to a drive that is away is no missing library.
     if (!fs::exists(fs::symlink_status(file))) createLibraryFile(file);
-    refuseForeignFile(file);
+    refuseForeignFile(file, versions);
     const bool continuesLog = hasLog(file);
     Database database(file.string());
     useOneConnection(database);
-    refuseNewerVersion(file, storedVersion(database));
+    refuseOtherVersions(file, static_cast<std::uint32_t>(storedVersion(database)), versions);
     database.execute("PRAGMA journal_mode = WAL; SELECT count(*) FROM sqlite_schema");
     if (!continuesLog) beginLog(database);
+    migrate(database, file, versions);
     return database;
 }
 

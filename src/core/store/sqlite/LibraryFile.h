@@ -6,15 +6,18 @@
 #include <filesystem>
 
 #include "core/store/sqlite/Database.h"
+#include "core/store/sqlite/LibraryMigration.h"
 
 namespace elmworth::sqlite {
 
 /// Opens the library file `file` for the only process that uses it, making a new one where there is
 /// none: folder 0700, file 0600, write-ahead log, every commit durable by exactly one sync, the
-/// first one by another of the folder unless `syncLog` came before. A file that is no library, or
-/// of a newer version, is refused without being opened. Throws StoreError or
+/// first one by another of the folder unless `syncLog` came before. A library of an older version
+/// is brought to the current one (see `migrate`). A file that is no library, or of a version that
+/// is newer or leads to no current one, is refused and left as it was. Throws StoreError or
 /// std::filesystem::filesystem_error.
-[[nodiscard]] Database openLibraryFile(const std::filesystem::path& file);
+[[nodiscard]] Database openLibraryFile(const std::filesystem::path& file,
+                                       const LibraryVersions& versions = libraryVersions());
 
 /// A new, empty library in memory.
 [[nodiscard]] Database openLibraryInMemory();
