@@ -3,9 +3,28 @@
 
 #include "core/store/ChangeObservers.h"
 
+#include <exception>
+#include <string>
 #include <utility>
 
+#include "platform/SystemLog.h"
+
 namespace elmworth {
+
+namespace {
+
+/// A view that fails must not make a save look failed that is durable.
+void tell(const std::function<void()>& changed) noexcept {
+    try {
+        changed();
+    } catch (const std::exception& error) {
+        writeSystemLog(std::string("Elmworth: a change could not be shown: ") + error.what());
+    } catch (...) {
+        writeSystemLog("Elmworth: a change could not be shown");
+    }
+}
+
+}  // namespace
 
 ChangeObservers::Observation ChangeObservers::observe(const RecordSchema& schema,
                                                       std::function<void()> changed) {
@@ -27,7 +46,7 @@ void ChangeObservers::deliver() {
     const auto observers = observers_;  // they may begin and end observations
     for (const auto& weak : observers) {
         const auto observer = weak.lock();
-        if (observer && changedTypes[observer->type]) observer->changed();
+        if (observer && changedTypes[observer->type]) tell(observer->changed);
     }
 }
 

@@ -27,7 +27,7 @@ class ChangeObservers {
     void note(const RecordSchema& schema);
 
     /// Tells what has been noted now. An observer may change records, and begin or end
-    /// observations.
+    /// observations. What one throws goes to the system log, and the others are told all the same.
     void deliver();
 
  private:
