@@ -162,9 +162,14 @@ void ModelContext::save(Progress& progress) {
         }
         spilled_.clear();
         forgetChanges();
-        if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
+        tidyLogLater();
     }
     observers_.deliver();
+}
+
+/// Never in the turn of a click.
+void ModelContext::tidyLogLater() {
+    if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
 }
 
 void ModelContext::spillInsertions() {
@@ -236,6 +241,7 @@ void ModelContext::rollback() {
         if (!map.empty()) observers_.note(map.begin()->second->recordSchema());
         const RecordMap released = std::exchange(map, {});
     }
+    if (!spilled_.empty()) tidyLogLater();
     detachSpilled();
 }
 

@@ -179,6 +179,7 @@ class ModelContext {
     void forgetChanges();
     [[nodiscard]] sqlite::ChangeSet collectChanges();
     void detachSpilled();
+    void tidyLogLater();
 
     [[nodiscard]] RecordMap& pending(const RecordSchema& schema);
     void restore(Record& record);

@@ -219,24 +219,5 @@ TEST(Save, letsAnInvoiceTakeTheNumberOfADeletedOrRenumberedOne) {
     EXPECT_EQ(library.context().fetchCount<Invoice>(), 2U);
 }
 
-TEST(Save, beginsTheLogAnewInALaterTurnOnceItIsLong) {
-    TestLibrary library;
-    const auto client = library.addClient("Acme");
-    const auto saveOften = [&](int times) {
-        for (int i = 0; i < times; ++i) {
-            client->address = std::string(3000, 'x') + std::to_string(i);
-            library.context().save();
-        }
-    };
-    const auto logSize = [&] { return std::filesystem::file_size(library.file() += "-wal"); };
-    saveOften(300);
-    const auto longest = logSize();
-    library.runLoop.turn();
-    saveOften(100);
-    EXPECT_EQ(logSize(), longest);
-    library.reopen();
-    EXPECT_TRUE(library.context().fetch<Client>().at(0)->address->ends_with("x99"));
-}
-
 }  // namespace
 }  // namespace elmworth

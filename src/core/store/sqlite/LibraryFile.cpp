@@ -123,7 +123,10 @@ void useOneConnection(Database& database) {
     database.execute(
         "PRAGMA locking_mode = EXCLUSIVE; PRAGMA foreign_keys = ON;"
         "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 0;"
-        "PRAGMA cache_size = -8192; PRAGMA temp_store = MEMORY");
+        "PRAGMA cache_size = -8192; PRAGMA temp_store = MEMORY;"
+        // Is heeded by the first commit to a log that begins anew, which is that of `beginLog`.
+        "PRAGMA journal_size_limit = " +
+        std::to_string(longestKeptLog));
     sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     int keep = 1;
@@ -134,6 +137,13 @@ void useOneConnection(Database& database) {
 /// that from a person's click.
 void beginLog(Database& database) {
     database.execute("PRAGMA user_version = " + std::to_string(storedVersion(database)));
+}
+
+/// Null for a library in memory.
+sqlite3_file* openLog(const Database& database) noexcept {
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    return log && log->pMethods ? log : nullptr;
 }
 
 }  // namespace
@@ -167,10 +177,15 @@ void moveLogIntoLibrary(Database& database) {
     beginLog(database);
 }
 
+std::int64_t logFileSize(const Database& database) noexcept {
+    auto* const log = openLog(database);
+    sqlite3_int64 size = 0;
+    if (!log || log->pMethods->xFileSize(log, &size) != SQLITE_OK) return 0;
+    return size;
+}
+
 void syncLog(const Database& database) noexcept {
-    sqlite3_file* log = nullptr;
-    sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
-    if (log && log->pMethods) log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
+    if (auto* const log = openLog(database)) log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
 }
 
 }  // namespace elmworth::sqlite

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 #include "core/store/sqlite/Database.h"
@@ -23,8 +24,16 @@ namespace elmworth::sqlite {
 [[nodiscard]] Database openLibraryInMemory();
 
 /// Moves the write-ahead log into the library file and begins a new one, so that the next opening
-/// stays quick. Throws StoreError; what is not moved stays in the log.
+/// stays quick; its file is cut back to `longestKeptLog`. Throws StoreError; what is not moved
+/// stays in the log.
 void moveLogIntoLibrary(Database& database);
+
+/// Bytes of the log's file that are kept for what comes next, whatever an import made of it.
+inline constexpr std::int64_t longestKeptLog = 4'194'304;
+
+/// The size of the log's file in bytes, of which the log itself may be a part; 0 when it can't be
+/// told.
+[[nodiscard]] std::int64_t logFileSize(const Database& database) noexcept;
 
 /// Syncs the log. The first sync that a connection makes takes in the library's folder too, and
 /// whoever has the time spares the first save that. A failure is left to that save.

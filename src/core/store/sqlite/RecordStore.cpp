@@ -35,6 +35,10 @@ RecordStore::~RecordStore() {
     if (hasLongLog()) tidyLog();
 }
 
+bool RecordStore::hasLongLog() const noexcept {
+    return logPages_ >= 256 || logFileSize(database_) > longestKeptLog;
+}
+
 void RecordStore::tidyLog() noexcept {
     try {
         moveLogIntoLibrary(database_);
@@ -44,6 +48,7 @@ void RecordStore::tidyLog() noexcept {
 }
 
 void RecordStore::prepareLog() noexcept {
+    if (hasLongLog()) tidyLog();
     syncLog(database_);
 }
 

@@ -72,11 +72,12 @@ class RecordStore {
     void spill(const std::vector<const Record*>& inserted);
     void dropSpilled() noexcept;
 
-    /// Whether the write-ahead log has grown so that moving it is worth the time.
-    [[nodiscard]] bool hasLongLog() const noexcept { return logPages_ >= 256; }
+    /// Whether the write-ahead log has grown so that moving it is worth the time, or its file is
+    /// larger than it stays.
+    [[nodiscard]] bool hasLongLog() const noexcept;
     /// Moves the log into the library file. What cannot be moved stays in the log.
     void tidyLog() noexcept;
-    /// Makes the first save as quick as those after it.
+    /// Makes the first save as quick as those after it, and tidies what a crash left.
     void prepareLog() noexcept;
 
     [[nodiscard]] Database& database() noexcept { return database_; }
