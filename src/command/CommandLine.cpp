@@ -166,7 +166,10 @@ CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& env
         // A command that fails rolls back, which must not reach what waits from an earlier failed
         // save: the running timer may be among it.
         if (environment.context.hasChanges()) environment.context.save();
+        const auto& faults = environment.context.readFaults();
+        const auto faultsBefore = faults.count();
         commandLine.action(environment, result.output);
+        if (faults.count() != faultsBefore) result.errors = unreadableLibraryText() + '\n';
         return result;
     } catch (const CommandError& error) {
         return failure(error.what(), static_cast<int>(error.kind()));

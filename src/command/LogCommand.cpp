@@ -48,7 +48,7 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
     json.field("end", entry->end.get());
     json.field("seconds", entry->duration(environment.now()));
     json.field("project", form.project->name.get());
-    if (form.project->client) json.field("client", form.project->client->name.get());
+    if (const auto& client = form.project->client.get()) json.field("client", client->name.get());
     json.field("notes", entry->notes.get());
     json.endObject();
     output.text += json.document();

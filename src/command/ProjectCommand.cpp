@@ -71,7 +71,7 @@ void writeProject(JSONOutput& json, const ProjectSummary& summary) {
     json.beginObject();
     json.field("id", project.persistentModelID().string());
     json.field("name", project.name.get());
-    if (project.client) json.field("client", project.client->name.get());
+    if (const auto& client = project.client.get()) json.field("client", client->name.get());
     json.field("colorHex", project.colorHex.get());
     json.field("rateOverrideCents", project.rateOverrideCents.get());
     json.field("isArchived", project.isArchived.get());

@@ -46,9 +46,10 @@ void writeEntry(JSONOutput& json, const TimeEntry& entry, Instant now) {
     json.field("end", entry.end.get());
     json.field("seconds", entry.duration(now));
     if (project) json.field("project", project->name.get());
-    if (project && project->client) json.field("client", project->client->name.get());
+    const auto client = project ? project->client.get() : nullptr;
+    if (client) json.field("client", client->name.get());
     json.field("notes", entry.notes.get());
-    if (entry.invoice) json.field("invoice", entry.invoice->number.get());
+    if (const auto& invoice = entry.invoice.get()) json.field("invoice", invoice->number.get());
     json.endObject();
 }
 
@@ -128,12 +129,12 @@ void printText(const Report& report, CommandEnvironment& environment, CommandOut
         TextTable table({{""}, {""}, {"", TextTable::Alignment::right}, {""}, {""}, {""}});
         for (const auto& entry : day.entries) {
             const auto& project = entry->project.get();
+            const auto client = project ? project->client.get() : nullptr;
             table.add({"  " + times.string(entry->start),
                        entry->isRunning() ? "now" : times.string(*entry->end.get()),
                        formatHoursMinutes(entry->duration(environment.now())),
                        project ? project->name.get() : "No project",
-                       project && project->client ? project->client->name.get() : "",
-                       entry->notes});
+                       client ? client->name.get() : "", entry->notes});
         }
         output.text += table.rowsText() + '\n';
     }

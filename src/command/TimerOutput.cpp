@@ -21,7 +21,8 @@ std::string timerJSON(CommandEnvironment& environment) {
         json.key("running");
         json.beginObject();
         if (project) json.field("project", project->name.get());
-        if (project && project->client) json.field("client", project->client->name.get());
+        const auto client = project ? project->client.get() : nullptr;
+        if (client) json.field("client", client->name.get());
         json.field("notes", running->notes.get());
         json.field("start", running->start.get());
         json.field("seconds", seconds);

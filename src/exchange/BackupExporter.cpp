@@ -106,12 +106,14 @@ void walk(ModelContext& context, const OnClient& onClient, const OnInvoice& onIn
 }  // namespace
 
 Backup makeBackup(ModelContext& context, const BusinessProfile& profile, Instant now) {
+    const CompleteReading reading(context);
     Backup backup;
     backup.exportedAt = now;
     backup.profile = profile;
     walk(
         context, [&](ClientDTO&& client) { backup.clients.push_back(std::move(client)); },
         [&](InvoiceDTO&& invoice) { backup.invoices.push_back(std::move(invoice)); });
+    reading.check();
     return backup;
 }
 
@@ -128,6 +130,7 @@ std::string encode(const Backup& backup) {
 
 Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
              const ByteSink& sink, Progress& progress) {
+    const CompleteReading reading(context);
     Counts counts;
     const std::size_t total = context.fetchCount<TimeEntry>();
     BackupWriter writer([&](std::string_view bytes) {
@@ -153,6 +156,7 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
             writer.invoice(invoice);
         });
     beginInvoices();
+    reading.check();
     writer.end(profile, Backup{}.version);
     return counts;
 }

@@ -67,6 +67,7 @@ BuildError::BuildError(Code code) : std::runtime_error(message(code)), code_(cod
 
 std::vector<Ref<TimeEntry>> InvoiceBuilder::unbilledEntries(const Ref<Client>& client, Instant from,
                                                             Instant to) const {
+    const CompleteReading reading(context);
     auto entries = context.fetch(FetchDescriptor<TimeEntry>{
         .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent &&
                      key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
@@ -76,6 +77,7 @@ std::vector<Ref<TimeEntry>> InvoiceBuilder::unbilledEntries(const Ref<Client>& c
         const auto& project = entry->project.get();
         return !project || project->client.get() != client;
     });
+    reading.check();
     return entries;
 }
 

@@ -26,7 +26,7 @@ double TimesheetSums::periodSeconds(Instant start, Instant end) const {
 
 void TimesheetSums::noteCurrency(const Project& project) {
     if (!projects_.insert(project.persistentModelID()).second) return;
-    if (project.client) currencyCodes_.insert(project.client->currencyCode);
+    if (const auto& client = project.client.get()) currencyCodes_.insert(client->currencyCode);
 }
 
 void TimesheetSums::add(const TimesheetEntry& entry) {

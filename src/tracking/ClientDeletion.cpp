@@ -11,8 +11,11 @@
 namespace elmworth {
 
 bool hasInvoices(const Client& client) {
+    if (!client.modelContext()) return false;
+    const CompleteReading reading(*client.modelContext());
     if (!client.invoices().empty()) return true;
     const auto projects = client.projects();
+    reading.check();
     return std::any_of(projects.begin(), projects.end(),
                        [](const auto& project) { return hasInvoicedTime(*project); });
 }

@@ -190,7 +190,8 @@ void TimerService::discardAwayTime() {
             insertFinished(*first, sleeps[i - 1].end, sleeps[i].start);
         }
     }
-    const auto last = std::make_shared<TimeEntry>(sleeps.back().end, first->project.get());
+    const auto last = std::make_shared<TimeEntry>(sleeps.back().end, nullptr);
+    last->project = first->project;
     last->notes = first->notes;
     context_.insert(last);
     setRunning(last);
@@ -199,7 +200,8 @@ void TimerService::discardAwayTime() {
 }
 
 void TimerService::insertFinished(const TimeEntry& like, Instant start, Instant end) {
-    const auto entry = std::make_shared<TimeEntry>(start, like.project.get());
+    const auto entry = std::make_shared<TimeEntry>(start, nullptr);
+    entry->project = like.project;
     entry->end = end;
     entry->notes = like.notes;
     context_.insert(entry);

@@ -75,7 +75,8 @@ Ref<TimeEntry> duplicateEntryToToday(const Ref<TimeEntry>& entry, Instant now,
     if (length < minimumLength) return nullptr;
     const auto start = startToday(entry->start, length, now, calendar);
     if (!start) return nullptr;
-    auto duplicate = std::make_shared<TimeEntry>(*start, entry->project.get());
+    auto duplicate = std::make_shared<TimeEntry>(*start, nullptr);
+    duplicate->project = entry->project;
     duplicate->end = *start + length;
     duplicate->notes = entry->notes;
     context.insert(duplicate);

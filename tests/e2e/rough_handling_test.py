@@ -7,12 +7,14 @@ import json
 import os
 import pathlib
 import signal
+import sqlite3
 import subprocess
 import sys
+import tempfile
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from accessible import application, wait_until
+from accessible import application, find, wait_until
 
 PROGRAMS = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"])
 ELMWORTH = PROGRAMS / "elmworth"
@@ -80,6 +82,73 @@ class Desktop(unittest.TestCase):
             self.assertEqual(done.returncode, 1)
             self.assertEqual(done.stderr.count("\n"), 1, done.stderr)
             self.assertIn("elmworth --help", done.stderr)
+
+
+class LibraryOfItsOwn(unittest.TestCase):
+    """Each test has a library with an invoice, whose file it changes as no program would."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.data = pathlib.Path(folder.name)
+        self.elmworth("client", "add", "Acme", "--rate", "100")
+        self.elmworth("project", "add", "Website", "--client", "Acme")
+        for day in ("02", "03"):
+            self.elmworth("log", "Website", "--from", f"2026-03-{day}T09:00", "--to", f"2026-03-{day}T10:00")
+        self.number = self.elmworth("invoice", "create", "--client", "Acme", "--from", "2026-03-02",
+                                    "--through", "2026-03-02").stdout.strip()
+
+    def environment(self):
+        return os.environ | {"XDG_DATA_HOME": str(self.data)}
+
+    def elmworth(self, *arguments, status=0):
+        done = subprocess.run([ELMWORTH, *arguments], env=self.environment(), capture_output=True, text=True,
+                              timeout=30)
+        self.assertEqual(done.returncode, status, done.stderr)
+        return done
+
+    def start(self):
+        program = subprocess.Popen([APPLICATION], env=self.environment())
+        self.addCleanup(program.wait)
+        self.addCleanup(program.kill)
+        wait_until(application, "the application on the accessibility bus")
+        return program
+
+    def file(self):
+        return self.data / "Elmworth/library.sqlite"
+
+    def damage(self, table):
+        library = sqlite3.connect(self.file())
+        library.execute("PRAGMA wal_checkpoint(TRUNCATE)")
+        page, = library.execute("SELECT rootpage FROM sqlite_schema WHERE name = ?", (table,)).fetchone()
+        size, = library.execute("PRAGMA page_size").fetchone()
+        library.close()
+        with open(self.file(), "r+b") as file:
+            file.seek((page - 1) * size)
+            file.write(b"\xa5" * size)
+
+    def expect_told(self, status, errors):
+        sentence = f"Part of the library can't be read. Snapshots of it are in “{self.data}/Elmworth/Backups”."
+        program = self.start()
+        wait_until(lambda: find(sentence), "the line about the library")
+        report = self.elmworth("report", "--period", "This Year", status=status)
+        self.assertEqual(report.stderr, (errors or sentence) + "\n")
+        self.elmworth("panel")
+        self.assertIsNone(program.poll())
+        program.terminate()
+        self.assertEqual(program.wait(timeout=20), 0)
+
+    def test_projects_that_cannot_be_read_end_nothing_and_are_told(self):
+        self.damage("Project")
+        self.expect_told(0, "")
+
+    def test_clients_that_cannot_be_read_end_nothing_and_are_told(self):
+        self.damage("Client")
+        self.expect_told(0, "")
+
+    def test_entries_that_cannot_be_read_end_nothing_and_are_told(self):
+        self.damage("TimeEntry")
+        self.expect_told(1, "The library is damaged: database disk image is malformed.")
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/store/Record.h"
+#include "core/store/StoreError.h"
 
 namespace elmworth {
 
@@ -43,7 +44,8 @@ class Attribute {
     T value_;
 };
 
-/// Finds the record of an identity, from memory or the library; null when there is none.
+/// Finds the record of an identity, from memory or the library; null when there is none or the
+/// library can't be read.
 [[nodiscard]] Ref<Record> resolveRecord(const Record& owner, const RecordSchema& target,
                                         const PersistentID& id);
 
@@ -58,7 +60,7 @@ class ToOne {
     ToOne(const ToOne&) = delete;
     ~ToOne() = default;
 
-    /// The related record, or null.
+    /// The related record, or null. One that can't be read looks absent; the relationship stays.
     [[nodiscard]] const Ref<T>& get() const {
         if (!target_ && !id_.isNil()) {
             target_ = std::static_pointer_cast<T>(resolveRecord(owner_, T::schema(), id_));
@@ -66,9 +68,10 @@ class ToOne {
         return target_;
     }
     operator const Ref<T>&() const { return get(); }  // NOLINT: reads like a reference
-    T* operator->() const { return get().get(); }
-    /// Whether there is a related record, without reading it. A record that was deleted keeps the
-    /// identity, but may no longer find the related one.
+    /// Requires a related record. Throws StoreError when it can't be read.
+    T* operator->() const { return get() ? target_.get() : failToResolve(); }
+    /// Whether there is a related record, without reading it: it may be one that can't be read. A
+    /// record that was deleted keeps the identity, but may no longer find the related one.
     explicit operator bool() const noexcept { return !id_.isNil(); }
 
     /// The identity of the related record, without reading it; absent for none.
@@ -84,10 +87,22 @@ class ToOne {
         owner_.didChange();
         return *this;
     }
-    ToOne& operator=(const ToOne& other) { return *this = other.get(); }
+    /// Takes over the relationship, also to a record that can't be read.
+    ToOne& operator=(const ToOne& other) {
+        if (other.id_ == id_) return *this;
+        owner_.willChange();
+        id_ = other.id_;
+        target_ = other.target_;
+        owner_.didChange();
+        return *this;
+    }
 
  private:
     friend struct FieldAccess;
+
+    [[noreturn]] static T* failToResolve() {
+        throw StoreError(StoreError::Code::corrupt, "A record that is needed can't be read");
+    }
 
     void assign(Ref<T> target) {
         id_ = target ? target->persistentModelID() : PersistentID{};
@@ -100,7 +115,7 @@ class ToOne {
 };
 
 /// The records of `target` whose relationship `inverse` is `owner`, oldest first, with unsaved
-/// changes.
+/// changes; none when the library can't be read.
 [[nodiscard]] std::vector<Ref<Record>> relatedRecords(const Record& owner,
                                                       const RecordSchema& target,
                                                       std::string_view inverse);

@@ -12,7 +12,7 @@
 namespace elmworth {
 
 ModelContext::ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop)
-    : store_(std::move(store)), runLoop_(runLoop), observers_(runLoop) {
+    : store_(std::move(store)), runLoop_(runLoop), observers_(runLoop), readFaults_(runLoop) {
     upkeep_ = runLoop_.post([this] { store_->prepareLog(); });
 }
 
@@ -282,12 +282,22 @@ void ModelContext::forget(Record& record) noexcept {
 Ref<Record> ModelContext::record(const RecordSchema& schema, const PersistentID& id) {
     if (auto known = existing(id)) return known->isDeleted() ? nullptr : known;
     Ref<Record> found;
-    store_->selectOne(schema, id, [&](const sqlite::Row& row) {
-        found = schema.make(id);
-        row.readInto(*found, schema);
-        adopt(*found);
+    reading([&] {
+        store_->selectOne(schema, id, [&](const sqlite::Row& row) {
+            found = schema.make(id);
+            row.readInto(*found, schema);
+            adopt(*found);
+        });
     });
     return found;
+}
+
+Ref<Record> ModelContext::recordQuietly(const RecordSchema& schema, const PersistentID& id) {
+    try {
+        return record(schema, id);
+    } catch (const StoreError&) {
+        return nullptr;
+    }
 }
 
 std::vector<Ref<Record>> ModelContext::related(const RecordSchema& schema, std::string_view inverse,
@@ -307,7 +317,7 @@ void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode*
     // Each unsaved record may take the place of one of the library's.
     const auto rowLimit = limit ? std::optional(*limit + unsaved.size()) : std::nullopt;
     std::vector<Ref<Record>> records;
-    store_->select(schema, predicate, sortBy, rowLimit, [&](const sqlite::Row& row) {
+    const auto take = [&](const sqlite::Row& row) {
         const PersistentID id = row.id();
         auto record = existing(id);
         if (!record) {
@@ -318,7 +328,8 @@ void ModelContext::fetchRecords(const RecordSchema& schema, const PredicateNode*
             return;
         }
         records.push_back(std::move(record));
-    });
+    };
+    reading([&] { store_->select(schema, predicate, sortBy, rowLimit, take); });
     if (sortBy.empty()) {
         std::sort(records.begin(), records.end(),
                   [](const auto& a, const auto& b) { return a->id_ < b->id_; });
@@ -352,12 +363,15 @@ void ModelContext::layUnsavedOver(std::vector<Ref<Record>>& records, const Recor
 }
 
 std::size_t ModelContext::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {
-    std::size_t count = store_->count(schema, predicate);
-    for (const auto& [id, record] : pending(schema)) {
-        if (record->stored_ && store_->rowMatches(schema, id, predicate)) --count;
-        if (!record->isDeleted() && (!predicate || predicate->matches(schema, *record))) ++count;
-    }
-    return count;
+    return reading([&] {
+        std::size_t count = store_->count(schema, predicate);
+        for (const auto& [id, record] : pending(schema)) {
+            if (record->stored_ && store_->rowMatches(schema, id, predicate)) --count;
+            if (record->isDeleted()) continue;
+            if (!predicate || predicate->matches(schema, *record)) ++count;
+        }
+        return count;
+    });
 }
 
 }  // namespace elmworth

@@ -15,6 +15,7 @@
 
 #include "core/store/ChangeObservers.h"
 #include "core/store/FetchDescriptor.h"
+#include "core/store/ReadFaults.h"
 #include "core/store/Record.h"
 #include "core/store/RecordOrder.h"
 #include "core/store/StoreError.h"
@@ -34,7 +35,8 @@ struct ChangeSet;
 /// A record of the library has at most one object at a time; a fetch gives the object that exists,
 /// with its unsaved changes, or makes one. Objects that nobody refers to and that have nothing to
 /// save are let go. All fetches see unsaved changes. Reads throw StoreError when the library cannot
-/// be read.
+/// be read; following a relationship from a record answers as absent or empty then (see
+/// `CompleteReading`).
 class ModelContext {
  public:
     ModelContext(std::unique_ptr<sqlite::RecordStore> store, RunLoop& runLoop);
@@ -103,6 +105,13 @@ class ModelContext {
         }
     }
 
+    /// As `record`; a failure counts as none.
+    template <class T>
+    [[nodiscard]] Ref<T> recordQuietly(const PersistentID& id) {
+        return std::static_pointer_cast<T>(recordQuietly(T::schema(), id));
+    }
+    [[nodiscard]] Ref<Record> recordQuietly(const RecordSchema& schema, const PersistentID& id);
+
     /// Hands out what `fetch` would give, one after another and in its order, without making an
     /// object for each: one that nobody has is lent for the call alone, so that work on the whole
     /// library takes the memory of one record. Without sort keys the order is any. `visit` may
@@ -139,6 +148,9 @@ class ModelContext {
         return observers_.observe(schema, std::move(changed));
     }
 
+    /// The reads of this library that failed, whoever asked.
+    [[nodiscard]] ReadFaults& readFaults() noexcept { return readFaults_; }
+
     /// Delivers what waits for the next turn of the run loop now.
     void deliverChanges() { observers_.deliver(); }
 
@@ -146,6 +158,17 @@ class ModelContext {
     friend class Record;
     using RecordHandler = std::function<void(Ref<Record>)>;
     using RecordMap = std::unordered_map<PersistentID, Ref<Record>>;
+
+    /// Does what reads the library, and notes it when that fails.
+    template <class Read>
+    auto reading(const Read& read) {
+        try {
+            return read();
+        } catch (const StoreError& error) {
+            readFaults_.note(error);
+            throw;
+        }
+    }
 
     template <class T>
     static const PredicateNode* node(const FetchDescriptor<T>& descriptor) {
@@ -190,7 +213,26 @@ class ModelContext {
     std::array<RecordMap, recordTypeCount> pending_;  ///< new, changed and deleted records
     std::vector<PersistentID> spilled_;               ///< new records in the open transaction
     ChangeObservers observers_;
+    ReadFaults readFaults_;
     RunLoop::Handle upkeep_;
+};
+
+/// For work that must not leave anything out: a relationship that can't be followed looks absent,
+/// but not to this.
+class CompleteReading {
+ public:
+    explicit CompleteReading(ModelContext& context)
+        : faults_(context.readFaults()), countBefore_(faults_.count()) {}
+
+    /// Throws StoreError when a read has failed since.
+    void check() const {
+        if (faults_.count() == countBefore_) return;
+        throw StoreError(StoreError::Code::corrupt, "Part of it can't be read");
+    }
+
+ private:
+    const ReadFaults& faults_;
+    std::size_t countBefore_;
 };
 
 }  // namespace elmworth

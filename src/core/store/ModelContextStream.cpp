@@ -15,7 +15,7 @@ void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode*
     const auto lent = schema.make(PersistentID{});
     lent->context_ = this;  // its relationships lead on into the library
     lent->state_ = Record::State::clean;
-    store_->select(schema, predicate, sortBy, std::nullopt, [&](const sqlite::Row& row) {
+    const auto lend = [&](const sqlite::Row& row) {
         lent->id_ = row.id();
         const auto known = existing(lent->id_);
         if (known && known->state_ != Record::State::clean)
@@ -24,7 +24,8 @@ void ModelContext::visitRecords(const RecordSchema& schema, const PredicateNode*
         const Record& record = known ? *known : *lent;
         while (next != unsaved.end() && order.precedes(**next, record)) visit(**next++);
         visit(record);
-    });
+    };
+    reading([&] { store_->select(schema, predicate, sortBy, std::nullopt, lend); });
     while (next != unsaved.end()) visit(**next++);
 }
 

@@ -32,13 +32,17 @@ std::vector<Value> Record::capture() const {
 }
 
 Ref<Record> resolveRecord(const Record& owner, const RecordSchema& target, const PersistentID& id) {
-    return owner.modelContext() ? owner.modelContext()->record(target, id) : nullptr;
+    return owner.modelContext() ? owner.modelContext()->recordQuietly(target, id) : nullptr;
 }
 
 std::vector<Ref<Record>> relatedRecords(const Record& owner, const RecordSchema& target,
                                         std::string_view inverse) {
     if (!owner.modelContext()) return {};
-    return owner.modelContext()->related(target, inverse, owner.persistentModelID());
+    try {
+        return owner.modelContext()->related(target, inverse, owner.persistentModelID());
+    } catch (const StoreError&) {
+        return {};
+    }
 }
 
 }  // namespace elmworth

@@ -16,13 +16,15 @@ constexpr std::string_view sectionKey = "mainSection";
 }  // namespace
 
 MainViewModel::MainViewModel(const PanelServices& services)
-    : defaults_(services.defaults),
+    : readFaults_(services.context.readFaults()),
+      defaults_(services.defaults),
       timer_(services.timer),
       running_(services.context, services.timer),
       timesheet_(services) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });
+    faultsObservation_ = readFaults_.observe([this] { Q_EMIT libraryProblemChanged(); });
 }
 
 int MainViewModel::section() const {
@@ -47,6 +49,10 @@ void MainViewModel::resumeLastEntry() {
 QString MainViewModel::stopHelp() {
     const QKeySequence keys(QStringLiteral("Ctrl+Alt+."));
     return QStringLiteral("Stop timer (%1)").arg(keys.toString(QKeySequence::NativeText));
+}
+
+QString MainViewModel::libraryProblem() const {
+    return readFaults_.count() > 0 ? QString::fromStdString(unreadableLibraryText()) : QString();
 }
 
 void MainViewModel::openPanel() {

@@ -26,6 +26,7 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(elmworth::TimesheetModel* timesheet READ timesheet CONSTANT FINAL)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates CONSTANT FINAL)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT FINAL)
+    Q_PROPERTY(QString libraryProblem READ libraryProblem NOTIFY libraryProblemChanged FINAL)
 
  public:
     explicit MainViewModel(const PanelServices& services);
@@ -38,6 +39,8 @@ class MainViewModel final : public QObject {
     /// There is nothing yet that could look for updates.
     [[nodiscard]] static bool canCheckForUpdates() { return false; }
     [[nodiscard]] static QString stopHelp();
+    /// What is to be known about a library that can't be read in part; else empty.
+    [[nodiscard]] QString libraryProblem() const;
 
     /// Shows the section at `position`; any other number does nothing.
     Q_INVOKABLE void showSection(int position);
@@ -50,14 +53,17 @@ class MainViewModel final : public QObject {
  Q_SIGNALS:
     void sectionChanged();
     void panelRequested();
+    void libraryProblemChanged();
 
  private:
+    ReadFaults& readFaults_;
     UserDefaults& defaults_;
     TimerService& timer_;
     SidebarModel sections_;
     RunningEntryModel running_;
     TimesheetModel timesheet_;
     UserDefaults::Observation defaultsObservation_;
+    ReadFaults::Observation faultsObservation_;
 };
 
 }  // namespace elmworth

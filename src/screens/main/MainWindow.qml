@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Main
 
@@ -30,9 +31,25 @@ Basic.ApplicationWindow {
         onActivated: window.close()
     }
 
-    MainView {
+    ColumnLayout {
         anchors.fill: parent
-        model: window.model
-        onCloseRequested: window.close()
+        spacing: 0
+
+        OnDemand {
+            Layout.fillWidth: true
+            wanted: window.model.libraryProblem !== ""
+
+            // What is made on demand doesn't outlive its window.
+            // qmllint disable unqualified
+            sourceComponent: ProblemLine { text: window.model.libraryProblem }
+            // qmllint enable unqualified
+        }
+
+        MainView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            model: window.model
+            onCloseRequested: window.close()
+        }
     }
 }

@@ -102,7 +102,7 @@ void TimesheetFilterModel::setSearch(const QString& search) {
 }
 
 void TimesheetFilterModel::pickClient(const PersistentID& id) {
-    const auto client = services_.context.record<Client>(id);
+    const auto client = services_.context.recordQuietly<Client>(id);
     if (client == clientFilter_) return;
     clientFilter_ = client;
     offerChoices();
@@ -110,7 +110,7 @@ void TimesheetFilterModel::pickClient(const PersistentID& id) {
 }
 
 void TimesheetFilterModel::pickProject(const PersistentID& id) {
-    const auto project = services_.context.record<Project>(id);
+    const auto project = services_.context.recordQuietly<Project>(id);
     if (project == projectFilter_) return;
     projectFilter_ = project;
     offerChoices();

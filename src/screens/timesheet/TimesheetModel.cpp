@@ -65,7 +65,7 @@ void TimesheetModel::observe() {
     connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
     connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearSelection);
     connect(&menuProjects_, &ChoiceModel::picked, this, [this](const PersistentID& id) {
-        if (const auto project = services_.context.record<Project>(id)) {
+        if (const auto project = services_.context.recordQuietly<Project>(id)) {
             commands_.moveEntries(menuIDs_, project);
         }
     });

@@ -27,7 +27,7 @@ QString labelOf(const Project& project) {
 
 ProjectChoicesModel::ProjectChoicesModel(ModelContext& context) : context_(context) {
     connect(this, &ChoiceModel::picked, this, [this](const PersistentID& id) {
-        setChosen(id.isNil() ? nullptr : context_.record<Project>(id));
+        setChosen(id.isNil() ? nullptr : context_.recordQuietly<Project>(id));
     });
     offerProjects();
 }

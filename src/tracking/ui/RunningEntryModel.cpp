@@ -46,7 +46,8 @@ QString RunningEntryModel::projectTitle() const {
 
 QString RunningEntryModel::clientName() const {
     const auto running = project();
-    return running && running->client ? text(running->client->name) : QString();
+    const auto client = running ? running->client.get() : nullptr;
+    return client ? text(client->name) : QString();
 }
 
 QString RunningEntryModel::notes() const {

@@ -8,6 +8,8 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include "support/FailingReads.h"
+#include "support/ScopedEnvironment.h"
 #include "support/TestTimer.h"
 
 namespace elmworth {
@@ -110,6 +112,23 @@ TEST_F(MainView, TheHelpOfTheStopButtonNamesItsKeys) {
 
 TEST_F(MainView, ThereIsNothingThatLooksForUpdatesYet) {
     EXPECT_FALSE(MainViewModel::canCheckForUpdates());
+}
+
+/// A library on a disk that gives out under the window.
+class MainViewOfADamagedLibrary : private test::FailingReads, public MainView {};
+
+TEST_F(MainViewOfADamagedLibrary, SaysSoInOneLineOnceARecordCannotBeRead) {
+    const test::ScopedEnvironment data("XDG_DATA_HOME", "/home/ada/data");
+    QSignalSpy changed(&model, &MainViewModel::libraryProblemChanged);
+    EXPECT_EQ(model.libraryProblem(), QString());
+    test::FailingReads::fail();
+    EXPECT_TRUE(context().fetchQuietly<Project>().empty());
+    test::FailingReads::heal();
+    timer.library.runLoop.turn();
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_EQ(model.libraryProblem(),
+              QStringLiteral("Part of the library can't be read. Snapshots of it are in "
+                             "\u201C/home/ada/data/Elmworth/Backups\u201D."));
 }
 
 }  // namespace

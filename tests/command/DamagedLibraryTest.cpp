@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "command/CommandLine.h"
+#include "support/DamagedTable.h"
+#include "support/Instants.h"
+#include "support/ScopedEnvironment.h"
+#include "support/TestLibrary.h"
+
+namespace elmworth {
+namespace {
+
+using test::at;
+using testing::HasSubstr;
+
+/// Commands on a library whose projects can't be read: an hour is billed, another is not.
+class DamagedLibrary : public testing::Test {
+ protected:
+    DamagedLibrary() {
+        const auto client = library_.addClient("Acme");
+        const auto project = library_.addProject("Website", client);
+        library_.addEntry(project, at("2026-03-02T09:00Z"), at("2026-03-02T10:00Z"))->invoice =
+            library_.addInvoice("INV-1", client);
+        library_.addEntry(project, at("2026-03-03T09:00Z"), at("2026-03-03T10:00Z"))->notes =
+            "Landing page";
+        library_.context().save();
+        library_.close();
+        test::damageTable(library_.file(), "Project");
+        library_.open();
+    }
+
+    CommandResult run(const std::vector<std::string>& arguments) {
+        UserDefaults defaults(library_.folder.path() / "Elmworth.ini");
+        ProfileStore profiles(defaults);
+        const Calendar calendar(Locale("en_US"), "UTC");
+        const Clock now = [] { return at("2026-03-31T12:00Z"); };
+        TimerService timer(library_.context(), now, library_.runLoop, [&] { return calendar; });
+        CommandEnvironment environment{
+            library_.context(),    timer, profiles, now, Locale("en_US"), calendar,
+            library_.folder.path()};
+        return runCommand(parseCommandLine(arguments), environment);
+    }
+    /// The command does its work, and says that something is missing.
+    std::string incompleteOutput(const std::vector<std::string>& arguments) {
+        const auto result = run(arguments);
+        EXPECT_EQ(result.exitStatus, 0);
+        EXPECT_EQ(result.errors,
+                  "Part of the library can't be read. Snapshots of it are in "
+                  "“/home/ada/data/Elmworth/Backups”.\n");
+        return result.output;
+    }
+    void expectRefusal(const std::vector<std::string>& arguments) {
+        const auto result = run(arguments);
+        EXPECT_EQ(result.exitStatus, 1) << result.output;
+        EXPECT_THAT(result.errors, HasSubstr("The library is damaged: "));
+        EXPECT_FALSE(library_.context().hasChanges());
+    }
+
+    const test::ScopedEnvironment data_{"XDG_DATA_HOME", "/home/ada/data"};
+    test::TestLibrary library_;
+};
+
+TEST_F(DamagedLibrary, ShowsTheTimeThatCanBeRead) {
+    EXPECT_THAT(incompleteOutput({"report", "--period", "This Month"}), HasSubstr("Landing page"));
+    EXPECT_THAT(incompleteOutput({"report", "--period", "This Month", "--format", "json"}),
+                HasSubstr("Landing page"));
+}
+
+TEST_F(DamagedLibrary, BillsNothingOfWhichAPartIsMissing) {
+    expectRefusal({"invoice", "create", "--client", "Acme", "--period", "This Month"});
+    EXPECT_EQ(library_.context().fetchCount<Invoice>(), 1U);
+}
+
+TEST_F(DamagedLibrary, IsNoBackupFromWhichAPartIsMissing) {
+    expectRefusal({"backup", "backup.json"});
+    EXPECT_FALSE(std::filesystem::exists(library_.folder.path() / "backup.json"));
+}
+
+TEST_F(DamagedLibrary, LosesNoClientOfWhoseWorkNothingIsKnown) {
+    library_.addClient("Globex");
+    library_.context().save();
+    expectRefusal({"client", "delete", "Globex"});
+    EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
+}
+
+}  // namespace
+}  // namespace elmworth
