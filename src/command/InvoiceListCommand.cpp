@@ -41,9 +41,7 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
         const auto& client = invoice->client.get();
         table.add({invoice->number, client ? client->name.get() : "",
                    dates.string(invoice->issueDate), dates.string(invoice->dueDate),
-                   statusText(*invoice, environment),
-                   formatCents(InvoiceCalculator::totals(*invoice).totalCents,
-                               invoice->effectiveCurrencyCode(), environment.locale)});
+                   statusText(*invoice, environment), totalText(*invoice, environment.locale)});
     }
     output.text += table.text();
 }

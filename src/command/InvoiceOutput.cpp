@@ -76,8 +76,12 @@ void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& 
     json.field("paidAt", invoice.paidAt.get());
     json.field("showsEntryDetails", invoice.showsEntryDetails.get());
     json.field("isOverdue", invoice.isOverdue(environment.now(), environment.calendar));
-    writeTotals(json, InvoiceCalculator::totals(invoice), withLines);
-    json.field("pages", pageCount(invoice, environment));
+    try {
+        writeTotals(json, InvoiceCalculator::totals(invoice), withLines);
+        json.field("pages", pageCount(invoice, environment));
+    } catch (const FiguresError& error) {
+        json.field("error", error.what());
+    }
     json.endObject();
 }
 
@@ -94,6 +98,15 @@ std::string totalsText(const InvoiceCalculator::Totals& totals, const std::strin
     table.add({"Tax", "", "", money(totals.taxCents)});
     table.add({"Total", "", "", money(totals.totalCents)});
     return table.text();
+}
+
+std::string totalText(const Invoice& invoice, const Locale& locale) {
+    try {
+        return formatCents(InvoiceCalculator::totals(invoice).totalCents,
+                           invoice.effectiveCurrencyCode(), locale);
+    } catch (const FiguresError& error) {
+        return error.what();
+    }
 }
 
 std::string statusText(const Invoice& invoice, const CommandEnvironment& environment) {
@@ -115,14 +128,18 @@ void printInvoice(const Invoice& invoice, CommandEnvironment& environment, Comma
         output.text += json.document();
         return;
     }
-    const auto model = makeInvoiceRenderModel(invoice, environment.profiles.profile(),
-                                              environment.locale, nullptr);
+    const auto model =
+        makeInvoiceHead(invoice, environment.profiles.profile(), environment.locale, nullptr);
     output.line(model.number + " · " + clientName(invoice) + " · " +
                 statusText(invoice, environment));
     output.line("Issued " + model.issueDate + " · Due " + model.dueDate);
     output.line("Period " + model.period + "\n");
-    output.text += totalsText(InvoiceCalculator::totals(invoice), invoice.effectiveCurrencyCode(),
-                              environment.locale);
+    try {
+        output.text += totalsText(InvoiceCalculator::totals(invoice),
+                                  invoice.effectiveCurrencyCode(), environment.locale);
+    } catch (const FiguresError& error) {
+        output.line(error.what());
+    }
     if (!model.notes.empty()) output.line("\n" + model.notes);
 }
 

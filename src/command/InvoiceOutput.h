@@ -13,8 +13,8 @@
 
 namespace elmworth {
 
-/// The fields of an invoice and its sums, with its lines and pages where `withLines` is set, as one
-/// JSON object.
+/// The fields of an invoice and its sums, with its lines where `withLines` is set, and its pages,
+/// as one JSON object. Figures that can't be told are left out; "error" says why.
 void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& environment,
                   bool withLines);
 
@@ -25,13 +25,16 @@ void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool
 [[nodiscard]] std::string totalsText(const InvoiceCalculator::Totals& totals,
                                      const std::string& currencyCode, const Locale& locale);
 
+/// The total for people, or the sentence why it can't be told.
+[[nodiscard]] std::string totalText(const Invoice& invoice, const Locale& locale);
+
 /// Prints the whole invoice in the format that was asked for.
 void printInvoice(const Invoice& invoice, CommandEnvironment& environment, CommandOutput& output);
 
 /// "Overdue", "Sent", "Paid" or "Draft".
 [[nodiscard]] std::string statusText(const Invoice& invoice, const CommandEnvironment& environment);
 
-/// The pages that the invoice takes in print.
+/// The pages that the invoice takes in print. Throws FiguresError.
 [[nodiscard]] int pageCount(const Invoice& invoice, CommandEnvironment& environment);
 
 }  // namespace elmworth

@@ -5,27 +5,44 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
 #include "core/Project.h"
+#include "core/store/ModelContext.h"
 #include "platform/Collator.h"
-#include "platform/StopProgram.h"
 
-namespace elmworth::InvoiceCalculator {
+namespace elmworth {
 
 namespace {
+
+const char* ending(FiguresError::Reason reason) {
+    return reason == FiguresError::Reason::tooLarge ? " are too large." : " can't be read.";
+}
+
+}  // namespace
+
+FiguresError::FiguresError(const std::string& invoice, Reason reason)
+    : std::runtime_error("The figures of " + invoice + ending(reason)) {}
+
+namespace InvoiceCalculator {
+
+namespace {
+
+/// A sum or product is beyond 64 bits.
+struct Overflow {};
 
 constexpr double largestAmount = 9e15;
 
 std::int64_t sum(std::int64_t a, std::int64_t b) {
     std::int64_t result = 0;
-    if (__builtin_add_overflow(a, b, &result)) stopProgram("an invoice's sum exceeds 64 bits");
+    if (__builtin_add_overflow(a, b, &result)) throw Overflow{};
     return result;
 }
 
 std::int64_t product(std::int64_t a, std::int64_t b) {
     std::int64_t result = 0;
-    if (__builtin_mul_overflow(a, b, &result)) stopProgram("an invoice's product exceeds 64 bits");
+    if (__builtin_mul_overflow(a, b, &result)) throw Overflow{};
     return result;
 }
 
@@ -89,8 +106,10 @@ std::vector<Item> items(const std::vector<Ref<TimeEntry>>& entries) {
     return items;
 }
 
-Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
-                 std::int64_t taxBasisPoints) {
+namespace {
+
+/// Throws Overflow.
+Totals price(std::vector<Item> items, std::int64_t roundingMinutes, std::int64_t taxBasisPoints) {
     std::stable_sort(items.begin(), items.end(),
                      [](const Item& a, const Item& b) { return a.start < b.start; });
     const auto step = static_cast<double>(product(std::max<std::int64_t>(roundingMinutes, 1), 60));
@@ -108,8 +127,43 @@ Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
     return totals;
 }
 
-Totals totals(const Invoice& invoice) {
-    return calculate(items(invoice.entries()), invoice.roundingMinutes, invoice.taxRateBasisPoints);
+/// What can't be read must not make an invoice look cheaper.
+std::vector<Item> itemsOf(const Invoice& invoice) {
+    if (!invoice.modelContext()) return {};
+    const CompleteReading reading(*invoice.modelContext());
+    auto all = items(invoice.entries());
+    reading.check();
+    return all;
 }
 
-}  // namespace elmworth::InvoiceCalculator
+}  // namespace
+
+Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
+                 std::int64_t taxBasisPoints) {
+    try {
+        return price(std::move(items), roundingMinutes, taxBasisPoints);
+    } catch (const Overflow&) {
+        throw FiguresError("this invoice", FiguresError::Reason::tooLarge);
+    }
+}
+
+Totals totals(const Invoice& invoice) {
+    try {
+        return price(itemsOf(invoice), invoice.roundingMinutes, invoice.taxRateBasisPoints);
+    } catch (const Overflow&) {
+        throw FiguresError(invoice.number, FiguresError::Reason::tooLarge);
+    } catch (const StoreError&) {
+        throw FiguresError(invoice.number, FiguresError::Reason::unreadable);
+    }
+}
+
+std::int64_t limitedSum(std::int64_t a, std::int64_t b) noexcept {
+    using Limits = std::numeric_limits<std::int64_t>;
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(a, b, &sum)) return b < 0 ? Limits::min() : Limits::max();
+    return sum;
+}
+
+}  // namespace InvoiceCalculator
+
+}  // namespace elmworth

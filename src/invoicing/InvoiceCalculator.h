@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +13,17 @@
 #include "core/TimeEntry.h"
 
 namespace elmworth {
+
+/// The figures of an invoice can't be told. The message is the sentence to show in their place.
+class FiguresError : public std::runtime_error {
+ public:
+    enum class Reason {
+        tooLarge,    ///< a sum is beyond 64 bits
+        unreadable,  ///< part of the library can't be read
+    };
+    /// `invoice` is its number, or what else to call it.
+    FiguresError(const std::string& invoice, Reason reason);
+};
 
 /// The one place where time becomes money. Pure functions; nothing that they compute is ever
 /// stored. Rates and amounts are cents, tax rates basis points, durations seconds.
@@ -68,11 +80,11 @@ struct Totals {
 /// Prices `items`. Each entry is rounded up to a whole step of `roundingMinutes` (at least 1) after
 /// rounding it to a whole second; a line's amount is rounded once, halves away from zero; the tax
 /// is computed once on the subtotal, half up. Lines stand in the order of their projects' names,
-/// then of their rates. A sum beyond 64 bits stops the program.
+/// then of their rates. Throws FiguresError for a sum beyond 64 bits.
 [[nodiscard]] Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
                                std::int64_t taxBasisPoints);
 
-/// The figures of a stored invoice, from its entries as they are now.
+/// The figures of a stored invoice, from its entries as they are now. Throws FiguresError.
 [[nodiscard]] Totals totals(const Invoice& invoice);
 
 /// Seconds of an entry as billed with the rounding step `stepSeconds` (above 0): rounded to a whole
@@ -82,6 +94,9 @@ struct Totals {
 /// The amount of `seconds` at `rateCents` an hour, rounded to whole cents, halves away from zero,
 /// and kept between -9e15 and 9e15; 0 when there is no finite amount.
 [[nodiscard]] std::int64_t amountCents(double seconds, std::int64_t rateCents);
+
+/// The sum for figures over many clients' time, which no invoice holds: kept within 64 bits.
+[[nodiscard]] std::int64_t limitedSum(std::int64_t a, std::int64_t b) noexcept;
 
 }  // namespace InvoiceCalculator
 

@@ -50,6 +50,10 @@ std::string makePeriod(const Invoice& invoice, const DateFormatter& dates) {
     return dates.string(start) + " – " + dates.string(end - std::chrono::seconds(1));
 }
 
+DateFormatter mediumDates(const Locale& locale) {
+    return {DateFormatter::Style::mediumDate, locale, Calendar::current().zoneID()};
+}
+
 InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
     if (!client) return {};
     return {client->name, client->address, client->email, {}};
@@ -57,13 +61,10 @@ InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
 
 }  // namespace
 
-InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const BusinessProfile& profile,
-                                          const Locale& locale, LogoImage logo) {
-    const auto totals = InvoiceCalculator::totals(invoice);
+InvoiceRenderModel makeInvoiceHead(const Invoice& invoice, const BusinessProfile& profile,
+                                   const Locale& locale, LogoImage logo) {
     const auto business = invoice.resolvedBusiness(profile);
-    const std::string currency = invoice.effectiveCurrencyCode();
-    const DateFormatter dates(DateFormatter::Style::mediumDate, locale,
-                              Calendar::current().zoneID());
+    const DateFormatter dates = mediumDates(locale);
     InvoiceRenderModel model;
     model.number = invoice.number;
     model.issueDate = dates.string(invoice.issueDate);
@@ -71,14 +72,22 @@ InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const Business
     model.period = makePeriod(invoice, dates);
     model.business = {business.name, business.address, business.email, business.taxID};
     model.billTo = makeBillTo(invoice.client);
-    model.rows = makeRows(totals, invoice, locale, dates);
-    model.subtotal = formatCents(totals.subtotalCents, currency, locale);
-    model.taxLabel = makeTaxLabel(invoice, business);
-    model.tax = formatCents(totals.taxCents, currency, locale);
-    model.total = formatCents(totals.totalCents, currency, locale);
     model.paymentInstructions = business.paymentInstructions;
     model.notes = trimmedWhitespace(invoice.notes.get());
     model.logo = std::move(logo);
+    return model;
+}
+
+InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const BusinessProfile& profile,
+                                          const Locale& locale, LogoImage logo) {
+    const auto totals = InvoiceCalculator::totals(invoice);
+    const std::string currency = invoice.effectiveCurrencyCode();
+    auto model = makeInvoiceHead(invoice, profile, locale, std::move(logo));
+    model.rows = makeRows(totals, invoice, locale, mediumDates(locale));
+    model.subtotal = formatCents(totals.subtotalCents, currency, locale);
+    model.taxLabel = makeTaxLabel(invoice, invoice.resolvedBusiness(profile));
+    model.tax = formatCents(totals.taxCents, currency, locale);
+    model.total = formatCents(totals.totalCents, currency, locale);
     return model;
 }
 

@@ -65,9 +65,14 @@ struct InvoiceRenderModel {
     LogoImage logo;  ///< null for none
 };
 
+/// The render model of `invoice` but for its rows, sums and tax, which are empty.
+[[nodiscard]] InvoiceRenderModel makeInvoiceHead(const Invoice& invoice,
+                                                 const BusinessProfile& profile,
+                                                 const Locale& locale, LogoImage logo);
+
 /// The render model of `invoice` in `locale`. The issuer comes from the invoice's own snapshot, or
 /// from `profile` when there is none that can be read; the client, projects and entries from the
-/// live records; dates stand in the calendar days of the current time zone.
+/// live records; dates stand in the calendar days of the current time zone. Throws FiguresError.
 [[nodiscard]] InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
                                                         const BusinessProfile& profile,
                                                         const Locale& locale, LogoImage logo);

@@ -4,7 +4,6 @@
 #include "invoicing/TimesheetStatistics.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "core/Client.h"
 #include "invoicing/InvoiceCalculator.h"
@@ -14,8 +13,7 @@ namespace elmworth {
 namespace {
 
 void addCents(std::int64_t& sum, std::int64_t cents) {
-    using Limits = std::numeric_limits<std::int64_t>;
-    if (__builtin_add_overflow(sum, cents, &sum)) sum = cents < 0 ? Limits::min() : Limits::max();
+    sum = InvoiceCalculator::limitedSum(sum, cents);
 }
 
 }  // namespace

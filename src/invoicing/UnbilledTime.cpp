@@ -4,7 +4,6 @@
 #include "invoicing/UnbilledTime.h"
 
 #include "core/TimeEntry.h"
-#include "invoicing/InvoiceCalculator.h"
 
 namespace elmworth {
 

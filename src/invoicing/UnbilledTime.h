@@ -7,18 +7,19 @@
 #include <unordered_map>
 
 #include "core/store/ModelContext.h"
+#include "invoicing/InvoiceCalculator.h"
 
 namespace elmworth {
 
 /// Finished time that is on no invoice. `cents` prices the entries one by one at full length,
-/// before an invoice's rounding: an estimate.
+/// before an invoice's rounding: an estimate, which stays at the limits of 64 bits.
 struct UnbilledTime {
     double seconds = 0;
     std::int64_t cents = 0;
 
     UnbilledTime& operator+=(const UnbilledTime& other) {
         seconds += other.seconds;
-        cents += other.cents;
+        cents = InvoiceCalculator::limitedSum(cents, other.cents);
         return *this;
     }
 };

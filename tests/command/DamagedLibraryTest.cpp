@@ -15,6 +15,7 @@ namespace {
 
 using test::at;
 using testing::HasSubstr;
+using testing::Not;
 
 /// Commands on a library whose projects can't be read: an hour is billed, another is not.
 class DamagedLibrary : public testing::Test {
@@ -67,6 +68,14 @@ TEST_F(DamagedLibrary, ShowsTheTimeThatCanBeRead) {
     EXPECT_THAT(incompleteOutput({"report", "--period", "This Month"}), HasSubstr("Landing page"));
     EXPECT_THAT(incompleteOutput({"report", "--period", "This Month", "--format", "json"}),
                 HasSubstr("Landing page"));
+}
+
+TEST_F(DamagedLibrary, MakesNoInvoiceLookCheaper) {
+    EXPECT_THAT(incompleteOutput({"invoice", "show", "INV-1"}),
+                HasSubstr("The figures of INV-1 can't be read."));
+    EXPECT_THAT(incompleteOutput({"invoice", "show", "INV-1", "--format", "json"}),
+                AllOf(HasSubstr("\"error\": \"The figures of INV-1 can't be read.\""),
+                      Not(HasSubstr("totalCents"))));
 }
 
 TEST_F(DamagedLibrary, BillsNothingOfWhichAPartIsMissing) {

@@ -3,6 +3,8 @@
 
 // invoice list, preview, create, show, pdf and email.
 
+#include <limits>
+
 #include "command/CommandTest.h"
 #include "invoicing/InvoiceFiles.h"
 #include "support/FileSizeLimit.h"
@@ -226,6 +228,54 @@ TEST_F(InvoiceCommand, TheEmailGreetsTheClient) {
               "Hi Acme Co,\n\nPlease find attached invoice INV-2026-001 for $310.00, due Apr 14, "
               "2026.\n\nThank you!\n");
     EXPECT_EQ(json({"invoice", "email", number})["text"].GetString() + std::string("\n"), text);
+}
+
+// --- figures that do not fit ---------------------------------------------------------------------
+
+/// An invoice as no command makes one, but a restored document may hold.
+class TooLargeInvoice : public InvoiceCommand {
+ protected:
+    TooLargeInvoice() {
+        number = billMarch();
+        invoice(number)->taxRateBasisPoints = std::numeric_limits<std::int64_t>::max();
+        library_.addInvoice("INV-2", acme_);
+        library_.context().save();
+    }
+    std::string number;
+    std::string sentence = "The figures of INV-2026-001 are too large.";
+};
+
+TEST_F(TooLargeInvoice, SaysSoWhereItsTotalWouldStandInTheList) {
+    const auto text = output({"invoice", "list"});
+    EXPECT_THAT(text, HasSubstr(sentence));
+    EXPECT_THAT(text, HasSubstr("$0.00")) << "the other one has figures";
+    const auto list = json({"invoice", "list"});
+    ASSERT_EQ(list.Size(), 2U);
+    EXPECT_EQ(list[0]["error"].GetString(), sentence);
+    EXPECT_FALSE(list[0].HasMember("totalCents"));
+    EXPECT_FALSE(list[0].HasMember("pages"));
+    EXPECT_FALSE(list[1].HasMember("error"));
+    EXPECT_EQ(list[1]["totalCents"].GetInt64(), 0);
+}
+
+TEST_F(TooLargeInvoice, SaysSoWhereItsFiguresWouldStand) {
+    const auto text = output({"invoice", "show", number});
+    EXPECT_THAT(text, HasSubstr("INV-2026-001 · Acme Co"));
+    EXPECT_THAT(text, HasSubstr("\n\n" + sentence + "\n"));
+    EXPECT_EQ(json({"invoice", "show", number})["error"].GetString(), sentence);
+}
+
+TEST_F(TooLargeInvoice, HasNoPDFAndNoEmail) {
+    expectRefusal({"invoice", "pdf", number}, 1, sentence);
+    expectRefusal({"invoice", "email", number}, 1, sentence);
+    EXPECT_FALSE(std::filesystem::exists(storedInvoiceFile(number)));
+}
+
+TEST_F(TooLargeInvoice, CanBeMarkedRenamedAndDeleted) {
+    output({"invoice", "rename", number, "INV-3"});
+    output({"invoice", "mark", "INV-3", "sent"});
+    output({"invoice", "delete", "INV-3"});
+    EXPECT_EQ(invoice("INV-3"), nullptr);
 }
 
 }  // namespace

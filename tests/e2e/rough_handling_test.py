@@ -150,6 +150,22 @@ class LibraryOfItsOwn(unittest.TestCase):
         self.damage("TimeEntry")
         self.expect_told(1, "The library is damaged: database disk image is malformed.")
 
+    def test_an_invoice_whose_figures_do_not_fit_ends_nothing(self):
+        library = sqlite3.connect(self.file())
+        library.execute("UPDATE Invoice SET taxRateBasisPoints = 9223372036854775807")
+        library.commit()
+        library.close()
+        sentence = f"The figures of {self.number} are too large."
+        program = None
+        for _ in ("alone", "handed over to the application"):
+            self.assertIn(sentence, self.elmworth("invoice", "list").stdout)
+            self.assertIn(sentence, self.elmworth("invoice", "show", self.number).stdout)
+            for arguments in (("pdf", self.number, "-"), ("email", self.number)):
+                self.assertEqual(self.elmworth("invoice", *arguments, status=1).stderr, sentence + "\n")
+            self.elmworth("client", "list")
+            program = program or self.start()
+        self.assertIsNone(program.poll())
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

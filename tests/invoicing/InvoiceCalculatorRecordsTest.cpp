@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "invoicing/InvoiceBuilder.h"
 #include "invoicing/InvoiceCalculator.h"
 #include "support/Instants.h"
@@ -109,6 +111,18 @@ TEST_F(InvoiceCalculatorRecords, AStoredInvoiceUsesItsOwnRoundingAndTax) {
     invoice->taxRateBasisPoints = 1000;
     EXPECT_EQ(totals(*invoice).subtotalCents, 12500);
     EXPECT_EQ(totals(*invoice).taxCents, 1250);
+}
+
+TEST_F(InvoiceCalculatorRecords, FiguresThatDoNotFitAreAnErrorOfThatInvoice) {
+    addEntry(website_, "2026-03-02T09:00Z", 1);
+    const auto invoice = createInvoice();
+    invoice->taxRateBasisPoints = std::numeric_limits<std::int64_t>::max();
+    try {
+        (void)totals(*invoice);
+        FAIL();
+    } catch (const FiguresError& error) {
+        EXPECT_STREQ(error.what(), "The figures of INV-2026-001 are too large.");
+    }
 }
 
 }  // namespace

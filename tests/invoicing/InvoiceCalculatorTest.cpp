@@ -233,19 +233,49 @@ TEST(InvoiceCalculator, EntriesOfALineAreNotPricedOneByOne) {
 
 // --- sums that do not fit ----------------------------------------------------------------------
 
-TEST(InvoiceCalculatorDeathTest, ASubtotalBeyond64BitsStopsTheProgram) {
+std::string errorOf(const std::vector<Item>& items, std::int64_t rounding, std::int64_t tax) {
+    try {
+        (void)calculate(items, rounding, tax);
+        return {};
+    } catch (const FiguresError& error) {
+        return error.what();
+    }
+}
+
+constexpr const char* tooLarge = "The figures of this invoice are too large.";
+
+TEST(InvoiceCalculator, ASubtotalBeyond64BitsIsAnError) {
     std::vector<Item> items;
-    for (int i = 0; i < 1025; ++i) items.push_back(item(3600, largestRate, PersistentID::make()));
-    EXPECT_EXIT((void)calculate(items, 1, 0), testing::KilledBySignal(SIGABRT), "");
+    for (int i = 0; i < 1024; ++i) items.push_back(item(3600, largestRate, PersistentID::make()));
+    EXPECT_EQ(errorOf(items, 1, 0), "");
+    items.push_back(item(3600, largestRate, PersistentID::make()));
+    EXPECT_EQ(errorOf(items, 1, 0), tooLarge);
 }
 
-TEST(InvoiceCalculatorDeathTest, ATaxBeyond64BitsStopsTheProgram) {
-    EXPECT_EXIT((void)calculate({item(3600, largestRate)}, 1, 10000),
-                testing::KilledBySignal(SIGABRT), "");
+TEST(InvoiceCalculator, ATaxBeyond64BitsIsAnError) {
+    EXPECT_EQ(errorOf({item(3600, largestRate)}, 1, 10000), tooLarge);
+    EXPECT_EQ(errorOf({item(3600, 100)}, 1, std::numeric_limits<std::int64_t>::max()), tooLarge);
+    EXPECT_EQ(errorOf({item(3600, 100)}, 1, std::numeric_limits<std::int64_t>::min()), tooLarge);
 }
 
-TEST(InvoiceCalculatorDeathTest, ARoundingBeyond64BitsStopsTheProgram) {
-    EXPECT_EXIT((void)calculate({}, largestRate, 0), testing::KilledBySignal(SIGABRT), "");
+TEST(InvoiceCalculator, ATotalBeyond64BitsIsAnError) {
+    std::vector<Item> items;
+    for (int i = 0; i < 1000; ++i) items.push_back(item(3600, largestRate, PersistentID::make()));
+    EXPECT_EQ(errorOf(items, 1, 1), "");
+    EXPECT_EQ(errorOf(items, 1, 10), tooLarge);
+}
+
+TEST(InvoiceCalculator, ARoundingBeyond64BitsIsAnError) {
+    EXPECT_EQ(errorOf({}, largestRate, 0), tooLarge);
+}
+
+TEST(InvoiceCalculator, FiguresOverManyClientsStayWithin64Bits) {
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    constexpr auto least = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ(InvoiceCalculator::limitedSum(2, -3), -1);
+    EXPECT_EQ(InvoiceCalculator::limitedSum(most, 1), most);
+    EXPECT_EQ(InvoiceCalculator::limitedSum(least, -1), least);
+    EXPECT_EQ(InvoiceCalculator::limitedSum(most, least), -1);
 }
 
 }  // namespace

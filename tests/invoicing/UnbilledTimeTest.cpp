@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/TimeEntry.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -77,6 +79,13 @@ TEST_F(UnbilledTimeTest, FiguresAddUp) {
     sum += {30, 5};
     EXPECT_EQ(sum.seconds, 90);
     EXPECT_EQ(sum.cents, 105);
+}
+
+TEST_F(UnbilledTimeTest, FiguresStayWithin64Bits) {
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    UnbilledTime sum{60, most - 1};
+    sum += {30, 5};
+    EXPECT_EQ(sum.cents, most);
 }
 
 }  // namespace
