@@ -5,7 +5,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Elmworth.Theme
 
-/// One of a row of suggestions, which is marked while it holds.
+/// One of a row of suggestions, which is marked while it holds. Space presses it; Return is left to whoever stands
+/// around.
 T.RadioButton {
     id: chip
 
@@ -34,9 +35,6 @@ T.RadioButton {
     Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.onPressAction: press()
-
-    Keys.onReturnPressed: press()
-    Keys.onEnterPressed: press()
 
     contentItem: PlainText {
         verticalAlignment: Text.AlignVCenter

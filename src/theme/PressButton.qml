@@ -17,6 +17,8 @@ Basic.AbstractButton {
     property string label: ""
     /// The button has been used since the pointer or the focus came: the tip would lie over what it opened.
     property bool isUsed: false
+    /// Whether Return presses it, as Space does. What stands in a form leaves Return to whoever saves that.
+    property bool takesReturn: true
     property bool looksHovered: hovered
     property bool looksPressed: down
     property bool looksFocused: visualFocus
@@ -25,6 +27,12 @@ Basic.AbstractButton {
     function press(): void {
         if (enabled)
             clicked();
+    }
+
+    function pressByReturn(event: KeyEvent): void {
+        event.accepted = takesReturn;
+        if (takesReturn)
+            press();
     }
 
     hoverEnabled: true
@@ -38,8 +46,8 @@ Basic.AbstractButton {
     onHoveredChanged: isUsed = false
     onVisualFocusChanged: if (visualFocus) isUsed = false
 
-    Keys.onReturnPressed: press()
-    Keys.onEnterPressed: press()
+    Keys.onReturnPressed: event => pressByReturn(event)
+    Keys.onEnterPressed: event => pressByReturn(event)
 
     Loader {
         active: button.help.length > 0 && (button.hovered || button.visualFocus) && !button.isUsed

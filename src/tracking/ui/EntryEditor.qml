@@ -6,8 +6,8 @@ import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Tracking
 
-/// The sheet in which an entry is added or changed. It shows itself while its model is open. Return saves, in
-/// the notes Ctrl+Return; Escape cancels.
+/// The sheet in which an entry is added or changed. It shows itself while its model is open. Return saves wherever
+/// the focus is, in the notes Ctrl+Return; Escape cancels. What can only be read has nothing to save.
 SheetPopup {
     id: editor
 
@@ -57,6 +57,7 @@ SheetPopup {
                 id: cancel
 
                 text: editor.model.cancelText
+                takesReturn: editor.model.isBilled
                 onClicked: editor.model.dismiss()
             },
             GlowButton {

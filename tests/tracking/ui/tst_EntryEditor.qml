@@ -120,7 +120,8 @@ Item {
         }
 
         function test_return_saves_from_every_field_data() {
-            return ["Project", "Start date", "Start time", "End date", "End time"].map(name => ({ tag: name }));
+            return ["Project", "Start date", "Start time", "End date", "End time", "6m", "1h30", "Cancel", "Save"]
+                .map(name => ({ tag: name }));
         }
         function test_return_saves_from_every_field(row) {
             host.openNew();
@@ -129,6 +130,27 @@ Item {
             keyClick(Qt.Key_Return);
             tryVerify(() => !editor.visible);
             compare(host.spans(), "09:00:00-10:00:00");
+        }
+
+        function test_return_saves_after_a_click_on_a_duration() {
+            host.openNew();
+            opened();
+            mouseClick(control("30m"));
+            keyClick(Qt.Key_Return);
+            tryVerify(() => !editor.visible);
+            compare(host.spans(), "09:00:00-09:30:00");
+        }
+
+        function test_return_on_cancel_leaves_what_cannot_be_saved() {
+            host.clear();
+            host.openNew();
+            opened();
+            control("Cancel").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            verify(host.model.isOpen);
+            keyClick(Qt.Key_Space);
+            tryVerify(() => !editor.visible);
+            compare(host.spans(), "");
         }
 
         function test_return_takes_up_what_was_typed() {
