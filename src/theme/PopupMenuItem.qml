@@ -13,6 +13,8 @@ Basic.MenuItem {
     property string systemImage: ""
     /// The keys that do the same.
     property string hint: ""
+    /// Whether it is the one that holds of several to choose from, which are checkable.
+    property bool chosen: false
     /// Takes something away that doesn't come back.
     property bool destructive: false
     /// Where a text that is too long is cut.
@@ -37,6 +39,10 @@ Basic.MenuItem {
             menu.dismiss();
     }
 
+    // Whoever shows the choices knows which one holds; a click alone changes none.
+    checked: chosen
+    onCheckedChanged: if (checked !== chosen) checked = Qt.binding(() => item.chosen)
+
     implicitHeight: 32
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     padding: 0
@@ -56,7 +62,7 @@ Basic.MenuItem {
         SystemImage {
             visible: item.checkable || item.systemImage.length > 0
             name: item.checkable ? "checkmark" : item.systemImage
-            opacity: !item.checkable || item.checked ? 1 : 0
+            opacity: !item.checkable || item.chosen ? 1 : 0
             color: item.foreground
         }
 

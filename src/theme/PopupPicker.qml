@@ -58,7 +58,7 @@ Basic.ComboBox {
         width: ListView.view ? ListView.view.width : implicitWidth
         text: picker.textAt(index)
         checkable: true
-        checked: picker.currentIndex === index
+        chosen: picker.currentIndex === index
         highlighted: picker.highlightedIndex === index
         Accessible.role: Accessible.ListItem
     }

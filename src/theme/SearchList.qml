@@ -90,7 +90,7 @@ ColumnLayout {
             width: ListView.view ? ListView.view.width : implicitWidth
             elide: Text.ElideMiddle
             checkable: true
-            checked: isChosen
+            chosen: isChosen
             highlighted: ListView.isCurrentItem || hovered
             focusPolicy: Qt.NoFocus
             Accessible.role: Accessible.ListItem

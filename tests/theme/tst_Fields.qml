@@ -21,6 +21,19 @@ Item {
     Component { id: popup; PopupPicker { label: "Client"; model: ["Acme Co", "Globex"]; currentIndex: -1; placeholder: "Choose…" } }
     Component { id: anySpy; SignalSpy {} }
     Component {
+        id: listPicker
+
+        SearchPicker {
+            label: "Project"
+            prompt: "Search projects"
+            chosenRow: 1
+            rows: ListModel {
+                ListElement { text: "App"; isChosen: false }
+                ListElement { text: "Website"; isChosen: true }
+            }
+        }
+    }
+    Component {
         id: twoFields
 
         Column {
@@ -125,6 +138,47 @@ Item {
             compare(segments.currentIndex, 1);
             compare(spy.count, 3);
             verify(segments.activeFocusWithin);
+        }
+
+        /// The line of a list with this text, where the list shows.
+        function shown(name, item) {
+            for (const child of Array.from((item ?? stage.Window.window.contentItem).children)) {
+                if (!child.visible)
+                    continue;
+                const found = child instanceof PopupMenuItem && child.text === name ? child : shown(name, child);
+                if (found)
+                    return found;
+            }
+            return null;
+        }
+
+        function test_what_is_chosen_again_keeps_its_check_mark_data() {
+            return [
+                { tag: "PopupPicker", component: popup, properties: { currentIndex: 0 }, name: "Acme Co" },
+                { tag: "SearchPicker", component: listPicker, properties: {}, name: "Website" },
+            ];
+        }
+        function test_what_is_chosen_again_keeps_its_check_mark(row) {
+            const choice = createTemporaryObject(row.component, stage, row.properties);
+            for (let i = 0; i < 3; ++i) {
+                choice.forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Space);
+                tryVerify(() => shown(row.name) !== null);
+                compare(shown(row.name).checked, true);
+                mouseClick(shown(row.name));
+                tryVerify(() => shown(row.name) === null);
+            }
+        }
+
+        function test_a_segment_chosen_again_stays_chosen() {
+            const segments = createTemporaryObject(picker, stage);
+            keyClick(Qt.Key_Tab);
+            const segment = stage.Window.activeFocusItem;
+            verify(segment.checked && segment.Accessible.checked);
+            keyClick(Qt.Key_Space);
+            verify(segment.checked && segment.Accessible.checked);
+            mouseClick(segment);
+            verify(segment.checked && segment.Accessible.checked);
         }
 
         function test_an_unset_picker_shows_its_placeholder() {

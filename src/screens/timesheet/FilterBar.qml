@@ -43,7 +43,7 @@ Flow {
 
                         text: modelData
                         checkable: true
-                        checked: bar.model.preset === index
+                        chosen: bar.model.preset === index
                         onTriggered: bar.model.choosePreset(index)
                     }
                 }

@@ -58,7 +58,7 @@ GallerySection {
                 PopupMenu {
                     title: "Move to Project"
 
-                    PopupMenuItem { text: "Website"; checkable: true; checked: true }
+                    PopupMenuItem { text: "Website"; checkable: true; chosen: true }
                     PopupMenuItem { text: "App"; checkable: true }
                 }
                 PopupMenuSeparator {}

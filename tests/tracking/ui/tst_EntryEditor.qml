@@ -232,6 +232,35 @@ Item {
             compare(control("End time").text, "9:30\u202fAM");
         }
 
+        function test_what_is_chosen_stays_marked_when_it_is_chosen_again() {
+            host.openNew();
+            opened();
+            const chip = control("1h");
+            verify(chip.checked);
+            mouseClick(chip);
+            verify(chip.checked);
+            chip.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            verify(chip.checked);
+            const chosen = control("Project").text;
+            for (let i = 0; i < 2; ++i) {
+                control("Project").forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Space);
+                tryCompare(this, "focusedName", "Search projects");
+                verify(control(chosen).checked);
+                mouseClick(control(chosen));
+                tryCompare(this, "focusedName", "Project");
+            }
+            for (let i = 0; i < 2; ++i) {
+                control("Start date").forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Down, Qt.AltModifier);
+                tryCompare(this, "focusedName", "Monday, March 2, 2026, today");
+                verify(control("Monday, March 2, 2026, today").checked);
+                mouseClick(control("Monday, March 2, 2026, today"));
+                tryCompare(this, "focusedName", "Start date");
+            }
+        }
+
         function test_up_and_down_step_the_part_at_the_cursor() {
             host.openNew();
             opened();
