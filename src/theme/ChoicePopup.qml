@@ -3,9 +3,10 @@
 
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Elmworth.Theme
 
-/// A list of very many to choose from, which can be searched by typing.
+/// A list of very many to choose from, which can be searched by typing. A click outside closes it, and does no more.
 Basic.Popup {
     id: popup
 
@@ -25,10 +26,14 @@ Basic.Popup {
     padding: 5
     margins: 8
     focus: true
-    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
+    modal: true
+    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutside
     onAboutToShow: list.active = true
     onOpened: (list.item as SearchList).takeFocus()
     onClosed: searched("")
+
+    // Nothing to see, but it keeps a click from what lies below.
+    T.Overlay.modal: Item {}
 
     // Most are never opened.
     contentItem: Loader { // qmllint disable deferred-property-id

@@ -157,6 +157,23 @@ class Review:
         self.assertEqual(self.projects()["Early"], "App")
         self.assertEqual(self.projects()["Late"], "Website")
 
+    def test_a_click_outside_the_projects_closes_them_and_leaves_the_rows(self):
+        pointer = self.hands()
+        pointer.click(self.line("Late"))
+        wait_until(lambda: self.selected() == ["Late"], "one")
+        self.menu("Late", "Move to Project")
+        wait_until(lambda: find("App — Globex", "menu item"), "the projects")
+        pointer.click(find("Timesheet", "heading"))
+        self.wait_for_end("App — Globex", "menu item")
+        self.menu("Late", "Move to Project")
+        wait_until(lambda: find("App — Globex", "menu item"), "the projects")
+        pointer.click(self.line("Tuesday"))
+        self.wait_for_end("App — Globex", "menu item")
+        self.assertEqual(self.selected(), ["Late"])
+        self.assertEqual(self.projects()["Late"], "Website")
+        pointer.click(self.line("Tuesday"))
+        wait_until(lambda: self.selected() == ["Tuesday"], "the next click")
+
     def test_the_menu_duplicates_to_today(self):
         self.hands()
         self.menu("Tuesday", "Duplicate to Today")

@@ -34,6 +34,16 @@ Item {
         }
     }
     Component {
+        id: cover
+
+        Rectangle {
+            signal tapped()
+
+            anchors.fill: parent
+            TapHandler { onTapped: parent.tapped() }
+        }
+    }
+    Component {
         id: twoFields
 
         Column {
@@ -179,6 +189,26 @@ Item {
             verify(segment.checked && segment.Accessible.checked);
             mouseClick(segment);
             verify(segment.checked && segment.Accessible.checked);
+        }
+
+        function test_a_click_outside_a_list_closes_it_and_does_nothing_else() {
+            const below = createTemporaryObject(cover, stage);
+            const choice = createTemporaryObject(listPicker, below);
+            const taps = createTemporaryObject(anySpy, stage, { target: below, signalName: "tapped" });
+            const picks = createTemporaryObject(anySpy, stage, { target: choice, signalName: "chosen" });
+            mouseClick(choice);
+            tryVerify(() => shown("Website") !== null);
+            mouseClick(below, 500, 350);
+            tryVerify(() => shown("Website") === null);
+            compare([taps.count, picks.count], [0, 0]);
+            mouseClick(choice);
+            tryVerify(() => shown("Website") !== null);
+            mouseClick(choice);
+            tryVerify(() => shown("Website") === null);
+            wait(0);
+            compare(shown("Website"), null);
+            mouseClick(below, 500, 350);
+            compare(taps.count, 1);
         }
 
         function test_an_unset_picker_shows_its_placeholder() {
