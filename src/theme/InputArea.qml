@@ -5,7 +5,7 @@ import QtQuick
 import QtQuick.Controls.Basic as Basic
 import Elmworth.Theme
 
-/// Several lines to type into. Tab leaves it.
+/// Several lines to type into, or only to read. Tab leaves it.
 Basic.TextArea {
     id: area
 
@@ -26,7 +26,7 @@ Basic.TextArea {
     wrapMode: TextEdit.Wrap
     textFormat: TextEdit.PlainText
     opacity: enabled ? 1 : 0.45
-    color: Theme.primaryText
+    color: readOnly ? Theme.secondaryText : Theme.primaryText
     placeholderTextColor: Theme.tertiaryText
     selectionColor: Theme.selectionFill
     selectedTextColor: Theme.primaryText
@@ -36,6 +36,7 @@ Basic.TextArea {
     Accessible.role: Accessible.EditableText
     Accessible.name: label.length > 0 ? label : placeholderText
     Accessible.multiLine: true
+    Accessible.readOnly: readOnly
 
     background: Rectangle {
         radius: Theme.fieldRadius

@@ -16,6 +16,7 @@ GridLayout {
 
     /// To the project while none is chosen, and else to where most changes are made.
     function takeFocus(): void {
+        notes.contentY = 0;
         if (model.isBilled)
             closing.forceActiveFocus(Qt.TabFocusReason);
         else if (!model.projects.isSet)
@@ -119,7 +120,7 @@ GridLayout {
         Layout.minimumHeight: 34
         Layout.preferredHeight: 104
         label: "Notes"
-        enabled: !form.model.isBilled
+        readOnly: form.model.isBilled
         onSubmitted: form.model.save()
         onTextChanged: if (text !== form.model.notes) form.model.notes = text
 

@@ -343,11 +343,40 @@ Item {
             host.openBilled("Landing page");
             opened();
             compare(focused(), "Close");
-            for (const name of ["Project", "Start date", "Start date calendar", "Start time", "End date", "End time", "1h", "Notes"])
+            for (const name of ["Project", "Start date", "Start date calendar", "Start time", "End date", "End time", "1h"])
                 verify(!control(name).enabled, name);
+            verify(control("Notes").readOnly);
             compare(control("Save"), null);
             compare(control("Notes").text, "Landing page");
             keyClick(Qt.Key_Return);
+            tryVerify(() => !editor.visible);
+        }
+
+        function test_long_notes_of_a_billed_entry_scroll_and_stay() {
+            const text = "line\n".repeat(200);
+            host.openBilled(text);
+            opened();
+            const notes = control("Notes");
+            const frame = notes.parent.parent;
+            verify(frame.contentHeight > 3 * frame.height);
+            mouseWheel(frame, 20, 20, 0, -240);
+            tryVerify(() => frame.contentY > 0);
+            keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+            compare(focused(), "Notes");
+            keyClick(Qt.Key_Home);
+            compare(frame.contentY, 0);
+            keyClick(Qt.Key_Down);
+            verify(frame.contentY > 0);
+            keyClick(Qt.Key_Up);
+            compare(frame.contentY, 0);
+            keyClick(Qt.Key_PageDown);
+            verify(frame.contentY > frame.height / 2 && frame.contentY < frame.height);
+            keyClick(Qt.Key_End);
+            compare(frame.contentY, frame.contentHeight - frame.height);
+            type("abc");
+            keyClick(Qt.Key_Backspace);
+            compare(notes.text, text);
+            keyClick(Qt.Key_Escape);
             tryVerify(() => !editor.visible);
         }
 
