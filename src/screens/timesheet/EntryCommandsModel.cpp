@@ -10,6 +10,8 @@ namespace elmworth {
 namespace {
 
 constexpr const char* unreadable = "The library can't be read. Nothing was changed.";
+constexpr const char* projectIsGone =
+    "The project was deleted meanwhile. Nothing was moved: choose another one.";
 
 QString countOfEntries(std::size_t count) {
     return count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count);
@@ -64,9 +66,11 @@ void EntryCommandsModel::deleteEntries(const IDs& ids) {
     Q_EMIT deleted();
 }
 
-void EntryCommandsModel::moveEntries(const IDs& ids, const Ref<Project>& project) {
+void EntryCommandsModel::moveEntries(const IDs& ids, const PersistentID& project) {
     try {
-        tellOfBilled(editing_.moveEntries(ids, project));
+        const auto target = context_.record<Project>(project);
+        if (!target) return say(QString::fromUtf8(projectIsGone));
+        tellOfBilled(editing_.moveEntries(ids, target));
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
     }

@@ -49,7 +49,8 @@ class EntryCommandsModel final : public QObject {
     /// Asks whether to delete the entries; nothing happens for none.
     void askToDelete(IDs ids);
     void deleteEntries(const IDs& ids);
-    void moveEntries(const IDs& ids, const Ref<Project>& project);
+    /// Says so when the project was deleted meanwhile; nothing is moved then.
+    void moveEntries(const IDs& ids, const PersistentID& project);
     void duplicateToToday(const PersistentID& id);
     void continueEntry(const PersistentID& id);
     /// As TimesheetEditing::save.

@@ -64,11 +64,8 @@ void TimesheetModel::observe() {
     connect(&filter_, &TimesheetFilterModel::narrowed, this, &TimesheetModel::clearSelection);
     connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
     connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearSelection);
-    connect(&menuProjects_, &ChoiceModel::picked, this, [this](const PersistentID& id) {
-        if (const auto project = services_.context.recordQuietly<Project>(id)) {
-            commands_.moveEntries(menuIDs_, project);
-        }
-    });
+    connect(&menuProjects_, &ChoiceModel::picked, this,
+            [this](const PersistentID& id) { commands_.moveEntries(menuIDs_, id); });
     auto& context = services_.context;
     libraryObservations_ = {
         context.observe(TimeEntry::schema(), [this] { libraryChanged(false); }),

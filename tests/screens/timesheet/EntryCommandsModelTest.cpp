@@ -91,7 +91,7 @@ TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
 
 TEST_F(EntryCommands, theNoticeOfADeletionGoesWhenItIsNoLongerTheNewestStep) {
     commands().deleteEntries(ids({a}));
-    commands().moveEntries(ids({b}), shop);
+    commands().moveEntries(ids({b}), shop->persistentModelID());
     EXPECT_EQ(utf8(commands().notice()), "") << "its undo would take the move back";
     EXPECT_FALSE(commands().noticeOffersUndo());
     commands().deleteEntries(ids({b}));
@@ -109,7 +109,7 @@ TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
 }
 
 TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
-    commands().moveEntries(ids({a}), shop);
+    commands().moveEntries(ids({a}), shop->persistentModelID());
     bill(a);
     commands().undo();
     EXPECT_EQ(a->project.get(), shop);
@@ -121,20 +121,23 @@ TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
 
 TEST_F(EntryCommands, moveTakesTheUnbilledAndTellsOfTheOthers) {
     bill(billed);
-    commands().moveEntries(ids({a, billed}), shop);
+    commands().moveEntries(ids({a, billed}), shop->persistentModelID());
     EXPECT_EQ(a->project.get(), shop);
     EXPECT_EQ(billed->project.get(), website);
     EXPECT_EQ(billedNotices.size(), 1);
     EXPECT_FALSE(context().hasChanges());
-    commands().moveEntries(ids({b}), shop);
+    commands().moveEntries(ids({b}), shop->persistentModelID());
     EXPECT_EQ(billedNotices.size(), 1);
 }
 
-TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothing) {
+TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothingAndSaysSo) {
     const auto gone = project("Gone");
     deleteElsewhere(gone);
-    commands().moveEntries(ids({a}), gone);
+    commands().moveEntries(ids({a}), gone->persistentModelID());
     EXPECT_EQ(a->project.get(), website);
+    EXPECT_EQ(utf8(commands().notice()),
+              "The project was deleted meanwhile. Nothing was moved: choose another one.");
+    EXPECT_FALSE(commands().canUndo());
 }
 
 TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
@@ -165,7 +168,7 @@ TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
     const auto count = entryCount();
     commands().duplicateToToday(a->persistentModelID());
     commands().continueEntry(a->persistentModelID());
-    commands().moveEntries(ids({a}), shop);
+    commands().moveEntries(ids({a}), shop->persistentModelID());
     EXPECT_EQ(entryCount(), count);
     EXPECT_EQ(service().running(), nullptr);
     EXPECT_FALSE(commands().canUndo());
@@ -192,7 +195,7 @@ TEST_F(EntryCommands, inALibraryThatCannotBeReadSayOneSentenceAndChangeNothing) 
     test::FailingReads::fail();
     commands().deleteEntries(entry);
     expectRefusal("delete");
-    commands().moveEntries(entry, shop);
+    commands().moveEntries(entry, shop->persistentModelID());
     expectRefusal("move");
     commands().duplicateToToday(entry[0]);
     expectRefusal("duplicate");

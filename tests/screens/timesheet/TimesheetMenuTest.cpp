@@ -158,13 +158,15 @@ TEST_F(TimesheetMenu, onAnEntryThatIsThenBilledElsewhereLeavesItAndTells) {
     EXPECT_TRUE(model->editor()->isBilled());
 }
 
-TEST_F(TimesheetMenu, ofAProjectThatIsThenDeletedElsewhereMovesNothing) {
+TEST_F(TimesheetMenu, ofAProjectThatIsThenDeletedElsewhereMovesNothingAndSaysSo) {
     model->openMenu(rowOf(a));
     deleteElsewhere(shop);
     turn();
     choose(*model->menuProjects(), "Shop — Globex");  // the menu is open, and shows what it showed
     EXPECT_EQ(a->project.get(), website);
     EXPECT_FALSE(commands().canUndo());
+    EXPECT_EQ(utf8(commands().notice()),
+              "The project was deleted meanwhile. Nothing was moved: choose another one.");
 }
 
 TEST_F(TimesheetMenu, onAnEntryThatLosesItsProjectContinuesNothing) {
