@@ -133,6 +133,34 @@ class Review:
         self.fill_in("To", self.place.date("2026-11-17"))
         self.see("Wednesday", "Tuesday")
 
+    def test_a_mistyped_day_of_an_own_period_is_told_beside_it(self):
+        self.choose_period("Custom")
+        for word in ("From", "To"):
+            self.assertTrue(find(word, "label"), word)
+        self.fill_in("To", self.place.date("2026-11-18"))
+        self.fill_in("From", self.place.date("2026-11-17"))
+        self.see("Wednesday", "Tuesday")
+        problem = f"This is not a date. Type one like {self.place.date('2026-11-17')}."
+        self.fill_in("From", "someday")
+        wait_until(lambda: find(problem, "label"), "what is wrong")
+        self.see("Wednesday", "Tuesday")
+        self.fill_in("From", self.place.date("2026-11-18"))
+        self.wait_for_end(problem)
+        self.see("Wednesday")
+
+    def test_a_period_chosen_again_keeps_its_check_mark(self):
+        def is_marked():
+            press("Range: Today")
+            item = wait_until(lambda: find("Today", "menu item"), "the periods")
+            return item.getState().contains(pyatspi.STATE_CHECKED)
+
+        self.choose_period("Today")
+        pointer = self.hands()
+        for _ in range(3):
+            self.assertTrue(is_marked())
+            pointer.click(find("Today", "menu item"))
+            self.wait_for_end("Today", "menu item")
+
     def test_several_are_selected_with_ctrl_and_shift(self):
         pointer = self.hands()
         pointer.click(self.line("Late"))
