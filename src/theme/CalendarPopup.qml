@@ -3,9 +3,10 @@
 
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Elmworth.Theme
 
-/// A month over the window, to pick the day of `date` from.
+/// A month over the window, to pick the day of `date` from. A click outside closes it, and does no more.
 Basic.Popup {
     id: popup
 
@@ -15,8 +16,12 @@ Basic.Popup {
     padding: 12
     margins: 8
     focus: true
-    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutsideParent
+    modal: true
+    closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutside
     onOpened: calendar.focusCurrent()
+
+    // Nothing to see, but it keeps a click from what lies below.
+    T.Overlay.modal: Item {}
 
     MonthCalendar {
         id: calendar

@@ -3,9 +3,10 @@
 
 import QtQuick
 import QtQuick.Controls.Basic as Basic
+import QtQuick.Templates as T
 import Elmworth.Theme
 
-/// A menu. Submenus are menus inside it.
+/// A menu. Submenus are menus inside it. A click outside closes it, and does no more.
 Basic.Menu {
     id: menu
 
@@ -30,6 +31,11 @@ Basic.Menu {
     margins: 8
     overlap: 4
     delegate: PopupMenuItem {}
+    // A submenu leaves the menu around it to be clicked.
+    modal: !(parent instanceof PopupMenuItem)
+
+    // Nothing to see, but it keeps a click from what lies below.
+    T.Overlay.modal: Item {}
 
     background: Rectangle {
         radius: Theme.rowRadius

@@ -22,6 +22,30 @@ Item {
     Component { id: mark; AppMark { size: 24 } }
     Component { id: card; HoverCard { width: 100; height: 100 } }
     Component {
+        id: menuOverCover
+
+        Rectangle {
+            readonly property alias menu: coverMenu
+
+            signal tapped()
+
+            anchors.fill: parent
+            TapHandler { onTapped: parent.tapped() }
+
+            PopupMenu {
+                id: coverMenu
+
+                PopupMenu {
+                    title: "Go"
+
+                    PopupMenuItem { text: "Clients" }
+                }
+                PopupMenuItem { text: "Resume" }
+            }
+        }
+    }
+    Component { id: spy; SignalSpy {} }
+    Component {
         id: page
 
         ScrollPage {
@@ -115,6 +139,38 @@ Item {
             compare(first.firstEnabled(), 1);
             first.itemAt(1).enabled = false;
             compare(first.firstEnabled(), 0);
+        }
+
+        function test_a_click_outside_a_menu_closes_it_and_does_nothing_else() {
+            const cover = createTemporaryObject(menuOverCover, stage);
+            const taps = createTemporaryObject(spy, stage, { target: cover, signalName: "tapped" });
+            for (const opensSubmenu of [false, true]) {
+                cover.menu.popup(cover, 10, 10);
+                tryVerify(() => cover.menu.opened);
+                if (opensSubmenu) {
+                    cover.menu.itemAt(0).press();
+                    tryVerify(() => cover.menu.itemAt(0).subMenu.opened);
+                }
+                mouseClick(cover, 500, 350);
+                tryVerify(() => !cover.menu.visible && !cover.menu.itemAt(0).subMenu.visible);
+                compare(taps.count, 0);
+            }
+            mouseClick(cover, 500, 350);
+            compare(taps.count, 1);
+        }
+
+        function test_an_open_submenu_leaves_the_menu_and_its_own_lines_to_be_clicked() {
+            const cover = createTemporaryObject(menuOverCover, stage);
+            for (const line of [() => cover.menu.itemAt(1), () => cover.menu.itemAt(0).subMenu.itemAt(0)]) {
+                const triggers = createTemporaryObject(spy, stage, { target: line(), signalName: "triggered" });
+                cover.menu.popup(cover, 10, 10);
+                tryVerify(() => cover.menu.opened);
+                cover.menu.itemAt(0).press();
+                tryVerify(() => cover.menu.itemAt(0).subMenu.opened);
+                mouseClick(line());
+                compare(triggers.count, 1);
+                tryVerify(() => !cover.menu.visible);
+            }
         }
 
         function test_escape_closes_a_sheet() {

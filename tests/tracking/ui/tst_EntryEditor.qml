@@ -298,6 +298,25 @@ Item {
         }
         readonly property string focusedName: focused()
 
+        function test_a_click_outside_the_calendar_closes_it_and_does_nothing_else() {
+            host.openNew();
+            opened();
+            const today = "Monday, March 2, 2026, today";
+            mouseClick(control("Start date calendar"));
+            tryCompare(this, "focusedName", today);
+            mouseClick(control("Cancel"));
+            tryVerify(() => control(today) === null);
+            verify(host.model.isOpen);
+            mouseClick(control("Start date calendar"));
+            tryCompare(this, "focusedName", today);
+            mouseClick(control("Start date calendar"));
+            tryVerify(() => control(today) === null);
+            wait(0);
+            compare(control(today), null);
+            mouseClick(control("Cancel"));
+            tryVerify(() => !editor.visible);
+        }
+
         function test_the_calendar_opens_by_press_and_a_day_is_pressed() {
             host.openNew();
             opened();
