@@ -216,6 +216,21 @@ class Keys:
         self.key("Return")
         self.see("Late", "Early", "Wednesday", "Tuesday")
 
+        self.wait_for_focus("Entries")
+        self.key("Down")
+        self.select("Late")
+
+    def test_the_notice_is_dismissed(self):
+        self.to_the_list()
+        self.key("Delete")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        wait_until(lambda: find("Deleted 1 entry."), "the notice")
+        self.tab_to("Dismiss")
+        self.key("Return")
+        self.wait_for_end("Deleted 1 entry.")
+        self.wait_for_focus("Entries")
+
     def test_each_filter(self):
         self.tab_to("Client: All Clients")
         self.key("Return")

@@ -44,6 +44,7 @@ Item {
             }
         }
     }
+    Component { id: notice; Notice {} }
     Component { id: spy; SignalSpy {} }
     Component {
         id: page
@@ -171,6 +172,91 @@ Item {
                 compare(triggers.count, 1);
                 tryVerify(() => !cover.menu.visible);
             }
+        }
+
+        readonly property string sentences: "2 entries are on an invoice and stay as they are. 3 entries were changed since and stay as they are. The timer was not started again, because time was tracked since."
+
+        function child(item, name) {
+            for (const part of Array.from(item.children)) {
+                const found = part.Accessible.name === name ? part : child(part, name);
+                if (found)
+                    return found;
+            }
+            return null;
+        }
+
+        function test_a_notice_of_several_sentences_wraps_and_is_not_cut() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry.", actionText: "Undo" });
+            compare(item.height, 44);
+            item.text = sentences;
+            item.width = Math.min(item.implicitWidth, 400);
+            const text = child(item, sentences);
+            tryVerify(() => text.lineCount > 1);
+            verify(!text.truncated);
+            tryVerify(() => item.implicitHeight >= text.contentHeight + 20);
+            compare(item.Accessible.name, sentences);
+        }
+
+        function test_a_notice_shows_its_text_and_keeps_it_while_it_fades() {
+            const item = createTemporaryObject(notice, stage);
+            verify(!item.visible);
+            item.text = "Deleted 1 entry.";
+            verify(item.visible);
+            verify(child(item, "Deleted 1 entry.") !== null);
+            item.text = "";
+            verify(child(item, "Deleted 1 entry.") !== null);
+            item.text = "Deleted 2 entries.";
+            verify(child(item, "Deleted 2 entries.") !== null);
+        }
+
+        function test_a_notice_stands_as_long_as_it_takes_to_read() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry." });
+            compare([item.readingTime, item.timer.interval], [8000, 8000]);
+            verify(item.timer.running);
+            item.text = sentences;
+            verify(item.timer.interval > 16000, `${item.timer.interval} ms`);
+            item.text = "";
+            verify(!item.timer.running);
+        }
+
+        function test_a_notice_stays_while_the_pointer_or_the_focus_is_on_it() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry.", actionText: "Undo" });
+            mouseMove(item, item.width / 2, item.height / 2);
+            tryVerify(() => !item.timer.running);
+            mouseMove(stage, 500, 390);
+            tryVerify(() => item.timer.running);
+            for (const name of ["Undo", "Dismiss"]) {
+                child(item, name).forceActiveFocus(Qt.TabFocusReason);
+                verify(!item.timer.running, name);
+                stage.forceActiveFocus();
+                verify(item.timer.running);
+            }
+        }
+
+        function test_another_text_of_a_notice_stands_its_own_time() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry." });
+            const starts = createTemporaryObject(spy, stage, { target: item.timer, signalName: "runningChanged" });
+            item.text = "Deleted 2 entries.";
+            compare(starts.count, 2, "stopped, and started anew");
+            verify(item.timer.running);
+            child(item, "Dismiss").forceActiveFocus(Qt.TabFocusReason);
+            item.text = "Deleted 3 entries.";
+            verify(!item.timer.running, "held");
+        }
+
+        function test_a_notice_asks_to_be_dismissed_and_offers_what_can_be_done() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry.", actionText: "Undo" });
+            const acted = createTemporaryObject(spy, stage, { target: item, signalName: "acted" });
+            const dismissed = createTemporaryObject(spy, stage, { target: item, signalName: "dismissed" });
+            mouseClick(child(item, "Undo"));
+            compare([acted.count, dismissed.count], [1, 0]);
+            item.actionText = "";
+            verify(!child(item, "Dismiss").parent.children[1].visible);
+            mouseClick(child(item, "Dismiss"));
+            item.timer.triggered();
+            compare(dismissed.count, 2);
+            item.text = "";
+            tryVerify(() => !item.visible);
         }
 
         function test_escape_closes_a_sheet() {

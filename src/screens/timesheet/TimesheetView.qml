@@ -71,6 +71,8 @@ FocusScope {
         anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 20 }
         width: Math.min(implicitWidth, parent.width - 48)
         commands: view.model.commands
+        // What doesn't show would keep the keyboard.
+        onIsWantedChanged: if (!isWanted && hasKeyboard) list.takeKeyboard(Qt.OtherFocusReason)
     }
 
     OnDemand {

@@ -82,6 +82,12 @@ GallerySection {
         }
     }
 
+    Notice { Layout.preferredWidth: implicitWidth; text: "Deleted 3 entries."; actionText: "Undo" }
+    Notice {
+        Layout.preferredWidth: implicitWidth
+        text: "2 entries are on an invoice and stay as they are. The timer was not started again, because time was tracked since."
+    }
+
     RowLayout {
         Layout.fillWidth: true
         spacing: 12
