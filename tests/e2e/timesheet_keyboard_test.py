@@ -231,6 +231,29 @@ class Keys:
         self.wait_for_end("Deleted 1 entry.")
         self.wait_for_focus("Entries")
 
+    def test_the_windows_menu_says_what_it_undoes_and_redoes(self):
+        def offered():
+            self.key("F10")
+            wait_until(lambda: find("Go", "menu item"), "the menu")
+            return {name: find(name, "menu item").description
+                    for name in ("Undo", "Redo", "Undo Delete Entry", "Redo Delete Entry") if find(name, "menu item")}
+
+        self.to_the_list()
+        self.assertEqual(offered(), {"Undo": "Unavailable", "Redo": "Unavailable"})
+        self.key("Escape")
+        self.wait_for_end("Go", "menu item")
+        self.to_the_list(downs=0)
+        self.key("Delete")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        self.see("Early", "Wednesday", "Tuesday")
+        self.assertEqual(offered(), {"Undo Delete Entry": "", "Redo": "Unavailable"})
+        self.choose("Undo Delete Entry")
+        self.see("Late", "Early", "Wednesday", "Tuesday")
+        self.assertEqual(offered(), {"Undo": "Unavailable", "Redo Delete Entry": ""})
+        self.choose("Redo Delete Entry")
+        self.see("Early", "Wednesday", "Tuesday")
+
     def test_each_filter(self):
         self.tab_to("Client: All Clients")
         self.key("Return")

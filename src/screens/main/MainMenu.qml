@@ -3,6 +3,7 @@
 
 import QtQuick
 import Elmworth.Theme
+import Elmworth.Timesheet
 import Elmworth.Main
 
 /// The window's menus.
@@ -13,6 +14,10 @@ PopupMenu {
     /// The keys that stop the timer and go on with the last entry, as the user reads them.
     property string stopKeys: ""
     property string resumeKeys: ""
+
+    readonly property EntryCommandsModel commands: model.timesheet.commands
+    /// What is undone elsewhere nobody would see.
+    readonly property bool showsTimesheet: model.section === 0
 
     signal closeRequested()
 
@@ -54,6 +59,24 @@ PopupMenu {
             onTriggered: menus.model.resumeLastEntry()
         }
     }
+
+    PopupMenuSeparator {}
+
+    PopupMenuItem {
+        text: menus.commands.undoText
+        hint: "Ctrl+Z"
+        enabled: menus.commands.canUndo && menus.showsTimesheet
+        onTriggered: menus.commands.undo()
+    }
+
+    PopupMenuItem {
+        text: menus.commands.redoText
+        hint: "Ctrl+Shift+Z"
+        enabled: menus.commands.canRedo && menus.showsTimesheet
+        onTriggered: menus.commands.redo()
+    }
+
+    PopupMenuSeparator {}
 
     PopupMenuItem {
         text: "Open Panel"
