@@ -32,7 +32,7 @@ class Attribute {
         if (value == value_) return *this;
         owner_.willChange();
         value_ = std::move(value);
-        owner_.didChange();
+        owner_.didChange(this);
         return *this;
     }
     Attribute& operator=(const Attribute& other) { return *this = other.value_; }
@@ -84,7 +84,7 @@ class ToOne {
         if (id == id_) return *this;
         owner_.willChange();
         assign(std::move(target));
-        owner_.didChange();
+        owner_.didChange(this);
         return *this;
     }
     /// Takes over the relationship, also to a record that can't be read.
@@ -93,7 +93,7 @@ class ToOne {
         owner_.willChange();
         id_ = other.id_;
         target_ = other.target_;
-        owner_.didChange();
+        owner_.didChange(this);
         return *this;
     }
 

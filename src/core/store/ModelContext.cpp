@@ -40,7 +40,7 @@ void ModelContext::insert(const Ref<Record>& record) {
     record->state_ = Record::State::inserted;
     identities_[record->id_] = record;
     pending(schema)[record->id_] = record;
-    observers_.note(schema);
+    note(*record, {RecordChange::Kind::came});
 }
 
 Ref<Record> ModelContext::reinsert(const RecordSchema& schema, const PersistentID& id) {
@@ -50,7 +50,7 @@ Ref<Record> ModelContext::reinsert(const RecordSchema& schema, const PersistentI
         insert(record);
     } else if (record->state_ == Record::State::deleted) {
         record->state_ = Record::State::changed;  // the library still has its row
-        observers_.note(schema);
+        note(*record, {RecordChange::Kind::came});
     }
     return record;
 }
@@ -62,8 +62,12 @@ void ModelContext::recordWillChange(Record& record) {
     pending(record.recordSchema())[record.id_] = record.shared_from_this();
 }
 
-void ModelContext::recordDidChange(Record& record) {
-    observers_.note(record.recordSchema());
+void ModelContext::recordDidChange(Record& record, std::size_t field) {
+    note(record, {RecordChange::Kind::changed, std::uint32_t{1} << field});
+}
+
+void ModelContext::note(const Record& record, const RecordChange& change) {
+    observers_.note(record.recordSchema(), record.id_, change);
 }
 
 void ModelContext::deleteRecord(const Ref<Record>& record) {
@@ -74,7 +78,7 @@ void ModelContext::deleteRecord(const Ref<Record>& record) {
     for (const auto& [other, field] : nullified) {
         recordWillChange(*other);
         other->recordSchema().fields[field].write(*other, Value{});
-        recordDidChange(*other);
+        recordDidChange(*other, field);
     }
     for (const auto& deletion : deletions) markDeleted(deletion);
 }
@@ -106,7 +110,7 @@ void ModelContext::markDeleted(const Ref<Record>& record) {
         record->context_ = nullptr;
         record->state_ = Record::State::gone;
     }
-    observers_.note(schema);
+    note(*record, {RecordChange::Kind::went});
 }
 
 void ModelContext::checkDeniedDeletions() {
@@ -237,12 +241,21 @@ void ModelContext::forgetChanges() {
 void ModelContext::rollback() {
     store_->dropSpilled();
     for (auto& map : pending_) {
-        for (auto& [id, record] : map) restore(*record);
-        if (!map.empty()) observers_.note(map.begin()->second->recordSchema());
+        for (auto& [id, record] : map) {
+            noteRestored(*record);
+            restore(*record);
+        }
         const RecordMap released = std::exchange(map, {});
     }
     if (!spilled_.empty()) tidyLogLater();
     detachSpilled();
+}
+
+void ModelContext::noteRestored(const Record& record) {
+    using enum RecordChange::Kind;
+    const bool wentWithIt = record.state_ == Record::State::inserted;
+    const bool cameBack = record.state_ == Record::State::deleted;
+    note(record, {wentWithIt ? went : cameBack ? came : changed, ~std::uint32_t{0}});
 }
 
 void ModelContext::restore(Record& record) {

@@ -147,6 +147,10 @@ class ModelContext {
     [[nodiscard]] Observation observe(const RecordSchema& schema, std::function<void()> changed) {
         return observers_.observe(schema, std::move(changed));
     }
+    /// The same for records of all types, with what became of each: one call for all of them.
+    [[nodiscard]] Observation observeAll(std::function<void(const RecordChanges&)> changed) {
+        return observers_.observeAll(std::move(changed));
+    }
 
     /// The reads of this library that failed, whoever asked.
     [[nodiscard]] ReadFaults& readFaults() noexcept { return readFaults_; }
@@ -192,7 +196,8 @@ class ModelContext {
                         const PredicateNode* predicate, std::span<const SortKey> sortBy);
 
     void recordWillChange(Record& record);
-    void recordDidChange(Record& record);
+    void recordDidChange(Record& record, std::size_t field);
+    void note(const Record& record, const RecordChange& change);
     void forget(Record& record) noexcept;
 
     void collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
@@ -205,6 +210,7 @@ class ModelContext {
     void tidyLogLater();
 
     [[nodiscard]] RecordMap& pending(const RecordSchema& schema);
+    void noteRestored(const Record& record);
     void restore(Record& record);
 
     std::unique_ptr<sqlite::RecordStore> store_;

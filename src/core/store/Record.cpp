@@ -19,8 +19,12 @@ void Record::willChange() {
     if (context_) context_->recordWillChange(*this);
 }
 
-void Record::didChange() {
-    if (context_) context_->recordDidChange(*this);
+void Record::didChange(const void* field) {
+    if (!context_) return;
+    const auto& fields = recordSchema().fields;
+    std::size_t index = 0;
+    while (index < fields.size() && fields[index].place(*this) != field) ++index;
+    context_->recordDidChange(*this, index);
 }
 
 std::vector<Value> Record::capture() const {

@@ -70,9 +70,9 @@ class Record : public std::enable_shared_from_this<Record> {
         gone,      ///< deleted and saved
     };
 
-    /// Called around each change of a field.
+    /// Called around each change of a field, which lies at `field`.
     void willChange();
-    void didChange();
+    void didChange(const void* field);
 
     /// The values of all fields, in the order of the schema.
     [[nodiscard]] std::vector<Value> capture() const;

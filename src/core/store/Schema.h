@@ -39,6 +39,8 @@ struct FieldDescription {
     /// Sets the field behind the context's back: when a row is read, and when changes are rolled
     /// back.
     void (*write)(Record&, Value&&);
+    /// Where a record keeps the field, to tell which one has changed.
+    const void* (*place)(const Record&);
     /// The record type that a to-one relationship points to; null for attributes.
     const RecordSchema& (*target)() = nullptr;
 };
@@ -141,6 +143,11 @@ void writeField(Record& record, Value&& value) {
     using Type = typename MemberPointer<decltype(Member)>::RecordType;
     FieldAccess::write(static_cast<Type&>(record).*Member, std::move(value));
 }
+template <auto Member>
+const void* placeOfField(const Record& record) {
+    using Type = typename MemberPointer<decltype(Member)>::RecordType;
+    return &(static_cast<const Type&>(record).*Member);
+}
 
 }  // namespace detail
 
@@ -159,7 +166,8 @@ constexpr FieldDescription attribute(std::string_view name, FieldRule rule = Fie
             Kind::optional,
             rule == FieldRule::unique,
             &detail::readField<Member>,
-            &detail::writeField<Member>};
+            &detail::writeField<Member>,
+            &detail::placeOfField<Member>};
 }
 
 /// Declares the member `Member` as a to-one relationship.
@@ -172,6 +180,7 @@ constexpr FieldDescription toOne(std::string_view name) {
             false,
             &detail::readField<Member>,
             &detail::writeField<Member>,
+            &detail::placeOfField<Member>,
             &Field::Target::schema};
 }
 
