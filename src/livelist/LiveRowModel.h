@@ -39,21 +39,26 @@ class LiveRowModel : public QAbstractListModel {
  protected:
     /// Shows `rows`, of which no two have the same id. Whoever hears of a step on the way does not
     /// call this again meanwhile.
-    void takeOver(std::vector<Row> rows) {
-        const std::size_t shorter = std::min(rows.size(), rows_.size());
+    void takeOver(std::vector<Row> rows) { replaceRows(0, rows_.size(), std::move(rows)); }
+
+    /// The same for the `count` rows from `first` on, whatever the others are: none of those has an
+    /// id of `rows`.
+    void replaceRows(std::size_t first, std::size_t count, std::vector<Row> rows) {
+        const std::size_t behind = rows_.size() - first - count;
+        const std::size_t shorter = std::min(rows.size(), count);
         std::size_t head = 0;
-        while (head < shorter && rows[head].id == rows_[head].id) ++head;
+        while (head < shorter && rows[head].id == rows_[first + head].id) ++head;
         std::size_t tail = 0;
         while (tail < shorter - head &&
-               rows[rows.size() - 1 - tail].id == rows_[rows_.size() - 1 - tail].id) {
+               rows[rows.size() - 1 - tail].id == rows_[first + count - 1 - tail].id) {
             ++tail;
         }
-        reorder(rows, head, tail);
-        for (std::size_t i = 0; i < rows_.size(); ++i) {
-            if (!(rows_[i] == rows[i])) change(i, rows[i]);
+        reorder({rows, first, first + rows.size() - tail}, first + head, behind + tail);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (!(rows_[first + i] == rows[i])) change(first + i, rows[i]);
         }
         // Equal rows may still refer to things of their own.
-        rows_ = std::move(rows);
+        std::move(rows.begin(), rows.end(), at(first));
     }
 
     /// The roles that show something else for `next` than for `shown`, which is the same row.
@@ -64,18 +69,30 @@ class LiveRowModel : public QAbstractListModel {
 
     [[nodiscard]] auto at(std::size_t i) { return rows_.begin() + static_cast<std::ptrdiff_t>(i); }
 
+    /// The rows to be: `rows` from the place `first` on, of which those from `end` on stay.
+    struct Part {
+        const std::vector<Row>& rows;
+        std::size_t first;
+        std::size_t end;
+
+        [[nodiscard]] const Row& operator[](std::size_t i) const { return rows[i - first]; }
+    };
+
     /// Brings the rows between the first `head` and the last `tail`, which stay, into the order of
-    /// `rows`.
-    void reorder(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
+    /// `next`.
+    void reorder(const Part& next, std::size_t head, std::size_t tail) {
         if (head + tail < rows_.size()) {
             Positions wanted;
-            wanted.reserve(rows.size() - head - tail);
-            for (std::size_t i = head; i < rows.size() - tail; ++i) wanted.emplace(rows[i].id, i);
-            if (stepCount(wanted, head, tail) > mostSteps) return replace(rows, head, tail);
-            removeAllBut(wanted, head, tail);
-            moveIntoOrder(wanted, head, tail);
+            wanted.reserve(next.end - head);
+            for (std::size_t i = head; i < next.end; ++i) wanted.emplace(next[i].id, i);
+            if (stepCount(wanted, head, tail) > mostSteps) {
+                removeAllBut({}, head, tail);
+            } else {
+                removeAllBut(wanted, head, tail);
+                moveIntoOrder(wanted, head, tail);
+            }
         }
-        insertMissing(rows, head, rows.size() - tail);
+        insertMissing(next, head);
     }
 
     /// How many runs of rows go, how many rows move, and how many runs come.
@@ -98,11 +115,6 @@ class LiveRowModel : public QAbstractListModel {
             if (isMissing[i] && (i == 0 || !isMissing[i - 1])) ++steps;
         }
         return steps + moveCountIntoOrder(order);
-    }
-
-    void replace(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
-        removeAllBut({}, head, tail);
-        insertMissing(rows, head, rows.size() - tail);
     }
 
     void removeAllBut(const Positions& wanted, std::size_t head, std::size_t tail) {
@@ -139,18 +151,18 @@ class LiveRowModel : public QAbstractListModel {
     }
 
     /// All present rows are in order; the missing ones come between them in runs.
-    void insertMissing(const std::vector<Row>& rows, std::size_t from, std::size_t to) {
-        for (std::size_t i = from; i < to; ++i) {
+    void insertMissing(const Part& next, std::size_t from) {
+        for (std::size_t i = from; i < next.end; ++i) {
             const std::size_t begin = i;
-            while (i < to && !(begin < rows_.size() && rows_[begin].id == rows[i].id)) ++i;
-            if (begin < i) insert(begin, i, rows);
+            while (i < next.end && !(begin < rows_.size() && rows_[begin].id == next[i].id)) ++i;
+            if (begin < i) insert(begin, i, next);
         }
     }
 
-    void insert(std::size_t begin, std::size_t end, const std::vector<Row>& rows) {
+    void insert(std::size_t begin, std::size_t end, const Part& next) {
         beginInsertRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
-        rows_.insert(at(begin), rows.begin() + static_cast<std::ptrdiff_t>(begin),
-                     rows.begin() + static_cast<std::ptrdiff_t>(end));
+        const auto from = next.rows.begin() + static_cast<std::ptrdiff_t>(begin - next.first);
+        rows_.insert(at(begin), from, from + static_cast<std::ptrdiff_t>(end - begin));
         endInsertRows();
     }
 

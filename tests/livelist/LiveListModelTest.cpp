@@ -28,7 +28,10 @@ struct Fruit {
 
 namespace {
 
-using Model = LiveListModel<Fruit>;
+class Model : public LiveListModel<Fruit> {
+ public:
+    using LiveListModel::replaceRows;
+};
 
 Fruit fruit(int id, const char* name = "apple", int count = 1) {
     return {id, QString::fromUtf8(name), count, 0};
@@ -185,6 +188,33 @@ TEST_F(LiveListModelTest, viewsThatHearOfTheStepsShowTheRowsWhateverTheSequence)
         ASSERT_EQ(mirror.names(), names) << "round " << round;
     }
     EXPECT_EQ(std::count(steps.begin(), steps.end(), "reset"), 0);
+}
+
+TEST_F(LiveListModelTest, aPartThatIsReplacedLeavesTheOthersAsTheyAre) {
+    const Mirror mirror(model);
+    std::mt19937 random(2);
+    for (int round = 0; round < 2000; ++round) {
+        auto rows = randomRows(random);
+        model.setRows(rows);
+        const std::size_t first = random() % (rows.size() + 1);
+        const std::size_t count = random() % (rows.size() - first + 1);
+        auto part = randomRows(random);
+        const auto isElsewhere = [&](const Fruit& row) {
+            const auto at = std::find_if(rows.begin(), rows.end(),
+                                         [&](const Fruit& other) { return other.id == row.id; });
+            const auto place = static_cast<std::size_t>(at - rows.begin());
+            return at != rows.end() && (place < first || place >= first + count);
+        };
+        std::erase_if(part, isElsewhere);
+        const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(first);
+        const auto gap = rows.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+        rows.insert(gap, part.begin(), part.end());
+        model.replaceRows(first, count, part);
+        ASSERT_EQ(model.rows(), rows) << "round " << round;
+        std::vector<QString> names;
+        for (const Fruit& row : rows) names.push_back(row.name);
+        ASSERT_EQ(mirror.names(), names) << "round " << round;
+    }
 }
 
 std::vector<Fruit> countedRows(int count, int step) {
