@@ -43,6 +43,18 @@ void TimesheetSums::add(const TimesheetEntry& entry) {
     addCents(finished_.unbilledCents, cents);
 }
 
+void TimesheetSums::add(const TimesheetSums& other) {
+    const auto& sums = other.finished_;
+    finished_.entryCount += sums.entryCount;
+    finished_.trackedSeconds += sums.trackedSeconds;
+    finished_.unbilledSeconds += sums.unbilledSeconds;
+    addCents(finished_.billableCents, sums.billableCents);
+    addCents(finished_.unbilledCents, sums.unbilledCents);
+    running_.insert(running_.end(), other.running_.begin(), other.running_.end());
+    projects_.insert(other.projects_.begin(), other.projects_.end());
+    currencyCodes_.insert(other.currencyCodes_.begin(), other.currencyCodes_.end());
+}
+
 std::optional<std::string> TimesheetSums::commonCurrency() const {
     if (currencyCodes_.size() > 1) return std::nullopt;
     return currencyCodes_.empty() ? "USD" : *currencyCodes_.begin();

@@ -36,6 +36,8 @@ class TimesheetSums {
     explicit TimesheetSums(const DateInterval& range) : range_(range) {}
 
     void add(const TimesheetEntry& entry);
+    /// Adds the entries that `other` has summed over the same range.
+    void add(const TimesheetSums& other);
 
     /// The figures at the instant `now`. Without entries they are zero in US dollars.
     [[nodiscard]] TimesheetStatistics statistics(Instant now) const;

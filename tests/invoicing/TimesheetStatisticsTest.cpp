@@ -48,6 +48,31 @@ class Statistics : public testing::Test {
     DateInterval range_{at("2026-03-02T00:00Z"), at("2026-03-03T00:00Z")};
 };
 
+TEST_F(Statistics, ofTwoPartsAddUpToThoseOfTheWhole) {
+    const auto globex = library_.addClient("Globex");
+    globex->currencyCode = "USD";
+    add(project_, "08:00", "09:00");
+    add(nullptr, "09:00", "09:20");
+    add(library_.addProject("Shop", globex), "10:00", "10:40");
+    add(project_, "11:00", nullptr);
+    const auto all = listed();
+    for (std::size_t first = 0; first <= all.size(); ++first) {
+        TimesheetSums sums(range_);
+        TimesheetSums rest(range_);
+        for (std::size_t i = 0; i < all.size(); ++i) (i < first ? sums : rest).add(all[i]);
+        sums.add(rest);
+        const auto added = sums.statistics(at("2026-03-02T12:00Z"));
+        const auto whole = statistics();
+        EXPECT_EQ(added.entryCount, whole.entryCount);
+        EXPECT_EQ(added.trackedSeconds, whole.trackedSeconds);
+        EXPECT_EQ(added.unbilledSeconds, whole.unbilledSeconds);
+        EXPECT_EQ(added.currencyCode, whole.currencyCode);
+        EXPECT_EQ(added.billableCents, whole.billableCents);
+        EXPECT_EQ(added.unbilledCents, whole.unbilledCents);
+        EXPECT_TRUE(sums.hasRunning());
+    }
+}
+
 TEST_F(Statistics, ofNothingAreZeroInDollars) {
     const auto all = statistics();
     EXPECT_EQ(all.currencyCode, "USD");
