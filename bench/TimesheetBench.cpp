@@ -26,7 +26,8 @@ Pieces readAll(OpenLibrary& library, const DateInterval& range) {
     filter.range = range;
     const TimesheetReader reader(library.context(), filter, library.now);
     Pieces pieces;
-    for (std::size_t i = 0; i < reader.pieceCount(); ++i) pieces.push_back(reader.read(i));
+    for (std::size_t i = 0; i + 1 < reader.pieceCount(); ++i) pieces.push_back(reader.read(i));
+    pieces.push_back(std::make_shared<TimesheetPiece>());
     return pieces;
 }
 

@@ -18,6 +18,7 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "BenchLibrary.h"
@@ -92,6 +93,8 @@ class TimesheetWindow {
     }
 
     [[nodiscard]] TimesheetModel& model() { return *model_; }
+    [[nodiscard]] TimerService& timer() { return *timer_; }
+    void deliver() { container_->mainContext().deliverChanges(); }
     [[nodiscard]] QQuickItem* list() const { return listIn(window_->contentItem()); }
 
     void choose(DateRangePreset preset) {
@@ -189,6 +192,46 @@ void scroll(TimesheetWindow& window) {
     report("a step of 120 pixels, a year", times, 33);
 }
 
+/// What a key in the notes of the running entry takes until it is told, and until it is painted.
+void typeNotes(TimesheetWindow& window, const char* what) {
+    window.timer().start(nullptr);
+    window.settle();
+    std::vector<double> told;
+    std::vector<double> painted;
+    QString notes;
+    for (int i = 0; i < 45; ++i) {
+        notes += QChar(u'a' + i % 26);
+        painted.push_back(window.frameOf([&] {
+            const auto began = std::chrono::steady_clock::now();
+            window.model().running()->setNotes(notes);
+            window.deliver();
+            told.push_back(Milliseconds(std::chrono::steady_clock::now() - began).count());
+        }));
+    }
+    window.timer().stop();
+    report((std::string("a key in the notes, ") + what).c_str(), told, 4);
+    report("the same, painted", painted, 16);
+}
+
+/// What the arrow keys take in a list of all lines.
+void moveKeys(TimesheetWindow& window) {
+    auto& model = window.model();
+    std::vector<double> moves;
+    std::vector<double> extensions;
+    model.moveCurrent(model.rows().rowCount() / 2);
+    const auto timed = [](const auto& act) {
+        const auto began = std::chrono::steady_clock::now();
+        act();
+        return Milliseconds(std::chrono::steady_clock::now() - began).count();
+    };
+    for (int i = 0; i < 45; ++i) moves.push_back(timed([&] { model.moveCurrent(1); }));
+    model.moveCurrent(-model.rows().rowCount(), true);
+    for (int i = 0; i < 45; ++i) extensions.push_back(timed([&] { model.moveCurrent(1, true); }));
+    report("an arrow key in all lines", moves, 1);
+    report("the same with Shift, half selected", extensions, 1);
+    model.clearSelection();
+}
+
 void allYears(TimesheetWindow& window) {
     std::vector<double> whole;
     std::vector<double> turns;
@@ -206,6 +249,8 @@ void allYears(TimesheetWindow& window) {
         full = std::max(full, residentMegabytes());
     }
     report("all twenty years, complete", whole, 400);
+    typeNotes(window, "all years");
+    moveKeys(window);
     std::printf("longest turn meanwhile %.1f ms; %d rows\n",
                 *std::max_element(turns.begin(), turns.end()), window.model().rows().rowCount());
     window.choose(DateRangePreset::thisWeek);
@@ -232,6 +277,7 @@ void measure(bool yearsOnly) {
     switchPeriods(window, "this week to a custom day", thisWeek, custom, 16);
     search(window);
     scroll(window);
+    typeNotes(window, "a year");
     allYears(window);
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/RunLoop.h"
@@ -15,19 +16,23 @@ namespace elmworth {
 
 /// What a timesheet shows, kept in line with its filter and with the library.
 ///
-/// About a year of entries is read at once. More is read piece by piece in the next turns of the
-/// run loop, so that a window stays responsive: the newest time shows first and the rest when it is
-/// all there. After a change the newest piece is looked at again at once, and the others likewise;
-/// what was read before shows meanwhile. A library that cannot be read counts as empty.
+/// A year of entries is read at once. More is read some weeks at a time in the turns of the run
+/// loop, so that a window stays responsive: the newest time shows first, and the older as it comes.
+/// What has been read already shows until it is read again. A library that cannot be read counts as
+/// empty.
 class TimesheetContents {
  public:
-    using Handler = std::function<void(std::shared_ptr<const TimesheetListing>)>;
+    struct Handlers {
+        /// Called with each new listing, within the calls below and in later turns.
+        std::function<void(std::shared_ptr<const TimesheetListing>)> show;
+        /// Called when the notes of a listed entry changed, and nothing else.
+        std::function<void(const TimesheetPlace&)> showNotes = [](const auto&) {};
+    };
 
-    /// `show` is called with each new listing, within the calls below and in later turns. At least
-    /// `firstEntries` entries are read before anything shows.
+    /// About `entriesOfTurn` entries are read in one turn, the first one included.
     TimesheetContents(ModelContext& context, RunLoop& runLoop, Clock now,
-                      std::function<Calendar()> calendar, Handler show,
-                      std::size_t firstEntries = 5'000);
+                      std::function<Calendar()> calendar, Handlers handlers,
+                      std::size_t entriesOfTurn = 2'000);
 
     [[nodiscard]] const TimesheetFilter& filter() const noexcept { return filter_; }
     /// Shows what `filter` lets through. Another search alone reads nothing.
@@ -36,29 +41,42 @@ class TimesheetContents {
     /// Reads all again, after the library has changed.
     void reload();
 
+    /// Follows changes of entries and of nothing else. Few cost what has changed, many a `reload`.
+    void follow(const RecordChanges& changes);
+
     /// Whether pieces are still to be read.
     [[nodiscard]] bool isReading() const noexcept { return next_ != nullptr; }
 
  private:
-    using Pieces = std::vector<std::shared_ptr<const TimesheetPiece>>;
+    using Piece = std::shared_ptr<TimesheetPiece>;
 
     void begin(bool keepsFormer);
+    void readTurn();
     void readNext();
     void readOn();
-    void showPieces();
-    [[nodiscard]] bool canShowFormer() const;
+    void placeBegunBefore();
+    void place(std::size_t position, Piece piece);
+    void takeFromOthers(const TimesheetPiece& piece, const TimesheetPiece* former);
+    [[nodiscard]] TimesheetPiece::IDs followNotes(const RecordChanges::Named& changes);
+    bool followNotesOf(const PersistentID& id);
+    bool replaceEntries(const TimesheetPiece::IDs& ids);
+    void show();
+    void showAnew();
 
     ModelContext& context_;
     RunLoop& runLoop_;
     Clock now_;
     std::function<Calendar()> calendar_;
-    Handler show_;
-    std::size_t firstEntries_;
+    Handlers handlers_;
+    std::size_t entriesOfTurn_;
     TimesheetFilter filter_;
     std::optional<TimesheetReader> reader_;
-    Pieces pieces_;                    ///< newest first; null while not read
-    Pieces former_;                    ///< as they were before a change, or empty
-    std::vector<std::size_t> toRead_;  ///< the next one stands last
+    std::vector<Piece> pieces_;             ///< newest first; null while not read
+    TimesheetReader::Entries begunBefore_;  ///< of the last piece, while it is read
+    std::vector<std::size_t> toRead_;       ///< the next one stands last
+    bool readsAgain_ = false;               ///< pieces to read are there as they were
+    std::shared_ptr<const TimesheetListing> listing_;
+    std::string zoneID_;  ///< where the days of the listing begin
     RunLoop::Handle next_;
 };
 

@@ -5,12 +5,17 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <map>
+#include <unordered_set>
 #include <utility>
 
 namespace elmworth {
 
 namespace {
+
+using Days = std::map<Instant, TimesheetDay, std::greater<>>;
+using Place = TimesheetPlace;
 
 double shareOf(const TimesheetDay& day, Instant start, Instant end) {
     return std::max(0.0, secondsBetween(std::max(start, day.start), std::min(end, day.end)));
@@ -31,18 +36,14 @@ class DayBuilder {
         auto day = dayOf(std::max(entry.start, range_.start));
         const Instant last = std::min(end, range_.end);
         while (day && day->start < last) {
-            if (day->start >= range_.start) addTo(*day, place, end);
+            if (day->start >= range_.start) addTo(*day, place);
             if (day->end >= last) return;
             day = calendar_.interval(CalendarUnit::day, day->end);
         }
     }
 
-    [[nodiscard]] std::vector<TimesheetDay> take() {
-        std::vector<TimesheetDay> days;
-        days.reserve(days_.size());
-        for (auto& [start, day] : days_) days.push_back(std::move(day));
-        return days;
-    }
+    /// The days so far, with their entries in the order of their adding.
+    [[nodiscard]] Days& days() noexcept { return days_; }
 
  private:
     [[nodiscard]] std::optional<DateInterval> dayOf(Instant instant) {
@@ -51,27 +52,98 @@ class DayBuilder {
         return known_;
     }
 
-    void addTo(const DateInterval& when, const TimesheetPlace& place, Instant end) {
+    void addTo(const DateInterval& when, const TimesheetPlace& place) {
         if (latest_ == nullptr || latest_->start != when.start) {
             latest_ = &days_[when.start];
             latest_->start = when.start;
             latest_->end = when.end;
         }
         latest_->entries.push_back(place);
-        if (place.entry().isRunning()) {
-            latest_->holdsRunning = true;
-        } else {
-            latest_->finishedSeconds += shareOf(*latest_, place.entry().start, end);
-        }
     }
 
     DateInterval range_;
     Instant now_;
     const Calendar& calendar_;
-    std::map<Instant, TimesheetDay, std::greater<>> days_;
+    Days days_;
     std::optional<DateInterval> known_;
     TimesheetDay* latest_ = nullptr;
 };
+
+std::shared_ptr<const TimesheetDay> summed(TimesheetDay day) {
+    for (const auto& place : day.entries) {
+        const auto& entry = place.entry();
+        day.holdsRunning = day.holdsRunning || entry.isRunning();
+        if (entry.end) day.finishedSeconds += shareOf(day, entry.start, *entry.end);
+    }
+    return std::make_shared<const TimesheetDay>(std::move(day));
+}
+
+/// Lists the entries that `search` finds in a piece.
+class FoundEntries {
+ public:
+    FoundEntries(TimesheetListing& listing, DayBuilder& days, const TimesheetSearch& search)
+        : listing_(listing), days_(days), search_(search) {}
+
+    void add(const TimesheetPiece* piece) {
+        const std::size_t size = piece == nullptr ? 0 : piece->size();
+        for (std::uint32_t i = 0; i < size; ++i) {
+            if (!search_.finds(piece->notes(i), piece->entry(i).project)) continue;
+            listing_.entries.push_back({piece, i});
+            days_.add({piece, i});
+        }
+        listing_.pieceEnds.push_back(listing_.entries.size());
+    }
+
+ private:
+    TimesheetListing& listing_;
+    DayBuilder& days_;
+    const TimesheetSearch& search_;
+};
+
+std::span<const Place> entriesOf(const TimesheetListing& listing, std::size_t piece) {
+    const std::size_t begin = piece == 0 ? 0 : listing.pieceEnds[piece - 1];
+    return std::span(listing.entries).subspan(begin, listing.pieceEnds[piece] - begin);
+}
+
+using Gone = std::unordered_set<const TimesheetPiece*>;
+
+/// Of a day, the entries that are not of the pieces `gone`, and those of `added`.
+std::vector<Place> mergedEntries(const std::vector<Place>& former, const Gone& gone,
+                                 const std::vector<Place>& added) {
+    std::vector<Place> kept;
+    std::copy_if(former.begin(), former.end(), std::back_inserter(kept),
+                 [&](const Place& place) { return !gone.contains(place.piece); });
+    std::vector<Place> merged;
+    merged.reserve(kept.size() + added.size());
+    std::merge(kept.begin(), kept.end(), added.begin(), added.end(), std::back_inserter(merged),
+               [](const Place& a, const Place& b) { return precedes(a.entry(), b.entry()); });
+    return merged;
+}
+
+using DayList = std::vector<std::shared_ptr<const TimesheetDay>>;
+
+/// The days of `former`, but each of `changed` made anew: without the pieces `gone`, and with its
+/// own entries. Those without any entry are left out.
+DayList mergedDays(const DayList& former, Days& changed, const Gone& gone) {
+    DayList days;
+    days.reserve(former.size() + changed.size());
+    auto next = changed.begin();
+    const auto place = [&](const TimesheetDay* old) {
+        TimesheetDay day = std::move(next++->second);
+        if (old != nullptr) day.entries = mergedEntries(old->entries, gone, day.entries);
+        if (!day.entries.empty()) days.push_back(summed(std::move(day)));
+    };
+    for (const auto& day : former) {
+        while (next != changed.end() && next->first > day->start) place(nullptr);
+        if (next != changed.end() && next->first == day->start) {
+            place(day.get());
+        } else {
+            days.push_back(day);
+        }
+    }
+    while (next != changed.end()) place(nullptr);
+    return days;
+}
 
 }  // namespace
 
@@ -87,18 +159,43 @@ double TimesheetDay::seconds(Instant now) const {
 TimesheetListing listTimesheet(std::vector<std::shared_ptr<const TimesheetPiece>> pieces,
                                const DateInterval& range, Instant now, const Calendar& calendar,
                                const TimesheetSearch& search) {
-    TimesheetListing listing{std::move(pieces), {}, {}};
+    TimesheetListing listing{std::move(pieces), {}, {}, {}, now};
     DayBuilder days(range, now, calendar);
-    for (const auto& piece : listing.pieces) {
-        if (!piece) continue;
-        for (std::uint32_t i = 0; i < piece->size(); ++i) {
-            if (!search.finds(piece->notes(i), piece->entry(i).project)) continue;
-            const TimesheetPlace place{piece.get(), i};
-            listing.entries.push_back(place);
-            days.add(place);
+    FoundEntries found(listing, days, search);
+    for (const auto& piece : listing.pieces) found.add(piece.get());
+    listing.days.reserve(days.days().size());
+    for (auto& [start, day] : days.days()) listing.days.push_back(summed(std::move(day)));
+    return listing;
+}
+
+TimesheetListing relistTimesheet(const TimesheetListing& former,
+                                 std::vector<std::shared_ptr<const TimesheetPiece>> pieces,
+                                 const DateInterval& range, Instant now, const Calendar& calendar,
+                                 const TimesheetSearch& search) {
+    // A clock that was set back leaves the days that a running entry has had by then.
+    TimesheetListing listing{std::move(pieces), {}, {}, {}, std::max(now, former.now)};
+    listing.entries.reserve(former.entries.size());
+    Gone gone;
+    DayBuilder formerDays(range, former.now, calendar);
+    DayBuilder days(range, now, calendar);
+    FoundEntries found(listing, days, search);
+    for (std::size_t i = 0; i < listing.pieces.size(); ++i) {
+        const auto formerEntries = entriesOf(former, i);
+        if (listing.pieces[i] == former.pieces[i]) {
+            listing.entries.insert(listing.entries.end(), formerEntries.begin(),
+                                   formerEntries.end());
+            listing.pieceEnds.push_back(listing.entries.size());
+            continue;
         }
+        gone.insert(former.pieces[i].get());
+        for (const auto& place : formerEntries) formerDays.add(place);
+        found.add(listing.pieces[i].get());
     }
-    listing.days = days.take();
+    Days& changed = days.days();
+    for (const auto& [start, day] : formerDays.days()) {
+        changed.try_emplace(start, TimesheetDay{day.start, day.end, {}});
+    }
+    listing.days = mergedDays(former.days, changed, gone);
     return listing;
 }
 

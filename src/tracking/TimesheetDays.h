@@ -39,7 +39,9 @@ struct TimesheetDay {
 struct TimesheetListing {
     std::vector<std::shared_ptr<const TimesheetPiece>> pieces;
     std::vector<TimesheetPlace> entries;  ///< all that are listed, newest start first
-    std::vector<TimesheetDay> days;       ///< newest first
+    std::vector<std::size_t> pieceEnds;   ///< how many of them are of this piece and those before
+    std::vector<std::shared_ptr<const TimesheetDay>> days;  ///< newest first
+    Instant now;  ///< up to which running entries have days, or earlier than that
 };
 
 /// Lists what `search` finds in `pieces`, which stand newest first (a null one is not read yet), by
@@ -48,5 +50,12 @@ struct TimesheetListing {
 [[nodiscard]] TimesheetListing listTimesheet(
     std::vector<std::shared_ptr<const TimesheetPiece>> pieces, const DateInterval& range,
     Instant now, const Calendar& calendar, const TimesheetSearch& search);
+
+/// The same, where `former` lists as many pieces by the same range, calendar and search: only those
+/// that are others are looked at, and days without any of their entries are the ones of `former`.
+[[nodiscard]] TimesheetListing relistTimesheet(
+    const TimesheetListing& former, std::vector<std::shared_ptr<const TimesheetPiece>> pieces,
+    const DateInterval& range, Instant now, const Calendar& calendar,
+    const TimesheetSearch& search);
 
 }  // namespace elmworth

@@ -5,14 +5,18 @@
 
 #include <algorithm>
 #include <chrono>
-#include <tuple>
 #include <utility>
 
 namespace elmworth {
 
 namespace {
 
-constexpr std::chrono::days pieceLength{366};
+/// Longer periods are read in several pieces.
+constexpr std::chrono::days longestPiece{366};
+/// Of those, so that one is read within a fraction of a frame.
+constexpr std::chrono::days pieceLength{61};
+/// A client with more projects is told from others entry by entry.
+constexpr std::size_t mostNamedProjects = 100;
 
 /// The last bound before `instant`. Pieces begin at the same instants whatever the library holds,
 /// so that one can take the place of its former reading.
@@ -20,12 +24,6 @@ Instant boundBefore(Instant instant) {
     const auto pieces = (instant - std::chrono::microseconds(1)).time_since_epoch() / pieceLength;
     const Instant bound = Instant(pieces * pieceLength);
     return bound < instant ? bound : bound - pieceLength;
-}
-
-Predicate<TimeEntry> narrowed(Predicate<TimeEntry> predicate, const TimesheetFilter& filter) {
-    if (filter.unbilledOnly) predicate = predicate && key<&TimeEntry::invoice>() == absent;
-    if (filter.project) predicate = predicate && key<&TimeEntry::project>() == filter.project;
-    return predicate;
 }
 
 /// The start of the first entry that began before `end`, but not before `start`; `end` without one.
@@ -45,6 +43,11 @@ Instant lastStart(ModelContext& context, Instant start, Instant end) {
     return last.empty() ? start : last.front()->start.get();
 }
 
+bool startsLater(const Ref<TimeEntry>& a, const Ref<TimeEntry>& b) {
+    return std::pair(b->start.get(), b->persistentModelID()) <
+           std::pair(a->start.get(), a->persistentModelID());
+}
+
 }  // namespace
 
 void TimesheetPiece::add(const TimeEntry& entry) {
@@ -54,59 +57,126 @@ void TimesheetPiece::add(const TimeEntry& entry) {
 }
 
 std::string_view TimesheetPiece::notes(std::size_t i) const {
+    if (!laterNotes_.empty()) {
+        if (const auto later = laterNotes_.find(i); later != laterNotes_.end()) {
+            return later->second;
+        }
+    }
     const std::size_t begin = i == 0 ? 0 : noteEnds_[i - 1];
     return std::string_view(notes_).substr(begin, noteEnds_[i] - begin);
 }
 
+std::optional<std::size_t> TimesheetPiece::find(Instant start, const PersistentID& id) const {
+    const auto found =
+        std::partition_point(entries_.begin(), entries_.end(), [&](const TimesheetEntry& entry) {
+            return std::tie(start, id) < std::tie(entry.start, entry.id);
+        });
+    if (found == entries_.end() || found->id != id) return std::nullopt;
+    return static_cast<std::size_t>(found - entries_.begin());
+}
+
+bool TimesheetPiece::holdsAnyOf(const IDs& ids) const {
+    return std::any_of(entries_.begin(), entries_.end(),
+                       [&](const TimesheetEntry& entry) { return ids.contains(entry.id); });
+}
+
+void TimesheetPiece::setNotes(std::size_t i, std::string notes) {
+    laterNotes_[i] = std::move(notes);
+}
+
+void TimesheetPiece::copy(const TimesheetPiece& other, std::size_t i) {
+    entries_.push_back(other.entry(i));
+    notes_ += other.notes(i);
+    noteEnds_.push_back(notes_.size());
+}
+
+TimesheetPiece TimesheetPiece::edited(const IDs& ids, std::vector<Ref<TimeEntry>> added) const {
+    std::sort(added.begin(), added.end(), startsLater);
+    TimesheetPiece piece;
+    auto next = added.begin();
+    for (std::size_t i = 0; i < size(); ++i) {
+        if (ids.contains(entry(i).id)) continue;
+        while (next != added.end() && precedes(TimesheetEntry::of(**next), entry(i))) {
+            piece.add(**next++);
+        }
+        piece.copy(*this, i);
+    }
+    while (next != added.end()) piece.add(**next++);
+    return piece;
+}
+
 TimesheetReader::TimesheetReader(ModelContext& context, TimesheetFilter filter, Instant now)
     : context_(context), filter_(std::move(filter)), now_(now) {
+    if (filter_.client && !filter_.project) clientProjects_ = filter_.client->projects();
     const auto [from, to] = filter_.range;
     bounds_.push_back(to);
-    if (to - from > pieceLength) {
+    if (to - from > longestPiece) {
         const Instant first = firstStart(context_, from, to);
         // Years without any time at the new end of the period are no pieces of their own.
         for (Instant bound = boundBefore(lastStart(context_, from, to)); bound > first;
              bound -= pieceLength) {
             bounds_.push_back(bound);
         }
+        mayBeginBefore_ = firstStart(context_, Instant::min(), from) < from;
     }
     bounds_.push_back(from);
 }
 
-std::shared_ptr<const TimesheetPiece> TimesheetReader::read(std::size_t i) const {
-    auto piece = std::make_shared<TimesheetPiece>();
-    const auto add = [&](const TimeEntry& entry) {
-        if (filter_.admits(entry, now_)) piece->add(entry);
-    };
-    if (i + 1 < bounds_.size()) {
-        visitBegunIn({bounds_[i + 1], bounds_[i]}, add);
-    } else {
-        visitBegunBefore(add);
+std::size_t TimesheetReader::pieceOf(Instant start) const {
+    const auto begin = std::find_if(bounds_.begin() + 1, bounds_.end(),
+                                    [&](Instant bound) { return bound <= start; });
+    return static_cast<std::size_t>(begin - bounds_.begin()) - 1;
+}
+
+/// With the filter's other conditions, as far as the library can check them. Absent when nothing
+/// can meet them.
+std::optional<Predicate<TimeEntry>> TimesheetReader::narrowed(
+    Predicate<TimeEntry> predicate) const {
+    if (filter_.unbilledOnly) predicate = predicate && key<&TimeEntry::invoice>() == absent;
+    if (filter_.project) return predicate && key<&TimeEntry::project>() == filter_.project;
+    if (!filter_.client || clientProjects_.size() > mostNamedProjects) return predicate;
+    if (clientProjects_.empty()) return std::nullopt;
+    auto isOfClient = key<&TimeEntry::project>() == clientProjects_.front();
+    for (std::size_t i = 1; i < clientProjects_.size(); ++i) {
+        isOfClient = isOfClient || key<&TimeEntry::project>() == clientProjects_[i];
     }
+    return predicate && isOfClient;
+}
+
+std::shared_ptr<TimesheetPiece> TimesheetReader::read(std::size_t i) const {
+    auto piece = std::make_shared<TimesheetPiece>();
+    const auto predicate = narrowed(key<&TimeEntry::start>() >= bounds_[i + 1] &&
+                                    key<&TimeEntry::start>() < bounds_[i]);
+    if (!predicate) return piece;
+    context_.forEach<TimeEntry>(
+        {.predicate = predicate, .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}},
+        [&](const TimeEntry& entry) {
+            if (filter_.admits(entry, now_)) piece->add(entry);
+        });
     return piece;
 }
 
-void TimesheetReader::visitBegunIn(const DateInterval& span,
-                                   const std::function<void(const TimeEntry&)>& visit) const {
-    context_.forEach<TimeEntry>({.predicate = narrowed(key<&TimeEntry::start>() >= span.start &&
-                                                           key<&TimeEntry::start>() < span.end,
-                                                       filter_),
-                                 .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}},
-                                visit);
+// By their ends, since all that ended after the period began may be nearly the whole library.
+TimesheetReader::Entries TimesheetReader::readBegunBefore(std::size_t i) const {
+    Entries entries;
+    if (!mayBeginBefore_) return entries;
+    const auto reaching = key<&TimeEntry::end>() > bounds_[i + 1];
+    if (i > 0) {
+        addBegunBefore(reaching && key<&TimeEntry::end>() <= bounds_[i], entries);
+    } else {
+        addBegunBefore(reaching, entries);
+        addBegunBefore(key<&TimeEntry::end>() == absent, entries);
+    }
+    return entries;
 }
 
-void TimesheetReader::visitBegunBefore(const std::function<void(const TimeEntry&)>& visit) const {
-    const Instant from = filter_.range.start;
-    auto entries = context_.fetch(FetchDescriptor<TimeEntry>{
-        .predicate =
-            narrowed((key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
-                         (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent),
-                     filter_)});
-    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
-        return std::pair(b->start.get(), b->persistentModelID()) <
-               std::pair(a->start.get(), a->persistentModelID());
-    });
-    for (const auto& entry : entries) visit(*entry);
+void TimesheetReader::addBegunBefore(Predicate<TimeEntry> reaching, Entries& entries) const {
+    const auto predicate =
+        narrowed(key<&TimeEntry::start>() < filter_.range.start && std::move(reaching));
+    if (!predicate) return;
+    for (auto& entry : context_.fetch(FetchDescriptor<TimeEntry>{.predicate = predicate})) {
+        if (filter_.admits(*entry, now_)) entries.push_back(std::move(entry));
+    }
 }
 
 }  // namespace elmworth

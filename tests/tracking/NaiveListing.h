@@ -34,8 +34,8 @@ inline ListingLines linesOf(const TimesheetListing& listing, Instant now) {
         lines.push_back(entryLine(place.entry().id, place.notes()));
     }
     for (const auto& day : listing.days) {
-        lines.push_back(dayLine(day.start, day.seconds(now)));
-        for (const auto& place : day.entries) lines.push_back(entryLine(place.entry().id, ""));
+        lines.push_back(dayLine(day->start, day->seconds(now)));
+        for (const auto& place : day->entries) lines.push_back(entryLine(place.entry().id, ""));
     }
     return lines;
 }

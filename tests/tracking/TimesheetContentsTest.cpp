@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 
 #include "support/FailingReads.h"
@@ -69,15 +70,18 @@ class TimesheetContentsTest : public testing::Test {
     Ref<Project> website_ = library_.addProject("Website", acme_);
     Listing shown_;
     int showCount_ = 0;
-    TimesheetContents contents_{context(),
-                                library_.runLoop,
-                                [this] { return now_; },
-                                [this] { return calendar_; },
-                                [this](Listing listing) {
-                                    shown_ = std::move(listing);
-                                    ++showCount_;
-                                },
-                                500};
+    std::vector<std::string> notesShown_;
+    TimesheetContents contents_{
+        context(),
+        library_.runLoop,
+        [this] { return now_; },
+        [this] { return calendar_; },
+        {[this](Listing listing) {
+             shown_ = std::move(listing);
+             ++showCount_;
+         },
+         [this](const TimesheetPlace& place) { notesShown_.emplace_back(place.notes()); }},
+        500};
 };
 
 const TimesheetFilter twentyYears = [] {
@@ -94,19 +98,77 @@ TEST_F(TimesheetContentsTest, ofAWeekShowAtOnce) {
     EXPECT_EQ(test::linesOf(*shown_, now_), expected());
 }
 
-TEST_F(TimesheetContentsTest, ofManyYearsShowTheNewestFirstAndAllWhenItIsRead) {
+TEST_F(TimesheetContentsTest, ofManyYearsShowTheNewestFirstAndMoreInEachTurn) {
     fill("2020-01-01T09:00+01:00", 1'200, hours(50));
     contents_.setFilter(twentyYears);
     EXPECT_TRUE(contents_.isReading());
     ASSERT_EQ(showCount_, 1);
     const auto first = shownIDs();
-    EXPECT_GE(first.size(), 500U);
-    EXPECT_LT(first.size(), 1'200U);
-    readAll();
+    EXPECT_GE(first.size(), 100U);
+    EXPECT_LT(first.size(), 600U);
+    library_.runLoop.turn();
     EXPECT_EQ(showCount_, 2);
+    EXPECT_GT(shownIDs().size(), first.size());
+    readAll();
     const auto all = shownIDs();
     ASSERT_EQ(all.size(), 1'200U);
     EXPECT_TRUE(std::equal(first.begin(), first.end(), all.begin()));
+    EXPECT_EQ(test::linesOf(*shown_, now_), expected());
+}
+
+TEST_F(TimesheetContentsTest, ofAClientAreAskedOfTheLibraryAndNotPickedFromAllEntries) {
+    fill("2020-01-01T09:00+01:00", 1'200, hours(50));
+    const auto globex = library_.addClient("Globex");
+    const auto shop = library_.addProject("Shop", globex);
+    library_.addProject("Empty", globex);
+    library_.addEntry(shop, at("2021-03-03T09:00Z"), at("2021-03-03T10:00Z"));
+    context().save();
+    auto filter = twentyYears;
+    filter.client = globex;
+    contents_.setFilter(filter);
+    static_cast<void>(StatementTrace::take());
+    readAll();
+    const auto statements = StatementTrace::take();
+    EXPECT_EQ(shown_->entries.size(), 1U);
+    EXPECT_EQ(test::linesOf(*shown_, now_), expected());
+    int reads = 0;
+    for (const auto& statement : statements) {
+        if (statement.find("FROM \"TimeEntry\"") == std::string::npos) continue;
+        ++reads;
+        EXPECT_NE(statement.find("\"project\" ="), std::string::npos) << statement;
+    }
+    EXPECT_GT(reads, 0);
+}
+
+TEST_F(TimesheetContentsTest, ofAClientWithoutProjectsAreNone) {
+    fill("2026-11-02T09:00+01:00", 3, hours(24));
+    auto filter = twentyYears;
+    filter.client = library_.addClient("Globex");
+    contents_.setFilter(filter);
+    readAll();
+    EXPECT_EQ(shown_->entries.size(), 0U);
+}
+
+TEST_F(TimesheetContentsTest, ofFewEntriesInManyYearsAreNotReadInOneTurn) {
+    fill("2020-01-01T09:00+01:00", 1'200, hours(50));
+    auto filter = twentyYears;
+    filter.project = library_.addProject("Empty", acme_);
+    contents_.setFilter(filter);
+    EXPECT_TRUE(contents_.isReading());
+    readAll();
+    EXPECT_EQ(shown_->entries.size(), 0U);
+}
+
+TEST_F(TimesheetContentsTest, thatBeganBeforeThePeriodStandLastWhereverTheyEnd) {
+    fill("2020-01-01T09:00+01:00", 1'200, hours(50));
+    library_.addEntry(website_, at("2006-05-05T09:00Z"), at("2007-01-02T09:00Z"));
+    library_.addEntry(website_, at("2006-06-05T09:00Z"), at("2023-01-02T09:00Z"));
+    library_.addEntry(website_, at("2006-07-05T09:00Z"), at("2030-01-02T09:00Z"));
+    library_.addEntry(nullptr, at("2006-08-05T09:00Z"), std::nullopt);
+    library_.addEntry(website_, at("2006-08-05T09:00Z"), at("2006-12-31T09:00Z"));
+    contents_.setFilter(twentyYears);
+    readAll();
+    EXPECT_EQ(shown_->entries.size(), 1'204U);
     EXPECT_EQ(test::linesOf(*shown_, now_), expected());
 }
 
@@ -191,6 +253,108 @@ TEST_F(TimesheetContentsTest, ofAnotherPeriodForgetTheYearsThatWereStillToBeRead
     library_.runLoop.turn();
     EXPECT_EQ(showCount_, shows);
     EXPECT_EQ(test::linesOf(*shown_, now_), expected());
+}
+
+/// The same, told of each change as a window is.
+class FollowedTimesheetContents : public TimesheetContentsTest {
+ protected:
+    FollowedTimesheetContents() {
+        fill("2020-01-01T09:00+01:00", 1'200, hours(50));
+        running_ = library_.addEntry(website_, now_ - hours(1), std::nullopt);
+        context().save();
+        contents_.setFilter(twentyYears);
+        readAll();
+        showCount_ = 0;
+        static_cast<void>(StatementTrace::take());
+    }
+    [[nodiscard]] static std::size_t readsOfEntries() {
+        const auto statements = StatementTrace::take();
+        return static_cast<std::size_t>(
+            std::count_if(statements.begin(), statements.end(), [](const std::string& statement) {
+                return statement.find("FROM \"TimeEntry\"") != std::string::npos;
+            }));
+    }
+
+    Ref<TimeEntry> running_;
+    const ModelContext::Observation observation_ =
+        context().observeAll([this](const RecordChanges& changes) { contents_.follow(changes); });
+};
+
+TEST_F(FollowedTimesheetContents, showAKeyInTheNotesAndReadNothing) {
+    const auto listing = shown_;
+    for (const char* notes : {"r", "re", "review"}) {
+        running_->notes = notes;
+        library_.runLoop.turn();
+    }
+    EXPECT_EQ(readsOfEntries(), 0U);
+    EXPECT_EQ(showCount_, 0) << "nothing is listed anew";
+    EXPECT_EQ(notesShown_, (std::vector<std::string>{"r", "re", "review"}));
+    EXPECT_EQ(listing->entries.front().notes(), "review");
+    EXPECT_EQ(test::linesOf(*shown_, now_), expected());
+}
+
+TEST_F(FollowedTimesheetContents, listWhatTheSearchFindsOfTheNotes) {
+    auto filter = twentyYears;
+    filter.search = "rev";
+    contents_.setFilter(filter);
+    for (const char* notes : {"re", "rev", "revi", "re", ""}) {
+        running_->notes = notes;
+        library_.runLoop.turn();
+        EXPECT_EQ(test::linesOf(*shown_, now_), expected()) << notes;
+    }
+    EXPECT_EQ(notesShown_, std::vector<std::string>{"revi"});
+}
+
+TEST_F(FollowedTimesheetContents, leaveAloneTheNotesOfWhatTheFilterHides) {
+    auto filter = twentyYears;
+    filter.unbilledOnly = true;
+    contents_.setFilter(filter);
+    readAll();
+    const auto billed =
+        context().fetch<TimeEntry>({.sortBy = {sortedBy<&TimeEntry::start>()}, .fetchLimit = 1})[0];
+    billed->invoice = library_.addInvoice("INV-1", acme_);
+    library_.runLoop.turn();
+    showCount_ = 0;
+    billed->notes = "billed";
+    library_.runLoop.turn();
+    EXPECT_EQ(showCount_, 0);
+    EXPECT_TRUE(notesShown_.empty());
+    EXPECT_EQ(test::linesOf(*shown_, now_), expected());
+}
+
+TEST_F(FollowedTimesheetContents, takeInAndOutSingleEntriesWithoutReadingYears) {
+    const auto oldest =
+        context().fetch<TimeEntry>({.sortBy = {sortedBy<&TimeEntry::start>()}, .fetchLimit = 1})[0];
+    static_cast<void>(StatementTrace::take());
+    const auto expectFollowed = [&](const char* what) {
+        library_.runLoop.turn();
+        EXPECT_EQ(readsOfEntries(), 0U) << what;
+        EXPECT_FALSE(contents_.isReading()) << what;
+        EXPECT_EQ(test::linesOf(*shown_, now_), expected()) << what;
+        static_cast<void>(StatementTrace::take());
+    };
+    running_->end = now_;
+    expectFollowed("stopped");
+    oldest->start = at("2026-10-01T09:00+02:00");
+    oldest->end = at("2026-10-01T10:00+02:00");
+    expectFollowed("moved by years");
+    oldest->start = at("2006-10-01T09:00+02:00");
+    expectFollowed("begins before the period");
+    library_.addEntry(nullptr, at("2023-02-01T23:00Z"), at("2023-02-03T01:00Z"));
+    expectFollowed("added");
+    running_->project = nullptr;
+    expectFollowed("of no project");
+    oldest->end = at("2006-10-01T10:00+02:00");
+    expectFollowed("outside the period");
+}
+
+TEST_F(FollowedTimesheetContents, keepTheDaysThatAChangeLeavesAlone) {
+    const auto before = shown_->days;
+    running_->end = now_;
+    library_.runLoop.turn();
+    ASSERT_EQ(shown_->days.size(), before.size());
+    EXPECT_NE(shown_->days.front(), before.front());
+    EXPECT_EQ(shown_->days.back(), before.back()) << "the very same";
 }
 
 TEST_F(TimesheetContentsTest, ofALibraryThatCannotBeReadAreNone) {

@@ -45,17 +45,22 @@ StatsRowModel::Figure StatsRowModel::unbilledFigure(const TimesheetStatistics& s
             QStringLiteral("%1 ready to invoice").arg(time)};
 }
 
-void StatsRowModel::replace(Figure& figure, Figure next, void (StatsRowModel::*changed)()) {
-    if (figure == next) return;
+bool StatsRowModel::replace(Figure& figure, Figure next, void (StatsRowModel::*changed)()) {
+    if (isPartial_) next.detail += QStringLiteral(" so far");
+    if (figure == next) return false;
     figure = std::move(next);
     Q_EMIT(this->*changed)();
+    return true;
 }
 
-void StatsRowModel::showAt(Instant now) {
+/// Gives whether "Tracked" changed.
+bool StatsRowModel::showAt(Instant now) {
     const auto statistics = sums_.statistics(now);
-    replace(tracked_, trackedFigure(statistics), &StatsRowModel::trackedChanged);
+    const bool hasGrown =
+        replace(tracked_, trackedFigure(statistics), &StatsRowModel::trackedChanged);
     replace(billable_, billableFigure(statistics), &StatsRowModel::billableChanged);
     replace(unbilled_, unbilledFigure(statistics), &StatsRowModel::unbilledChanged);
+    return hasGrown;
 }
 
 void StatsRowModel::show(std::span<const TimesheetEntry> entries, const DateInterval& range,
@@ -65,13 +70,14 @@ void StatsRowModel::show(std::span<const TimesheetEntry> entries, const DateInte
     show(std::move(sums), now);
 }
 
-void StatsRowModel::show(TimesheetSums sums, Instant now) {
+void StatsRowModel::show(TimesheetSums sums, Instant now, bool isPartial) {
     sums_ = std::move(sums);
+    isPartial_ = isPartial;
     showAt(now);
 }
 
-void StatsRowModel::tick(Instant now) {
-    if (sums_.hasRunning()) showAt(now);
+bool StatsRowModel::tick(Instant now) {
+    return sums_.hasRunning() && showAt(now);
 }
 
 }  // namespace elmworth

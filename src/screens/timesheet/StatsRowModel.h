@@ -41,10 +41,12 @@ class StatsRowModel : public QObject {
 
     /// Shows the figures of `entries` over `range` at the instant `now`.
     void show(std::span<const TimesheetEntry> entries, const DateInterval& range, Instant now);
-    /// The same of entries that are summed already.
-    void show(TimesheetSums sums, Instant now);
-    /// Lets what is running grow up to `now`. Does nothing while nothing runs.
-    void tick(Instant now);
+    /// The same of entries that are summed already. With `isPartial` the details say that more are
+    /// to come.
+    void show(TimesheetSums sums, Instant now, bool isPartial = false);
+    /// Lets what is running grow up to `now`; gives whether another time shows. Does nothing while
+    /// nothing runs.
+    bool tick(Instant now);
 
  Q_SIGNALS:
     void trackedChanged();
@@ -59,13 +61,14 @@ class StatsRowModel : public QObject {
         friend bool operator==(const Figure&, const Figure&) = default;
     };
 
-    void showAt(Instant now);
-    void replace(Figure& figure, Figure next, void (StatsRowModel::*changed)());
+    bool showAt(Instant now);
+    bool replace(Figure& figure, Figure next, void (StatsRowModel::*changed)());
     [[nodiscard]] static Figure trackedFigure(const TimesheetStatistics& statistics);
     [[nodiscard]] static Figure billableFigure(const TimesheetStatistics& statistics);
     [[nodiscard]] static Figure unbilledFigure(const TimesheetStatistics& statistics);
 
     TimesheetSums sums_{DateInterval{}};
+    bool isPartial_ = false;
     Figure tracked_;
     Figure billable_;
     Figure unbilled_;

@@ -33,7 +33,7 @@ Item {
         PageHeader {
             Layout.fillWidth: true
             title: "Timesheet"
-            subtitle: head.model.filter.subtitle
+            subtitle: head.model.filter.subtitle + (head.model.isReading ? " · Reading…" : "")
 
             GlowButton {
                 text: "Export CSV"
@@ -82,6 +82,15 @@ Item {
             Layout.fillWidth: true
             model: head.model.filter
             onSearchLeft: head.searchLeft()
+        }
+
+        PlainText {
+            Layout.fillWidth: true
+            Layout.topMargin: 24
+            visible: head.model.isReading && head.model.showsNothing
+            horizontalAlignment: Text.AlignHCenter
+            text: "Reading older entries…"
+            color: Theme.secondaryText
         }
 
         OnDemand {

@@ -54,24 +54,20 @@ TimesheetModel::TimesheetModel(const PanelServices& services)
       running_(services.context, services.timer),
       editor_(editorServices(services, commands_)),
       rows_(setting()),
-      contents_(
-          services.context, services.runLoop, services.now, services.calendar,
-          [this](std::shared_ptr<const TimesheetListing> listing) { show(std::move(listing)); }) {
+      contents_(services.context, services.runLoop, services.now, services.calendar,
+                {[this](auto listing) { show(std::move(listing)); },
+                 [this](const auto& place) { rows_.showNotes(place); }}) {
     observe();
 }
 
 void TimesheetModel::observe() {
     connect(&filter_, &TimesheetFilterModel::narrowed, this, &TimesheetModel::clearSelection);
     connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
-    connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearSelection);
+    connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearDeleted);
     connect(&menuProjects_, &ChoiceModel::picked, this,
             [this](const PersistentID& id) { commands_.moveEntries(menuIDs_, id); });
-    auto& context = services_.context;
-    libraryObservations_ = {
-        context.observe(TimeEntry::schema(), [this] { libraryChanged(false); }),
-        context.observe(Project::schema(), [this] { libraryChanged(true); }),
-        context.observe(Client::schema(), [this] { libraryChanged(true); }),
-    };
+    libraryObservation_ = services_.context.observeAll(
+        [this](const RecordChanges& changes) { followLibrary(changes); });
     timerObservation_ = services_.timer.observe([this](TimerService::Property property) {
         if (property == TimerService::Property::elapsedLongText) tick();
     });
@@ -88,6 +84,24 @@ void TimesheetModel::setShown(bool shown) {
     if (isShown_ && (isStale_ || today != today_)) libraryChanged(isRenamed_);
     if (isShown_) tick();
     Q_EMIT isShownChanged();
+}
+
+void TimesheetModel::followLibrary(const RecordChanges& changes) {
+    const bool renamed = changes.touch(Project::schema()) || changes.touch(Client::schema());
+    if (!renamed && !changes.touch(TimeEntry::schema())) return;
+    const bool canFollow = isShown_ && !renamed && !isOutdated(services_.now()) &&
+                           filter_.filter() == contents_.filter();
+    if (!canFollow) return libraryChanged(renamed);
+    contents_.follow(changes);
+    // What came into the library may lie outside the period.
+    if (isEmpty() && libraryIsEmpty_ != isLibraryEmpty()) {
+        libraryIsEmpty_ = !libraryIsEmpty_;
+        Q_EMIT listed();
+    }
+}
+
+bool TimesheetModel::isLibraryEmpty() {
+    return services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
 }
 
 void TimesheetModel::libraryChanged(bool renamed) {
@@ -109,19 +123,16 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
     noteAwaited(*listing, now);
     const auto count = listing->entries.size();
     const auto formerCount = std::exchange(entryCount_, count).value_or(0);
-    if (isEmpty()) {
-        libraryIsEmpty_ =
-            services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
-    }
-    const int formerRow = currentRow();
+    if (isEmpty()) libraryIsEmpty_ = isLibraryEmpty();
     rows_.show(listing, setting(), std::exchange(isRenamed_, false));
+    selection_.rowsChanged();
     showFigures(*listing, now);
     // Years that are no longer shown took more than all the rest of the program.
     if (formerCount > manyEntries && count < formerCount / 2) {
         trim_ = services_.runLoop.post([] { returnFreeMemory(); });
     }
     Q_EMIT listed();
-    if (currentRow() != formerRow) Q_EMIT currentRowChanged();
+    if (selection_.current()) Q_EMIT currentRowChanged();
 }
 
 void TimesheetModel::noteAwaited(const TimesheetListing& listing, Instant now) {
@@ -135,24 +146,31 @@ void TimesheetModel::noteAwaited(const TimesheetListing& listing, Instant now) {
 }
 
 void TimesheetModel::showFigures(const TimesheetListing& listing, Instant now) {
-    const auto range = contents_.filter().range;
-    TimesheetSums sums(range);
-    for (const auto& place : listing.entries) sums.add(place.entry());
-    stats_.show(std::move(sums), now);
-    showsChart_ = range.end - range.start <= longestChart && !isEmpty();
-    if (!showsChart_) return;
+    const auto& filter = contents_.filter();
+    stats_.show(sums_.of(listing, filter.range, filter.search), now, isReading());
+    showsChart_ = filter.range.end - filter.range.start <= longestChart && !isEmpty();
+    if (showsChart_) showChart(listing, now);
+}
+
+void TimesheetModel::showChart(const TimesheetListing& listing, Instant now) {
     std::vector<TimesheetEntry> charted;
     charted.reserve(listing.entries.size());
     for (const auto& place : listing.entries) charted.push_back(place.entry());
-    chart_.show(charted, range, now, services_.calendar());
+    chart_.show(charted, contents_.filter().range, now, services_.calendar());
+}
+
+/// Whether another day has begun, or what runs stands in a day where it does not show yet.
+bool TimesheetModel::isOutdated(Instant now) const {
+    const bool hasBegun = awaited_ && *awaited_ < now;
+    return hasBegun || services_.calendar().startOfDay(now) != today_;
 }
 
 void TimesheetModel::tick() {
     if (!isShown_) return;
     const Instant now = services_.now();
-    const bool hasBegun = awaited_ && *awaited_ < now;
-    if (hasBegun || services_.calendar().startOfDay(now) != today_) return libraryChanged(false);
-    stats_.tick(now);
+    if (isOutdated(now)) return libraryChanged(false);
+    const bool hasGrown = stats_.tick(now);
+    if (hasGrown && showsChart_) showChart(*rows_.listing(), now);
     rows_.tick(now);
 }
 

@@ -13,6 +13,7 @@
 
 #include "screens/timesheet/DailyChartModel.h"
 #include "screens/timesheet/EntryCommandsModel.h"
+#include "screens/timesheet/ListingSums.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "screens/timesheet/TimesheetFilterModel.h"
 #include "screens/timesheet/TimesheetRowsModel.h"
@@ -44,11 +45,13 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged FINAL)
     Q_PROPERTY(bool showsChart READ showsChart NOTIFY listed FINAL)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY listed FINAL)
+    /// The same, but there may be more to come.
+    Q_PROPERTY(bool showsNothing READ showsNothing NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
     /// The name of the file that an export would replace, while that is asked; empty otherwise.
     Q_PROPERTY(QString replacedName READ replacedName NOTIFY replacedNameChanged FINAL)
-    /// Whether older time is still being read.
+    /// Whether older time is still being read, so that what shows may not be all.
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
     /// Where the line stands that the keyboard acts on, or -1.
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged FINAL)
@@ -73,7 +76,8 @@ class TimesheetModel final : public QObject {
     void setShown(bool shown);
     [[nodiscard]] bool showsChart() const noexcept { return showsChart_; }
     /// Whether the period was read and has nothing to show.
-    [[nodiscard]] bool isEmpty() const noexcept { return entryCount_ == 0U; }
+    [[nodiscard]] bool isEmpty() const noexcept { return entryCount_ == 0U && !isReading(); }
+    [[nodiscard]] bool showsNothing() const noexcept { return entryCount_ == 0U; }
     [[nodiscard]] QString emptyTitle() const;
     [[nodiscard]] QString emptyMessage() const;
     [[nodiscard]] bool isReading() const noexcept { return contents_.isReading(); }
@@ -135,13 +139,18 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] static EntryEditorServices editorServices(const PanelServices& services,
                                                             EntryCommandsModel& commands);
     void observe();
+    void followLibrary(const RecordChanges& changes);
     void libraryChanged(bool renamed);
+    [[nodiscard]] bool isLibraryEmpty();
+    [[nodiscard]] bool isOutdated(Instant now) const;
     void refilter();
     void show(std::shared_ptr<const TimesheetListing> listing);
     void noteAwaited(const TimesheetListing& listing, Instant now);
     void showFigures(const TimesheetListing& listing, Instant now);
+    void showChart(const TimesheetListing& listing, Instant now);
     void tick();
     void selectionChanged();
+    void clearDeleted();
     void offerMenuProjects();
     [[nodiscard]] Ref<TimeEntry> entryAt(int row);
     [[nodiscard]] std::vector<PersistentID> shownSelection() const;
@@ -152,13 +161,15 @@ class TimesheetModel final : public QObject {
     EntryCommandsModel commands_;
     RunningEntryModel running_;
     EntryEditorModel editor_;
+    ListingSums sums_;
     StatsRowModel stats_;
     DailyChartModel chart_;
-    TimesheetRowsModel rows_;
     TimesheetSelection selection_;
+    TimesheetRowsModel rows_;
     TimesheetContents contents_;
     ChoiceModel menuProjects_;
     PersistentID menuEntry_;
+    TimesheetSelection::Spot menuSpot_;
     std::vector<PersistentID> menuIDs_;
     bool menuOffersContinue_ = false;
     bool menuOffersMove_ = false;
@@ -172,7 +183,7 @@ class TimesheetModel final : public QObject {
     QUrl replacedFile_;
     RunLoop::Handle trim_;
     std::optional<Instant> awaited_;  ///< after it what runs stands in a day where it does not yet
-    std::vector<ModelContext::Observation> libraryObservations_;
+    ModelContext::Observation libraryObservation_;
     TimerService::Observation timerObservation_;
 };
 

@@ -14,19 +14,20 @@ int TimesheetModel::currentRow() const {
 }
 
 void TimesheetModel::selectionChanged() {
-    rows_.setSelection(selection_.ids());
+    rows_.showSelection(selection_.ids());
     Q_EMIT currentRowChanged();
 }
 
 void TimesheetModel::click(int row, Qt::KeyboardModifiers modifiers) {
     const auto* line = rows_.rowAt(row);
     if (line == nullptr || line->isHead()) return;
+    const auto at = static_cast<std::size_t>(row);
     if (modifiers.testFlag(Qt::ShiftModifier)) {
-        selection_.extendTo(line->id, rows_.rows());
+        selection_.extendTo(rows_.rows(), at);
     } else if (modifiers.testFlag(Qt::ControlModifier)) {
-        selection_.toggle(line->id);
+        selection_.toggle(rows_.rows(), at);
     } else {
-        selection_.select(line->id);
+        selection_.select(rows_.rows(), at);
     }
     selectionChanged();
 }
@@ -35,9 +36,9 @@ void TimesheetModel::moveCurrent(int entries, bool extends) {
     const auto reached = selection_.stepFrom(rows_.rows(), entries);
     if (!reached) return;
     if (extends) {
-        selection_.extendTo(*reached, rows_.rows());
+        selection_.extendTo(rows_.rows(), *reached);
     } else {
-        selection_.select(*reached);
+        selection_.select(rows_.rows(), *reached);
     }
     selectionChanged();
 }
@@ -53,10 +54,20 @@ void TimesheetModel::clearSelection() {
     selectionChanged();
 }
 
+void TimesheetModel::clearDeleted() {
+    selection_.clearKeepingPlace();
+    selectionChanged();
+}
+
 std::vector<PersistentID> TimesheetModel::shownSelection() const {
     std::vector<PersistentID> ids;
     if (selection_.ids().empty()) return ids;
     if (rows_.listing() == nullptr) return ids;
+    const auto& current = selection_.current();
+    const bool isOne = current && selection_.ids().size() == 1;
+    if (isOne && selection_.ids().contains(current->entry) && currentRow() >= 0) {
+        return {current->entry};
+    }
     for (const auto& place : rows_.listing()->entries) {
         const auto& id = place.entry().id;
         if (selection_.ids().contains(id)) ids.push_back(id);
@@ -103,6 +114,7 @@ bool TimesheetModel::openMenu(int row) {
     const auto entry = entryAt(row);
     if (!entry) return false;
     menuEntry_ = entry->persistentModelID();
+    menuSpot_ = {rows_.rowAt(row)->id, entry->start};
     menuIDs_ = {menuEntry_};
     if (selection_.ids().contains(menuEntry_)) {
         menuIDs_.assign(selection_.ids().begin(), selection_.ids().end());
@@ -139,6 +151,7 @@ void TimesheetModel::menuDuplicate() {
 }
 
 void TimesheetModel::menuDelete() {
+    if (!selection_.current()) selection_.stayAt(menuSpot_);
     commands_.deleteEntries(menuIDs_);
 }
 

@@ -3,6 +3,8 @@
 
 #include "screens/timesheet/TimesheetRow.h"
 
+#include <algorithm>
+
 namespace elmworth {
 
 namespace {
@@ -25,19 +27,32 @@ bool operator==(const TimesheetRow& a, const TimesheetRow& b) {
     return a.isHead() ? showsTheSame(*a.day, *b.day) : showsTheSame(a.place, b.place);
 }
 
-std::vector<TimesheetRow> timesheetRows(const TimesheetListing& listing) {
-    std::size_t count = listing.days.size();
-    for (const auto& day : listing.days) count += day.entries.size();
+std::size_t timesheetRowCount(TimesheetDays days) {
+    std::size_t count = days.size();
+    for (const auto& day : days) count += day->entries.size();
+    return count;
+}
+
+std::vector<TimesheetRow> timesheetRows(TimesheetDays days) {
     std::vector<TimesheetRow> rows;
-    rows.reserve(count);
-    for (const auto& day : listing.days) {
-        rows.push_back({{day.start, {}}, &day, {}, false});
-        for (const auto& place : day.entries) {
-            rows.push_back({{day.start, place.entry().id}, &day, place, false});
+    rows.reserve(timesheetRowCount(days));
+    for (const auto& day : days) {
+        rows.push_back({{day->start, {}}, day.get(), {}, false});
+        for (const auto& place : day->entries) {
+            rows.push_back({{day->start, place.entry().id}, day.get(), place, false});
         }
         rows.back().isLastOfDay = true;
     }
     return rows;
+}
+
+std::optional<std::size_t> positionOf(const TimesheetRowID& id,
+                                      const std::vector<TimesheetRow>& rows) {
+    auto row = std::partition_point(
+        rows.begin(), rows.end(), [&](const TimesheetRow& other) { return other.id.day > id.day; });
+    while (row != rows.end() && row->id.day == id.day && row->id != id) ++row;
+    if (row == rows.end() || row->id != id) return std::nullopt;
+    return static_cast<std::size_t>(row - rows.begin());
 }
 
 }  // namespace elmworth

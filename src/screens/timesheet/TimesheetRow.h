@@ -6,6 +6,10 @@
 #include <compare>
 #include <cstddef>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "tracking/TimesheetDays.h"
 
@@ -32,8 +36,19 @@ struct TimesheetRow {
     friend bool operator==(const TimesheetRow& a, const TimesheetRow& b);
 };
 
-/// All lines of `listing`, day by day.
-[[nodiscard]] std::vector<TimesheetRow> timesheetRows(const TimesheetListing& listing);
+/// Days of a listing that follow each other.
+using TimesheetDays = std::span<const std::shared_ptr<const TimesheetDay>>;
+
+/// How many lines `days` have: one for the head of each, and one for each of its entries.
+[[nodiscard]] std::size_t timesheetRowCount(TimesheetDays days);
+
+/// All lines of `days`, day by day.
+[[nodiscard]] std::vector<TimesheetRow> timesheetRows(TimesheetDays days);
+
+/// Where the line `id` stands among `rows`, which are of days newest first. Costs what the lines of
+/// its day cost.
+[[nodiscard]] std::optional<std::size_t> positionOf(const TimesheetRowID& id,
+                                                    const std::vector<TimesheetRow>& rows);
 
 }  // namespace elmworth
 

@@ -64,23 +64,57 @@ void TimesheetRowsModel::show(std::shared_ptr<const TimesheetListing> listing, S
     // The rows that stand refer to the former listing until the last one has changed.
     const auto former = std::exchange(listing_, std::move(listing));
     growing_.clear();
-    takeOver(timesheetRows(*listing_));
+    takeOverDays(former ? former->days : decltype(former->days){});
     noteGrowing();
     if ((renamed || otherPlace || otherDay) && !rows().empty()) {
         Q_EMIT dataChanged(index(0), index(static_cast<int>(rows().size()) - 1));
     }
 }
 
+/// Days that are the same as before have the same lines.
+void TimesheetRowsModel::takeOverDays(
+    const std::vector<std::shared_ptr<const TimesheetDay>>& former) {
+    const TimesheetDays before(former);
+    const TimesheetDays days(listing_->days);
+    const std::size_t shorter = std::min(before.size(), days.size());
+    std::size_t head = 0;
+    while (head < shorter && before[head] == days[head]) ++head;
+    std::size_t tail = 0;
+    while (tail < shorter - head &&
+           before[before.size() - 1 - tail] == days[days.size() - 1 - tail]) {
+        ++tail;
+    }
+    const auto between = [&](TimesheetDays all) {
+        return all.subspan(head, all.size() - head - tail);
+    };
+    replaceRows(timesheetRowCount(days.first(head)), timesheetRowCount(between(before)),
+                timesheetRows(between(days)));
+}
+
 void TimesheetRowsModel::noteGrowing() {
-    for (std::size_t i = 0; i < rows().size(); ++i) {
-        const auto& row = rows()[i];
-        if (row.isHead() ? row.day->holdsRunning : row.place.entry().isRunning()) {
+    std::size_t head = 0;
+    for (const auto& day : listing_->days) {
+        const std::size_t next = head + 1 + day->entries.size();
+        for (std::size_t i = head; day->holdsRunning && i < next; ++i) {
+            if (!rows()[i].isHead() && !rows()[i].place.entry().isRunning()) continue;
             const int at = static_cast<int>(i);
             growing_.emplace_back(at, data(index(at), total).toString());
         }
+        head = next;
     }
     // What runs may have another start, or have grown since the last tick.
     for (const auto& [row, shown] : growing_) tellGrown(row);
+}
+
+void TimesheetRowsModel::showNotes(const TimesheetPlace& place) {
+    const auto& entry = place.entry();
+    const auto first = std::partition_point(
+        listing_->days.begin(), listing_->days.end(),
+        [&](const auto& day) { return entry.end && day->start >= *entry.end; });
+    for (auto day = first; day != listing_->days.end() && (*day)->end > entry.start; ++day) {
+        const int row = position({(*day)->start, entry.id});
+        if (row >= 0) Q_EMIT dataChanged(index(row), index(row), {notes, hasNotes, summary});
+    }
 }
 
 void TimesheetRowsModel::tellGrown(int row) {
@@ -97,19 +131,11 @@ void TimesheetRowsModel::tick(Instant now) {
     }
 }
 
-void TimesheetRowsModel::setSelection(std::unordered_set<PersistentID> selection) {
-    const auto former = std::exchange(selection_, std::move(selection));
-    const auto changed = [&](const PersistentID& id) {
-        return former.contains(id) != selection_.contains(id);
-    };
-    for (std::size_t begin = 0; begin < rows().size(); ++begin) {
-        std::size_t end = begin;
-        while (end < rows().size() && changed(rows()[end].id.entry)) ++end;
-        if (end == begin) continue;
-        Q_EMIT dataChanged(index(static_cast<int>(begin)), index(static_cast<int>(end) - 1),
-                           {isSelected});
-        begin = end;
-    }
+void TimesheetRowsModel::showSelection(const std::unordered_set<PersistentID>& selection) {
+    selection_ = &selection;
+    // Views look at the lines that they show; to find out which of all have changed takes longer.
+    if (rows().empty()) return;
+    Q_EMIT dataChanged(index(0), index(static_cast<int>(rows().size()) - 1), {isSelected});
 }
 
 const TimesheetRow* TimesheetRowsModel::rowAt(int row) const {
@@ -118,9 +144,8 @@ const TimesheetRow* TimesheetRowsModel::rowAt(int row) const {
 }
 
 int TimesheetRowsModel::position(const TimesheetRowID& id) const {
-    const auto found = std::find_if(rows().begin(), rows().end(),
-                                    [&](const TimesheetRow& row) { return row.id == id; });
-    return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
+    const auto at = positionOf(id, rows());
+    return at ? static_cast<int>(*at) : -1;
 }
 
 QVariant TimesheetRowsModel::data(const QModelIndex& index, int role) const {
@@ -173,7 +198,7 @@ QVariant TimesheetRowsModel::entryData(const TimesheetRow& row, int role) const 
         case canContinue:
             return !entry.isRunning() && entry.project != nullptr;
         case isSelected:
-            return selection_.contains(entry.id);
+            return selection_ != nullptr && selection_->contains(entry.id);
         case summary:
             return entrySummary(row);
         default:

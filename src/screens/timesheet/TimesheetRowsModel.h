@@ -52,19 +52,20 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     /// or the language may have changed.
     void show(std::shared_ptr<const TimesheetListing> listing, Setting setting, bool renamed);
 
+    /// The notes of a listed entry are others now.
+    void showNotes(const TimesheetPlace& place);
+
     /// Lets what runs grow up to `now`.
     void tick(Instant now);
 
     /// What is shown; null before the first time.
     [[nodiscard]] const TimesheetListing* listing() const noexcept { return listing_.get(); }
-    [[nodiscard]] const std::unordered_set<PersistentID>& selection() const noexcept {
-        return selection_;
-    }
-    void setSelection(std::unordered_set<PersistentID> selection);
+    /// Shows the entries `selection` as selected. It outlives this; call again when it changes.
+    void showSelection(const std::unordered_set<PersistentID>& selection);
 
     /// The line at `row`, or null when there is none.
     [[nodiscard]] const TimesheetRow* rowAt(int row) const;
-    /// Where the line stands, or -1.
+    /// Where the line stands, or -1. Costs what the day's lines cost.
     [[nodiscard]] int position(const TimesheetRowID& id) const;
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -90,6 +91,7 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     [[nodiscard]] QString headSummary(const TimesheetRow& row) const;
     [[nodiscard]] QString entrySummary(const TimesheetRow& row) const;
     [[nodiscard]] std::string duration(const TimesheetEntry& entry) const;
+    void takeOverDays(const std::vector<std::shared_ptr<const TimesheetDay>>& former);
     void noteGrowing();
     void tellGrown(int row);
 
@@ -98,7 +100,7 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     Instant today_;
     Instant yesterday_;
     std::shared_ptr<const TimesheetListing> listing_;
-    std::unordered_set<PersistentID> selection_;
+    const std::unordered_set<PersistentID>* selection_ = nullptr;
     std::vector<std::pair<int, QString>> growing_;  ///< rows that grow with the clock, their totals
 };
 

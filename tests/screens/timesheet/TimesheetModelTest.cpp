@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 
 #include <QSignalSpy>
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 
 #include "screens/timesheet/TimesheetTest.h"
 #include "support/Rows.h"
@@ -255,6 +258,45 @@ TEST_F(Timesheet, aTickChangesOnlyWhatShowsTheRunningEntry) {
     EXPECT_EQ(line(1), "  Website · 9:00 AM – now · 0:01");
 }
 
+TEST_F(Timesheet, aKeyInTheNotesOfTheRunningEntryChangesItsRowAlone) {
+    add(shop, "2026-03-02T07:00Z", "2026-03-02T07:30Z");
+    service().start(website);
+    pass(60);
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    QSignalSpy listed(model.get(), &TimesheetModel::listed);
+    static_cast<void>(statements());
+    model->running()->setNotes(QStringLiteral("Lo"));
+    turn();
+    EXPECT_EQ(textAt(1, Row::notes), "Lo");
+    EXPECT_EQ(changesIn(changed),
+              (std::map<int, QSet<int>>{{1, {Row::notes, Row::hasNotes, Row::summary}}}));
+    EXPECT_EQ(listed.size(), 0);
+    EXPECT_FALSE(readEntries());
+}
+
+TEST_F(Timesheet, theNotesOfAnEntryOverMidnightChangeInBothItsRows) {
+    const auto night = add(website, "2026-03-01T23:00Z", "2026-03-02T01:00Z");
+    QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
+    night->notes = "Late";
+    turn();
+    const auto changes = changesIn(changed);
+    EXPECT_EQ(changes.size(), 2U);
+    EXPECT_TRUE(changes.contains(1));
+    EXPECT_TRUE(changes.contains(3));
+}
+
+TEST_F(Timesheet, theBarOfTheRunningEntryGrowsWithTheFigures) {
+    service().start(website);
+    pass(60);
+    ASSERT_TRUE(model->showsChart());
+    QSignalSpy changed(model->chart(), &DailyChartModel::changed);
+    pass(59);
+    EXPECT_EQ(changed.size(), 0) << "the minute is the same";
+    pass(1);
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_NEAR(model->chart()->stacks().hoursOf(1), 2.0 / 60, 1e-9);
+}
+
 TEST_F(Timesheet, aTickWhileItIsNotShownChangesNothing) {
     service().start(website);
     pass(1);
@@ -406,6 +448,79 @@ TEST_F(Timesheet, figuresAreOfWhatIsListed) {
     filter().setSearch(QStringLiteral("logo"));
     EXPECT_EQ(utf8(model->stats()->tracked()), "0:30");
     EXPECT_EQ(utf8(model->stats()->trackedDetail()), "1 entry");
+}
+
+// --- While years are read
+// ------------------------------------------------------------------------------
+
+class TimesheetOfYears : public Timesheet {
+ protected:
+    TimesheetOfYears() {
+        const Instant now = timer.now;
+        for (int i = 1; i <= 3'000; ++i) {
+            const Instant start = now - i * std::chrono::hours(30);
+            timer.library.addEntry(website, start, start + std::chrono::hours(1))->notes =
+                i == 3'000 ? "oldest" : "";
+        }
+        context().save();
+        choosePreset("Custom");
+        filter().from()->setValue(now - std::chrono::days(366 * 12));
+        Q_EMIT filter().from()->changed();
+    }
+    void readAll() {
+        for (int i = 0; model->isReading(); ++i) {
+            ASSERT_LT(i, 1'000);
+            turn();
+        }
+    }
+};
+
+TEST_F(TimesheetOfYears, itsFiguresSayThatMoreIsToCome) {
+    ASSERT_TRUE(model->isReading());
+    EXPECT_THAT(utf8(model->stats()->trackedDetail()), testing::EndsWith(" entries so far"));
+    EXPECT_EQ(utf8(model->stats()->billableDetail()), "Before rounding so far");
+    EXPECT_THAT(utf8(model->stats()->unbilledDetail()),
+                testing::EndsWith(" ready to invoice so far"));
+    readAll();
+    EXPECT_EQ(utf8(model->stats()->trackedDetail()), "3000 entries");
+    EXPECT_EQ(utf8(model->stats()->billableDetail()), "Before rounding");
+}
+
+TEST_F(TimesheetOfYears, itIsNotEmptyBeforeAllIsRead) {
+    filter().setSearch(QStringLiteral("oldest"));
+    ASSERT_TRUE(model->isReading());
+    EXPECT_EQ(rowCount(), 0);
+    EXPECT_FALSE(model->isEmpty());
+    EXPECT_TRUE(model->showsNothing());
+    QSignalSpy listed(model.get(), &TimesheetModel::listed);
+    readAll();
+    EXPECT_GT(listed.size(), 1);
+    EXPECT_FALSE(model->isEmpty());
+    EXPECT_EQ(rowCount(), 2);
+    filter().setSearch(QStringLiteral("nowhere"));
+    EXPECT_TRUE(model->isEmpty());
+}
+
+TEST_F(TimesheetOfYears, anExportHasAllOfThemAlsoWhileTheyAreRead) {
+    ASSERT_TRUE(model->isReading());
+    const auto file = timer.library.folder.path() / "all.csv";
+    model->exportTo(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    EXPECT_TRUE(model->isReading());
+    std::ifstream written(file);
+    const std::string text(std::istreambuf_iterator<char>(written), {});
+    EXPECT_THAT(text, HasSubstr("oldest"));
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3'001);
+}
+
+TEST_F(TimesheetOfYears, theirRowsComeBelowThoseThatStand) {
+    const auto before = lines();
+    QSignalSpy inserted(&model->rows(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy removed(&model->rows(), &QAbstractItemModel::rowsRemoved);
+    readAll();
+    EXPECT_EQ(removed.size(), 0);
+    EXPECT_GT(inserted.size(), 0);
+    const auto after = lines();
+    EXPECT_TRUE(std::equal(before.begin(), before.end(), after.begin()));
 }
 
 // --- Opening the editor

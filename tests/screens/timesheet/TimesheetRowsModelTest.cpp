@@ -211,7 +211,7 @@ class TimesheetRowsLaw : public TimesheetRows, public testing::WithParamInterfac
         fresh.filter()->setSearch(filter().search());
         fresh.setShown(true);
         auto& rows = static_cast<TimesheetRowsModel&>(*fresh.rowsModel());
-        rows.setSelection(model->selection().ids());
+        rows.showSelection(model->selection().ids());
         return Mirror(rows).lines();
     }
 

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 
 #include <QSignalSpy>
+#include <chrono>
+#include <random>
 
 #include "screens/timesheet/TimesheetTest.h"
 
@@ -128,17 +130,23 @@ TEST_F(SelectionInTimesheet, ofAllHasEachEntryOnce) {
     EXPECT_EQ(model->currentRow(), -1);
 }
 
-TEST_F(SelectionInTimesheet, changesOnlyTheRowsOfWhatIsSelectedOrNoLonger) {
+TEST_F(SelectionInTimesheet, isToldInOneStepHoweverManyRowsThereAre) {
     model->click(1);
     QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
     model->click(6);
-    ASSERT_EQ(changed.size(), 2);
-    for (const auto& call : changed) {
-        EXPECT_EQ(call[0].toModelIndex(), call[1].toModelIndex());
-        EXPECT_EQ(call[2].value<QList<int>>(), QList<int>{Row::isSelected});
-    }
-    EXPECT_EQ(changed[0][0].toModelIndex().row(), 1);
-    EXPECT_EQ(changed[1][0].toModelIndex().row(), 6);
+    ASSERT_EQ(changed.size(), 1);
+    EXPECT_EQ(changed[0][0].toModelIndex().row(), 0);
+    EXPECT_EQ(changed[0][1].toModelIndex().row(), 6);
+    EXPECT_EQ(changed[0][2].value<QList<int>>(), QList<int>{Row::isSelected});
+}
+
+TEST_F(SelectionInTimesheet, isKnownToTheRowsWithoutACopy) {
+    model->selectAll();
+    const auto* selected = &model->selection().ids();
+    model->click(rowOf(noon), Qt::ControlModifier);
+    EXPECT_EQ(&model->selection().ids(), selected);
+    EXPECT_FALSE(value(rowOf(noon), Row::isSelected).toBool());
+    EXPECT_TRUE(value(rowOf(morning), Row::isSelected).toBool());
 }
 
 TEST_F(SelectionInTimesheet, isKeptWhateverChangesElsewhere) {
@@ -165,6 +173,67 @@ TEST_F(SelectionInTimesheet, theCurrentRowFollowsItsEntry) {
     EXPECT_EQ(model->currentRow(), -1);
     EXPECT_EQ(changed.size(), 2);
 }
+
+/// Lines of days in which some entries run over midnight, as a selection sees them.
+class SelectionLaw : public testing::TestWithParam<unsigned> {
+ protected:
+    SelectionLaw() {
+        auto piece = std::make_shared<TimesheetPiece>();
+        const Instant monday = test::at("2026-03-02T00:00Z");
+        for (int hour = 24 * 6; hour > 0; hour -= 3 + upTo(4)) {
+            const Instant start = monday + std::chrono::hours(hour);
+            auto entry = std::make_shared<TimeEntry>(start, nullptr);
+            entry->end = start + std::chrono::hours(upTo(4) == 0 ? 40 : 2);
+            piece->add(*entry);
+        }
+        listing_ = listTimesheet({piece}, {monday, monday + std::chrono::days(8)}, monday,
+                                 Calendar(Locale("en_US"), "UTC"), TimesheetSearch(""));
+        rows_ = timesheetRows(listing_.days);
+    }
+    [[nodiscard]] int upTo(int last) { return std::uniform_int_distribution(0, last)(random_); }
+    [[nodiscard]] std::size_t someEntry() {
+        std::size_t at = 0;
+        while (rows_[at].isHead()) at = static_cast<std::size_t>(upTo(int(rows_.size()) - 1));
+        return at;
+    }
+
+    std::mt19937 random_{GetParam()};  // NOLINT: the same steps in each run
+    TimesheetListing listing_;
+    TimesheetSelection::Rows rows_;
+    TimesheetSelection selection_;
+};
+
+TEST_P(SelectionLaw, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShrank) {
+    for (int round = 0; round < 100; ++round) {
+        const std::size_t from = someEntry();
+        if (upTo(1) == 0) {
+            selection_.select(rows_, from);
+        } else {
+            selection_.toggle(rows_, from);
+        }
+        for (int i = upTo(6); i >= 0; --i) {
+            const std::size_t to = someEntry();
+            selection_.extendTo(rows_, to);
+            if (upTo(5) == 0) selection_.rowsChanged();
+            TimesheetSelection::IDs expected;
+            for (auto row = std::min(from, to); row <= std::max(from, to); ++row) {
+                if (!rows_[row].isHead()) expected.insert(rows_[row].id.entry);
+            }
+            ASSERT_EQ(selection_.ids(), expected) << "round " << round;
+            ASSERT_EQ(selection_.current(), rows_[to].id);
+        }
+    }
+}
+
+TEST_P(SelectionLaw, findsEachLineWhereItStands) {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        EXPECT_EQ(positionOf(rows_[row].id, rows_), row);
+    }
+    EXPECT_EQ(positionOf({rows_[0].id.day, PersistentID::make()}, rows_), std::nullopt);
+    EXPECT_EQ(positionOf({Instant(), {}}, rows_), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(, SelectionLaw, testing::Values(1U, 2U, 3U));
 
 // --- Return
 // --------------------------------------------------------------------------------------------
@@ -208,6 +277,46 @@ TEST_F(SelectionInTimesheet, deleteAsksBeforeItDeletes) {
     EXPECT_FALSE(commands().isDeletePending());
     EXPECT_EQ(entryCount(), 3U);
     EXPECT_EQ(selectedCount(), 0U);
+}
+
+struct AfterDeletion {
+    const char* name;
+    std::vector<int> deleted;
+    int down;  ///< the row that the arrow key reaches then
+    int up;
+};
+
+class KeysAfterADeletion : public SelectionInTimesheet,
+                           public testing::WithParamInterface<AfterDeletion> {};
+
+TEST_P(KeysAfterADeletion, goOnWhereTheDeletedStood) {
+    for (const auto& [step, reached] : {std::pair(1, GetParam().down), {-1, GetParam().up}}) {
+        model->clearSelection();
+        for (const int row : GetParam().deleted) model->click(row, Qt::ControlModifier);
+        model->askToDeleteSelected();
+        commands().confirmDelete();
+        EXPECT_EQ(selectedCount(), 0U);
+        model->moveCurrent(step);
+        EXPECT_EQ(model->currentRow(), reached) << (step > 0 ? "down" : "up");
+        commands().undo();
+        turn();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, KeysAfterADeletion,
+                         testing::Values(AfterDeletion{"TheFirst", {1}, 1, 1},
+                                         AfterDeletion{"TheSecond", {2}, 2, 1},
+                                         AfterDeletion{"TheLast", {6}, 5, 5},
+                                         AfterDeletion{"OneOverMidnight", {3}, 4, 2},
+                                         AfterDeletion{"Two", {1, 2}, 1, 1},
+                                         AfterDeletion{"TheLastTwo", {5, 6}, 2, 2}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(SelectionInTimesheet, afterADeletionByTheMenuTheArrowKeysGoOnFromItsRow) {
+    model->openMenu(2);
+    model->menuDelete();
+    model->moveCurrent(1);
+    EXPECT_EQ(model->currentRow(), rowOf(night));
 }
 
 TEST_F(SelectionInTimesheet, deleteThatIsDismissedDeletesNothingAndKeepsTheSelection) {
