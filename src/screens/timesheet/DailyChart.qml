@@ -38,7 +38,7 @@ GlassCard {
             }
 
             Layout.fillWidth: true
-            implicitHeight: legend.y + legend.implicitHeight
+            implicitHeight: 150
             Accessible.role: Accessible.Chart
             Accessible.name: "Hours by day"
             Accessible.description: card.model.description
@@ -55,7 +55,7 @@ GlassCard {
                 id: plot
 
                 width: parent.width
-                height: 124
+                height: chart.implicitHeight - 8 - legend.implicitHeight
                 model: card.model
                 ink: Theme.secondaryText
                 line: Theme.hairline

@@ -54,7 +54,7 @@ Item {
             leftMargin: row.margin + 6; rightMargin: row.margin + 6
             topMargin: 1; bottomMargin: row.isLastOfDay ? 6 : 1
         }
-        radius: 9
+        radius: Theme.rowRadius
         visible: row.isSelected || row.hovered
         color: row.isSelected ? Qt.alpha(Theme.accentViolet, Theme.dark ? 0.2 : 0.12) : Theme.cardFillHover
         border { width: row.isSelected ? 1 : 0; color: Qt.alpha(Theme.accentViolet, row.isCurrent ? 1 : 0.55) }

@@ -254,17 +254,24 @@ TEST_F(TimesheetChartView, IsReadAsText) {
                            QStringLiteral("Unbilled")}));
 }
 
+TEST_F(TimesheetChartView, IsAsHighAsToldWithOneLineOfNames) {
+    EXPECT_EQ(plot().parentItem()->height(), 150);
+    EXPECT_EQ(plot().height(), 150 - 8 - 18);
+}
+
 TEST_F(TimesheetChartView, KeepsItsLayoutWithThirtyLongNames) {
     std::vector<TimesheetEntry> entries;
     for (int i = 0; i < 30; ++i) {
         entries.push_back(listed(projectNamed(std::string(200, 'x') + std::to_string(i)),
                                  "2026-03-02T08:00Z", "2026-03-02T09:00Z"));
     }
-    const double before = plot().parentItem()->height();
     model.show(entries, {monday, monday + std::chrono::days(7)}, monday,
                Calendar(Locale("en_US"), "UTC"));
     EXPECT_FALSE(picture().isNull());
-    EXPECT_EQ(plot().parentItem()->height(), before + 36);
+    const auto& legend = *find<DailyChartLegend>(*window->contentItem());
+    EXPECT_EQ(legend.height(), 3 * 18) << "of three lines";
+    EXPECT_EQ(plot().parentItem()->height(), 150) << "whatever its legend needs";
+    EXPECT_EQ(legend.y() + legend.height(), 150);
     EXPECT_LE(plot().parentItem()->width(), 800);
 }
 
