@@ -254,6 +254,17 @@ class Keys:
         self.choose("Redo Delete Entry")
         self.see("Early", "Wednesday", "Tuesday")
 
+    def test_after_a_deletion_the_arrow_keys_go_on_from_there(self):
+        self.to_the_list(downs=2)
+        self.key("Delete")
+        wait_until(lambda: find("Delete this entry?", "dialog"), "the question")
+        self.wait_for_focus("Delete")
+        self.key("Return")
+        self.see("Late", "Wednesday", "Tuesday")
+        self.wait_for_focus("Entries")
+        self.key("Down")
+        self.select("Wednesday")
+
     def test_each_filter(self):
         self.tab_to("Client: All Clients")
         self.key("Return")

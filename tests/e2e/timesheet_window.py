@@ -107,10 +107,10 @@ class TimesheetWindow(unittest.TestCase):
 
     @staticmethod
     def showing_lines(*roles):
+        """In the order in which they are read, which is to be that on the screen."""
         found = wait_until(lambda: find("Days", "list"), "the list")
-        lines = [node for node in found if node and node.getRoleName() in roles and showing(node)
-                 and node.name not in ("Timesheet", "Hours by day")]
-        return sorted(lines, key=lambda node: node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).y)
+        return [node for node in found if node and node.getRoleName() in roles and showing(node)
+                and node.name not in ("Timesheet", "Hours by day")]
 
     @staticmethod
     def plain(node):

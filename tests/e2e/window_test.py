@@ -75,6 +75,15 @@ class Window(unittest.TestCase):
         self.addCleanup(self.program.kill)
         wait_until(lambda: find("Timesheet"), "the window")
 
+    def test_sections_are_page_tabs_of_which_the_chosen_one_is_selected(self):
+        tabs = wait_until(lambda: find("Sections", "page tab list"), "the sections")
+        for chosen in ("Clients", "Timesheet"):
+            press(chosen, "page tab")
+            self.heading(chosen)
+            self.assertEqual([tab.name for tab in tabs if tab.getRoleName() == "page tab"], SECTIONS)
+            selected = [tab.name for tab in walk(tabs) if has_state(tab, pyatspi.STATE_SELECTED)]
+            self.assertEqual(selected, [chosen])
+
     def heading(self, name):
         wait_until(lambda: find(name, "heading"), f"the section {name}")
 

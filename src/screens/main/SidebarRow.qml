@@ -3,10 +3,12 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Elmworth.Theme
 
-/// A section of the main window.
-PressButton {
+/// A section of the main window. No PressButton, because a control of Qt's is to assistive technology what its
+/// kind is, whatever role it is given.
+T.TabButton {
     id: row
 
     required property int index
@@ -15,6 +17,12 @@ PressButton {
     required property string shortcut
     required property string hint
     property bool selected: false
+    readonly property bool looksHovered: hovered
+
+    function press(): void {
+        if (enabled)
+            clicked();
+    }
 
     function focusNeighbour(forward: bool): void {
         const neighbour = nextItemInFocusChain(forward) as SidebarRow;
@@ -23,14 +31,22 @@ PressButton {
     }
 
     text: title
-    help: hint
+    checkable: false
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
     implicitHeight: 36
     leftPadding: 10
     rightPadding: 10
-    opacity: looksPressed ? 0.8 : 1
+    opacity: down ? 0.8 : 1
     Accessible.role: Accessible.PageTab
+    Accessible.name: title
+    Accessible.description: hint
+    Accessible.onPressAction: press()
+    Accessible.selectable: true
     Accessible.selected: selected
 
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
     Keys.onUpPressed: focusNeighbour(false)
     Keys.onDownPressed: focusNeighbour(true)
 
@@ -57,13 +73,26 @@ PressButton {
         }
     }
 
+    OnDemand {
+        wanted: row.hovered || row.visualFocus
+
+        // The tip doesn't outlive its row.
+        // qmllint disable unqualified
+        sourceComponent: HelpTip {
+            parent: row
+            text: row.hint
+            visible: (row.hovered || row.visualFocus) && !row.selected
+        }
+        // qmllint enable unqualified
+    }
+
     background: Rectangle {
         radius: Theme.rowRadius
         color: row.selected || row.looksHovered ? Theme.cardFillHover : Qt.alpha(Theme.cardFillHover, 0)
         border { width: row.selected ? 1 : 0; color: Theme.cardBorderStrong }
 
         FocusRing {
-            shows: row.looksFocused
+            shows: row.visualFocus
             corner: Theme.rowRadius
         }
 

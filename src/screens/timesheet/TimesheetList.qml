@@ -37,6 +37,8 @@ ListView {
     }
 
     function requestMenu(): void {
+        reveal();  // a line that is scrolled away may have no item
+        forceLayout();
         const line = itemAtIndex(timesheet.currentRow);
         if (line)
             menuRequested(timesheet.currentRow, line, 48, line.height / 2);
@@ -55,6 +57,10 @@ ListView {
     Accessible.name: "Days"
 
     onContentYChanged: stoodAtTop = contentY <= originY + 1
+
+    SeenOrder {
+        content: list.contentItem
+    }
 
     Basic.ScrollBar.vertical: SlimScrollBar {}
 

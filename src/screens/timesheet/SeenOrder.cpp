@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/timesheet/SeenOrder.h"
+
+#include <algorithm>
+
+namespace elmworth {
+
+namespace {
+
+bool standsAbove(const QQuickItem* a, const QQuickItem* b) {
+    return a->y() < b->y();
+}
+
+}  // namespace
+
+void SeenOrder::setContent(QQuickItem* content) {
+    if (content_) content_->disconnect(this);
+    content_ = content;
+    if (content_) connect(content_, &QQuickItem::windowChanged, this, &SeenOrder::follow);
+    follow(content_ ? content_->window() : nullptr);
+    Q_EMIT contentChanged();
+}
+
+void SeenOrder::follow(QQuickWindow* window) {
+    disconnect(frames_);
+    // By then the lines have their places.
+    if (window) frames_ = connect(window, &QQuickWindow::afterAnimating, this, &SeenOrder::arrange);
+}
+
+/// Costs nothing while they are in order.
+void SeenOrder::arrange() const {
+    if (!content_) return;
+    QList<QQuickItem*> lines = content_->childItems();
+    lines.removeIf([](const QQuickItem* item) { return !item->isVisible(); });
+    if (std::is_sorted(lines.begin(), lines.end(), standsAbove)) return;
+    std::stable_sort(lines.begin(), lines.end(), standsAbove);
+    for (qsizetype i = 1; i < lines.size(); ++i) lines[i]->stackAfter(lines[i - 1]);
+}
+
+}  // namespace elmworth
