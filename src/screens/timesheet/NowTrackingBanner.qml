@@ -14,15 +14,6 @@ GlassCard {
 
     Accessible.role: Accessible.Grouping
     Accessible.name: "Now tracking"
-    onVisibleChanged: if (visible && !AppAppearance.reducedMotion) appearing.restart()
-
-    // Springs into its place and comes to rest nearly at once.
-    ParallelAnimation {
-        id: appearing
-
-        NumberAnimation { target: banner; property: "opacity"; from: 0; to: 1; duration: 350; easing.type: Easing.OutCubic }
-        NumberAnimation { target: banner; property: "scale"; from: 0.97; to: 1; duration: 350; easing { type: Easing.OutBack; overshoot: 0.8 } }
-    }
 
     RowLayout {
         anchors.fill: parent

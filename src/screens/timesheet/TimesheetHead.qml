@@ -52,10 +52,34 @@ Item {
             }
         }
 
-        NowTrackingBanner {
+        // What lies below moves as the banner comes and goes.
+        Item {
+            id: place
+
+            property real shown: head.model.running.isRunning ? 1 : 0
+
             Layout.fillWidth: true
-            visible: head.model.running.isRunning
-            model: head.model.running
+            Layout.bottomMargin: (shown - 1) * column.spacing
+            implicitHeight: banner.implicitHeight * shown
+            visible: shown > 0
+
+            Behavior on shown {
+                enabled: !AppAppearance.reducedMotion
+
+                NumberAnimation { duration: 350; easing.type: Easing.OutCubic }
+            }
+
+            NowTrackingBanner {
+                id: banner
+
+                width: place.width
+                height: implicitHeight
+                opacity: enabled ? place.shown : 0
+                scale: 0.97 + 0.03 * place.shown
+                transformOrigin: Item.Top
+                enabled: head.model.running.isRunning
+                model: head.model.running
+            }
         }
 
         StatsRow {

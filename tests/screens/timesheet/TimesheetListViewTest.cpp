@@ -136,5 +136,21 @@ TEST_F(TimesheetListView, opensTheMenuOfTheCurrentLineAlsoWhenItIsScrolledAway) 
     EXPECT_LE(y + line->height(), list_->height());
 }
 
+TEST_F(TimesheetListView, movesWhenTheBannerComesAndDoesNotJump) {
+    AppAppearance::instance().setReducedMotion(false);
+    const double before = head()->height();
+    QSignalSpy moved(head(), &QQuickItem::heightChanged);
+    service().start(website);
+    turn();
+    QCoreApplication::processEvents();
+    EXPECT_LT(head()->height(), before + 40) << "not all of it at once";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return head()->height() >= before + 80; }));
+    EXPECT_GT(moved.size(), 3);
+    AppAppearance::instance().setReducedMotion(true);
+    service().stop();
+    settle();
+    EXPECT_EQ(head()->height(), before);
+}
+
 }  // namespace
 }  // namespace elmworth
