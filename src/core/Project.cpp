@@ -5,6 +5,7 @@
 
 #include "core/Client.h"
 #include "core/TimeEntry.h"
+#include "core/store/ModelContext.h"
 
 namespace elmworth {
 
@@ -23,8 +24,14 @@ std::optional<double> Project::budgetFraction(Instant now) const {
     const auto hours = budgetHours.get();
     if (!hours || *hours < 1) return std::nullopt;
     double seconds = 0;
-    for (const auto& entry : entries()) {
-        seconds += secondsBetween(entry->start, entry->end->value_or(now));
+    if (auto* context = modelContext()) {
+        const auto& id = persistentModelID();
+        seconds =
+            context->totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(id);
+        for (const auto& entry :
+             context->fetch<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent})) {
+            if (entry->project.id() == id) seconds += secondsBetween(entry->start, now);
+        }
     }
     return seconds / (static_cast<double>(*hours) * 3600);
 }

@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/Client.h"
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
 #include "support/Instants.h"
 #include "support/Rows.h"
+#include "support/StatementTrace.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
@@ -139,6 +142,13 @@ class Budget : public testing::Test {
         const auto start = at("2026-03-01T09:00Z");
         library.addEntry(project, start, adding(start, hours * 3600));
     }
+    /// How often the table of the entries was read since the last call.
+    [[nodiscard]] static long readingsOfEntries() {
+        const auto statements = test::StatementTrace::take();
+        return std::count_if(statements.begin(), statements.end(), [](const auto& sql) {
+            return sql.starts_with("SELECT") && sql.find("FROM \"TimeEntry\"") != std::string::npos;
+        });
+    }
     [[nodiscard]] std::optional<double> fraction() const { return project->budgetFraction(now); }
 
     TestLibrary library;
@@ -181,6 +191,23 @@ TEST_F(Budget, countsARunningEntryUpToTheGivenInstant) {
     library.addEntry(project, now - 2h, std::nullopt);
     EXPECT_DOUBLE_EQ(fraction().value(), 0.5);
     EXPECT_DOUBLE_EQ(project->budgetFraction(now + 1h).value(), 0.75);
+}
+
+TEST_F(Budget, isSummedByTheLibraryOnceAndMakesNoRecords) {
+    const test::StatementTrace trace;
+    library.reopen();
+    project = library.addProject("Website", nullptr);
+    project->budgetHours = 4;
+    const auto entry = library.addEntry(project, now - 2h, std::nullopt);
+    library.context().save();
+    (void)test::StatementTrace::take();
+    EXPECT_DOUBLE_EQ(fraction().value(), 0.5);
+    EXPECT_EQ(readingsOfEntries(), 2) << "the sum, and what runs";
+    entry->notes = "Draft";
+    entry->end = now - 1h;
+    library.context().save();
+    EXPECT_DOUBLE_EQ(fraction().value(), 0.25);
+    EXPECT_EQ(readingsOfEntries(), 1) << "what runs";
 }
 
 // --- invoices ------------------------------------------------------------------------------------

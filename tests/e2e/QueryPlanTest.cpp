@@ -80,6 +80,12 @@ const Question questions[] = {
     {"theEntriesOfAProject",
      [](Library& library) { (void)library.project->entries(); },
      {"SEARCH TimeEntry USING INDEX TimeEntryByProject (project=?)"}},
+    {"theTimeOfAProject",
+     [](Library& library) {
+         library.project->budgetHours = 1;
+         (void)library.project->budgetFraction(TestTimer::today("09:00"));
+     },
+     {"SEARCH TimeEntry USING INDEX TimeEntryByProject (project=?)"}},
     {"theProjectsOfAClient",
      [](Library& library) { (void)library.client->projects(); },
      {"SEARCH Project USING INDEX ProjectByClient (client=?)"}},

@@ -193,6 +193,7 @@ void ModelContext::spillInsertions() {
 
 /// What the transaction took with it is in no library.
 void ModelContext::detachSpilled() {
+    if (!spilled_.empty()) totals_.clear();
     for (const auto& id : std::exchange(spilled_, {})) {
         const auto record = existing(id);
         if (!record) continue;
@@ -220,6 +221,7 @@ void ModelContext::saveOrRollback(Progress& progress) {
 }
 
 void ModelContext::forgetChanges() {
+    carryTotals();
     for (auto& map : pending_) {
         for (auto& [id, record] : map) {
             record->saved_.reset();

@@ -18,6 +18,7 @@
 #include "core/store/ReadFaults.h"
 #include "core/store/Record.h"
 #include "core/store/RecordOrder.h"
+#include "core/store/SpanTotals.h"
 #include "core/store/StoreError.h"
 #include "platform/Progress.h"
 #include "platform/RunLoop.h"
@@ -129,6 +130,16 @@ class ModelContext {
         return countRecords(T::schema(), node(descriptor));
     }
 
+    /// The sum of `Until` minus `Since`, in seconds, over the records that have both and whose
+    /// to-one field `Owner` points to `owner`. The library is asked for it once and makes no
+    /// records; what changes and is saved later is added to what it said.
+    template <auto Owner, auto Since, auto Until>
+    [[nodiscard]] double totalSeconds(const PersistentID& owner) {
+        const SpanFields fields{&KeyPath<Owner>::RecordType::schema(), KeyPath<Owner>::index(),
+                                KeyPath<Since>::index(), KeyPath<Until>::index()};
+        return totalSpan(fields, owner) / 1e6;
+    }
+
     /// The record of an identity, or null when the library has none or it is deleted.
     template <class T>
     [[nodiscard]] Ref<T> record(const PersistentID& id) {
@@ -190,6 +201,13 @@ class ModelContext {
                                                           const RecordOrder& order);
     [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
                                            const PredicateNode* predicate);
+    [[nodiscard]] double totalSpan(const SpanFields& fields, const PersistentID& owner);
+    /// What the save of the pending changes adds to the sum of each owner.
+    void visitUnsavedSpans(
+        const SpanFields& fields,
+        const std::function<void(const PersistentID& owner, double microseconds)>& add);
+    /// Adds to the sums what is about to be no longer pending.
+    void carryTotals();
     [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;
     void adopt(Record& record);
     void layUnsavedOver(std::vector<Ref<Record>>& records, const RecordSchema& schema,
@@ -218,6 +236,7 @@ class ModelContext {
     std::unordered_map<PersistentID, std::weak_ptr<Record>> identities_;
     std::array<RecordMap, recordTypeCount> pending_;  ///< new, changed and deleted records
     std::vector<PersistentID> spilled_;               ///< new records in the open transaction
+    std::vector<SpanTotals> totals_;                  ///< as stored, with `spilled_`
     ChangeObservers observers_;
     ReadFaults readFaults_;
     RunLoop::Handle upkeep_;

@@ -17,12 +17,15 @@ std::optional<double> fractionUsed(const Project& project, Instant now) {
 
 }  // namespace
 
-BudgetChipModel::BudgetChipModel(const PanelServices& services) : services_(services) {
+BudgetChipModel::BudgetChipModel(const PanelServices& services) : services_(services) {}
+
+void BudgetChipModel::setPanelOpen(bool isOpen) {
+    isPanelOpen_ = isOpen;
     update();
 }
 
 void BudgetChipModel::update() {
-    const auto& entry = services_.timer.running();
+    const auto entry = isPanelOpen_ ? services_.timer.running() : nullptr;
     const auto project = entry ? entry->project.get() : nullptr;
     askedAt_ = services_.now();
     fraction_ = project ? fractionUsed(*project, askedAt_) : std::nullopt;

@@ -27,7 +27,10 @@ class BudgetChipModel final : public QObject {
     [[nodiscard]] bool isShown() const noexcept { return !text_.isEmpty(); }
     [[nodiscard]] const QString& text() const noexcept { return text_; }
 
-    /// After records or the running entry changed: reads the project's entries.
+    /// Whether the panel is open. While it is not, the chip reads nothing and shows nothing.
+    void setPanelOpen(bool isOpen);
+
+    /// After records or the running entry changed: asks the library for the project's time.
     void update();
     /// Lets the running entry's time show.
     void tick();
@@ -40,6 +43,7 @@ class BudgetChipModel final : public QObject {
 
  private:
     const PanelServices& services_;
+    bool isPanelOpen_ = false;
     std::optional<double> fraction_;  ///< at `askedAt_`; absent without a budget
     double budgetSeconds_ = 0;
     Instant askedAt_;

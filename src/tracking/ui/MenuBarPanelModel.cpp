@@ -65,7 +65,12 @@ void MenuBarPanelModel::tick() {
 void MenuBarPanelModel::refresh() {
     services_.timer.refresh();
     projects_.setSearch({});
+    running_.budget()->setPanelOpen(true);
     update();
+}
+
+void MenuBarPanelModel::rest() {
+    running_.budget()->setPanelOpen(false);
 }
 
 void MenuBarPanelModel::openElmworth() {

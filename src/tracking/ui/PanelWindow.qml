@@ -63,7 +63,12 @@ Window {
     color: Theme.panelFill
 
     onHeightChanged: if (visible) stand()
-    onVisibleChanged: if (!visible) content.active = false
+    onVisibleChanged: {
+        if (visible)
+            return;
+        content.active = false;
+        model.rest();
+    }
 
     // Without a window manager it never becomes active, and must not close at once.
     onActiveChanged: {

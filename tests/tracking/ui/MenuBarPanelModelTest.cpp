@@ -217,6 +217,7 @@ class PanelTickTest : public MenuBarPanelTest {
         website->budgetHours = 10;
         entry(website, "06:00", "06:30");
         service().start(website);
+        panel.refresh();
         turn();
         for (const QObject* object : std::initializer_list<const QObject*>{
                  &panel, &card, &continueRow, card.budget(), card.warning(), card.away(),

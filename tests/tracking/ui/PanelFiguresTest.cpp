@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <algorithm>
+
 #include "support/Rows.h"
 #include "tracking/ui/MenuBarPanelModel.h"
 #include "tracking/ui/PanelTest.h"
@@ -158,6 +160,14 @@ INSTANTIATE_TEST_SUITE_P(Fractions, BudgetText,
 
 class BudgetChipTest : public test::PanelTest {
  protected:
+    BudgetChipTest() { panel.refresh(); }
+    /// How often the library was asked for a sum since the last call.
+    [[nodiscard]] static long sums() {
+        const auto statements = test::StatementTrace::take();
+        return std::count_if(statements.begin(), statements.end(), [](const auto& sql) {
+            return sql.find("total(") != std::string::npos;
+        });
+    }
     /// Starts a timer at 09:00 on a project with a budget of ten hours, of which `used` are used.
     void start(std::chrono::minutes used) {
         const auto website = project("Website");
@@ -182,6 +192,34 @@ TEST_F(BudgetChipTest, followsTheRunningEntry) {
     passTo("11:30:01");
     EXPECT_EQ(utf8(chip.text()), "Over budget");
     service().stop();
+    EXPECT_FALSE(chip.isShown());
+}
+
+TEST_F(BudgetChipTest, asksOnceHoweverManyChangesThereAre) {
+    using namespace std::chrono_literals;
+    start(9h);
+    EXPECT_EQ(sums(), 1);
+    panel.running()->setNotes(QStringLiteral("Draft"));
+    panel.running()->saveNotes();
+    const auto website = service().running()->project.get();
+    service().stop();
+    service().start(website);
+    turn();
+    EXPECT_EQ(utf8(chip.text()), "90% of budget");
+    EXPECT_EQ(sums(), 0);
+}
+
+TEST_F(BudgetChipTest, asksForNothingWhileThePanelIsClosed) {
+    using namespace std::chrono_literals;
+    panel.rest();
+    start(9h);
+    turn();
+    EXPECT_FALSE(chip.isShown());
+    EXPECT_EQ(sums(), 0);
+    panel.refresh();
+    EXPECT_EQ(utf8(chip.text()), "90% of budget");
+    EXPECT_EQ(sums(), 1);
+    panel.rest();
     EXPECT_FALSE(chip.isShown());
 }
 

@@ -98,6 +98,10 @@ std::int64_t Statement::integer(int column) const noexcept {
     return sqlite3_column_int64(statement_.get(), column);
 }
 
+double Statement::real(int column) const noexcept {
+    return sqlite3_column_double(handle(), column);
+}
+
 std::string_view Statement::text(int column) const noexcept {
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_.get(), column));
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));

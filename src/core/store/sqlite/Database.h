@@ -37,6 +37,7 @@ class Statement {
     void reset() noexcept;
 
     [[nodiscard]] std::int64_t integer(int column) const noexcept;
+    [[nodiscard]] double real(int column) const noexcept;
     [[nodiscard]] std::string_view text(int column) const noexcept;
     [[nodiscard]] PersistentID identity(int column) const;
     /// The value of a column that holds a field of the storage class `storage`.

@@ -179,6 +179,13 @@ std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy
     return sql + (reverse ? "\"id\" DESC" : "\"id\"");
 }
 
+std::string totalSpanSQL(const SpanFields& fields) {
+    const auto columns = fields.schema->fields;
+    return "SELECT total(" + quoted(columns[fields.until].name) + " - " +
+           quoted(columns[fields.since].name) + ") FROM " + quoted(fields.schema->name) +
+           " WHERE " + quoted(columns[fields.owner].name) + " = ?";
+}
+
 std::string insertSQL(const RecordSchema& schema) {
     // Named, because a migrated table may have its columns in another order.
     std::string sql =

@@ -10,6 +10,7 @@
 
 #include "core/store/FetchDescriptor.h"
 #include "core/store/Schema.h"
+#include "core/store/SpanTotals.h"
 
 namespace elmworth::sqlite {
 
@@ -32,6 +33,9 @@ struct SQLCondition {
 /// is limited: an order that nobody asked for would keep SQLite from the best index.
 [[nodiscard]] std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy,
                                    bool isLimited);
+
+/// The sum of the spans of the rows that point to the parameter; 0.0 where there are none.
+[[nodiscard]] std::string totalSpanSQL(const SpanFields& fields);
 
 /// The insertion of a row: its identity and all fields.
 [[nodiscard]] std::string insertSQL(const RecordSchema& schema);

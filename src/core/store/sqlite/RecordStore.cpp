@@ -96,6 +96,13 @@ std::size_t RecordStore::count(const RecordSchema& schema, const PredicateNode* 
     return static_cast<std::size_t>(statement->integer(0));
 }
 
+double RecordStore::totalSpan(const SpanFields& fields, const PersistentID& owner) {
+    StatementUse statement(prepared(totalSpanSQL(fields)));
+    statement->bind(0, owner);
+    statement->step();
+    return statement->real(0);
+}
+
 bool RecordStore::rowMatches(const RecordSchema& schema, const PersistentID& id,
                              const PredicateNode* predicate) {
     const auto where = whereSQL(schema, predicate);

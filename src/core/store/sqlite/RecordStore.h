@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/store/FetchDescriptor.h"
+#include "core/store/SpanTotals.h"
 #include "core/store/sqlite/Database.h"
 #include "platform/Progress.h"
 
@@ -60,6 +61,8 @@ class RecordStore {
                 const RowHandler& handler);
     void selectOne(const RecordSchema& schema, const PersistentID& id, const RowHandler& handler);
     [[nodiscard]] std::size_t count(const RecordSchema& schema, const PredicateNode* predicate);
+    /// The sum that SpanFields describes over the stored rows, in microseconds.
+    [[nodiscard]] double totalSpan(const SpanFields& fields, const PersistentID& owner);
     /// Whether the stored row of `id` exists and meets `predicate`.
     [[nodiscard]] bool rowMatches(const RecordSchema& schema, const PersistentID& id,
                                   const PredicateNode* predicate);
