@@ -201,16 +201,20 @@ class Panel(unittest.TestCase):
 class PanelByTray(unittest.TestCase):
     """The panel beside an item in a tray."""
 
+    SCALE = "1"
+
     @classmethod
     def setUpClass(cls):
-        elmworth("client", "add", "Initech")
-        elmworth("project", "add", "Another", "--client", "Initech")
+        client = f"Initech {cls.SCALE}"
+        elmworth("client", "add", client)
+        elmworth("project", "add", "Another", "--client", client)
 
     def setUp(self):
         elmworth("stop")
         self.tray = FakeTray()
         self.addCleanup(self.tray.close)
-        self.program = subprocess.Popen([PROGRAMS / "elmworth-app"])
+        self.program = subprocess.Popen([PROGRAMS / "elmworth-app"],
+                                        env=os.environ | {"QT_SCALE_FACTOR": self.SCALE})
         self.addCleanup(self.program.wait)
         self.addCleanup(self.program.kill)
         wait_until(lambda: self.tray.items, "the item in the tray")
@@ -252,6 +256,20 @@ class PanelByTray(unittest.TestCase):
     def test_it_hangs_from_a_bar_at_the_top(self):
         self.press_item(700, 12)
         wait_until(lambda: self.frame() and self.frame().y == 20, "the panel under the item")
+
+class PanelByTrayAtDoubleSize(PanelByTray):
+    """Two device pixels for each of the program's: trays count the device's, assistive technology the program's."""
+
+    SCALE = "2"
+
+    def test_it_stands_over_a_bar_at_the_bottom_and_grows_upwards(self):
+        self.press_item(700, 880)
+        wait_until(lambda: self.bottom() == 432, lambda: f"the panel over the item, not {self.bottom()}")
+        self.assertEqual(self.frame().x + self.frame().width // 2, 350)
+
+    def test_it_hangs_from_a_bar_at_the_top(self):
+        self.press_item(700, 12)
+        wait_until(lambda: self.frame() and self.frame().y == 14, "the panel under the item")
 
 
 if __name__ == "__main__":

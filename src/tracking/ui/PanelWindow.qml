@@ -13,9 +13,6 @@ Window {
 
     required property MenuBarPanelModel model
 
-    readonly property int gap: 8
-    /// Beside it stands the panel, in pixels of the desktop; absent in the upper right corner.
-    property var place: null
     property bool hasBeenActive: false
     /// When a click elsewhere closed it, in milliseconds since 1970.
     property double leftAt: 0
@@ -23,11 +20,14 @@ Window {
     readonly property MenuBarPanel panel: content.item as MenuBarPanel
 
     function openAt(point: point, isKnown: bool): void {
-        place = isKnown ? point : null;
+        if (isKnown)
+            place.choose(point);
+        else
+            place.chooseCorner();
         model.refresh();
         hasBeenActive = false;
         content.active = true;
-        stand();
+        place.stand(window);
         show();
         raise();
         requestActivate();
@@ -45,24 +45,13 @@ Window {
             openAt(point, true);
     }
 
-    /// Under a bar at the top of the desktop, and over one at the bottom.
-    function stand(): void {
-        const left = Screen.virtualX + gap, top = Screen.virtualY + gap;
-        const right = Screen.virtualX + Screen.desktopAvailableWidth - width - gap;
-        const bottom = Screen.virtualY + Screen.desktopAvailableHeight - height - gap;
-        const hangs = !place || place.y < Screen.virtualY + Screen.height / 2;
-        const wanted = !place ? top : hangs ? place.y + gap : place.y - gap - height;
-        x = place ? Math.max(left, Math.min(place.x - width / 2, right)) : right;
-        y = Math.max(top, Math.min(wanted, bottom));
-    }
-
     title: "Elmworth Panel"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
     width: 340
-    height: Math.min(panel ? panel.implicitHeight : 320, Math.max(320, Screen.desktopAvailableHeight - 2 * gap))
+    height: Math.min(panel ? panel.implicitHeight : 320, Math.max(320, place.largestHeight))
     color: Theme.panelFill
 
-    onHeightChanged: if (visible) stand()
+    onHeightChanged: if (visible) place.stand(window)
     onVisibleChanged: {
         if (visible)
             return;
@@ -79,6 +68,8 @@ Window {
             close();
         }
     }
+
+    PanelPlace { id: place }
 
     Shortcut {
         sequence: "Escape"
