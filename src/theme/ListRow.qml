@@ -42,6 +42,7 @@ PressButton {
             PlainText {
                 Layout.fillWidth: true
                 text: row.title
+                maximumLineCount: 1
                 font.weight: Font.Medium
                 Accessible.ignored: true
             }
@@ -50,6 +51,7 @@ PressButton {
                 Layout.fillWidth: true
                 visible: text.length > 0
                 text: row.subtitle
+                maximumLineCount: 1
                 size: Theme.calloutSize
                 color: Theme.secondaryText
                 Accessible.ignored: true

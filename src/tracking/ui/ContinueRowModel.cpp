@@ -16,7 +16,8 @@ QString titleOf(const Ref<TimeEntry>& entry) {
 
 QString subtitleOf(const Ref<TimeEntry>& entry) {
     if (!entry) return {};
-    if (!entry->notes.get().empty()) return QString::fromStdString(entry->notes);
+    const auto notes = QString::fromStdString(entry->notes).simplified();  // the row has one line
+    if (!notes.isEmpty()) return notes;
     const auto& client = entry->project->client.get();
     return client ? QString::fromStdString(client->name) : QString();
 }

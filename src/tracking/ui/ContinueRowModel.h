@@ -19,7 +19,7 @@ class ContinueRowModel final : public QObject {
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
     /// "Continue Website".
     Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
-    /// The entry's notes, else the client's name, else nothing.
+    /// The entry's notes in one line, else the client's name, else nothing.
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)
 
  public:

@@ -177,6 +177,16 @@ TEST_F(MenuBarPanelTest, continueOffersTheLastEntryWhileNothingRuns) {
     EXPECT_FALSE(continueRow.isShown());
 }
 
+TEST_F(MenuBarPanelTest, notesOfSeveralLinesStandInOneUnderContinue) {
+    const auto last = entry(project("Website"), "07:00", "08:00");
+    last->notes = "Logo\nColours,\r\n\n  type\u2028Grid\n";
+    turn();
+    EXPECT_EQ(utf8(continueRow.subtitle()), "Logo Colours, type Grid");
+    last->notes = " \n";
+    turn();
+    EXPECT_EQ(utf8(continueRow.subtitle()), "Acme Co");
+}
+
 TEST_F(MenuBarPanelTest, withoutNotesAndClientNothingStandsUnderContinue) {
     entry(project("Own", nullptr), "07:00", "08:00");
     EXPECT_TRUE(continueRow.isShown());
