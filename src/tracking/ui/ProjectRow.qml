@@ -11,7 +11,7 @@ ListRow {
     required property int index
     required property string name
     required property string client
-    required property string projectColor
+    required property color projectColor
     required property bool isRunning
     required property int shortcut
     required property string hint

@@ -5,6 +5,7 @@
 
 #include "core/Client.h"
 #include "platform/PlatformText.h"
+#include "theme/HexColor.h"
 
 namespace elmworth {
 
@@ -26,7 +27,7 @@ ProjectStartRow ProjectStartRow::of(const Project& project, std::size_t position
     row.name = QString::fromStdString(project.name);
     if (const auto& client = project.client.get())
         row.client = QString::fromStdString(client->name);
-    row.projectColor = QString::fromStdString(project.colorHex);
+    row.projectColor = colorFromHex(QString::fromStdString(project.colorHex));
     row.isRunning = isRunning;
     row.shortcut = position < shortcuts ? static_cast<int>(position) + 1 : 0;
     row.hint = hintOf(row.shortcut);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QColor>
 #include <QObject>
 #include <QString>
 #include <QtQmlIntegration>
@@ -17,13 +18,13 @@ struct ProjectStartRow {
     Q_GADGET
     QML_ANONYMOUS
     Q_PROPERTY(QString name MEMBER name)
-    Q_PROPERTY(QString client MEMBER client)              ///< empty without one
-    Q_PROPERTY(QString projectColor MEMBER projectColor)  ///< "#RRGGBB"
-    Q_PROPERTY(bool isRunning MEMBER isRunning)           ///< the row is disabled then
-    Q_PROPERTY(int shortcut MEMBER shortcut)              ///< the digit that starts it; 0 for none
-    Q_PROPERTY(QString hint MEMBER hint)                  ///< the keys of the shortcut, "Ctrl+1"
-    Q_PROPERTY(QString status MEMBER status)              ///< "Running" or nothing
-    Q_PROPERTY(QString image MEMBER image)                ///< "play.fill", or nothing while running
+    Q_PROPERTY(QString client MEMBER client)  ///< empty without one
+    Q_PROPERTY(QColor projectColor MEMBER projectColor)
+    Q_PROPERTY(bool isRunning MEMBER isRunning)  ///< the row is disabled then
+    Q_PROPERTY(int shortcut MEMBER shortcut)     ///< the digit that starts it; 0 for none
+    Q_PROPERTY(QString hint MEMBER hint)         ///< the keys of the shortcut, "Ctrl+1"
+    Q_PROPERTY(QString status MEMBER status)     ///< "Running" or nothing
+    Q_PROPERTY(QString image MEMBER image)       ///< "play.fill", or nothing while running
     Q_PROPERTY(QString help MEMBER help)
     Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel)
 
@@ -35,7 +36,7 @@ struct ProjectStartRow {
     PersistentID id;  ///< the project's
     QString name;
     QString client;
-    QString projectColor;
+    QColor projectColor;
     bool isRunning = false;
     int shortcut = 0;
     QString hint;

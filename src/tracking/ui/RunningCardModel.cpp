@@ -4,6 +4,7 @@
 #include "tracking/ui/RunningCardModel.h"
 
 #include "core/Client.h"
+#include "theme/HexColor.h"
 
 namespace elmworth {
 
@@ -15,9 +16,10 @@ RunningCardModel::RunningCardModel(const PanelServices& services)
 RunningCardModel::Look RunningCardModel::lookOf(const Ref<TimeEntry>& entry) {
     if (!entry) return {};
     const auto& project = entry->project.get();
-    if (!project) return {true, QStringLiteral("#FF5B87"), QStringLiteral("No project"), {}};
+    if (!project) return {true, QColor(0xFF, 0x5B, 0x87), QStringLiteral("No project"), {}};
     const auto& client = project->client.get();
-    return {true, QString::fromStdString(project->colorHex), QString::fromStdString(project->name),
+    return {true, colorFromHex(QString::fromStdString(project->colorHex)),
+            QString::fromStdString(project->name),
             client ? QString::fromStdString(client->name) : QString()};
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QColor>
 #include <QObject>
 #include <QString>
 #include <QtQmlIntegration>
@@ -20,8 +21,8 @@ class RunningCardModel final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The panel's model has it")
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
-    /// The tint of the card, "#RRGGBB".
-    Q_PROPERTY(QString color READ color NOTIFY changed FINAL)
+    /// The tint of the card.
+    Q_PROPERTY(QColor color READ color NOTIFY changed FINAL)
     Q_PROPERTY(QString projectName READ projectName NOTIFY changed FINAL)
     /// Empty without a client.
     Q_PROPERTY(QString clientName READ clientName NOTIFY changed FINAL)
@@ -37,7 +38,7 @@ class RunningCardModel final : public QObject {
     explicit RunningCardModel(const PanelServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return look_.isShown; }
-    [[nodiscard]] const QString& color() const noexcept { return look_.color; }
+    [[nodiscard]] const QColor& color() const noexcept { return look_.color; }
     [[nodiscard]] const QString& projectName() const noexcept { return look_.projectName; }
     [[nodiscard]] const QString& clientName() const noexcept { return look_.clientName; }
     [[nodiscard]] const QString& elapsed() const noexcept { return elapsed_; }
@@ -68,7 +69,7 @@ class RunningCardModel final : public QObject {
  private:
     struct Look {
         bool isShown = false;
-        QString color;
+        QColor color;
         QString projectName;
         QString clientName;
 

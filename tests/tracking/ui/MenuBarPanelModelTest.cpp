@@ -3,6 +3,7 @@
 
 #include "tracking/ui/MenuBarPanelModel.h"
 
+#include "theme/HexColor.h"
 #include "tracking/ui/PanelTest.h"
 
 namespace elmworth {
@@ -28,7 +29,7 @@ TEST_F(MenuBarPanelTest, theCardShowsTheRunningEntry) {
     EXPECT_TRUE(card.isShown());
     EXPECT_EQ(utf8(card.projectName()), "Website");
     EXPECT_EQ(utf8(card.clientName()), "Acme Co");
-    EXPECT_EQ(utf8(card.color()), "#123456");
+    EXPECT_EQ(utf8(card.color().name()), "#123456");
     EXPECT_EQ(utf8(card.elapsed()), "0:00:00");
     passTo("10:05:09");
     EXPECT_EQ(utf8(card.elapsed()), "1:05:09");
@@ -38,7 +39,18 @@ TEST_F(MenuBarPanelTest, anEntryWithoutProjectHasATintOfItsOwn) {
     service().start(nullptr);
     EXPECT_EQ(utf8(card.projectName()), "No project");
     EXPECT_EQ(utf8(card.clientName()), "");
-    EXPECT_EQ(utf8(card.color()), "#FF5B87");
+    EXPECT_EQ(card.color(), QColor(0xFF, 0x5B, 0x87));
+}
+
+TEST_F(MenuBarPanelTest, aColourIsReadAsEverywhere) {
+    const auto website = project("Website");
+    service().start(website);
+    for (const char* text : {"#4F7CFF", "4F7CFF", "#FFF", "red", ""}) {
+        website->colorHex = text;
+        turn();
+        EXPECT_EQ(card.color(), colorFromHex(QString::fromUtf8(text))) << text;
+        EXPECT_EQ(panel.projects()->allRows().at(0).projectColor, card.color()) << text;
+    }
 }
 
 TEST_F(MenuBarPanelTest, theElapsedTimeReadsZeroWhileTheTimerGivesNone) {

@@ -161,7 +161,7 @@ TEST_F(ProjectSectionTest, aRowSaysWhatItStarts) {
     context().save();
     const auto& row = section.rows().at(0);
     EXPECT_EQ(utf8(row.client), "Acme Co");
-    EXPECT_EQ(utf8(row.projectColor), "#123456");
+    EXPECT_EQ(utf8(row.projectColor.name()), "#123456");
     EXPECT_EQ(row.shortcut, 1);
     EXPECT_FALSE(row.isRunning);
     EXPECT_EQ(utf8(row.image), "play.fill");
