@@ -4,11 +4,14 @@
 #include "app/CommandService.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
 
 #include "app/BusAdaptors.h"
 #include "app/SessionBus.h"
 #include "app/TerminalProgress.h"
 #include "command/CommandLine.h"
+#include "platform/SystemLog.h"
 
 namespace elmworth {
 
@@ -19,11 +22,17 @@ CommandService::CommandService(LibraryServices& services, InvoicePainter& painte
     new ApplicationAdaptor(*this);  // likewise
 }
 
-bool CommandService::publish() {
-    auto sessionBus = QDBusConnection::sessionBus();
-    return sessionBus.isConnected() &&
-           sessionBus.registerObject(QString::fromLatin1(bus::object), this) &&
-           sessionBus.registerService(QString::fromLatin1(bus::service));
+void CommandService::publish(const QDBusConnection& sessionBus) {
+    if (!sessionBus.isConnected()) return;
+    QDBusConnection(sessionBus).registerObject(QString::fromLatin1(bus::object), this);
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        sessionBus.interface()->registerService(QString::fromLatin1(bus::service),
+                                                QDBusConnectionInterface::QueueService);
+    if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered) return;
+    const std::string reason = reply.isValid()
+                                   ? std::string("another program has the name ") + bus::service
+                                   : reply.error().message().toStdString();
+    writeSystemLog("Elmworth: commands do not reach this window: " + reason);
 }
 
 CommandResult CommandService::run(const std::vector<std::string>& arguments,

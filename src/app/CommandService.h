@@ -15,6 +15,8 @@
 #include "command/CommandEnvironment.h"
 #include "command/CommandLine.h"
 
+class QDBusConnection;
+
 namespace elmworth {
 
 /// Who hands a command over: relative paths are meant from `workingFolder`, dates and amounts read
@@ -35,9 +37,12 @@ class CommandService final : public QObject {
  public:
     CommandService(LibraryServices& services, InvoicePainter& painter, Activation& activation);
 
-    /// Takes the service's name on the session bus. False without a bus, or when another process
-    /// has the name.
-    bool publish();
+    /// Answers on the session bus under the service's name from now on. While another process has
+    /// the name, which the system log is told, this one waits for it. Does nothing without a bus.
+    ///
+    /// Only for the process that has the person's library: whoever has the name is given the
+    /// commands for that library.
+    void publish(const QDBusConnection& sessionBus);
 
     /// Carries out the command `arguments` for `caller`.
     [[nodiscard]] CommandResult run(const std::vector<std::string>& arguments,

@@ -29,15 +29,17 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       appearance_(services_.defaults(), colorScheme_),
       mainViewModel_(screenServices(services_, runLoop_)),
       lastSave_(services_.context()) {
+    // What works in memory keeps out of the way of the application that has the person's library.
+    const bool isInMemory = isDemo || isHostedRun();
     if (!isHostedRun()) {
         services_.timer().installSleepObservers(powerEvents_);
         saveBeforeInterruptions();
     }
-    if (!isHostedRun() && !isDemo) {
+    if (!isInMemory) {
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
     }
-    if (!isDemo) commandService_.publish();
+    if (!isInMemory) commandService_.publish(QDBusConnection::sessionBus());
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);

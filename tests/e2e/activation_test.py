@@ -3,6 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Starting the application from elsewhere: by the bus, by its actions, by the panel command."""
 
+import datetime
 import json
 import os
 import pathlib
@@ -69,7 +70,6 @@ class Activation(unittest.TestCase):
         cls.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "ReloadConfig", "()")
         run("client", "add", "Acme Co")
         run("project", "add", "Website", "--client", "Acme Co")
-        run("log", "Website", "--from", "2026-03-02T09:00", "--to", "2026-03-02T10:00", "--notes", "Draft")
 
     def setUp(self):
         self.addCleanup(end_applications)
@@ -78,6 +78,14 @@ class Activation(unittest.TestCase):
     def call(cls, name, path, method, signature, *arguments):
         return cls.bus.call_sync(name, path, name.replace(NAME, "org.freedesktop.Application"), method,
                                  GLib.Variant(signature, arguments), None, 0, 60_000, None)
+
+    def owner(self):
+        """The process that has the name on the bus, or None."""
+        try:
+            return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "GetConnectionUnixProcessID", "(s)",
+                             NAME).unpack()[0]
+        except GLib.Error:
+            return None
 
     def action(self, name):
         self.call(NAME, "/org/elmworth/Elmworth", "ActivateAction", "(sava{sv})", name, [], {})
@@ -92,6 +100,11 @@ class Activation(unittest.TestCase):
         self.assertEqual(len(applications()), 1)
 
     def test_the_bus_starts_the_application_for_an_action_and_no_window_opens(self):
+        # Ends later than what other tests left.
+        now = datetime.datetime.now()
+        end = now + datetime.timedelta(hours=1)
+        run("log", "Website", "--from", now.isoformat(timespec="seconds"), "--to", end.isoformat(timespec="seconds"),
+            "--notes", "Draft")
         self.action("continue")
         self.assertEqual((running()["project"], running()["notes"]), ("Website", "Draft"))
         self.action("stop")
@@ -137,6 +150,30 @@ class Activation(unittest.TestCase):
             self.assertEqual(done.stderr.count("\n"), 1, done.stderr)
             self.assertIn("elmworth --help", done.stderr)
             self.assertEqual(applications(), [])
+
+    def test_what_works_in_memory_leaves_the_name_to_the_application(self):
+        self.assertEqual(run("panel", XCTestConfigurationFilePath="").returncode, 0)
+        self.assertEqual(run("-demo", "panel").returncode, 0)
+        self.assertEqual(len(applications()), 2)
+        self.assertIsNone(self.owner())
+        self.activate()
+        self.assertEqual(len(applications()), 3)
+        self.assertIn(self.owner(), applications())
+        self.assertEqual(run("start", "Website", "--notes", "Kept").returncode, 0)
+        end_applications()
+        self.assertEqual(running()["notes"], "Kept")
+        run("stop")
+
+    def test_the_application_takes_the_name_when_it_becomes_free(self):
+        dbus = ("org.freedesktop.DBus", "/org/freedesktop/DBus")
+        self.call(*dbus, "RequestName", "(su)", NAME, 0)
+        run("panel")
+        self.assertEqual(self.owner(), os.getpid())
+        self.call(*dbus, "ReleaseName", "(s)", NAME)
+        self.assertEqual([self.owner()], applications())
+        self.assertEqual(run("start", "Website").returncode, 0)
+        wait_until(lambda: find("Tracking"), "the timer that the command started, in the panel")
+        self.action("stop")
 
     def test_a_demo_opens_beside_the_application(self):
         self.activate()
