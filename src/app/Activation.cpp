@@ -16,10 +16,15 @@ void Activation::carryOut(const std::string& action) {
     } else if (action == "stop") {
         timer_.stop();
     } else if (action == "continue") {
-        if (const auto last = timer_.lastContinuableEntry()) timer_.continueEntry(last);
+        continueLast();
     } else {
         windows_.showMainWindow();
     }
+}
+
+void Activation::continueLast() {
+    if (timer_.running()) return windows_.showPanel();
+    if (const auto last = timer_.lastContinuableEntry()) timer_.continueEntry(last);
 }
 
 }  // namespace elmworth

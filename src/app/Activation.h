@@ -25,11 +25,14 @@ class Activation {
     void activate() { windows_.showMainWindow(); }
 
     /// "panel" opens the panel, "stop" stops the timer, "continue" starts it again on what ended
-    /// last, if anything did. A name that this version does not know brings the main window to the
-    /// front, so that something is seen to happen.
+    /// last, if anything did, and shows the panel with what runs while something does. A name that
+    /// this version does not know brings the main window to the front, so that something is seen to
+    /// happen.
     void carryOut(const std::string& action);
 
  private:
+    void continueLast();
+
     Windows windows_;
     TimerService& timer_;
 };

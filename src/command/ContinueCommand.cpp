@@ -12,6 +12,13 @@ void addContinueCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "continue", "Starts the timer again on what ended last, with its notes");
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
+        requireReadable(environment);
+        if (const auto& running = environment.timer.running()) {
+            const auto& project = running->project.get();
+            return printTimer(
+                environment, output,
+                "Already tracking " + (project ? fullName(*project) : "No project") + ".");
+        }
         const auto last = environment.timer.lastContinuableEntry();
         if (!last) throw CommandError("There is no entry to continue.");
         const auto entry = environment.timer.continueEntry(last);

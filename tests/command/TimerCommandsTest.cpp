@@ -147,6 +147,18 @@ TEST_F(TimerCommands, ContinueTakesUpWhatEndedLast) {
     EXPECT_EQ(timer_.running()->start.get(), now_);
 }
 
+TEST_F(TimerCommands, ContinueSaysWhatRunsAndLeavesItRunning) {
+    addEntry(design_, "2026-03-30T09:00+02:00", 60, "Logo");
+    timer_.start(design_, "Sketches");
+    const auto running = timer_.running();
+    now_ += 1h;
+    EXPECT_EQ(output({"continue"}), "Already tracking Design — Acme Co.\n");
+    EXPECT_EQ(timer_.running(), running);
+    EXPECT_EQ(json({"continue"})["running"]["notes"], "Sketches");
+    timer_.start(nullptr);
+    EXPECT_EQ(output({"continue"}), "Already tracking No project.\n");
+}
+
 TEST_F(TimerCommands, ContinueWithNothingToContinueIsRefused) {
     expectRefusal({"continue"}, 1, "There is no entry to continue.");
     design_->isArchived = true;
