@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "invoicing/InvoiceEmail.h"
@@ -14,8 +15,7 @@ void addInvoiceEmailCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     addNumber(command, *number);
     syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
-        const auto model = makeInvoiceRenderModel(*found, environment.profiles.profile(),
-                                                  environment.locale, nullptr);
+        const auto model = renderModel(*found, environment, nullptr);
         const std::string text = emailText(model, model.billTo.name);
         if (!output.isJSON()) return output.line(text);
         JSONOutput json;

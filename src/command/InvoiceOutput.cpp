@@ -3,6 +3,8 @@
 
 #include "command/InvoiceOutput.h"
 
+#include <utility>
+
 #include "command/TextTable.h"
 #include "core/Client.h"
 #include "core/HoursFormat.h"
@@ -38,6 +40,10 @@ std::string clientName(const Invoice& invoice) {
     return client ? client->name.get() : std::string();
 }
 
+InvoiceFormats formatsOf(const CommandEnvironment& environment) {
+    return {environment.locale, environment.locale, environment.calendar.zoneID()};
+}
+
 }  // namespace
 
 void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool withLines) {
@@ -52,11 +58,15 @@ void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool
     json.field("totalCents", totals.totalCents);
 }
 
+InvoiceRenderModel renderModel(const Invoice& invoice, const CommandEnvironment& environment,
+                               LogoImage logo) {
+    return makeInvoiceRenderModel(invoice, environment.profiles.profile(), formatsOf(environment),
+                                  std::move(logo));
+}
+
 int pageCount(const Invoice& invoice, CommandEnvironment& environment) {
     const LogoImage logo = environment.painter ? environment.painter->loadLogo() : nullptr;
-    const auto model =
-        makeInvoiceRenderModel(invoice, environment.profiles.profile(), environment.locale, logo);
-    return static_cast<int>(pages(model).size());
+    return static_cast<int>(pages(renderModel(invoice, environment, logo)).size());
 }
 
 void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& environment,
@@ -129,7 +139,7 @@ void printInvoice(const Invoice& invoice, CommandEnvironment& environment, Comma
         return;
     }
     const auto model =
-        makeInvoiceHead(invoice, environment.profiles.profile(), environment.locale, nullptr);
+        makeInvoiceHead(invoice, environment.profiles.profile(), formatsOf(environment), nullptr);
     output.line(model.number + " · " + clientName(invoice) + " · " +
                 statusText(invoice, environment));
     output.line("Issued " + model.issueDate + " · Due " + model.dueDate);

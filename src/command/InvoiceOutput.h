@@ -28,6 +28,10 @@ void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool
 /// The total for people, or the sentence why it can't be told.
 [[nodiscard]] std::string totalText(const Invoice& invoice, const Locale& locale);
 
+/// The invoice as it reads to whoever gave the command.
+[[nodiscard]] InvoiceRenderModel renderModel(const Invoice& invoice,
+                                             const CommandEnvironment& environment, LogoImage logo);
+
 /// Prints the whole invoice in the format that was asked for.
 void printInvoice(const Invoice& invoice, CommandEnvironment& environment, CommandOutput& output);
 

@@ -5,6 +5,7 @@
 
 #include "command/CommandError.h"
 #include "command/InvoiceCommand.h"
+#include "command/InvoiceOutput.h"
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "invoicing/InvoiceFiles.h"
@@ -36,11 +37,9 @@ PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
 void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
                CommandOutput& output) {
     if (!environment.painter) throw CommandError("PDFs can't be drawn here.");
-    const auto& profile = environment.profiles.profile();
-    const auto paper = choosePaper(arguments.paper, profile);
+    const auto paper = choosePaper(arguments.paper, environment.profiles.profile());
     const auto invoice = findInvoice(environment.context, arguments.number);
-    const auto model = makeInvoiceRenderModel(*invoice, profile, environment.locale,
-                                              environment.painter->loadLogo());
+    const auto model = renderModel(*invoice, environment, environment.painter->loadLogo());
     const bool toStandardOutput = arguments.file == "-";
     const auto stored = storedInvoiceFile(invoice->number.get());
     const bool hasFile = !arguments.file.empty() && !toStandardOutput;

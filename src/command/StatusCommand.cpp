@@ -25,8 +25,9 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
     } else {
         output.line("Nothing is running.");
     }
-    output.line("Today " + formatHoursMinutes(timer.todaySeconds()) + " · This week " +
-                formatHoursMinutes(timer.thisWeekSeconds()));
+    output.line("Today " + formatHoursMinutes(trackedSeconds(environment, CalendarUnit::day)) +
+                " · This week " +
+                formatHoursMinutes(trackedSeconds(environment, CalendarUnit::weekOfYear)));
 }
 
 }  // namespace

@@ -11,6 +11,11 @@
 
 namespace elmworth {
 
+double trackedSeconds(const CommandEnvironment& environment, CalendarUnit unit) {
+    const auto span = environment.calendar.interval(unit, environment.now());
+    return span ? environment.timer.trackedSeconds(span->start, span->end) : 0;
+}
+
 std::string timerJSON(CommandEnvironment& environment) {
     const auto& timer = environment.timer;
     JSONOutput json;
@@ -29,8 +34,8 @@ std::string timerJSON(CommandEnvironment& environment) {
         json.field("elapsed", formatHoursMinutesSeconds(seconds));
         json.endObject();
     }
-    json.field("todaySeconds", timer.todaySeconds());
-    json.field("thisWeekSeconds", timer.thisWeekSeconds());
+    json.field("todaySeconds", trackedSeconds(environment, CalendarUnit::day));
+    json.field("thisWeekSeconds", trackedSeconds(environment, CalendarUnit::weekOfYear));
     json.endObject();
     return json.document();
 }

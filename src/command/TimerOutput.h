@@ -11,6 +11,9 @@ namespace elmworth {
 void printTimer(CommandEnvironment& environment, CommandOutput& output,
                 const std::string& sentence);
 
+/// The seconds tracked in the day or week that it is for whoever gave the command.
+[[nodiscard]] double trackedSeconds(const CommandEnvironment& environment, CalendarUnit unit);
+
 /// The status document of the timer.
 [[nodiscard]] std::string timerJSON(CommandEnvironment& environment);
 

@@ -19,15 +19,15 @@ namespace elmworth {
 namespace {
 
 std::vector<InvoiceRenderModel::Row> makeRows(const InvoiceCalculator::Totals& totals,
-                                              const Invoice& invoice, const Locale& locale,
+                                              const Invoice& invoice, const Locale& money,
                                               const DateFormatter& dates) {
     const std::string currency = invoice.effectiveCurrencyCode();
     std::vector<InvoiceRenderModel::Row> rows;
     for (const auto& line : totals.lines) {
         rows.emplace_back(
             InvoiceRenderModel::ProjectRow{line.projectName, formatDecimalHours(line.seconds),
-                                           formatCents(line.rateCents, currency, locale),
-                                           formatCents(line.amountCents, currency, locale)});
+                                           formatCents(line.rateCents, currency, money),
+                                           formatCents(line.amountCents, currency, money)});
         if (!invoice.showsEntryDetails) continue;
         for (const auto& entry : line.entries) {
             rows.emplace_back(InvoiceRenderModel::EntryRow{dates.string(entry.date), entry.notes,
@@ -50,8 +50,8 @@ std::string makePeriod(const Invoice& invoice, const DateFormatter& dates) {
     return dates.string(start) + " – " + dates.string(end - std::chrono::seconds(1));
 }
 
-DateFormatter mediumDates(const Locale& locale) {
-    return {DateFormatter::Style::mediumDate, locale, Calendar::current().zoneID()};
+DateFormatter mediumDates(const InvoiceFormats& formats) {
+    return {DateFormatter::Style::mediumDate, formats.dates, formats.zoneID};
 }
 
 InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
@@ -62,9 +62,9 @@ InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
 }  // namespace
 
 InvoiceRenderModel makeInvoiceHead(const Invoice& invoice, const BusinessProfile& profile,
-                                   const Locale& locale, LogoImage logo) {
+                                   const InvoiceFormats& formats, LogoImage logo) {
     const auto business = invoice.resolvedBusiness(profile);
-    const DateFormatter dates = mediumDates(locale);
+    const DateFormatter dates = mediumDates(formats);
     InvoiceRenderModel model;
     model.number = invoice.number;
     model.issueDate = dates.string(invoice.issueDate);
@@ -79,15 +79,15 @@ InvoiceRenderModel makeInvoiceHead(const Invoice& invoice, const BusinessProfile
 }
 
 InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const BusinessProfile& profile,
-                                          const Locale& locale, LogoImage logo) {
+                                          const InvoiceFormats& formats, LogoImage logo) {
     const auto totals = InvoiceCalculator::totals(invoice);
     const std::string currency = invoice.effectiveCurrencyCode();
-    auto model = makeInvoiceHead(invoice, profile, locale, std::move(logo));
-    model.rows = makeRows(totals, invoice, locale, mediumDates(locale));
-    model.subtotal = formatCents(totals.subtotalCents, currency, locale);
+    auto model = makeInvoiceHead(invoice, profile, formats, std::move(logo));
+    model.rows = makeRows(totals, invoice, formats.money, mediumDates(formats));
+    model.subtotal = formatCents(totals.subtotalCents, currency, formats.money);
     model.taxLabel = makeTaxLabel(invoice, invoice.resolvedBusiness(profile));
-    model.tax = formatCents(totals.taxCents, currency, locale);
-    model.total = formatCents(totals.totalCents, currency, locale);
+    model.tax = formatCents(totals.taxCents, currency, formats.money);
+    model.total = formatCents(totals.totalCents, currency, formats.money);
     return model;
 }
 

@@ -65,16 +65,24 @@ struct InvoiceRenderModel {
     LogoImage logo;  ///< null for none
 };
 
+/// How whoever reads an invoice writes dates and amounts, and where days begin for them.
+struct InvoiceFormats {
+    Locale dates;
+    Locale money;
+    std::string zoneID;  ///< IANA, "Europe/Berlin"
+};
+
 /// The render model of `invoice` but for its rows, sums and tax, which are empty.
 [[nodiscard]] InvoiceRenderModel makeInvoiceHead(const Invoice& invoice,
                                                  const BusinessProfile& profile,
-                                                 const Locale& locale, LogoImage logo);
+                                                 const InvoiceFormats& formats, LogoImage logo);
 
-/// The render model of `invoice` in `locale`. The issuer comes from the invoice's own snapshot, or
+/// The render model of `invoice` in `formats`. The issuer comes from the invoice's own snapshot, or
 /// from `profile` when there is none that can be read; the client, projects and entries from the
-/// live records; dates stand in the calendar days of the current time zone. Throws FiguresError.
+/// live records. Throws FiguresError.
 [[nodiscard]] InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
                                                         const BusinessProfile& profile,
-                                                        const Locale& locale, LogoImage logo);
+                                                        const InvoiceFormats& formats,
+                                                        LogoImage logo);
 
 }  // namespace elmworth

@@ -21,7 +21,9 @@ namespace elmworth::test {
 using Arguments = std::vector<std::string>;
 
 /// Commands on a library in Berlin, at noon on the last of March 2026, without a process. Two
-/// clients have a project called "Website"; "Acme Co" has one called "Design" as well.
+/// clients have a project called "Website"; "Acme Co" has one called "Design" as well. The process
+/// and its timer are in Honolulu, as an application may be that carries out somebody else's
+/// command.
 class CommandTest : public testing::Test {
  protected:
     CommandTest() { library_.context().save(); }
@@ -99,7 +101,7 @@ class CommandTest : public testing::Test {
     Instant now_ = at("2026-03-31T12:00+02:00");
     Calendar berlin_{Locale("en_US"), "Europe/Berlin"};
     TestLibrary library_;
-    ScopedEnvironment zone_{"TZ", "Europe/Berlin"};
+    ScopedEnvironment zone_{"TZ", "Pacific/Honolulu"};
     ScopedEnvironment data_{"XDG_DATA_HOME", library_.folder.path().string()};
     Ref<Client> acme_ = library_.addClient("Acme Co");
     Ref<Client> globex_ = library_.addClient("Globex");
@@ -109,7 +111,7 @@ class CommandTest : public testing::Test {
     UserDefaults defaults_{library_.folder.path() / "Elmworth.ini"};
     ProfileStore profiles_{defaults_};
     TimerService timer_{library_.context(), [this] { return now_; }, library_.runLoop,
-                        [this] { return berlin_; }};
+                        [] { return Calendar::current(); }};
     TextPainter textPainter_;
     InvoicePainter* painter_ = &textPainter_;
 };

@@ -45,6 +45,12 @@ TEST_F(TimerCommands, StatusOfARunningTimer) {
         "1:05:09  Design — Acme Co\nSince 12:00\u202FPM · Logo\nToday 1:05 · This week 2:05\n");
 }
 
+TEST_F(TimerCommands, StatusCountsTheDayOfWhoeverAsks) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);  // yesterday evening in Honolulu
+    EXPECT_EQ(json({"status"})["todaySeconds"].GetInt(), 3600);
+    EXPECT_THAT(output({"status"}), testing::HasSubstr("Today 1:00 · This week 1:00"));
+}
+
 // --- start -------------------------------------------------------------------------------------
 
 TEST_F(TimerCommands, StartFindsTheProjectWithoutRegardToCase) {

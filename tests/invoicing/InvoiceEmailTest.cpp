@@ -21,8 +21,9 @@ InvoiceRenderModel plainModel() {
 
 TEST(InvoiceEmail, SaysNumberTotalDueDateAndHowToPay) {
     const test::BilledMarch march;
-    const auto model =
-        makeInvoiceRenderModel(*march.invoice, march.profile, Locale("en_US"), nullptr);
+    const Locale american("en_US");
+    const auto model = makeInvoiceRenderModel(*march.invoice, march.profile,
+                                              {american, american, "America/New_York"}, nullptr);
     test::expectGolden(emailText(model, "Northwind Traders"), "invoicing/Email.en_US.txt");
 }
 
