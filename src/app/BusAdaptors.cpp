@@ -16,15 +16,15 @@ void takeActivationToken(const QVariantMap& platformData) {
 }  // namespace
 
 QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& workingFolder,
-                                const QString& locale, const QString& zone,
-                                const QDBusUnixFileDescriptor& terminal,
+                                const QString& locale, const QString& moneyLocale,
+                                const QString& zone, const QDBusUnixFileDescriptor& terminal,
                                 const QDBusUnixFileDescriptor& lifeline, QByteArray& errors,
                                 int& exitStatus) {
     std::vector<std::string> words;
     for (const auto& argument : arguments) words.push_back(argument.toStdString());
-    const auto result =
-        service_.run(words, {workingFolder.toStdString(), locale.toStdString(), zone.toStdString(),
-                             terminal.fileDescriptor(), lifeline.fileDescriptor()});
+    const auto result = service_.run(
+        words, {workingFolder.toStdString(), locale.toStdString(), moneyLocale.toStdString(),
+                zone.toStdString(), terminal.fileDescriptor(), lifeline.fileDescriptor()});
     errors = QByteArray::fromStdString(result.errors);
     exitStatus = result.exitStatus;
     return QByteArray::fromStdString(result.output);

@@ -26,7 +26,7 @@ class CommandsAdaptor final : public QDBusAbstractAdaptor {
     /// `terminal` is the caller's standard error; `lifeline` is a pipe that is closed when the
     /// caller ends.
     QByteArray Run(const QStringList& arguments, const QString& workingFolder,
-                   const QString& locale, const QString& zone,
+                   const QString& locale, const QString& moneyLocale, const QString& zone,
                    const QDBusUnixFileDescriptor& terminal, const QDBusUnixFileDescriptor& lifeline,
                    QByteArray& errors, int& exitStatus);
 

@@ -13,6 +13,7 @@
 #include "app/SessionBus.h"
 #include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
+#include "invoicing/MoneyFormat.h"
 #include "platform/Calendar.h"
 #include "platform/Locale.h"
 
@@ -58,6 +59,7 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) 
     const HandOffRequest request{arguments,
                                  workingFolder().string(),
                                  Locale::current().identifier(),
+                                 currentMoneyLocale().identifier(),
                                  Calendar::current().zoneID(),
                                  STDERR_FILENO,
                                  lifeline.watched()};

@@ -43,9 +43,10 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
     const Locale callersLocale(caller.locale);
     TerminalProgress progress(caller.terminal, caller.lifeline);
     CommandEnvironment environment{
-        services_.context(),  services_.timer(), services_.profiles(),
-        services_.clock(),    callersLocale,     Calendar(callersLocale, caller.zone),
-        caller.workingFolder, &painter_,         progress};
+        services_.context(),       services_.timer(), services_.profiles(),
+        services_.clock(),         callersLocale,     Calendar(callersLocale, caller.zone),
+        caller.workingFolder,      &painter_,         progress,
+        Locale(caller.moneyLocale)};
     return runCommand(commandLine, environment);
 }
 

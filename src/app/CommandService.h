@@ -19,11 +19,12 @@ class QDBusConnection;
 
 namespace elmworth {
 
-/// Who hands a command over: relative paths are meant from `workingFolder`, dates and amounts read
-/// as in `locale` and `zone`.
+/// Who hands a command over: relative paths are meant from `workingFolder`, dates read as in
+/// `locale` and `zone`, amounts as in `moneyLocale`.
 struct CommandCaller {
     std::string workingFolder;
     std::string locale;
+    std::string moneyLocale;
     std::string zone;
     int terminal = -1;  ///< where to tell how far long work is; ignored unless it is a terminal
     int lifeline = -1;  ///< a pipe that is closed when the caller ends; long work then stops

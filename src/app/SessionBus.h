@@ -17,12 +17,13 @@ inline constexpr const char* object = "/org/elmworth/Elmworth";
 inline constexpr const char* commandInterface = "org.elmworth.Commands";
 }  // namespace bus
 
-/// A command that is handed over: relative paths are meant from `workingFolder`, dates and amounts
-/// read as in `locale` and `zone`. The descriptors are those of CommandCaller.
+/// A command that is handed over: relative paths are meant from `workingFolder`, dates read as in
+/// `locale` and `zone`, amounts as in `moneyLocale`. The descriptors are those of CommandCaller.
 struct HandOffRequest {
     std::vector<std::string> arguments;
     std::string workingFolder;
     std::string locale;
+    std::string moneyLocale;
     std::string zone;
     int terminal;
     int lifeline;

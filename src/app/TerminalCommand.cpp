@@ -18,6 +18,7 @@
 #include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
 #include "core/Logo.h"
+#include "invoicing/MoneyFormat.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"
 
@@ -44,9 +45,10 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
         TerminalProgress progress(STDERR_FILENO);
-        CommandEnvironment environment{services.context(), services.timer(),  services.profiles(),
-                                       services.clock(),   Locale::current(), Calendar::current(),
-                                       workingFolder(),    painter,           progress};
+        CommandEnvironment environment{services.context(),  services.timer(),  services.profiles(),
+                                       services.clock(),    Locale::current(), Calendar::current(),
+                                       workingFolder(),     painter,           progress,
+                                       currentMoneyLocale()};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());

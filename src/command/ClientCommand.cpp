@@ -108,9 +108,9 @@ void list(CommandEnvironment& environment, CommandOutput& output) {
     for (const auto& [client, projects, unbilled] : clients) {
         const std::string currency = client->currencyCode;
         table.add({client->name, client->email,
-                   formatCents(client->hourlyRateCents, currency, environment.locale) + "/h",
+                   formatCents(client->hourlyRateCents, currency, environment.moneyLocale) + "/h",
                    std::to_string(projects), formatHoursMinutes(unbilled.seconds),
-                   formatCents(unbilled.cents, currency, environment.locale)});
+                   formatCents(unbilled.cents, currency, environment.moneyLocale)});
     }
     output.text += table.text();
 }

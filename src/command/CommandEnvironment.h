@@ -36,11 +36,12 @@ struct CommandEnvironment {
     TimerService& timer;
     ProfileStore& profiles;
     Clock now;
-    Locale locale;
+    Locale locale;  ///< of dates and times
     Calendar calendar;
     std::filesystem::path workingFolder;  ///< relative paths are meant from here
     InvoicePainter* painter = nullptr;    ///< null where nothing can be drawn
     Progress& progress = noProgress();    ///< who waits for long work, and may stop it
+    Locale moneyLocale = locale;          ///< of amounts
 };
 
 }  // namespace elmworth

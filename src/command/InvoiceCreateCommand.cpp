@@ -68,7 +68,7 @@ void preview(const InvoiceArguments& arguments, CommandEnvironment& environment,
     } else if (totals.lines.empty()) {
         output.line("No unbilled, finished entries for this client in this period.");
     } else {
-        output.text += totalsText(totals, request.client->currencyCode, environment.locale);
+        output.text += totalsText(totals, request.client->currencyCode, environment.moneyLocale);
     }
 }
 

@@ -41,7 +41,8 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
         const auto& client = invoice->client.get();
         table.add({invoice->number, client ? client->name.get() : "",
                    dates.string(invoice->issueDate), dates.string(invoice->dueDate),
-                   statusText(*invoice, environment), totalText(*invoice, environment.locale)});
+                   statusText(*invoice, environment),
+                   totalText(*invoice, environment.moneyLocale)});
     }
     output.text += table.text();
 }

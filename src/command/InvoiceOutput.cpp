@@ -41,7 +41,7 @@ std::string clientName(const Invoice& invoice) {
 }
 
 InvoiceFormats formatsOf(const CommandEnvironment& environment) {
-    return {environment.locale, environment.locale, environment.calendar.zoneID()};
+    return {environment.locale, environment.moneyLocale, environment.calendar.zoneID()};
 }
 
 }  // namespace
@@ -146,7 +146,7 @@ void printInvoice(const Invoice& invoice, CommandEnvironment& environment, Comma
     output.line("Period " + model.period + "\n");
     try {
         output.text += totalsText(InvoiceCalculator::totals(invoice),
-                                  invoice.effectiveCurrencyCode(), environment.locale);
+                                  invoice.effectiveCurrencyCode(), environment.moneyLocale);
     } catch (const FiguresError& error) {
         output.line(error.what());
     }

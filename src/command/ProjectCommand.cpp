@@ -122,11 +122,12 @@ void list(bool withArchived, CommandEnvironment& environment, CommandOutput& out
         const auto& project = *summary.project;
         const auto& client = project.client.get();
         const std::string currency = client ? client->currencyCode.get() : "USD";
-        table.add({project.name, client ? client->name.get() : "",
-                   formatCents(project.effectiveRateCents(), currency, environment.locale) + "/h",
-                   formatHoursMinutes(summary.trackedSeconds),
-                   formatHoursMinutes(summary.unbilledSeconds), budgetText(summary),
-                   project.isArchived ? "Archived" : ""});
+        table.add(
+            {project.name, client ? client->name.get() : "",
+             formatCents(project.effectiveRateCents(), currency, environment.moneyLocale) + "/h",
+             formatHoursMinutes(summary.trackedSeconds),
+             formatHoursMinutes(summary.unbilledSeconds), budgetText(summary),
+             project.isArchived ? "Archived" : ""});
     }
     output.text += table.text();
 }

@@ -139,7 +139,7 @@ void printText(const Report& report, CommandEnvironment& environment, CommandOut
         output.text += table.rowsText() + '\n';
     }
     if (report.days.empty()) output.line("No time matches this period and filter.");
-    output.line(statisticsText(report.statistics, environment.locale));
+    output.line(statisticsText(report.statistics, environment.moneyLocale));
 }
 
 }  // namespace

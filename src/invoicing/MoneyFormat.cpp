@@ -11,6 +11,7 @@
 
 #include "platform/Calendar.h"
 #include "platform/CurrencyFormatter.h"
+#include "platform/EnvironmentLocale.h"
 #include "platform/Text.h"
 
 namespace elmworth {
@@ -46,6 +47,10 @@ DateFormatter currentFormatter(DateFormatter::Style style) {
 }
 
 }  // namespace
+
+Locale currentMoneyLocale() {
+    return environmentLocale(LocaleCategory::monetary);
+}
 
 std::string formatCents(std::int64_t cents, std::string_view currencyCode, const Locale& locale) {
     if (auto text = formatCurrency(cents, currencyCode, locale)) return *std::move(text);

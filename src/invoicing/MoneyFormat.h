@@ -19,11 +19,14 @@ namespace elmworth {
 /// Money is a count of cents, 1/100 of the currency's unit, also for a currency that has no such
 /// part. A percentage is a count of basis points, 1/100 of a percent.
 
+/// The locale in which the user reads amounts (LC_MONETARY).
+[[nodiscard]] Locale currentMoneyLocale();
+
 /// `cents` as the locale writes money of `currencyCode` (ISO 4217), with as many decimals as it
 /// gives that currency: "$12.00", "¥12". For a code without a form of its own "{code} {value}",
 /// such as "X 12.5".
 [[nodiscard]] std::string formatCents(std::int64_t cents, std::string_view currencyCode,
-                                      const Locale& locale = Locale::current());
+                                      const Locale& locale = currentMoneyLocale());
 
 /// Reads an amount in units, as people type it in whatever locale: "120", "$ 1,200.50", "12,5".
 /// All but digits, points and commas is ignored, the minus sign too. The last point or comma is the

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <initializer_list>
 
+#include "platform/EnvironmentLocale.h"
+
 namespace elmworth {
 namespace {
 
@@ -51,6 +53,19 @@ std::string canonicalIdentifier(std::string_view identifier) {
     return known ? locale.getName() : "root";
 }
 
+const char* variableOf(LocaleCategory category) {
+    switch (category) {
+        case LocaleCategory::monetary:
+            return "LC_MONETARY";
+        case LocaleCategory::numeric:
+            return "LC_NUMERIC";
+        case LocaleCategory::collate:
+            return "LC_COLLATE";
+        default:
+            return "LC_TIME";
+    }
+}
+
 std::string_view firstSet(std::initializer_list<const char*> variables) {
     for (const char* variable : variables) {
         const char* value = std::getenv(variable);
@@ -64,11 +79,15 @@ std::string_view firstSet(std::initializer_list<const char*> variables) {
 Locale::Locale(std::string_view identifier) : identifier_(canonicalIdentifier(identifier)) {}
 
 Locale Locale::current() {
-    return Locale(firstSet({"LC_ALL", "LC_TIME", "LANG"}));
+    return environmentLocale(LocaleCategory::time);
 }
 
 Locale Locale::currentForCollation() {
-    return Locale(firstSet({"LC_ALL", "LC_COLLATE", "LANG"}));
+    return environmentLocale(LocaleCategory::collate);
+}
+
+Locale environmentLocale(LocaleCategory category) {
+    return Locale(firstSet({"LC_ALL", variableOf(category), "LANG"}));
 }
 
 }  // namespace elmworth

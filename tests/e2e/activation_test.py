@@ -175,6 +175,20 @@ class Activation(unittest.TestCase):
         wait_until(lambda: find("Tracking"), "the timer that the command started, in the panel")
         self.action("stop")
 
+    def test_a_command_reads_as_its_caller_writes_whoever_carries_it_out(self):
+        theirs = {"LC_ALL": None, "LANG": "en_US.UTF-8", "LC_MONETARY": "de_DE.UTF-8", "LC_TIME": "fr_FR.UTF-8",
+                  "TZ": "Pacific/Kiritimati"}  # where it is tomorrow already
+        run("log", "Website", "--from", "2026-04-30T20:00", "--to", "2026-04-30T21:00")
+        number = run("invoice", "create", "--client", "Acme Co", "--from", "2026-04-01", "--through", "2026-04-30")
+        number = number.stdout.strip()
+        commands = (("client", "list"), ("invoice", "list"), ("invoice", "show", number),
+                    ("invoice", "email", number), ("report", "--period", "This Year"), ("status",))
+        alone = [run(*command, **theirs).stdout for command in commands]
+        self.assertIn("100,00\u00a0$", alone[0])
+        self.assertIn("avr. 2026", alone[2])
+        self.activate()
+        self.assertEqual([run(*command, **theirs).stdout for command in commands], alone)
+
     def test_a_demo_opens_beside_the_application(self):
         self.activate()
         self.assertEqual(run("-demo", "panel").returncode, 0)

@@ -250,6 +250,13 @@ TEST(MoneyFormat, EachPercentageParsesBack) {
         ASSERT_EQ(parseBasisPoints(formatBasisPoints(basisPoints)), basisPoints);
 }
 
+TEST(MoneyFormat, AmountsReadAsTheUserWritesMoneyWhateverTheDatesAre) {
+    const test::ScopedEnvironment all("LC_ALL", std::nullopt);
+    const test::ScopedEnvironment money("LC_MONETARY", "de_DE.UTF-8");
+    const test::ScopedEnvironment dates("LC_TIME", "en_GB.UTF-8");
+    EXPECT_EQ(formatCents(123456, "EUR"), "1.234,56\u00a0€");
+}
+
 TEST(MoneyFormat, TheSharedDateFormattersAreMadeOnceInTheCurrentLocaleAndZone) {
     const test::ScopedEnvironment zone("TZ", "Asia/Kathmandu");
     const test::ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");

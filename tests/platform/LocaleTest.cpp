@@ -7,6 +7,7 @@
 
 #include <vector>
 
+#include "platform/EnvironmentLocale.h"
 #include "support/Rows.h"
 #include "support/ScopedEnvironment.h"
 
@@ -80,6 +81,44 @@ TEST(Locale, CurrentFallsBackToTheLanguageAndThenToAmericanEnglish) {
     const ScopedEnvironment language("LANG", std::nullopt);
     EXPECT_EQ(Locale::current().identifier(), "en_US");
 }
+
+struct CategoryRow {
+    const char* name;
+    LocaleCategory category;
+    const char* variable;
+};
+
+void PrintTo(const CategoryRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class EnvironmentLocale : public testing::TestWithParam<CategoryRow> {};
+
+TEST_P(EnvironmentLocale, IsTheCategorysOwnUnderTheOneForAllAndOverTheLanguage) {
+    const ScopedEnvironment language("LANG", "fr_FR.UTF-8");
+    const ScopedEnvironment money("LC_MONETARY", "it_IT");
+    const ScopedEnvironment numbers("LC_NUMERIC", "it_IT");
+    const ScopedEnvironment time("LC_TIME", "it_IT");
+    const ScopedEnvironment collation("LC_COLLATE", "it_IT");
+    const ScopedEnvironment own(GetParam().variable, "de_CH.UTF-8");
+    const auto identifier = [] { return environmentLocale(GetParam().category).identifier(); };
+    {
+        const ScopedEnvironment all("LC_ALL", "en_GB.UTF-8");
+        EXPECT_EQ(identifier(), "en_GB");
+    }
+    const ScopedEnvironment all("LC_ALL", "");
+    EXPECT_EQ(identifier(), "de_CH");
+    const ScopedEnvironment unset(GetParam().variable, std::nullopt);
+    EXPECT_EQ(identifier(), "fr_FR");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Row, EnvironmentLocale,
+    testing::Values(CategoryRow{"Dates", LocaleCategory::time, "LC_TIME"},
+                    CategoryRow{"Money", LocaleCategory::monetary, "LC_MONETARY"},
+                    CategoryRow{"Numbers", LocaleCategory::numeric, "LC_NUMERIC"},
+                    CategoryRow{"Names", LocaleCategory::collate, "LC_COLLATE"}),
+    rowName);
 
 }  // namespace
 }  // namespace elmworth

@@ -3,8 +3,10 @@
 
 #include "screens/timesheet/DailyChartModel.h"
 
+#include <QLocale>
 #include <algorithm>
 
+#include "platform/EnvironmentLocale.h"
 #include "theme/HexColor.h"
 
 namespace elmworth {
@@ -35,8 +37,10 @@ QString shown(const std::string& label) {
 }
 
 QString hoursText(double hours) {
-    if (hours > 0 && hours < 0.05) return QStringLiteral("under 0.1 hours");
-    return QString::number(hours, 'f', 1) + QStringLiteral(" hours");
+    const bool isTiny = hours > 0 && hours < 0.05;
+    const QLocale locale(text(environmentLocale(LocaleCategory::numeric).identifier()));
+    return (isTiny ? QStringLiteral("under %1 hours") : QStringLiteral("%1 hours"))
+        .arg(locale.toString(isTiny ? 0.1 : hours, 'f', 1));
 }
 
 }  // namespace

@@ -96,6 +96,16 @@ TEST_F(DailyChart, SpeaksTheLocaleOfTheMomentInTheCalendarsZone) {
     EXPECT_EQ(nameOf(0), "Sonntag: no time");
 }
 
+TEST_F(DailyChart, WritesNumbersAsTheUserDoesWhateverTheDatesAre) {
+    const test::ScopedEnvironment all("LC_ALL", std::nullopt);
+    const test::ScopedEnvironment numbers("LC_NUMERIC", "de_DE.UTF-8");
+    const test::ScopedEnvironment dates("LC_TIME", "en_US.UTF-8");
+    show({listed(web, "2026-03-02T08:00Z", "2026-03-02T11:00Z"),
+          listed(app, "2026-03-02T11:00Z", "2026-03-02T11:01Z")},
+         7);
+    EXPECT_EQ(nameOf(0), "Monday: App under 0,1 hours, Website 3,0 hours");
+}
+
 TEST_F(DailyChart, ADayOfAClockChangeHasOneColumn) {
     const Calendar berlin(Locale("en_US"), "Europe/Berlin");
     model.show(std::vector{listed(web, "2026-10-24T22:00Z", "2026-10-25T23:00Z")},
