@@ -20,6 +20,7 @@
 #include "app/ElmworthApp.h"
 #include "app/GalleryApp.h"
 #include "app/OpenPanel.h"
+#include "app/Renderer.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 #include "platform/LibraryLock.h"
@@ -66,6 +67,7 @@ int showGallery(int argc, char** argv, const std::vector<std::string>& arguments
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     const auto application = openDisplay(argc, argv);
     describeApplication();
+    chooseRenderer();
     return runGallery(arguments);
 }
 
@@ -97,6 +99,7 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
             return 1;
         }
     }
+    chooseRenderer();
     ElmworthApp app(isDemo, opening);
     if (isGiven(arguments, detachedSwitch)) tellStarterReady();
     return QGuiApplication::exec();

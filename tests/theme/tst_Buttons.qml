@@ -50,6 +50,11 @@ Item {
             verify(shows());
         }
 
+        function test_a_row_has_two_lines_however_many_its_texts_have() {
+            const row = createTemporaryObject(listRow, stage, { width: 200, title: "One\nTwo", subtitle: "1\n2\n3\n4" });
+            verify(row.contentItem.implicitHeight <= row.height);
+        }
+
         function test_has_a_role_and_a_name_data() { return buttons(); }
         function test_has_a_role_and_a_name(row) {
             const button = createTemporaryObject(row.component, stage);

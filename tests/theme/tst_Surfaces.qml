@@ -110,6 +110,13 @@ Item {
             verify(!item.dimmed);
         }
 
+        function test_a_dot_beats_without_a_fade() {
+            const item = createTemporaryObject(dot, stage, { dimmed: true });
+            compare(item.opacity, 0.45);
+            item.dimmed = false;
+            compare(item.opacity, 1);
+        }
+
         function test_the_mark_has_its_size_on_every_screen() {
             const item = createTemporaryObject(mark, stage);
             compare([item.implicitWidth, item.implicitHeight], [24, 24]);
