@@ -16,12 +16,16 @@ namespace elmworth {
 
 /// The user's settings: named values in one INI file, each read live.
 ///
-/// A value is kept in memory as soon as it is set; the file is replaced atomically at each change.
-/// A file that cannot be written keeps its old content and the change lives until the process ends;
-/// `lastWriteFailed` tells. Keys are lowerCamelCase names.
+/// A change is written at once, over what the file holds by then, and replaces it atomically; all
+/// that somebody else has written stays. Where it cannot be written, the file keeps its old
+/// content, the change lives in memory and goes into the file with a later one; `lastWriteFailed`
+/// tells. A file that is unreadable or damaged is kept beside the new one under a dated name
+/// ("Elmworth.ini.damaged-2026-03-01T09-30-00"), and a line in the system log says so. Keys are
+/// lowerCamelCase names.
 class UserDefaults {
  public:
-    /// The settings in `file`. A file that is missing or unreadable holds no values.
+    /// The settings in `file`. A file that is missing or unreadable holds no values, a damaged one
+    /// those that can be read.
     explicit UserDefaults(std::filesystem::path file);
     UserDefaults(const UserDefaults&) = delete;
     UserDefaults& operator=(const UserDefaults&) = delete;
@@ -32,6 +36,10 @@ class UserDefaults {
 
     /// The file of a suite, a set of settings of its own: "{name}.ini" in `settingsFolder()`.
     [[nodiscard]] static std::filesystem::path suiteFile(std::string_view name);
+
+    [[nodiscard]] const std::filesystem::path& file() const noexcept;
+
+    [[nodiscard]] bool contains(std::string_view key) const;
 
     /// Absent when the key is missing or its value does not read as that type.
     [[nodiscard]] std::optional<std::string> string(std::string_view key) const;
@@ -44,15 +52,25 @@ class UserDefaults {
     void setString(std::string_view key, std::string_view value);
     void setInteger(std::string_view key, std::int64_t value);
     void setBoolean(std::string_view key, bool value);
-    void setData(std::string_view key, std::string_view bytes);
+    /// `obsoleteKey` is removed in the same write, unless it is empty.
+    void setData(std::string_view key, std::string_view bytes, std::string_view obsoleteKey = {});
     void remove(std::string_view key);
 
     /// Removes all keys and the file.
     void removeAll();
 
+    /// Takes over what somebody else has written to the file. One that is missing, empty,
+    /// unreadable or damaged leaves all values as they are.
+    void reload();
+
+    /// Lets the next write keep what the file holds under a dated name, for a value in it that
+    /// cannot be read.
+    void keepFile();
+
     [[nodiscard]] bool lastWriteFailed() const noexcept;
 
-    /// Calls `changed` with the key after each change until the returned handle dies.
+    /// Calls `changed` with the key after each change, whoever made it, until the returned handle
+    /// dies.
     using Observation = std::shared_ptr<void>;
     [[nodiscard]] Observation observe(std::function<void(std::string_view key)> changed);
 

@@ -3,78 +3,152 @@
 
 #include "platform/UserDefaults.h"
 
-#include <QSettings>
 #include <QVariantMap>
 #include <algorithm>
+#include <cerrno>
+#include <set>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "platform/AtomicFile.h"
+#include "platform/ISO8601.h"
 #include "platform/StandardFolders.h"
+#include "platform/SystemLog.h"
+#include "platform/linux/SettingsText.h"
 
 namespace elmworth {
 namespace {
 
+namespace fs = std::filesystem;
 using Observer = std::function<void(std::string_view key)>;
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QString toQString(const std::filesystem::path& path) {
-    return QString::fromStdString(path.string());
-}
+/// What stands on the disk under the name of a settings file.
+struct Content {
+    enum class State { missing, sound, damaged, unreadable };
+    State state = State::missing;
+    QVariantMap values{};  ///< of a damaged file, those that can be read
 
-QVariantMap readSettings(const std::filesystem::path& file) {
-    const QSettings settings(toQString(file), QSettings::IniFormat);
-    QVariantMap values;
-    for (const QString& key : settings.allKeys()) values.insert(key, settings.value(key));
-    return values;
-}
-
-/// The text of a settings file that holds `values`. QSettings can only write to a file, and on a
-/// full disk it takes a truncated one for good; whoever stores the text has to read it back.
-std::string settingsText(const QVariantMap& values, const std::filesystem::path& target) {
-    const AtomicFile scratch(target);
-    {
-        QSettings settings(toQString(scratch.temporaryPath()), QSettings::IniFormat);
-        for (auto value = values.cbegin(); value != values.cend(); ++value)
-            settings.setValue(value.key(), value.value());
+    [[nodiscard]] bool isAtRisk() const {
+        return state == State::damaged || state == State::unreadable;
     }
-    return readFile(scratch.temporaryPath());
+};
+
+Content readContent(const fs::path& file) {
+    try {
+        const std::string text = readFile(file);
+        // Who does not replace a file but writes it anew leaves it empty for a moment.
+        if (text.empty()) return {};
+        auto [values, isSound] = parseSettings(text);
+        return {isSound ? Content::State::sound : Content::State::damaged, std::move(values)};
+    } catch (const std::system_error& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        return {isMissing ? Content::State::missing : Content::State::unreadable};
+    }
 }
 
-/// Replaces `target`; throws when that cannot be done whole.
-void writeSettings(const QVariantMap& values, const std::filesystem::path& target) {
-    createPrivateFolder(target.parent_path());
-    const std::string text = settingsText(values, target);
-    AtomicFile file(target);
-    file.write(text);
-    if (readSettings(file.temporaryPath()) != values)
-        throw std::system_error(std::make_error_code(std::errc::io_error));
-    file.commit();
+/// "2026-03-01T09-30-00": file systems elsewhere allow no colons.
+std::string dateForFileName() {
+    std::string date = formatISO8601(currentInstant()).substr(0, 19);
+    std::replace(date.begin(), date.end(), ':', '-');
+    return date;
+}
+
+/// Gives `file` a second name, or a new one where files cannot have two. False when that name is
+/// taken. Throws std::system_error.
+bool keepAs(const fs::path& file, const fs::path& name) {
+    std::error_code error;
+    fs::create_hard_link(file, name, error);
+    if (!error) return true;
+    if (fs::exists(fs::symlink_status(name))) return false;
+    fs::rename(file, name);
+    return true;
+}
+
+/// Keeps what stands under the name of `settings` under a dated name, whatever is written next.
+void keepAside(const fs::path& settings) {
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(settings, error))) return;
+    const fs::path file = fs::canonical(settings);  // where a link leads to
+    const std::string stem = file.string() + ".damaged-" + dateForFileName();
+    std::string name = stem;
+    for (int i = 2; !keepAs(file, name); ++i) name = stem + '-' + std::to_string(i);
+    writeSystemLog("Elmworth: the settings file can't be read; it is kept as " + name);
 }
 
 }  // namespace
 
 struct UserDefaults::Impl {
-    std::filesystem::path file;
+    fs::path file;
     QVariantMap values;
+    std::set<QString> unwritten;  ///< keys whose value, or absence, the file does not hold
+    bool isToBeKept = false;      ///< what the file holds now
     bool lastWriteFailed = false;
     std::vector<std::weak_ptr<Observer>> observers;
 
-    void set(std::string_view key, const QVariant& value) {
-        const QString name = toQString(key);
-        if (values.contains(name) && values.value(name) == value) return;
-        values.insert(name, value);
-        write();
-        tell(key);
+    /// A new value, or none.
+    struct Change {
+        QString key;
+        QVariant value;
+    };
+
+    [[nodiscard]] bool holds(const Change& change) const {
+        const auto found = values.find(change.key);
+        return found == values.end() ? !change.value.isValid() : *found == change.value;
     }
 
-    void write() {
+    /// Makes all of `changes` over what the file holds now, in one write.
+    void make(const std::vector<Change>& changes) {
+        const Content content = readContent(file);
+        std::set<QString> changedKeys = takeOver(content);
+        bool isNew = false;
+        for (const Change& change : changes) {
+            if (holds(change)) continue;
+            isNew = true;
+            set(change);
+            unwritten.insert(change.key);
+            changedKeys.insert(change.key);
+        }
+        if (isNew) write(content);
+        for (const QString& key : changedKeys) tell(key.toStdString());
+    }
+
+    void set(const Change& change) {
+        if (change.value.isValid()) {
+            values.insert(change.key, change.value);
+        } else {
+            values.remove(change.key);
+        }
+    }
+
+    /// Takes over what a sound file holds, but for what could not be written to it, and gives the
+    /// keys that changed. Another file leaves all as it is.
+    std::set<QString> takeOver(const Content& content) {
+        std::set<QString> changedKeys;
+        if (content.state != Content::State::sound) return changedKeys;
+        auto keys = values.keys() + content.values.keys();
+        for (const QString& key : keys) {
+            const Change change{key, content.values.value(key)};
+            if (unwritten.contains(key) || holds(change)) continue;
+            set(change);
+            changedKeys.insert(key);
+        }
+        return changedKeys;
+    }
+
+    void write(const Content& content) {
         try {
-            writeSettings(values, file);
+            createPrivateFolder(file.parent_path());
+            AtomicFile target(file);
+            target.write(formatSettings(values, file));
+            if (content.isAtRisk() || isToBeKept) keepAside(file);
+            target.commit();
+            isToBeKept = false;
+            unwritten.clear();
             lastWriteFailed = false;
         } catch (const std::system_error&) {
             lastWriteFailed = true;
@@ -100,18 +174,18 @@ struct UserDefaults::Impl {
     }
 };
 
-UserDefaults::UserDefaults(std::filesystem::path file) : impl_(std::make_unique<Impl>()) {
+UserDefaults::UserDefaults(fs::path file) : impl_(std::make_unique<Impl>()) {
     impl_->file = std::move(file);
-    impl_->values = readSettings(impl_->file);
+    impl_->values = readContent(impl_->file).values;
 }
 
 UserDefaults::~UserDefaults() = default;
 
-std::filesystem::path UserDefaults::standardFile() {
+fs::path UserDefaults::standardFile() {
     return settingsFolder() / "Elmworth.ini";
 }
 
-std::filesystem::path UserDefaults::suiteFile(std::string_view name) {
+fs::path UserDefaults::suiteFile(std::string_view name) {
     return settingsFolder() / (std::string(name) + ".ini");
 }
 
@@ -139,34 +213,55 @@ std::optional<std::string> UserDefaults::data(std::string_view key) const {
     return value.toByteArray().toStdString();
 }
 
+bool UserDefaults::contains(std::string_view key) const {
+    return impl_->values.contains(toQString(key));
+}
+
 void UserDefaults::setString(std::string_view key, std::string_view value) {
-    impl_->set(key, toQString(value));
+    impl_->make({{toQString(key), toQString(value)}});
 }
 
 void UserDefaults::setInteger(std::string_view key, std::int64_t value) {
-    impl_->set(key, QString::number(value));
+    impl_->make({{toQString(key), QString::number(value)}});
 }
 
 void UserDefaults::setBoolean(std::string_view key, bool value) {
-    impl_->set(key, value ? QStringLiteral("true") : QStringLiteral("false"));
+    const auto text = value ? QStringLiteral("true") : QStringLiteral("false");
+    impl_->make({{toQString(key), text}});
 }
 
-void UserDefaults::setData(std::string_view key, std::string_view bytes) {
-    impl_->set(key, QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
+void UserDefaults::setData(std::string_view key, std::string_view bytes,
+                           std::string_view obsoleteKey) {
+    std::vector<Impl::Change> changes{
+        {toQString(key), QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))}};
+    if (!obsoleteKey.empty()) changes.push_back({toQString(obsoleteKey), {}});
+    impl_->make(changes);
 }
 
 void UserDefaults::remove(std::string_view key) {
-    if (impl_->values.remove(toQString(key)) == 0) return;
-    impl_->write();
-    impl_->tell(key);
+    impl_->make({{toQString(key), {}}});
 }
 
 void UserDefaults::removeAll() {
     const QVariantMap removed = std::exchange(impl_->values, {});
+    impl_->unwritten.clear();
     std::error_code error;
-    std::filesystem::remove(impl_->file, error);
+    fs::remove(impl_->file, error);
     impl_->lastWriteFailed = static_cast<bool>(error);
     for (const QString& key : removed.keys()) impl_->tell(key.toStdString());
+}
+
+void UserDefaults::reload() {
+    for (const QString& key : impl_->takeOver(readContent(impl_->file)))
+        impl_->tell(key.toStdString());
+}
+
+void UserDefaults::keepFile() {
+    impl_->isToBeKept = true;
+}
+
+const fs::path& UserDefaults::file() const noexcept {
+    return impl_->file;
 }
 
 bool UserDefaults::lastWriteFailed() const noexcept {
