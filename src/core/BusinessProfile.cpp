@@ -8,6 +8,7 @@
 #include <rapidjson/writer.h>
 
 #include <cinttypes>
+#include <cmath>
 #include <cstdio>
 
 #include "platform/Text.h"
@@ -58,9 +59,11 @@ bool read(const Json& json, std::string& text) {
 }
 
 bool read(const Json& json, std::int64_t& number) {
-    if (!json.IsInt64()) return false;
-    number = json.GetInt64();
-    return true;
+    const auto whole = json.IsInt64()    ? std::optional(json.GetInt64())
+                       : json.IsDouble() ? wholeNumber(json.GetDouble())
+                                         : std::nullopt;
+    number = whole.value_or(number);
+    return whole.has_value();
 }
 
 bool read(const Json& json, bool& flag) {
@@ -143,6 +146,12 @@ std::optional<BusinessProfile> decodeProfile(std::string_view json) {
         if (value != nullptr && !value->IsNull()) isValid = read(*value, field) && isValid;
     });
     return isValid ? std::optional(profile) : std::nullopt;
+}
+
+std::optional<std::int64_t> wholeNumber(double number) noexcept {
+    constexpr double largest = 9'007'199'254'740'992;  // 2^53
+    if (!(std::abs(number) <= largest) || number != std::trunc(number)) return std::nullopt;
+    return static_cast<std::int64_t>(number);
 }
 
 }  // namespace elmworth

@@ -50,8 +50,12 @@ struct BusinessProfile {
 [[nodiscard]] std::string encodeProfile(const BusinessProfile& profile);
 
 /// Reads a profile from JSON. A key that is missing or null takes its default. Absent when the text
-/// is no JSON object, a value has the wrong type (integers must fit 64 bits), or the paper size is
-/// unknown.
+/// is no JSON object, a value has the wrong type (integers must fit 64 bits; see also
+/// `wholeNumber`), or the paper size is unknown.
 [[nodiscard]] std::optional<BusinessProfile> decodeProfile(std::string_view json);
+
+/// The integer that a JSON number with a fraction or an exponent stands for: 6 for 6.0. Absent when
+/// it is not whole, or beyond ±2^53, where not every integer can be told from its neighbours.
+[[nodiscard]] std::optional<std::int64_t> wholeNumber(double number) noexcept;
 
 }  // namespace elmworth

@@ -9,6 +9,8 @@
 #include <limits>
 #include <optional>
 
+#include "core/BusinessProfile.h"
+
 namespace elmworth {
 
 namespace {
@@ -66,12 +68,17 @@ class ShapeHandler {
     bool Int64(std::int64_t value) { return scalar({JSONScalar::Kind::integer, false, value}); }
     bool Uint64(std::uint64_t value) {
         constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-        if (value > static_cast<std::uint64_t>(largest)) return Double(0);
+        if (value > static_cast<std::uint64_t>(largest)) {
+            return scalar({JSONScalar::Kind::otherNumber});
+        }
         return Int64(static_cast<std::int64_t>(value));
     }
-    bool Double(double /*value*/) { return scalar({JSONScalar::Kind::otherNumber}); }
+    bool Double(double value) {
+        const auto whole = wholeNumber(value);
+        return whole ? Int64(*whole) : scalar({JSONScalar::Kind::otherNumber});
+    }
     bool RawNumber(const char* /*text*/, rapidjson::SizeType /*length*/, bool /*copy*/) {
-        return Double(0);
+        return scalar({JSONScalar::Kind::otherNumber});
     }
     bool String(const char* text, rapidjson::SizeType length, bool /*copy*/) {
         return scalar({JSONScalar::Kind::text, false, 0, {text, length}});

@@ -196,6 +196,14 @@ TEST(Backup, anyPrefixOfADocumentIsRefused) {
     }
 }
 
+TEST(BackupDecoder, aWholeNumberMayHaveAFractionOfZeros) {
+    auto backup = decodeBackup(
+        R"({"version":1.0,"exportedAt":"2026-03-10T12:00:00Z","clients":[],"invoices":[],)"
+        R"("profile":{"roundingMinutes":6.0}})");
+    EXPECT_EQ(backup.version, 1);
+    EXPECT_EQ(backup.profile.roundingMinutes, 6);
+}
+
 struct BadDocument {
     const char* name;
     const char* from;

@@ -5,6 +5,7 @@
 
 #include <rapidjson/document.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,8 +35,13 @@ struct NaiveBackup {
         if (validUTF8(target) != target) throw Refused{};  // a lone surrogate
     }
     static void take(const Json& value, std::int64_t& target) {
-        if (!value.IsInt64()) throw Refused{};
-        target = value.GetInt64();
+        if (value.IsInt64()) {
+            target = value.GetInt64();
+            return;
+        }
+        if (!value.IsDouble()) throw Refused{};
+        target = static_cast<std::int64_t>(std::clamp(value.GetDouble(), -0x1p53, 0x1p53));
+        if (static_cast<double>(target) != value.GetDouble()) throw Refused{};
     }
     static void take(const Json& value, bool& target) {
         if (!value.IsBool()) throw Refused{};
