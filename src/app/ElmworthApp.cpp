@@ -22,6 +22,7 @@ namespace elmworth {
 
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
+      settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
       activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer()),
       commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),

@@ -16,6 +16,7 @@
 #include "app/MenuBarExtra.h"
 #include "app/QtInvoicePainter.h"
 #include "exchange/AutoBackup.h"
+#include "platform/linux/FileWatch.h"
 #include "platform/linux/LogindPowerEvents.h"
 #include "platform/linux/PortalColorScheme.h"
 #include "platform/linux/QtRunLoop.h"
@@ -51,6 +52,7 @@ class ElmworthApp {
 
     QtRunLoop runLoop_;
     LibraryServices services_;
+    FileWatch settingsWatch_;
     LogindPowerEvents powerEvents_;
     std::vector<PowerEvents::Observation> saves_;
     std::optional<AutoBackup> autoBackup_;  ///< none for a demo or a hosted run

@@ -12,13 +12,16 @@
 
 namespace elmworth {
 
-/// Holds the `BusinessProfile` and keeps it in the user defaults under "businessProfile". One
-/// instance per run.
+/// Holds the `BusinessProfile` and keeps it in the user defaults under "businessProfile", and takes
+/// it over when it changes there. One instance per run.
 class ProfileStore {
  public:
-    /// Loads the profile. A missing or unreadable value gives the default profile; an unreadable
-    /// one stays in the defaults until the next change.
+    /// Loads the profile. A missing or unreadable value gives the default profile. An unreadable
+    /// one stays in the defaults until the next change, which keeps their file as it was under
+    /// another name. One that becomes unreadable later leaves the profile as it is.
     explicit ProfileStore(UserDefaults& defaults);
+    ProfileStore(const ProfileStore&) = delete;
+    ProfileStore& operator=(const ProfileStore&) = delete;
 
     [[nodiscard]] const BusinessProfile& profile() const noexcept { return profile_; }
 
@@ -26,15 +29,19 @@ class ProfileStore {
     void setProfile(const BusinessProfile& profile);
 
     using Observation = std::shared_ptr<void>;
-    /// Calls `changed` after each `setProfile` until the handle dies.
+    /// Calls `changed` after each `setProfile`, and each change by others, until the handle dies.
     [[nodiscard]] Observation observe(std::function<void()> changed);
 
     [[nodiscard]] UserDefaults& defaults() noexcept { return defaults_; }
 
  private:
+    void takeOver();
+    void tell();
+
     UserDefaults& defaults_;
     BusinessProfile profile_;
     std::vector<std::weak_ptr<std::function<void()>>> observers_;
+    UserDefaults::Observation observation_;
 };
 
 }  // namespace elmworth

@@ -6,12 +6,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/AtomicFile.h"
 #include "support/TemporaryFolder.h"
 
 namespace elmworth {
 namespace {
 
 using testing::ElementsAre;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 class ProfileStoreTest : public testing::Test {
  protected:
@@ -45,6 +48,56 @@ TEST_F(ProfileStoreTest, AnUnreadableProfileStaysUntilTheNextChange) {
     store.setProfile(BusinessProfile());
     EXPECT_EQ(stored(), R"({"name":7})");
     store.setProfile(BusinessProfile{.name = "X"});
+    EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "X"}));
+}
+
+TEST_F(ProfileStoreTest, AnUnreadableProfileIsKeptInAFileOfItsOwnWhenAnotherIsStored) {
+    defaults_.setData("businessProfile", R"({"name":7})");
+    const std::string before = readFile(file_);
+    ProfileStore store(defaults_);
+    store.setProfile(BusinessProfile{.name = "X"});
+    store.setProfile(BusinessProfile{.name = "Y"});
+    ASSERT_THAT(folder_.names(),
+                UnorderedElementsAre("Elmworth.ini", StartsWith("Elmworth.ini.damaged-")));
+    for (const auto& name : folder_.names()) {
+        if (name == "Elmworth.ini") continue;
+        EXPECT_EQ(readFile(folder_.path() / name), before);
+    }
+}
+
+TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTakenOverAndTold) {
+    ProfileStore store(defaults_);
+    store.setProfile(BusinessProfile{.name = "X"});
+    std::vector<std::string> seen;
+    const auto observation = store.observe([&] { seen.push_back(store.profile().name); });
+    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
+    defaults_.reload();
+    UserDefaults(file_).setString("appearance", "dark");
+    defaults_.reload();
+    EXPECT_THAT(seen, ElementsAre("Y"));
+    UserDefaults(file_).remove("businessProfile");
+    defaults_.reload();
+    EXPECT_EQ(store.profile(), BusinessProfile());
+}
+
+TEST_F(ProfileStoreTest, AProfileThatBecomesUnreadableInTheFileLeavesTheOneThatIsThere) {
+    ProfileStore store(defaults_);
+    store.setProfile(BusinessProfile{.name = "X"});
+    UserDefaults(file_).setString("businessProfile", "@ByteArray({\"name\":");
+    defaults_.reload();
+    EXPECT_EQ(store.profile().name, "X");
+    store.setProfile(BusinessProfile{.name = "Y"});
+    EXPECT_EQ(folder_.names().size(), 2U);
+    EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "Y"}));
+}
+
+TEST_F(ProfileStoreTest, AProfileThatIsSetWinsOverOneThatIsInTheFileByThen) {
+    ProfileStore store(defaults_);
+    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
+    std::vector<std::string> seen;
+    const auto observation = store.observe([&] { seen.push_back(store.profile().name); });
+    store.setProfile(BusinessProfile{.name = "X"});
+    EXPECT_THAT(seen, ElementsAre("X"));
     EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "X"}));
 }
 

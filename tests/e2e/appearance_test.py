@@ -66,6 +66,21 @@ class Appearance(dbusmock.DBusTestCase):
         self.start("dark")
         wait_until(lambda: ground() == "dark", "a dark window")
 
+    def test_a_setting_changed_in_an_editor_shows_at_once_and_outlives_other_changes(self):
+        self.start("light")
+        wait_until(lambda: ground() == "light", "a light window")
+        subprocess.run(["sed", "-i", "s/appearance=.*/appearance=dark/", SETTINGS], check=True)
+        wait_until(lambda: ground() == "dark", "a dark window")
+        with SETTINGS.open("r+") as settings:  # as editors do that write into the file that is there
+            text = settings.read().replace("appearance=dark", "appearance=light")
+            settings.seek(0)
+            settings.truncate()
+            settings.write(text)
+        wait_until(lambda: ground() == "light", "a light window")
+        subprocess.run([PROGRAMS / "elmworth", "profile", "set", "name", "Jane"], check=True)
+        self.assertIn("Jane", SETTINGS.read_text())
+        self.assertIn("appearance=light", SETTINGS.read_text())
+
     def test_without_a_portal_the_palette_decides(self):
         self.start()
         wait_until(lambda: ground() == "light", "a light window")
