@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 
+#include "exchange/Restore.h"
 #include "platform/Calendar.h"
 #include "screens/DemoData.h"
 
@@ -34,6 +35,7 @@ LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
       defaults_(isDemo ? UserDefaults::suiteFile("ElmworthDemo") : UserDefaults::standardFile()),
       profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
       timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }) {
+    if (!isDemo && !isHostedRun()) finishRestore(container_.mainContext(), profiles_);
     timer_.restore();
 }
 

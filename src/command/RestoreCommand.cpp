@@ -13,8 +13,8 @@ namespace {
 void restoreBackup(const std::string& file, CommandEnvironment& environment,
                    CommandOutput& output) {
     const auto backup = decodeBackupFile(environment.workingFolder / file, environment.progress);
-    const auto result = restore(backup, environment.context, environment.progress);
-    environment.profiles.setProfile(result.profile);
+    const auto result =
+        restore(backup, environment.context, environment.profiles, environment.progress);
     environment.timer.refresh();
     const std::string message = restoreMessage(backup, result);
     if (!output.isJSON()) return output.line(message);

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "core/BusinessProfile.h"
@@ -28,6 +29,17 @@ class ProfileStore {
     /// Takes `profile` and tells the observers; writes the defaults only when it differs.
     void setProfile(const BusinessProfile& profile);
 
+    /// Stores a profile that is to be taken only together with a change of the library: before that
+    /// change is saved. `evidence` is a line that tells whether the library holds the change. The
+    /// profile stays as it is until `settle`. False when it could not be stored.
+    [[nodiscard]] bool announce(const BusinessProfile& profile, std::string_view evidence);
+
+    /// Takes the profile that was announced last, when `isInLibrary` says so of its evidence, and
+    /// forgets it otherwise; for after the change of the library, and for each start, as the
+    /// process may have ended in between. A profile that was set since then stays in any case. Does
+    /// nothing when none was announced.
+    void settle(const std::function<bool(std::string_view evidence)>& isInLibrary);
+
     using Observation = std::shared_ptr<void>;
     /// Calls `changed` after each `setProfile`, and each change by others, until the handle dies.
     [[nodiscard]] Observation observe(std::function<void()> changed);
@@ -35,6 +47,7 @@ class ProfileStore {
     [[nodiscard]] UserDefaults& defaults() noexcept { return defaults_; }
 
  private:
+    void store(const BusinessProfile& profile);
     void takeOver();
     void tell();
 

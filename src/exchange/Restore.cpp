@@ -4,6 +4,8 @@
 #include "exchange/Restore.h"
 
 #include <algorithm>
+#include <functional>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -23,6 +25,10 @@ std::string message(RestoreError::Code code, const std::string& place) {
     if (code == RestoreError::Code::notEmpty) {
         return "Restoring needs an empty library. Delete your clients first, or restore on a fresh "
                "install.";
+    }
+    if (code == RestoreError::Code::profileNotWritten) {
+        return "The settings file can't be written, so nothing was restored. Make its folder "
+               "writable or free some space, then restore again.";
     }
     return place + ".clientIndex: a position in the list of clients can't be negative.";
 }
@@ -46,6 +52,10 @@ class Restorer {
             for (const auto& entry : dto->entries) addEntry(entry, project);
         }
         return unlinkedEntries_;
+    }
+
+    [[nodiscard]] const Client* firstClient() const {
+        return clients_.empty() ? nullptr : clients_.front().get();
     }
 
  private:
@@ -152,23 +162,63 @@ void refuseNegativeIndexes(const Backup& backup) {
     }
 }
 
+/// Loads `backup` and saves. `beforeSave` gets the first client that the library will hold; null
+/// when it will hold none.
+RestoreResult load(const Backup& backup, ModelContext& context, Progress& progress,
+                   const std::function<void(const Client*)>& beforeSave) {
+    if (context.fetchCount<Client>() > 0 || context.fetchCount<TimeEntry>() > 0) {
+        throw RestoreError(RestoreError::Code::notEmpty);
+    }
+    refuseNegativeIndexes(backup);
+    try {
+        Restorer restorer(backup, context, progress);
+        const std::int64_t unlinked = restorer.run();
+        beforeSave(restorer.firstClient());
+        context.save(progress);
+        return {backup.profile, unlinked};
+    } catch (...) {  // a lack of memory, too
+        context.rollback();
+        throw;
+    }
+}
+
 }  // namespace
 
 RestoreError::RestoreError(Code code, const std::string& place)
     : std::runtime_error(message(code, place)), code_(code) {}
 
 RestoreResult restore(const Backup& backup, ModelContext& context, Progress& progress) {
-    if (context.fetchCount<Client>() > 0 || context.fetchCount<TimeEntry>() > 0) {
-        throw RestoreError(RestoreError::Code::notEmpty);
-    }
-    refuseNegativeIndexes(backup);
+    return load(backup, context, progress, [](const Client* /*first*/) {});
+}
+
+// The profile is durable beside the present one before the library is, and takes its place after
+// it. A save that fails may be durable all the same: the next start looks at what the library
+// holds.
+
+RestoreResult restore(const Backup& backup, ModelContext& context, ProfileStore& profiles,
+                      Progress& progress) {
+    const auto result = load(backup, context, progress, [&](const Client* first) {
+        const std::string evidence = first ? first->persistentModelID().string() : "";
+        if (!profiles.announce(backup.profile, evidence)) {
+            throw RestoreError(RestoreError::Code::profileNotWritten);
+        }
+    });
+    profiles.setProfile(result.profile);
+    // What was announced is there now, unless it was there before.
+    profiles.settle([](std::string_view /*evidence*/) { return false; });
+    return result;
+}
+
+void finishRestore(ModelContext& context, ProfileStore& profiles) {
     try {
-        const std::int64_t unlinked = Restorer(backup, context, progress).run();
-        context.save(progress);
-        return {backup.profile, unlinked};
-    } catch (...) {  // a lack of memory, too
-        context.rollback();
-        throw;
+        profiles.settle([&](std::string_view evidence) {
+            const auto clients = context.fetch<Client>();
+            return std::any_of(clients.begin(), clients.end(), [&](const auto& client) {
+                return client->persistentModelID().string() == evidence;
+            });
+        });
+    } catch (const StoreError&) {
+        return;  // what the library holds cannot be told now, and is asked again at the next start
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/BusinessProfile.h"
+#include "core/ProfileStore.h"
 #include "core/store/ModelContext.h"
 #include "exchange/Backup.h"
 #include "platform/Progress.h"
@@ -20,6 +21,7 @@ class RestoreError : public std::runtime_error {
     enum class Code {
         notEmpty,             ///< the library holds clients or time
         negativeClientIndex,  ///< the document is wrong
+        profileNotWritten,    ///< the settings file cannot take the profile
     };
     explicit RestoreError(Code code, const std::string& place = {});
     [[nodiscard]] Code code() const noexcept { return code_; }
@@ -29,14 +31,24 @@ class RestoreError : public std::runtime_error {
 };
 
 struct RestoreResult {
-    BusinessProfile profile;           ///< for the caller to apply
+    BusinessProfile profile;           ///< of the document
     std::int64_t unlinkedEntries = 0;  ///< entries whose invoice was not restored; unbilled now
 };
 
-/// Loads `backup` into the empty library of `context` and saves: all of it or nothing. No restored
-/// entry runs. Throws RestoreError, StoreError or Cancelled.
+/// Loads `backup` without its profile into the empty library of `context` and saves: all of it or
+/// nothing. No restored entry runs. Throws RestoreError, StoreError or Cancelled.
 RestoreResult restore(const Backup& backup, ModelContext& context,
                       Progress& progress = noProgress());
+
+/// As above, and gives `profiles` the profile of the document. Both hold the document, or neither
+/// does and the restore can be repeated: also when the process ends, or a disk fails, at any
+/// moment, once `finishRestore` was called at the next start.
+RestoreResult restore(const Backup& backup, ModelContext& context, ProfileStore& profiles,
+                      Progress& progress = noProgress());
+
+/// Brings the profile in line with the library where a restore ended between the two. For each
+/// start, before anything else changes either. A profile that was set since then stays.
+void finishRestore(ModelContext& context, ProfileStore& profiles);
 
 /// What to tell after a restore.
 [[nodiscard]] std::string restoreMessage(const Backup& backup, const RestoreResult& result);

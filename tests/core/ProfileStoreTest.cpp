@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/AtomicFile.h"
+#include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 
 namespace elmworth {
@@ -136,6 +137,69 @@ TEST_F(ProfileStoreTest, AProfileSetByAnObserverIsTheOneThatIsKept) {
     store.setProfile(BusinessProfile{.name = "X"});
     EXPECT_EQ(store.profile().name, "Y");
     EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "Y"}));
+}
+
+/// A profile that waits for a change of the library with the evidence "client 7".
+class AnnouncedProfile : public ProfileStoreTest {
+ protected:
+    AnnouncedProfile() {
+        ProfileStore store(defaults_);
+        store.setProfile(old_);
+        EXPECT_TRUE(store.announce(new_, "client 7"));
+        EXPECT_EQ(store.profile(), old_);
+    }
+    /// The profile after a start that finds `evidence` in the library.
+    [[nodiscard]] BusinessProfile settled(const std::string& evidence) const {
+        UserDefaults defaults(file_);
+        ProfileStore store(defaults);
+        store.settle([&](std::string_view wanted) { return wanted == evidence; });
+        return store.profile();
+    }
+
+    const BusinessProfile old_{.name = "Old"};
+    const BusinessProfile new_{.name = "New", .address = "1 Main St\nSpringfield"};
+};
+
+TEST_F(AnnouncedProfile, IsTakenWhenTheLibraryHoldsItsEvidence) {
+    EXPECT_EQ(settled("client 7"), new_);
+    EXPECT_EQ(stored(), encodeProfile(new_));
+    EXPECT_EQ(settled("no client"), new_);
+}
+
+TEST_F(AnnouncedProfile, IsForgottenWhenTheLibraryDoesNotHoldItsEvidence) {
+    EXPECT_EQ(settled("no client"), old_);
+    EXPECT_EQ(settled("client 7"), old_);
+}
+
+TEST_F(AnnouncedProfile, LosesToOneThatIsSetLater) {
+    ProfileStore(defaults_).setProfile({.name = "Later"});
+    EXPECT_EQ(settled("client 7").name, "Later");
+}
+
+TEST_F(AnnouncedProfile, LosesToOneThatSomebodyElseStoresLater) {
+    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Later"}));
+    EXPECT_EQ(settled("client 7").name, "Later");
+}
+
+TEST_F(AnnouncedProfile, IsTakenAtTheNextStartWhenItCannotBeStored) {
+    {
+        ProfileStore store(defaults_);
+        const test::FileSizeLimit fullDisk(0);
+        store.settle([](std::string_view) { return true; });
+        EXPECT_EQ(store.profile(), new_);
+    }
+    EXPECT_EQ(stored(), encodeProfile(old_));
+    EXPECT_EQ(settled("client 7"), new_);
+}
+
+TEST_F(AnnouncedProfile, IsNoneWhenItCannotBeStored) {
+    ProfileStore store(defaults_);
+    {
+        const test::FileSizeLimit fullDisk(0);
+        EXPECT_FALSE(store.announce({.name = "Newer"}, "client 8"));
+    }
+    store.settle([](std::string_view) { return true; });
+    EXPECT_EQ(store.profile(), old_);
 }
 
 TEST_F(ProfileStoreTest, HandsOutItsDefaults) {

@@ -28,11 +28,15 @@ using namespace std::chrono_literals;
 using test::at;
 using test::TestLibrary;
 using Time = std::chrono::steady_clock;
-using Work = std::function<void(ModelContext&)>;
+using Work = std::function<void(ModelContext&, ProfileStore&)>;
 
 int killCount() {
     const char* text = std::getenv("ELMWORTH_KILLS");
     return text != nullptr ? std::atoi(text) : 40;
+}
+
+std::filesystem::path settingsOf(const std::filesystem::path& library) {
+    return library.parent_path() / "Elmworth.ini";
 }
 
 /// A process that opens a library, says "r", does some work on it, says "d", and waits.
@@ -75,8 +79,10 @@ class WorkingProcess {
                                  int report) {
         test::ManualRunLoop runLoop;
         ModelContainer container({library}, runLoop);
+        UserDefaults defaults(settingsOf(library));
+        ProfileStore profiles(defaults);
         if (::write(report, "r", 1) != 1) ::_exit(1);
-        work(container.mainContext());
+        work(container.mainContext(), profiles);
         if (::write(report, "d", 1) != 1) ::_exit(1);
         while (true) ::pause();
     }
@@ -85,8 +91,17 @@ class WorkingProcess {
     int report_ = -1;
 };
 
-std::string documentOf(ModelContext& context) {
-    return BackupExporter::encode(BackupExporter::makeBackup(context, {}, at("2026-07-01T12:00Z")));
+std::string documentOf(ModelContext& context, const BusinessProfile& profile) {
+    return BackupExporter::encode(
+        BackupExporter::makeBackup(context, profile, at("2026-07-01T12:00Z")));
+}
+
+/// What a start of the program finds.
+std::string documentOf(TestLibrary& library) {
+    UserDefaults defaults(settingsOf(library.file()));
+    ProfileStore profiles(defaults);
+    finishRestore(library.context(), profiles);
+    return documentOf(library.context(), profiles.profile());
 }
 
 struct Tally {
@@ -128,7 +143,7 @@ class ExchangeKill : public testing::Test {
         const auto end = Time::now();
         process.kill();
         library.open();
-        EXPECT_EQ(documentOf(library.context()), after);
+        EXPECT_EQ(documentOf(library), after);
         return std::chrono::duration_cast<std::chrono::microseconds>(end - start);
     }
 
@@ -136,14 +151,14 @@ class ExchangeKill : public testing::Test {
                    Tally& tally) {
         TestLibrary library;
         prepare(library);
-        const std::string before = documentOf(library.context());
+        const std::string before = documentOf(library);
         library.close();
         WorkingProcess process(library.file(), work);
         ASSERT_EQ(process.next(60s), 'r');
         const bool isAcknowledged = process.next(delay).has_value();
         process.kill();
         library.open();
-        const std::string found = documentOf(library.context());
+        const std::string found = documentOf(library);
         library.close();
         EXPECT_TRUE(found == after || (!isAcknowledged && found == before));
         EXPECT_TRUE(test::RawDatabase(library.file()).faults().empty());
@@ -152,7 +167,7 @@ class ExchangeKill : public testing::Test {
     }
 };
 
-TEST_F(ExchangeKill, leavesAllOfARestoreOrNothing) {
+TEST_F(ExchangeKill, leavesAllOfARestoreAndItsProfileOrNothing) {
     Backup backup;
     {
         TestLibrary library;
@@ -167,10 +182,12 @@ TEST_F(ExchangeKill, leavesAllOfARestoreOrNothing) {
             }
         }
         restore(backup, library.context());
-        backup = BackupExporter::makeBackup(library.context(), {}, at("2026-07-01T12:00Z"));
+        const BusinessProfile profile{.name = "Jane", .nextInvoiceNumber = 42};
+        backup = BackupExporter::makeBackup(library.context(), profile, at("2026-07-01T12:00Z"));
     }
-    killAtRandomMoments([&](ModelContext& context) { restore(backup, context); },
-                        BackupExporter::encode(backup));
+    killAtRandomMoments(
+        [&](ModelContext& context, ProfileStore& profiles) { restore(backup, context, profiles); },
+        BackupExporter::encode(backup));
 }
 
 TEST_F(ExchangeKill, leavesAllOfAnImportOrNothing) {
@@ -187,8 +204,9 @@ TEST_F(ExchangeKill, leavesAllOfAnImportOrNothing) {
     TestLibrary library;
     prepare(library);
     CSVImporter::apply(rows, library.context());
-    killAtRandomMoments([&](ModelContext& context) { CSVImporter::apply(rows, context); },
-                        documentOf(library.context()));
+    killAtRandomMoments(
+        [&](ModelContext& context, ProfileStore&) { CSVImporter::apply(rows, context); },
+        documentOf(library));
 }
 
 }  // namespace

@@ -77,6 +77,20 @@ class Exchange(unittest.TestCase):
         self.assertLess(len(sentence), 400)
         self.assertEqual(self.state(), before)
 
+    # --- restore and the profile ---------------------------------------------------------------
+
+    def test_a_restore_whose_profile_cannot_be_written_changes_nothing_and_can_be_repeated(self):
+        self.ok("profile", "set", "name", "Jane")
+        self.ok("backup", "file")
+        self.use_library("new")
+        settings = self.home / "new-settings"
+        settings.write_text("in the way of the folder")
+        self.environment["XDG_CONFIG_HOME"] = str(settings)
+        self.refused("restore", "file", says="The settings file can't be written, so nothing was restored.")
+        settings.unlink()
+        self.assertEqual(self.ok("restore", "file"), "Restored 1 clients and 0 invoices.\n")
+        self.assertIn("Jane", self.ok("profile"))
+
     # --- import --------------------------------------------------------------------------------
 
     def test_what_is_no_report_is_not_imported(self):

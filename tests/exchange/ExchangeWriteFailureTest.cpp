@@ -138,6 +138,42 @@ TEST_P(ExchangeWriteFailure, inARestoreThatACrashFollowsLeavesAllOrNothing) {
     });
 }
 
+TEST_P(ExchangeWriteFailure, inARestoreWithItsProfileLeavesBothOrNeither) {
+    const std::string whole = BackupExporter::encode(someBackup());
+    auto backup = someBackup();
+    backup.profile.name = "New";
+    atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {
+        const std::string empty = documentOf(library);
+        const auto settings = library.folder.path() / "Elmworth.ini";
+        bool isRestored = true;
+        failAt(disk, n);
+        {
+            UserDefaults defaults(settings);
+            ProfileStore profiles(defaults);
+            try {
+                restore(backup, library.context(), profiles);
+            } catch (const StoreError&) {
+                isRestored = false;
+                EXPECT_EQ(profiles.profile().name, "");
+            }
+        }
+        const bool hasFailed = disk.hasFailed();
+        library.close();
+        disk.heal();
+        library.open();
+        UserDefaults defaults(settings);
+        ProfileStore profiles(defaults);
+        finishRestore(library.context(), profiles);
+        const std::string found = documentOf(library);
+        EXPECT_TRUE(found == whole || (!isRestored && found == empty));
+        EXPECT_EQ(profiles.profile().name, found == whole ? "New" : "");
+        if (found == empty) restore(backup, library.context(), profiles);
+        EXPECT_EQ(documentOf(library), whole);
+        EXPECT_EQ(profiles.profile().name, "New");
+        return hasFailed;
+    });
+}
+
 TEST_P(ExchangeWriteFailure, leavesAnImportToTheNextSaveOrToARollback) {
     atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {
         const auto client = library.addClient("Client 1");
