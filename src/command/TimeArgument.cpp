@@ -25,14 +25,17 @@ Calendar isoCalendar(const CommandEnvironment& environment) {
 
 /// The fields of exactly yyyy-MM-ddTHH:mm:ss. A day that its month lacks is refused.
 std::optional<DateComponents> readFields(const std::string& text) {
+    // Calendars count the years before the first one backwards.
+    constexpr Instant yearOne = std::chrono::sys_days{std::chrono::year{1} / 1 / 1};
     const auto instant = parseISO8601(text + "Z");
-    if (!instant) return std::nullopt;
+    if (!instant || *instant < yearOne) return std::nullopt;
     return Calendar(Locale("en_US"), "UTC").components(*instant);
 }
 
 std::optional<Instant> localTime(const std::string& text, const CommandEnvironment& environment) {
     const auto fields = readFields(text);
-    return fields ? isoCalendar(environment).date(*fields) : std::nullopt;
+    const auto instant = fields ? isoCalendar(environment).date(*fields) : std::nullopt;
+    return instant && hasISO8601(*instant) ? instant : std::nullopt;
 }
 
 /// An instant with an offset may leave its seconds out.

@@ -35,7 +35,7 @@ void BackupWriter::flag(std::string_view name, bool value) {
 }
 
 void BackupWriter::date(std::string_view name, Instant value) {
-    text(name, formatISO8601(value));
+    text(name, formatISO8601(clampedToISO8601(value)));
 }
 
 // In every object the keys stand in the order of their letters.

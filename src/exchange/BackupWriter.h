@@ -17,8 +17,8 @@ namespace elmworth {
 using ByteSink = std::function<void(std::string_view)>;
 
 /// Writes a backup document as indented JSON with its keys in order, piece by piece: a library of
-/// any size takes the memory of its largest client. Call begin, client for each, beginInvoices,
-/// invoice for each, end.
+/// any size takes the memory of its largest client. A date beyond the years 0 to 9999 stands as the
+/// nearest one within. Call begin, client for each, beginInvoices, invoice for each, end.
 class BackupWriter {
  public:
     explicit BackupWriter(ByteSink sink) : stream_{std::move(sink), {}}, writer_(stream_) {}

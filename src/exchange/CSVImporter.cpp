@@ -33,6 +33,9 @@ namespace {
 using Fields = std::vector<std::string>;
 using Column = std::optional<std::size_t>;
 
+/// Calendars count the years before this one backwards.
+constexpr Instant yearOne = std::chrono::sys_days{std::chrono::year{1} / 1 / 1};
+
 constexpr std::array palette{"#7C6CFF", "#4AA8FF", "#2EC4B6", "#40D19E", "#FFB400",
                              "#FF8A4C", "#FF6B8B", "#C06CFF", "#8E8E93"};
 
@@ -113,8 +116,9 @@ class TogglFormat final : public Format {
     [[nodiscard]] std::optional<Instant> localTime(const std::string& date,
                                                    const std::string& time) const {
         const auto asIfUTC = parseISO8601(date + 'T' + time + 'Z');
-        if (!asIfUTC) return std::nullopt;
-        return calendar_.date(utc_.components(*asIfUTC));
+        if (!asIfUTC || *asIfUTC < yearOne) return std::nullopt;
+        const auto instant = calendar_.date(utc_.components(*asIfUTC));
+        return instant && hasISO8601(*instant) ? instant : std::nullopt;
     }
 
     std::size_t startDate_;

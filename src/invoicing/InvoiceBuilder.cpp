@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "core/Project.h"
+#include "platform/ISO8601.h"
 #include "platform/Text.h"
 
 namespace elmworth {
@@ -54,11 +55,13 @@ std::optional<std::int64_t> rateOfTheMoment(const TimeEntry& entry) {
     return project ? std::optional(project->effectiveRateCents()) : std::nullopt;
 }
 
+/// The day of the issue where the calendar, or what is stored, has no such day.
 Instant dueDate(const Calendar& calendar, Instant issue, std::int64_t days) {
     if (days < std::numeric_limits<int>::min() || days > std::numeric_limits<int>::max()) {
         return issue;
     }
-    return calendar.adding(static_cast<int>(days), CalendarUnit::day, issue).value_or(issue);
+    const auto due = calendar.adding(static_cast<int>(days), CalendarUnit::day, issue);
+    return due && hasISO8601(*due) ? *due : issue;
 }
 
 }  // namespace

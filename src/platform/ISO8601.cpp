@@ -79,12 +79,9 @@ std::optional<Instant> parseISO8601(std::string_view text) {
                               day{static_cast<unsigned>(*dayNumber)}};
     if (!date.ok() || *hour > 23 || *minute > 59 || *second > 59) return std::nullopt;
     // An offset can carry the first and the last day out of the years that have a text.
-    constexpr auto first = sys_days{year{0} / January / 1};
-    constexpr auto last = sys_days{year{9999} / December / 31} + days{1};
-    const auto instant =
+    const Instant instant =
         sys_days{date} + hours{*hour} + minutes{*minute} + seconds{*second} - *offset;
-    if (instant < first || instant >= last) return std::nullopt;
-    return instant;
+    return hasISO8601(instant) ? std::optional(instant) : std::nullopt;
 }
 
 }  // namespace elmworth

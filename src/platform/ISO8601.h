@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +12,21 @@
 #include "platform/Instant.h"
 
 namespace elmworth {
+
+/// The first and the last instant that a text of this form can stand for: the years 0000 to 9999 in
+/// UTC.
+inline constexpr Instant earliestISO8601 = std::chrono::sys_days{std::chrono::year{0} / 1 / 1};
+inline constexpr Instant latestISO8601 = std::chrono::sys_days{std::chrono::year{9999} / 12 / 31} +
+                                         std::chrono::days{1} - Instant::duration{1};
+
+[[nodiscard]] constexpr bool hasISO8601(Instant instant) noexcept {
+    return instant >= earliestISO8601 && instant <= latestISO8601;
+}
+
+/// `instant`, or the end of that range that is nearest to it.
+[[nodiscard]] constexpr Instant clampedToISO8601(Instant instant) noexcept {
+    return std::clamp(instant, earliestISO8601, latestISO8601);
+}
 
 /// `instant` as an internet date-time (RFC 3339) in UTC with whole seconds, rounded down:
 /// "2026-03-01T09:30:00Z".

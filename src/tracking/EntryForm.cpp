@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "platform/ISO8601.h"
+
 namespace elmworth {
 
 EntryForm EntryForm::forNewEntry(std::optional<Instant> day, Instant now, const Calendar& calendar,
@@ -29,6 +31,8 @@ std::optional<std::string_view> EntryForm::problem(Instant now) const {
 }
 
 std::optional<std::string_view> EntryForm::timeProblem(Instant now) const {
+    if (!hasISO8601(start) || (!wasRunning && !hasISO8601(end)))
+        return "Times must lie in the years 0 to 9999.";
     if (!wasRunning && end <= start) return "End must be after start.";
     if (start > now) return "The start can't be in the future.";
     return std::nullopt;

@@ -64,6 +64,11 @@ INSTANTIATE_TEST_SUITE_P(
         TimeRow{"NoSuchDay", "2026-02-30T10:00", nullptr},
         TimeRow{"BlankForT", "2026-03-01 14:30", nullptr},
         TimeRow{"Fraction", "2026-03-01T14:30:00.5Z", nullptr},
+        // Berlin's local time ran 53 minutes and 28 seconds ahead of UTC before 1893.
+        TimeRow{"FirstThatCanBeStored", "0001-01-01T00:53:28", "0001-01-01T00:00Z"},
+        TimeRow{"BeforeTheFirst", "0000-12-31T23:59:59", nullptr},
+        TimeRow{"LastThatCanBeStored", "9999-12-31T23:59", "9999-12-31T22:59Z"},
+        TimeRow{"BehindTheLast", "9999-12-31T23:59-05:00", nullptr},
         TimeRow{"Afternoon", "2:30PM", nullptr}),
     rowName);
 
@@ -76,6 +81,12 @@ TEST_F(TimeArguments, ADayBeginsAtItsLocalMidnight) {
     EXPECT_EQ(parseDay("2026-03-29", environment_), at("2026-03-29T00:00+01:00"));
     for (const char* text : {"", "29.03.2026", "2026-3-29", "2026-02-29", "2026-03-29T00:00"})
         EXPECT_THROW((void)parseDay(text, environment_), CommandError) << text;
+}
+
+TEST_F(TimeArguments, ADayThatBeginsBeforeAnyThatCanBeStoredIsNoDay) {
+    EXPECT_THROW((void)parseDay("0000-01-01", environment_), CommandError);
+    environment_.calendar = Calendar(Locale("en_US"), "America/New_York");
+    EXPECT_THROW((void)parseTime("9999-12-31T23:59", environment_), CommandError);
 }
 
 TEST_F(TimeArguments, ADayThatTheZoneSkippedIsNoDay) {

@@ -9,7 +9,9 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
+#include "platform/ISO8601.h"
 #include "support/Instants.h"
+#include "support/RawDatabase.h"
 #include "support/Rows.h"
 #include "support/StatementTrace.h"
 #include "support/TestLibrary.h"
@@ -20,6 +22,33 @@ namespace {
 using namespace std::chrono_literals;
 using test::at;
 using test::TestLibrary;
+
+// --- dates
+// -----------------------------------------------------------------------------------------
+
+TEST(Dates, areOnlyThoseThatABackupCanHoldWhateverIsSet) {
+    TestLibrary library;
+    const auto entry = library.addEntry(nullptr, Instant::min(), Instant::max());
+    const auto invoice = library.addInvoice("1", nullptr);
+    invoice->dueDate = latestISO8601 + 1us;
+    invoice->issueDate = latestISO8601;
+    EXPECT_EQ(entry->start.get(), earliestISO8601);
+    EXPECT_EQ(entry->end.get(), latestISO8601);
+    EXPECT_EQ(invoice->dueDate.get(), latestISO8601);
+    EXPECT_EQ(invoice->issueDate.get(), latestISO8601);
+}
+
+TEST(Dates, thatALibraryHoldsFromEarlierAreReadAsTheNearestOnes) {
+    TestLibrary library;
+    library.addEntry(nullptr, at("2026-03-02T09:00Z"), at("2026-03-02T10:00Z"));
+    library.context().save();
+    library.close();
+    EXPECT_EQ(
+        test::RawDatabase(library.file()).run("UPDATE TimeEntry SET \"end\" = 300000000000000000"),
+        SQLITE_OK);
+    library.open();
+    EXPECT_EQ(library.context().fetch<TimeEntry>().at(0)->end.get(), latestISO8601);
+}
 
 // --- what a new record holds ---------------------------------------------------------------------
 

@@ -204,6 +204,12 @@ TEST(BackupDecoder, aWholeNumberMayHaveAFractionOfZeros) {
     EXPECT_EQ(backup.profile.roundingMinutes, 6);
 }
 
+TEST(Backup, aDateThatNoDocumentCanHoldStandsAsTheNearestOne) {
+    Backup backup;
+    backup.exportedAt = Instant::max();
+    EXPECT_EQ(decodeBackup(BackupExporter::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
+}
+
 struct BadDocument {
     const char* name;
     const char* from;

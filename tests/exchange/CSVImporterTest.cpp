@@ -40,6 +40,21 @@ TEST(CSVImporter, togglReportIsReadInTheGivenZone) {
     EXPECT_EQ(rows[0].end, at("2026-03-29T01:30Z"));
 }
 
+TEST(CSVImporter, aTimeThatNoBackupCouldHoldIsNotRead) {
+    const auto rowsIn = [](const char* zone) {
+        return CSVImporter::parse(
+            std::string(togglHeader) +
+                ",,Acme,Web,,,No,2026-03-01,09:00:00,9999-12-31,23:00:00,,,\r\n"
+                ",,Acme,Web,,,No,0001-01-01,00:30:00,2026-03-01,10:00:00,,,\r\n"
+                ",,Acme,Web,,,No,0000-12-31,09:00:00,2026-03-01,10:00:00,,,\r\n"
+                ",,Acme,Web,,,No,2026-03-01,09:00:00,2026-03-01,10:00:00,,,\r\n",
+            zone);
+    };
+    EXPECT_EQ(rowsIn("UTC").size(), 3U);
+    EXPECT_EQ(rowsIn("Asia/Tokyo").size(), 3U);
+    EXPECT_EQ(rowsIn("America/New_York").size(), 2U);
+}
+
 ImportError::Code errorOf(const std::string& text) {
     try {
         (void)CSVImporter::parse(text, "UTC");

@@ -115,6 +115,17 @@ TEST(Restore, aRunningEntryEndsAtTheExport) {
     EXPECT_EQ(onlyEntry(library)->end.get(), at("2026-03-10T12:00Z"));
 }
 
+TEST(Restore, anEntryThatRanInTheLastSecondOfAllEndsInIt) {
+    TestLibrary library;
+    auto backup = document({entry("9999-12-31T23:59:59Z", std::nullopt)});
+    restore(backup, library.context());
+    EXPECT_GT(onlyEntry(library)->end.get(), onlyEntry(library)->start.get());
+    backup.clients.at(0).projects.at(0).entries.at(0).end = at("9999-12-31T23:59:59Z");
+    EXPECT_EQ(decodeBackup(BackupExporter::encode(
+                  BackupExporter::makeBackup(library.context(), {}, backup.exportedAt))),
+              backup);
+}
+
 TEST(Restore, anInvoiceWithoutAPositionGoesToTheFirstClientOfItsName) {
     TestLibrary library;
     auto backup = document({});

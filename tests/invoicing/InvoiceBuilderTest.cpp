@@ -186,7 +186,9 @@ TEST_F(InvoiceBuilderTest, TheTermCountsCalendarDaysAcrossDaylightSaving) {
 }
 
 TEST_F(InvoiceBuilderTest, ATermThatNoCalendarReachesIsDueAtIssue) {
-    for (const std::int64_t days : {std::int64_t{1} << 40, std::int64_t{2'000'000'000}}) {
+    for (const std::int64_t days :
+         {std::int64_t{1} << 40, std::int64_t{2'000'000'000}, std::int64_t{100'000'000},
+          std::int64_t{3'000'000}, std::int64_t{-1'000'000}}) {
         client_->dueDays = days;
         addHour("2026-03-02T09:00Z");
         EXPECT_EQ(create()->dueDate.get(), now_) << days;

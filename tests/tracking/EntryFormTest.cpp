@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/ISO8601.h"
 #include "support/FileSizeLimit.h"
 #include "support/Instants.h"
 #include "support/Rows.h"
@@ -122,6 +123,18 @@ TEST_F(EntryFormTest, OnlyTheStartMayNotLieInTheFuture) {
     EXPECT_EQ(form.problem(now_), "The start can't be in the future.");
     form.wasRunning = true;
     EXPECT_EQ(form.problem(now_), "The start can't be in the future.");
+}
+
+TEST_F(EntryFormTest, TimesThatABackupCannotHoldCannotBeSaved) {
+    auto form = this->form();
+    form.end = latestISO8601;
+    EXPECT_EQ(form.problem(now_), std::nullopt);
+    form.end += 1us;
+    EXPECT_EQ(form.problem(now_), "Times must lie in the years 0 to 9999.");
+    form.wasRunning = true;
+    EXPECT_EQ(form.problem(now_), std::nullopt);
+    form.start = earliestISO8601 - 1us;
+    EXPECT_EQ(form.problem(now_), "Times must lie in the years 0 to 9999.");
 }
 
 TEST_F(EntryFormTest, ANewEntryIsOnDisk) {

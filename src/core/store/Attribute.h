@@ -13,14 +13,14 @@
 namespace elmworth {
 
 /// A persistent property of a record. Reads like a value; an assignment that changes it is noted by
-/// the record's context.
+/// the record's context. Takes what is `storable`.
 template <class T>
 class Attribute {
  public:
     using ValueType = T;
 
     explicit Attribute(Record& owner, T initial = T{})
-        : owner_(owner), value_(std::move(initial)) {}
+        : owner_(owner), value_(storable(std::move(initial))) {}
     Attribute(const Attribute&) = delete;
     ~Attribute() = default;
 
@@ -28,7 +28,8 @@ class Attribute {
     operator const T&() const noexcept { return value_; }  // NOLINT: reads like a value
     const T* operator->() const noexcept { return &value_; }
 
-    Attribute& operator=(T value) {
+    Attribute& operator=(T given) {
+        T value = storable(std::move(given));
         if (value == value_) return *this;
         owner_.willChange();
         value_ = std::move(value);

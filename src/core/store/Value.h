@@ -10,6 +10,7 @@
 #include <variant>
 
 #include "core/store/PersistentID.h"
+#include "platform/ISO8601.h"
 #include "platform/Instant.h"
 
 namespace elmworth {
@@ -27,6 +28,19 @@ using Value = std::variant<std::monostate, std::int64_t, std::string, Blob, Pers
 
 /// How a field's type is stored.
 enum class StorageClass { integer, text, blob, identity };
+
+/// What a field takes for `value`: of dates only those that a backup can hold, and the nearest of
+/// them for others.
+template <class T>
+[[nodiscard]] T storable(T value) {
+    return value;
+}
+[[nodiscard]] inline Instant storable(Instant value) {
+    return clampedToISO8601(value);
+}
+[[nodiscard]] inline std::optional<Instant> storable(std::optional<Instant> value) {
+    return value ? std::optional(clampedToISO8601(*value)) : std::nullopt;
+}
 
 /// Turns the types that a field can have into a `Value` and back.
 template <class T>
@@ -51,7 +65,7 @@ struct FieldTraits<Instant> {
     static constexpr StorageClass storage = StorageClass::integer;
     static Value toValue(Instant value) { return std::int64_t{value.time_since_epoch().count()}; }
     static Instant fromValue(const Value& value) {
-        return Instant{std::chrono::microseconds{std::get<std::int64_t>(value)}};
+        return storable(Instant{std::chrono::microseconds{std::get<std::int64_t>(value)}});
     }
 };
 
