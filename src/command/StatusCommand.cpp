@@ -5,12 +5,25 @@
 #include "command/OneLine.h"
 #include "command/RecordLookup.h"
 #include "command/TimerOutput.h"
+#include "exchange/AutoBackup.h"
 #include "platform/DateFormatter.h"
+#include "platform/StandardFolders.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {
 
 namespace {
+
+/// A snapshot that nothing could read, as a sentence; empty when there was none.
+std::string snapshotProblem(CommandEnvironment& environment) {
+    const auto failed = AutoBackup::failedCheck(environment.profiles.defaults());
+    if (!failed) return {};
+    const DateFormatter dates(DateFormatter::Style::mediumDate, environment.locale,
+                              environment.calendar.zoneID());
+    return "The snapshot of " + dates.string(failed->date) +
+           " failed its check and was removed: " + oneLine(failed->reason) +
+           " Earlier ones are in " + (applicationSupportFolder() / "Backups").string() + ".";
+}
 
 void printText(CommandEnvironment& environment, CommandOutput& output) {
     const auto& timer = environment.timer;
@@ -28,6 +41,7 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
     output.line("Today " + formatHoursMinutes(trackedSeconds(environment, CalendarUnit::day)) +
                 " · This week " +
                 formatHoursMinutes(trackedSeconds(environment, CalendarUnit::weekOfYear)));
+    if (const auto problem = snapshotProblem(environment); !problem.empty()) output.line(problem);
 }
 
 }  // namespace
@@ -38,7 +52,7 @@ void addStatusCommand(CommandSyntax& syntax) {
     syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
         requireReadable(environment);
         if (output.isJSON()) {
-            output.text += timerJSON(environment);
+            output.text += timerJSON(environment, snapshotProblem(environment));
         } else {
             printText(environment, output);
         }

@@ -16,7 +16,7 @@ double trackedSeconds(const CommandEnvironment& environment, CalendarUnit unit) 
     return span ? environment.timer.trackedSeconds(span->start, span->end) : 0;
 }
 
-std::string timerJSON(CommandEnvironment& environment) {
+std::string timerJSON(CommandEnvironment& environment, const std::string& snapshotProblem) {
     const auto& timer = environment.timer;
     JSONOutput json;
     json.beginObject();
@@ -36,6 +36,7 @@ std::string timerJSON(CommandEnvironment& environment) {
     }
     json.field("todaySeconds", trackedSeconds(environment, CalendarUnit::day));
     json.field("thisWeekSeconds", trackedSeconds(environment, CalendarUnit::weekOfYear));
+    if (!snapshotProblem.empty()) json.field("snapshotProblem", snapshotProblem);
     json.endObject();
     return json.document();
 }

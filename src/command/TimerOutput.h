@@ -14,8 +14,9 @@ void printTimer(CommandEnvironment& environment, CommandOutput& output,
 /// The seconds tracked in the day or week that it is for whoever gave the command.
 [[nodiscard]] double trackedSeconds(const CommandEnvironment& environment, CalendarUnit unit);
 
-/// The status document of the timer.
-[[nodiscard]] std::string timerJSON(CommandEnvironment& environment);
+/// The status document of the timer; `snapshotProblem` is left out when it is empty.
+[[nodiscard]] std::string timerJSON(CommandEnvironment& environment,
+                                    const std::string& snapshotProblem = {});
 
 /// Throws StoreError when the last save of `context` failed and a second try fails as well: the
 /// timer itself goes on with its changes in memory, but a command must not claim what is not on

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <exception>
 #include <system_error>
+#include <utility>
 
 #include "core/ProfileStore.h"
 #include "core/TimeEntry.h"
@@ -14,6 +15,7 @@
 #include "platform/AbandonedFiles.h"
 #include "platform/ISO8601.h"
 #include "platform/StandardFolders.h"
+#include "platform/SystemLog.h"
 
 namespace elmworth {
 
@@ -27,6 +29,7 @@ constexpr auto interval = 21'600s;
 constexpr auto minimumAge = 72'000s;
 constexpr auto longestWrite = 24h;
 constexpr std::string_view prefix = "Elmworth-";
+constexpr std::string_view failedCheckKey = "failedSnapshotCheck";
 
 /// "2026-03-01T09-30-00", in UTC: the ISO form with what file systems allow.
 std::string timestamp(Instant instant) {
@@ -53,11 +56,17 @@ BackupExporter::Counts countsOf(const Backup& backup) {
     return counts;
 }
 
-/// A snapshot that cannot be read back is none.
-void verify(const fs::path& file, const BackupExporter::Counts& written) {
-    try {
-        if (countsOf(decodeBackupFile(file)) == written) return;
+void readBack(const fs::path& file, const BackupExporter::Counts& written) {
+    if (countsOf(decodeBackupFile(file)) != written) {
         throw BackupDecodeError("The snapshot does not hold what was written.");
+    }
+}
+
+/// A snapshot that cannot be read back is none.
+void verify(const fs::path& file, const BackupExporter::Counts& written,
+            const AutoBackup::Check& check) {
+    try {
+        check ? check(file, written) : readBack(file, written);
     } catch (...) {
         std::error_code ignored;
         fs::remove(file, ignored);
@@ -76,8 +85,8 @@ void prune(const fs::path& folder) {
 }  // namespace
 
 AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
-                       PowerEvents& powerEvents)
-    : context_(context), defaults_(defaults), now_(std::move(now)) {
+                       PowerEvents& powerEvents, Check check)
+    : context_(context), defaults_(defaults), now_(std::move(now)), check_(std::move(check)) {
     first_ = runLoop.repeat(firstRunDelay, [this] {
         first_.reset();
         tick();
@@ -87,21 +96,41 @@ AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now,
 }
 
 void AutoBackup::tick() {
+    const Instant now = now_();
     try {
-        runIfDue(context_, ProfileStore(defaults_).profile(), now_());
+        if (runIfDue(context_, ProfileStore(defaults_).profile(), now, std::nullopt, check_)) {
+            defaults_.remove(failedCheckKey);
+        }
+    } catch (const BackupDecodeError& error) {
+        noteFailedCheck(now, error.what());
     } catch (const std::exception&) {
         return;  // nobody asked for it: the next trigger tries again
     }
 }
 
+void AutoBackup::noteFailedCheck(Instant date, const std::string& reason) {
+    const std::string when = formatISO8601(date);
+    writeSystemLog("Elmworth: the snapshot of " + when + " failed its check: " + reason);
+    defaults_.setString(failedCheckKey, when + ' ' + reason);
+}
+
+std::optional<AutoBackup::FailedCheck> AutoBackup::failedCheck(const UserDefaults& defaults) {
+    const auto text = defaults.string(failedCheckKey);
+    const auto space = text ? text->find(' ') : std::string::npos;
+    if (space == std::string::npos) return std::nullopt;
+    const auto date = parseISO8601(text->substr(0, space));
+    return date ? std::optional<FailedCheck>({*date, text->substr(space + 1)}) : std::nullopt;
+}
+
 std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const BusinessProfile& profile,
-                                             Instant now, const std::optional<fs::path>& given) {
+                                             Instant now, const std::optional<fs::path>& given,
+                                             const Check& check) {
     const fs::path target = given ? *given : folder();
     const auto existing = snapshots(target);
     if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
     if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
     const fs::path file = target / (std::string(prefix) + timestamp(now) + ".json");
-    verify(file, BackupExporter::writeFile(context, profile, now, file));
+    verify(file, BackupExporter::writeFile(context, profile, now, file), check);
     prune(target);
     removeAbandonedFiles(target, now - longestWrite);
     return file;

@@ -4,11 +4,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "core/BusinessProfile.h"
 #include "core/store/ModelContext.h"
+#include "exchange/BackupExporter.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
@@ -28,20 +31,37 @@ class AutoBackup {
         friend bool operator==(const Snapshot&, const Snapshot&) = default;
     };
 
+    /// A snapshot that did not verify.
+    struct FailedCheck {
+        Instant date;
+        std::string reason;  ///< a sentence
+    };
+
+    /// Reads a snapshot that was written, and throws BackupDecodeError unless it holds `written`.
+    using Check = std::function<void(const std::filesystem::path& file,
+                                     const BackupExporter::Counts& written)>;
+
     /// Arranges a snapshot, when one is due, 20 seconds from now, every six hours, and after each
-    /// wake.
+    /// wake. One that does not verify goes into the system log and into `defaults` until a later
+    /// one does; other failures are dropped. `check` is for tests; absent means what runs
+    /// otherwise.
     AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
-               PowerEvents& powerEvents);
+               PowerEvents& powerEvents, Check check = nullptr);
 
     /// Writes a snapshot unless the newest is younger than 20 hours or there are no entries, reads
     /// it back, and removes all but the newest `snapshotsKept`, and what a killed process began to
-    /// write more than a day ago. Gives the new file, or absent when none was written. `folder` is
-    /// for tests; absent means `AutoBackup::folder()`. Throws StoreError, BackupDecodeError (the
-    /// snapshot did not verify, and is gone) or std::filesystem::filesystem_error; older snapshots
-    /// are then all there.
+    /// write more than a day ago.
+    /// Gives the new file, or absent when none was written. `folder` and `check` are for tests;
+    /// absent means `AutoBackup::folder()` and what runs otherwise. Throws StoreError,
+    /// BackupDecodeError (the snapshot did not verify, and is gone) or
+    /// std::filesystem::filesystem_error; older snapshots are then all there.
     static std::optional<std::filesystem::path> runIfDue(
         ModelContext& context, const BusinessProfile& profile, Instant now,
-        const std::optional<std::filesystem::path>& folder = std::nullopt);
+        const std::optional<std::filesystem::path>& folder = std::nullopt,
+        const Check& check = nullptr);
+
+    /// The last snapshot, when it did not verify.
+    [[nodiscard]] static std::optional<FailedCheck> failedCheck(const UserDefaults& defaults);
 
     /// The folder of the snapshots, created when missing. Throws std::filesystem::filesystem_error.
     [[nodiscard]] static std::filesystem::path folder();
@@ -52,10 +72,12 @@ class AutoBackup {
 
  private:
     void tick();
+    void noteFailedCheck(Instant date, const std::string& reason);
 
     ModelContext& context_;
     UserDefaults& defaults_;
     Clock now_;
+    Check check_;
     RunLoop::Handle first_;
     RunLoop::Handle repeating_;
     PowerEvents::Observation wake_;

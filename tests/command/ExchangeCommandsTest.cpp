@@ -7,6 +7,7 @@
 #include "platform/AtomicFile.h"
 #include "support/FileSizeLimit.h"
 #include "support/LibraryText.h"
+#include "support/ScopedEnvironment.h"
 
 namespace elmworth {
 namespace {
@@ -238,6 +239,17 @@ TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
     }
     EXPECT_EQ(run({"backup", "no/such/folder"}).exitStatus, 1);
     EXPECT_EQ(run({"export", "no/such/folder"}).exitStatus, 1);
+}
+
+TEST_F(ExchangeCommands, StatusTellsOfASnapshotThatCouldNotBeReadBack) {
+    const test::ScopedEnvironment data("XDG_DATA_HOME", "/data");
+    profiles_.defaults().setString("failedSnapshotCheck", "2026-03-10T12:00:00Z It is\nno JSON.");
+    const std::string sentence =
+        "The snapshot of Mar 10, 2026 failed its check and was removed: It is no JSON. Earlier "
+        "ones are in /data/Elmworth/Backups.";
+    EXPECT_EQ(output({"status"}),
+              "Nothing is running.\nToday 0:00 · This week 0:00\n" + sentence + "\n");
+    EXPECT_EQ(json({"status"})["snapshotProblem"].GetString(), sentence);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "platform/AtomicFile.h"
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
+#include "support/SystemLogCapture.h"
 #include "support/TestTimer.h"
 
 namespace elmworth {
@@ -24,6 +25,11 @@ using test::TemporaryFolder;
 using test::TestLibrary;
 
 const Instant now = at("2026-03-10T12:00Z");
+
+/// A check that no snapshot passes.
+void refuse(const std::filesystem::path& /*file*/, const BackupExporter::Counts& /*written*/) {
+    throw BackupDecodeError("clients[0]: not an object (line 3).");
+}
 
 class AutoBackupTest : public testing::Test {
  protected:
@@ -76,8 +82,8 @@ TEST_F(AutoBackupTest, aSnapshotThatCannotBeReadBackIsRemovedAndPrunesNothing) {
     for (int day = 10; day <= 27; ++day) {
         put("Elmworth-2026-02-" + std::to_string(day) + "T00-00-00.json");
     }
-    library_.context().fetch<TimeEntry>().at(0)->notes = "no UTF-8: \xFF";
-    EXPECT_THROW(run(now), BackupDecodeError);
+    EXPECT_THROW(AutoBackup::runIfDue(library_.context(), {}, now, folder_.path(), &refuse),
+                 BackupDecodeError);
     EXPECT_EQ(count(), 18U);
     EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-03-10T12-00-00.json"));
 }
@@ -207,6 +213,33 @@ TEST_F(AutoBackupTriggers, theProfileOfTheMomentIsInIt) {
     library_.runLoop.fire();
     EXPECT_EQ(decodeBackupFile(AutoBackup::snapshots(AutoBackup::folder()).at(0).url).profile.name,
               "Jane");
+}
+
+TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
+    bool isRefused = true;
+    AutoBackup backup(
+        library_.context(), defaults_, [this] { return clock_; }, library_.runLoop, power_,
+        [&](const auto& file, const auto& written) {
+            if (isRefused) refuse(file, written);
+        });
+    backup_.reset();
+    const test::SystemLogCapture log;
+    library_.runLoop.fire();
+    EXPECT_THAT(log.take(),
+                testing::StartsWith("Elmworth: the snapshot of 2026-03-10T12:00:00Z failed its "
+                                    "check: clients[0]: not an object (line 3).\n"));
+    const UserDefaults elsewhere(defaults_.file());
+    const auto failed = AutoBackup::failedCheck(elsewhere);
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->date, now);
+    EXPECT_EQ(failed->reason, "clients[0]: not an object (line 3).");
+    EXPECT_EQ(taken(), 0U);
+
+    isRefused = false;
+    clock_ += 6h;
+    library_.runLoop.fire();
+    EXPECT_EQ(taken(), 1U);
+    EXPECT_FALSE(AutoBackup::failedCheck(defaults_));
 }
 
 TEST_F(AutoBackupTriggers, aFailureIsDroppedAndTheNextTriggerTriesAgain) {
