@@ -11,14 +11,19 @@ namespace {
 
 void backUp(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
     const auto& profile = environment.profiles.profile();
+    const auto tellOfRepairs = [&](const BackupExporter::Counts& counts) {
+        if (counts.repairedTexts > 0)
+            output.notice(BackupExporter::repairMessage(counts.repairedTexts));
+    };
     if (file == "-") {
-        BackupExporter::write(environment.context, profile, environment.now(),
-                              [&](std::string_view bytes) { output.text += bytes; });
-        return;
+        return tellOfRepairs(
+            BackupExporter::write(environment.context, profile, environment.now(),
+                                  [&](std::string_view bytes) { output.text += bytes; }));
     }
     const auto path = environment.workingFolder / file;
     const auto counts = BackupExporter::writeFile(environment.context, profile, environment.now(),
                                                   path, environment.progress);
+    tellOfRepairs(counts);
     if (!output.isJSON()) return output.line(path.string());
     JSONOutput json;
     json.beginObject();

@@ -152,8 +152,8 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     commandLine.countsPages = syntax.drawing == Drawing::countsPages;
     if (syntax.action) {
         commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,
-                                                              std::string& output) {
-            CommandOutput commandOutput{*format, output};
+                                                              CommandResult& result) {
+            CommandOutput commandOutput{*format, result.output, result.errors};
             action(environment, commandOutput);
         };
     }
@@ -168,8 +168,8 @@ CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& env
         if (environment.context.hasChanges()) environment.context.save();
         const auto& faults = environment.context.readFaults();
         const auto faultsBefore = faults.count();
-        commandLine.action(environment, result.output);
-        if (faults.count() != faultsBefore) result.errors = unreadableLibraryText() + '\n';
+        commandLine.action(environment, result);
+        if (faults.count() != faultsBefore) result.errors += unreadableLibraryText() + '\n';
         return result;
     } catch (const CommandError& error) {
         return failure(error.what(), static_cast<int>(error.kind()));

@@ -26,7 +26,7 @@ struct CommandLine {
     std::optional<CommandResult> answer;
 
     /// What to do; empty when there is an answer, or no command at all.
-    std::function<void(CommandEnvironment&, std::string& output)> action;
+    std::function<void(CommandEnvironment&, CommandResult&)> action;
 
     bool isDemo = false;        ///< works on a fresh demo library in memory
     bool needsPainter = false;  ///< draws a PDF

@@ -18,9 +18,12 @@ enum class OutputFormat { text, json };
 struct CommandOutput {
     OutputFormat format;
     std::string& text;
+    std::string& errors;
 
     [[nodiscard]] bool isJSON() const noexcept { return format == OutputFormat::json; }
     void line(const std::string& content) { text += content + '\n'; }
+    /// A sentence beside the result, on standard error.
+    void notice(const std::string& sentence) { errors += sentence + '\n'; }
 };
 
 using CommandAction = std::function<void(CommandEnvironment&, CommandOutput&)>;

@@ -130,7 +130,13 @@ std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const Busine
     if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
     if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
     const fs::path file = target / (std::string(prefix) + timestamp(now) + ".json");
-    verify(file, BackupExporter::writeFile(context, profile, now, file), check);
+    auto counts = BackupExporter::writeFile(context, profile, now, file);
+    const std::size_t repaired = std::exchange(counts.repairedTexts, 0);
+    verify(file, counts, check);
+    if (repaired > 0) {
+        writeSystemLog("Elmworth: " + file.string() + ": " +
+                       BackupExporter::repairMessage(repaired));
+    }
     prune(target);
     removeAbandonedFiles(target, now - longestWrite);
     return file;

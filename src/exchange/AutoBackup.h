@@ -50,7 +50,7 @@ class AutoBackup {
 
     /// Writes a snapshot unless the newest is younger than 20 hours or there are no entries, reads
     /// it back, and removes all but the newest `snapshotsKept`, and what a killed process began to
-    /// write more than a day ago.
+    /// write more than a day ago. Texts that are damaged in the library go into the system log.
     /// Gives the new file, or absent when none was written. `folder` and `check` are for tests;
     /// absent means `AutoBackup::folder()` and what runs otherwise. Throws StoreError,
     /// BackupDecodeError (the snapshot did not verify, and is gone) or

@@ -11,6 +11,7 @@
 #include "core/Project.h"
 #include "core/TimeEntry.h"
 #include "platform/AtomicFile.h"
+#include "platform/Text.h"
 
 namespace elmworth::BackupExporter {
 
@@ -63,8 +64,18 @@ ClientDTO makeClient(ModelContext& context, const Ref<Client>& client,
     return dto;
 }
 
+/// The profile frozen on an invoice; absent when it cannot be read even where damaged bytes, which
+/// `repaired` counts as one text, stand with U+FFFD.
+std::optional<BusinessProfile> frozenProfile(const std::string& json, std::size_t& repaired) {
+    if (isUTF8(json)) return decodeProfile(json);
+    auto profile = decodeProfile(validUTF8(json));
+    if (profile) ++repaired;
+    return profile;
+}
+
 InvoiceDTO makeInvoice(const Invoice& invoice,
-                       const std::unordered_map<PersistentID, std::int64_t>& clientIndexes) {
+                       const std::unordered_map<PersistentID, std::int64_t>& clientIndexes,
+                       std::size_t& repaired) {
     InvoiceDTO dto;
     dto.number = invoice.number;
     const auto& client = invoice.client.get();
@@ -81,7 +92,7 @@ InvoiceDTO makeInvoice(const Invoice& invoice,
     dto.paidAt = invoice.paidAt;
     dto.showsEntryDetails = invoice.showsEntryDetails.get();
     const auto& snapshot = invoice.businessSnapshot.get();
-    if (snapshot) dto.business = decodeProfile(snapshot->bytes);
+    if (snapshot) dto.business = frozenProfile(snapshot->bytes, repaired);
     if (client) {
         const auto found = clientIndexes.find(client->persistentModelID());
         if (found != clientIndexes.end()) dto.clientIndex = found->second;
@@ -89,9 +100,10 @@ InvoiceDTO makeInvoice(const Invoice& invoice,
     return dto;
 }
 
-/// Walks the library in the order of the document.
+/// Walks the library in the order of the document. Gives how many texts had to be repaired on the
+/// way, to which the writer adds its own.
 template <class OnClient, class OnInvoice>
-void walk(ModelContext& context, const OnClient& onClient, const OnInvoice& onInvoice) {
+std::size_t walk(ModelContext& context, const OnClient& onClient, const OnInvoice& onInvoice) {
     const auto clients = allInOrder<Client, &Client::name>(context);
     const auto invoices = allInOrder<Invoice, &Invoice::number>(context);
     InvoiceNumbers numbers;
@@ -100,7 +112,11 @@ void walk(ModelContext& context, const OnClient& onClient, const OnInvoice& onIn
     std::int64_t index = 0;
     for (const auto& client : clients) clientIndexes[client->persistentModelID()] = index++;
     for (const auto& client : clients) onClient(makeClient(context, client, numbers));
-    for (const auto& invoice : invoices) onInvoice(makeInvoice(*invoice, clientIndexes));
+    std::size_t repaired = 0;
+    for (const auto& invoice : invoices) {
+        onInvoice(makeInvoice(*invoice, clientIndexes, repaired));
+    }
+    return repaired;
 }
 
 }  // namespace
@@ -142,7 +158,7 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
     const auto beginInvoices = [&] {
         if (!std::exchange(invoicesBegun, true)) writer.beginInvoices(now);
     };
-    walk(
+    counts.repairedTexts = walk(
         context,
         [&](const ClientDTO& client) {
             ++counts.clients;
@@ -158,6 +174,7 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
     beginInvoices();
     reading.check();
     writer.end(profile, Backup{}.version);
+    counts.repairedTexts += writer.repairedTexts();
     return counts;
 }
 
@@ -168,6 +185,11 @@ Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant 
         context, profile, now, [&](std::string_view bytes) { target.write(bytes); }, progress);
     target.commit();
     return counts;
+}
+
+std::string repairMessage(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " text" : " texts") +
+           " of the library held damaged bytes, which stand as � in the document.";
 }
 
 }  // namespace elmworth::BackupExporter

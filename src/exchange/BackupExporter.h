@@ -19,6 +19,7 @@ struct Counts {
     std::size_t projects = 0;
     std::size_t entries = 0;
     std::size_t invoices = 0;
+    std::size_t repairedTexts = 0;  ///< damaged ones, which stand with U+FFFD in the document
 
     friend bool operator==(const Counts&, const Counts&) = default;
 };
@@ -40,5 +41,8 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
 /// Throws StoreError, Cancelled or std::filesystem::filesystem_error.
 Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
                  const std::filesystem::path& file, Progress& progress = noProgress());
+
+/// What to tell of `count` repaired texts, at least one.
+[[nodiscard]] std::string repairMessage(std::size_t count);
 
 }  // namespace elmworth::BackupExporter

@@ -4,6 +4,7 @@
 #include "exchange/BackupWriter.h"
 
 #include "platform/ISO8601.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -21,7 +22,13 @@ void BackupWriter::key(std::string_view name) {
 
 void BackupWriter::text(std::string_view name, std::string_view value) {
     key(name);
-    writer_.String(value.data(), length(value));
+    if (isUTF8(value)) {
+        writer_.String(value.data(), length(value));
+    } else {
+        ++repairedTexts_;
+        const std::string valid = validUTF8(value);
+        writer_.String(valid.data(), length(valid));
+    }
 }
 
 void BackupWriter::number(std::string_view name, std::int64_t value) {

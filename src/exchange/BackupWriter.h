@@ -17,8 +17,10 @@ namespace elmworth {
 using ByteSink = std::function<void(std::string_view)>;
 
 /// Writes a backup document as indented JSON with its keys in order, piece by piece: a library of
-/// any size takes the memory of its largest client. A date beyond the years 0 to 9999 stands as the
-/// nearest one within. Call begin, client for each, beginInvoices, invoice for each, end.
+/// any size takes the memory of its largest client. Whatever the values are, the document can be
+/// read: what is not UTF-8 in a text stands as U+FFFD, a date beyond the years 0 to 9999 as the
+/// nearest one within. Call begin, client for each, beginInvoices,
+/// invoice for each, end.
 class BackupWriter {
  public:
     explicit BackupWriter(ByteSink sink) : stream_{std::move(sink), {}}, writer_(stream_) {}
@@ -28,6 +30,9 @@ class BackupWriter {
     void beginInvoices(Instant exportedAt);
     void invoice(const InvoiceDTO& invoice);
     void end(const BusinessProfile& profile, std::int64_t version);
+
+    /// How many texts were not UTF-8.
+    [[nodiscard]] std::size_t repairedTexts() const noexcept { return repairedTexts_; }
 
  private:
     /// A stream of RapidJSON's that hands on what it has gathered.
@@ -57,6 +62,7 @@ class BackupWriter {
     void date(std::string_view name, Instant value);
 
     Stream stream_;
+    std::size_t repairedTexts_ = 0;
     rapidjson::PrettyWriter<Stream> writer_;
 };
 

@@ -43,6 +43,11 @@ std::size_t skipCharacters(std::string_view text, std::size_t& count) {
     return static_cast<std::size_t>(offset);
 }
 
+bool isASCII(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 /// True where each byte is a character of its own; a carriage return may join a line feed.
 bool isPlainASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
@@ -147,6 +152,10 @@ bool holdsLoneSurrogate(std::string_view text) {
         if (i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) >= 0xA0) return true;
     }
     return false;
+}
+
+bool isUTF8(std::string_view text) {
+    return isASCII(text) || validUTF8(text) == text;
 }
 
 std::string validUTF8(std::string_view text) {

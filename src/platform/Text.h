@@ -38,6 +38,8 @@ namespace elmworth {
 /// Whether `text`, which is UTF-8 otherwise, spells a half of a surrogate pair. JSON's escapes can.
 [[nodiscard]] bool holdsLoneSurrogate(std::string_view text);
 
+[[nodiscard]] bool isUTF8(std::string_view text);
+
 /// `text` with everything that is not UTF-8 replaced by U+FFFD.
 [[nodiscard]] std::string validUTF8(std::string_view text);
 

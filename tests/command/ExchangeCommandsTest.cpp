@@ -241,6 +241,19 @@ TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
     EXPECT_EQ(run({"export", "no/such/folder"}).exitStatus, 1);
 }
 
+TEST_F(ExchangeCommands, BackupTellsOfDamagedTextsBesideItsResult) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 90, "caf\xE9");
+    for (const char* target : {"backup.json", "-"}) {
+        const auto result = run({"backup", target});
+        EXPECT_EQ(result.exitStatus, 0);
+        EXPECT_EQ(result.errors,
+                  "1 text of the library held damaged bytes, which stand as � in the document.\n");
+    }
+    EXPECT_THAT(written("backup.json"), HasSubstr("caf�"));
+    clear();
+    EXPECT_EQ(output({"restore", "backup.json"}), "Restored 2 clients and 0 invoices.\n");
+}
+
 TEST_F(ExchangeCommands, StatusTellsOfASnapshotThatCouldNotBeReadBack) {
     const test::ScopedEnvironment data("XDG_DATA_HOME", "/data");
     profiles_.defaults().setString("failedSnapshotCheck", "2026-03-10T12:00:00Z It is\nno JSON.");

@@ -4,6 +4,7 @@
 """Bad files end an import, a restore, a backup or an export in one sentence, in bounded time and memory, and leave
 the library and the target as they were."""
 
+import contextlib
 import json
 import os
 import pathlib
@@ -11,6 +12,7 @@ import random
 import resource
 import shutil
 import signal
+import sqlite3
 import subprocess
 import tempfile
 import unittest
@@ -90,6 +92,19 @@ class Exchange(unittest.TestCase):
         settings.unlink()
         self.assertEqual(self.ok("restore", "file"), "Restored 1 clients and 0 invoices.\n")
         self.assertIn("Jane", self.ok("profile"))
+
+    # --- damaged texts -------------------------------------------------------------------------
+
+    def test_a_damaged_byte_costs_one_character_and_not_the_backup(self):
+        with contextlib.closing(sqlite3.connect(self.home / "data/Elmworth/library.sqlite")) as library:
+            library.execute("UPDATE TimeEntry SET notes = CAST(x'636166e9' AS TEXT)")
+            library.commit()
+        done = self.run_program("backup", "file")
+        self.assertEqual((done.returncode, done.stderr.decode()), (
+            0, "1 text of the library held damaged bytes, which stand as \ufffd in the document.\n"))
+        self.use_library("new")
+        self.ok("restore", "file")
+        self.assertEqual(self.state()["clients"][0]["projects"][0]["entries"][0]["notes"], "caf\ufffd")
 
     # --- import --------------------------------------------------------------------------------
 

@@ -88,6 +88,24 @@ TEST_F(AutoBackupTest, aSnapshotThatCannotBeReadBackIsRemovedAndPrunesNothing) {
     EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-03-10T12-00-00.json"));
 }
 
+TEST_F(AutoBackupTest, aSnapshotOfADamagedTextCanBeReadAndIsToldOf) {
+    library_.context().fetch<TimeEntry>().at(0)->notes = "no UTF-8: \xFF";
+    const test::SystemLogCapture log;
+    const auto file = run(now);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(decodeBackupFile(*file).clients.at(0).projects.at(0).entries.at(0).notes,
+              "no UTF-8: �");
+    EXPECT_EQ(log.take(), "Elmworth: " + file->string() +
+                              ": 1 text of the library held damaged bytes, which stand as � in "
+                              "the document.\n");
+}
+
+TEST_F(AutoBackupTest, aSnapshotOfASoundLibraryIsNotToldOf) {
+    const test::SystemLogCapture log;
+    run(now);
+    EXPECT_EQ(log.take(), "");
+}
+
 TEST_F(AutoBackupTest, aSnapshotOfAnyExtensionIsPruned) {
     put("Elmworth-2026-01-01T00-00-00.txt");
     for (int day = 10; day <= 23; ++day) {

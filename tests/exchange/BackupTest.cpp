@@ -204,10 +204,48 @@ TEST(BackupDecoder, aWholeNumberMayHaveAFractionOfZeros) {
     EXPECT_EQ(backup.profile.roundingMinutes, 6);
 }
 
+TEST(Backup, damagedTextsStandWithReplacementCharactersAndAreCounted) {
+    TestLibrary library;
+    fill(library);
+    library.context().fetch<TimeEntry>().at(0)->notes = "caf\xE9 am \xFF Platz";
+    library.context().fetch<Invoice>().at(0)->number = "INV-\xC3";
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "backup.json";
+    // The number stands on the invoice and on its entry.
+    EXPECT_EQ(BackupExporter::writeFile(library.context(), {}, exportedAt, file).repairedTexts, 3U);
+    const auto backup = decodeBackupFile(file);
+    EXPECT_EQ(backup.clients.at(0).projects.at(0).entries.at(0).notes, "caf� am � Platz");
+    EXPECT_EQ(backup.invoices.at(0).number, "INV-�");
+    TestLibrary second;
+    EXPECT_EQ(restore(backup, second.context()).unlinkedEntries, 0);
+}
+
+TEST(Backup, aDamagedByteInAnInvoicesOwnProfileCostsOneCharacter) {
+    TestLibrary library;
+    fill(library);
+    const auto invoice = library.context().fetch<Invoice>().at(0);
+    std::string json = encodeProfile({.name = "Jane", .taxLabel = "VAT"});
+    json.replace(json.find("Jane"), 1, "\xFF");
+    invoice->businessSnapshot = Blob{json};
+    std::string document;
+    const auto counts = BackupExporter::write(library.context(), {}, exportedAt,
+                                              [&](std::string_view piece) { document += piece; });
+    EXPECT_EQ(counts.repairedTexts, 1U);
+    EXPECT_EQ(decodeBackup(document).invoices.at(0).business,
+              (BusinessProfile{.name = "�ane", .taxLabel = "VAT"}));
+}
+
 TEST(Backup, aDateThatNoDocumentCanHoldStandsAsTheNearestOne) {
     Backup backup;
     backup.exportedAt = Instant::max();
     EXPECT_EQ(decodeBackup(BackupExporter::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
+}
+
+TEST(Backup, theMessageOfDamagedTextsCountsThem) {
+    EXPECT_EQ(BackupExporter::repairMessage(1),
+              "1 text of the library held damaged bytes, which stand as � in the document.");
+    EXPECT_EQ(BackupExporter::repairMessage(2),
+              "2 texts of the library held damaged bytes, which stand as � in the document.");
 }
 
 struct BadDocument {

@@ -90,6 +90,13 @@ TEST(Text, CaseFoldingMakesSpellingsEqual) {
     EXPECT_EQ(caseFolded(""), "");
 }
 
+TEST(Text, OnlyUTF8IsUTF8) {
+    for (const char* text : {"", "plain", "Z\u00fcrich", "\U0001f44d"})
+        EXPECT_TRUE(isUTF8(text)) << text;
+    for (const char* text : {"caf\xe9", "\xed\xa0\x80", "cut \xf0\x9f\x91", "\xc0\x80"})
+        EXPECT_FALSE(isUTF8(text)) << text;
+}
+
 TEST(Text, ValidUTF8ReplacesOnlyWhatIsNot) {
     EXPECT_EQ(validUTF8("Zürich 👍"), "Zürich 👍");
     EXPECT_EQ(validUTF8("a\xff"
