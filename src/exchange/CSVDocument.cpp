@@ -22,16 +22,17 @@ bool isBreakOfItsOwn(std::string_view value, std::size_t position) {
     return position == 0 || value[position - 1] != '\r';
 }
 
+/// Whether the ASCII character at `position` is a user-perceived character by itself.
+bool standsAlone(std::string_view value, std::size_t position) {
+    return isCharacterBoundary(value, position) && isCharacterBoundary(value, position + 1);
+}
+
 bool needsQuotes(std::string_view value) {
     std::size_t position = value.find_first_of("\",\r\n");
     while (position != std::string_view::npos) {
         const char c = value[position];
         const bool isBreak = c == '\r' || c == '\n';
-        if (isBreak ? isBreakOfItsOwn(value, position)
-                    : isCharacterBoundary(value, position) &&
-                          isCharacterBoundary(value, position + 1)) {
-            return true;
-        }
+        if (isBreak ? isBreakOfItsOwn(value, position) : standsAlone(value, position)) return true;
         position = value.find_first_of("\",\r\n", position + 1);
     }
     return false;
@@ -42,11 +43,14 @@ bool needsQuotes(std::string_view value) {
 std::string csvField(std::string_view value) {
     if (!needsQuotes(value)) return std::string(value);
     std::string field = "\"";
-    for (const char c : value) {
-        if (c == '"') field += '"';
-        field += c;
+    std::size_t begin = 0;
+    for (auto quote = value.find('"'); quote != std::string_view::npos;
+         quote = value.find('"', quote + 1)) {
+        if (!standsAlone(value, quote)) continue;
+        field.append(value, begin, quote - begin) += '"';
+        begin = quote;
     }
-    return field + '"';
+    return field.append(value, begin) + '"';
 }
 
 CSVDocument::CSVDocument(const std::string& zoneID, std::function<void(std::string_view)> sink)

@@ -39,7 +39,8 @@ class CSVDocument {
 };
 
 /// `value` as a field: in quotes, with its quotes doubled, when it holds a comma, a quote or a line
-/// break. A CR LF pair is one character that is neither a line feed nor a carriage return, so a
+/// break. A comma or a quote that a combining character follows is another character and none of
+/// these. A CR LF pair is one character that is neither a line feed nor a carriage return, so a
 /// value whose only line breaks are such pairs stands as it is.
 [[nodiscard]] std::string csvField(std::string_view value);
 

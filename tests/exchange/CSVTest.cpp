@@ -77,6 +77,27 @@ TEST(CSVDocument, fieldsAreQuotedOnlyWhereTheyMustBe) {
     EXPECT_EQ(csvField("a,\xCC\x81"), "a,\xCC\x81");
 }
 
+TEST(CSVDocument, onlyAQuoteThatIsAWholeCharacterIsDoubled) {
+    EXPECT_EQ(csvField("q\"\xCC\x88"), "q\"\xCC\x88");
+    EXPECT_EQ(csvField("q\"\xCC\x88, x, y"), "\"q\"\xCC\x88, x, y\"");
+    EXPECT_EQ(csvField("\"\"\xCC\x88\""), "\"\"\"\"\xCC\x88\"\"\"");
+    EXPECT_EQ(csvField("\xD8\x80\", x"), "\"\xD8\x80\", x\"");
+}
+
+TEST(CSVDocument, whateverAFieldHoldsItIsReadBackWithTheFieldsAroundIt) {
+    const std::vector<std::string> pieces{"\"", "\"\xCC\x88", ",", ",\xCC\x81", "\n", "x, y",
+                                          "é",  "\xD8\x80\"", "a", "👍\"",       " "};
+    std::mt19937 random(20260322);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string value = "a";
+        for (std::size_t i = random() % 8; i > 0; --i) value += pieces[random() % pieces.size()];
+        value += "z";
+        ASSERT_EQ(tokenize("1," + csvField(value) + ",2\r\nnext"),
+                  (Rows{{"1", value, "2"}, {"next"}}))
+            << testing::PrintToString(value);
+    }
+}
+
 std::string documentOf(const std::string& zone, Instant start, Instant end) {
     std::string text;
     CSVDocument document(zone, [&](std::string_view piece) { text += piece; });
