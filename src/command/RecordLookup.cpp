@@ -96,8 +96,14 @@ Ref<Project> findProject(ModelContext& context, const std::string& name,
 }
 
 Ref<Invoice> findInvoice(ModelContext& context, const std::string& number) {
-    const auto found = context.fetch(
+    auto found = context.fetch(
         FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number, .fetchLimit = 1});
+    if (found.empty()) {
+        found = context.fetch<Invoice>();
+        std::erase_if(found, [wanted = canonical(number)](const auto& invoice) {
+            return canonical(invoice->number.get()) != wanted;
+        });
+    }
     if (found.empty()) {
         throw CommandError("There is no invoice “" + number +
                            "”. \"elmworth invoice list\" shows all numbers.");

@@ -12,7 +12,8 @@
 
 namespace elmworth {
 
-/// Finds records by the names that people type, without regard to case. A name that fits none or
+/// Finds records by the names that people type, without regard to case and to how characters are
+/// composed. A name that fits none or
 /// several throws CommandError with the candidates.
 [[nodiscard]] Ref<Client> findClient(ModelContext& context, const std::string& name);
 
@@ -20,7 +21,8 @@ namespace elmworth {
 [[nodiscard]] Ref<Project> findProject(ModelContext& context, const std::string& name,
                                        const std::string& clientName = {});
 
-/// The invoice with exactly that number. Throws CommandError when there is none.
+/// The invoice with exactly that number, however its characters are composed. Throws CommandError
+/// when there is none.
 [[nodiscard]] Ref<Invoice> findInvoice(ModelContext& context, const std::string& number);
 
 /// "{project} — {client}", or the project's name alone without a client.

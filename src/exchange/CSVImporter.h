@@ -54,8 +54,9 @@ struct Result {
 
 /// Adds `rows` and the clients and projects that they need, and saves. A row of the same project,
 /// start and end (in whole seconds) as an entry that is there is skipped, so a second import of a
-/// file adds nothing. Throws StoreError or Cancelled; the changes then stay pending, or are rolled
-/// back when there were so many that some had gone to the disk before the save.
+/// file adds nothing. Names match without regard to case and to how characters are composed. Throws
+/// StoreError or Cancelled; the changes then stay pending, or are rolled back when there were so
+/// many that some had gone to the disk before the save.
 Result apply(const std::vector<Row>& rows, ModelContext& context,
              Progress& progress = noProgress());
 

@@ -14,6 +14,7 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -69,7 +70,7 @@ class Restorer {
         client->taxBasisPoints = dto.taxBasisPoints;
         context_.insert(client);
         clients_.push_back(client);
-        clientsByName_.try_emplace(dto.name, client);
+        clientsByName_.try_emplace(canonical(dto.name), client);
         for (const auto& project : dto.projects) addProject(project, client);
     }
 
@@ -98,7 +99,7 @@ class Restorer {
         if (dto.clientIndex && static_cast<std::size_t>(*dto.clientIndex) < clients_.size()) {
             return clients_[static_cast<std::size_t>(*dto.clientIndex)];
         }
-        const auto found = clientsByName_.find(dto.client);
+        const auto found = clientsByName_.find(canonical(dto.client));
         return found == clientsByName_.end() ? nullptr : found->second;
     }
 
@@ -107,7 +108,7 @@ class Restorer {
         if (!client) return;
         // Numbers are unique: of two invoices with the same one the later takes the earlier's
         // place.
-        auto& invoice = invoices_[dto.number];
+        auto& invoice = invoices_[canonical(dto.number)];
         if (!invoice) {
             invoice = std::make_shared<Invoice>(dto.number);
             context_.insert(invoice);
@@ -130,7 +131,7 @@ class Restorer {
 
     /// An entry whose invoice is not there becomes plain unbilled time, to be invoiced again.
     void link(TimeEntry& entry, const std::string& invoiceNumber) {
-        const auto found = invoices_.find(invoiceNumber);
+        const auto found = invoices_.find(canonical(invoiceNumber));
         if (found != invoices_.end()) {
             entry.invoice = found->second;
         } else {
@@ -145,6 +146,7 @@ class Restorer {
     ModelContext& context_;
     Progress& progress_;
     std::vector<Ref<Client>> clients_;
+    // By names and numbers in canonical form.
     std::unordered_map<std::string, Ref<Client>> clientsByName_;
     std::unordered_map<std::string, Ref<Invoice>> invoices_;
     std::vector<std::pair<const ProjectDTO*, Ref<Project>>> projects_;

@@ -4,6 +4,7 @@
 #include "invoicing/InvoiceBuilder.h"
 
 #include <limits>
+#include <unordered_set>
 
 #include "core/Project.h"
 #include "platform/ISO8601.h"
@@ -27,20 +28,24 @@ const char* message(BuildError::Code code) {
     return "";
 }
 
-/// A count that fails must not stand in the way of the operation.
-bool isTaken(ModelContext& context, const std::string& number) {
+/// The numbers of all invoices, to be asked in canonical form. A library that cannot be read must
+/// not stand in the way of the operation, and has none.
+std::unordered_set<std::string> takenNumbers(ModelContext& context) {
     try {
-        return context.fetchCount(
-                   FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number}) > 0;
+        std::unordered_set<std::string> numbers;
+        context.forEach<Invoice>(
+            {}, [&](const Invoice& invoice) { numbers.insert(canonical(invoice.number.get())); });
+        return numbers;
     } catch (const StoreError&) {
-        return false;
+        return {};
     }
 }
 
 /// Moves the counter of `profile` on to a number that is free, and gives it.
 std::string takeNumber(ModelContext& context, BusinessProfile& profile, std::int64_t year) {
+    const auto taken = takenNumbers(context);
     std::string candidate = profile.formattedInvoiceNumber(year);
-    while (isTaken(context, candidate)) {
+    while (taken.contains(canonical(candidate))) {
         if (profile.nextInvoiceNumber == std::numeric_limits<std::int64_t>::max()) {
             throw BuildError(BuildError::Code::duplicateNumber);
         }
@@ -121,8 +126,9 @@ void InvoiceBuilder::renumber(const Ref<Invoice>& invoice, std::string_view numb
     const std::string trimmed{trimmedWhitespace(number)};
     if (invoice->status() != InvoiceStatus::draft) throw BuildError(BuildError::Code::notDraft);
     if (trimmed.empty()) throw BuildError(BuildError::Code::emptyNumber);
-    if (trimmed == invoice->number.get()) return;
-    if (isTaken(context, trimmed)) throw BuildError(BuildError::Code::duplicateNumber);
+    if (canonical(trimmed) == canonical(invoice->number.get())) return;
+    if (takenNumbers(context).contains(canonical(trimmed)))
+        throw BuildError(BuildError::Code::duplicateNumber);
     invoice->number = trimmed;
     context.save();
 }

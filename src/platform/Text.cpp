@@ -7,6 +7,7 @@
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/locid.h>
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uniset.h>
 #include <unicode/unistr.h>
@@ -129,20 +130,34 @@ bool isCharacterBoundary(std::string_view text, std::size_t position) {
     return !joins && classOf(previous) != U_GCB_PREPEND;
 }
 
+std::string canonical(std::string_view text) {
+    if (isASCII(text)) return std::string(text);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* composed = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status)) throw std::bad_alloc();
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result, static_cast<int>(text.size()));
+    composed->normalizeUTF8(0, piece(text), sink, nullptr, status);
+    return result;
+}
+
+// Composed before, so that equivalent texts are mapped alike, and after, as mapping decomposes
+// some.
+
 std::string lowerCased(std::string_view text) {
     UErrorCode status = U_ZERO_ERROR;
     std::string result;
     icu::StringByteSink<std::string> sink(&result);
-    icu::CaseMap::utf8ToLower("", 0, piece(text), sink, nullptr, status);
-    return result;
+    icu::CaseMap::utf8ToLower("", 0, piece(canonical(text)), sink, nullptr, status);
+    return canonical(result);
 }
 
 std::string caseFolded(std::string_view text) {
     std::string folded;
     icu::StringByteSink<std::string> sink(&folded, static_cast<int>(text.size()));
     UErrorCode status = U_ZERO_ERROR;
-    icu::CaseMap::utf8Fold(0, piece(text), sink, nullptr, status);
-    return folded;
+    icu::CaseMap::utf8Fold(0, piece(canonical(text)), sink, nullptr, status);
+    return canonical(folded);
 }
 
 bool holdsLoneSurrogate(std::string_view text) {

@@ -29,10 +29,16 @@ namespace elmworth {
 /// there. For positions beside an ASCII character other than a line break, which is cheap to tell.
 [[nodiscard]] bool isCharacterBoundary(std::string_view text, std::size_t position);
 
-/// `text` in lower case, by the rules that hold in every locale.
+/// `text` composed (Unicode's form NFC): the same for all texts that are canonically equivalent,
+/// such as "é" in one code point and in two.
+[[nodiscard]] std::string canonical(std::string_view text);
+
+/// `text` in lower case, by the rules that hold in every locale; the same for all texts that are
+/// canonically equivalent.
 [[nodiscard]] std::string lowerCased(std::string_view text);
 
-/// `text` in Unicode's full case folding, for comparing names without regard to case.
+/// `text` in Unicode's full case folding, for comparing names without regard to case; the same for
+/// all texts that are canonically equivalent.
 [[nodiscard]] std::string caseFolded(std::string_view text);
 
 /// Whether `text`, which is UTF-8 otherwise, spells a half of a surrogate pair. JSON's escapes can.

@@ -76,6 +76,16 @@ TEST_F(TimerCommands, ANameOfSeveralProjectsIsRefusedWithTheCandidates) {
     EXPECT_FALSE(timer_.running());
 }
 
+TEST_F(TimerCommands, NamesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
+    const auto cafe = library_.addClient("Caf\u00e9");
+    library_.addProject("R\u00e9sum\u00e9", cafe);
+    library_.addInvoice("\u00c9-1", cafe);
+    library_.context().save();
+    output({"start", "re\u0301sume\u0301", "--client", "CAFE\u0301"});
+    EXPECT_EQ(timer_.running()->project->name.get(), "R\u00e9sum\u00e9");
+    EXPECT_THAT(output({"invoice", "show", "E\u0301-1"}), testing::HasSubstr("\u00c9-1"));
+}
+
 TEST_F(TimerCommands, AnUnknownNameIsRefusedWithTheCandidates) {
     expectRefusal({"start", "Web"}, 1,
                   "There is no project “Web”. Candidates: Website — Acme Co, Website — Globex.");

@@ -234,5 +234,26 @@ TEST(CSVImporter, anIdenticalRowInOneFileIsSkipped) {
               "imported.");
 }
 
+TEST(CSVImporter, namesMatchHoweverTheirCharactersAreComposed) {
+    TestLibrary library;
+    const Instant start = at("2026-03-01T09:00Z");
+    const auto row = [&](const char* client, const char* project) {
+        return CSVImporter::Row{client, project, "", start, start + std::chrono::hours(1)};
+    };
+    library.addProject("R\u00e9sum\u00e9", library.addClient("Caf\u00e9"));
+    library.context().save();
+    const auto first =
+        CSVImporter::apply({row("CAFE\u0301", "re\u0301sume\u0301")}, library.context());
+    EXPECT_EQ(first.imported, 1);
+    EXPECT_TRUE(first.newClients.empty());
+    const auto second = CSVImporter::apply(
+        {row("Caf\u00e9", "R\u00e9sum\u00e9"), row("cafe\u0301", "re\u0301sume\u0301")},
+        library.context());
+    EXPECT_EQ(second.imported, 0);
+    EXPECT_EQ(second.skipped, 2);
+    EXPECT_EQ(library.context().fetchCount<Client>(), 1U);
+    EXPECT_EQ(library.context().fetchCount<Project>(), 1U);
+}
+
 }  // namespace
 }  // namespace elmworth

@@ -321,6 +321,19 @@ TEST(Restore, ofTwoInvoicesWithOneNumberTheLaterStays) {
     EXPECT_EQ(onlyEntry(library)->invoice->notes.get(), "the later");
 }
 
+TEST(Restore, namesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
+    TestLibrary library;
+    auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
+    backup.clients.at(0).name = "Caf\u00e9";
+    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "N\u00ba\u00c51";
+    backup.invoices.push_back(invoice("N\u00baA\u030a1", "Cafe\u0301"));
+    backup.invoices.push_back(invoice("N\u00ba\u212b1", "Cafe\u0301"));
+    backup.invoices.at(1).notes = "the later";
+    EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
+    EXPECT_EQ(library.context().fetchCount<Invoice>(), 1U);
+    EXPECT_EQ(onlyEntry(library)->invoice->notes.get(), "the later");
+}
+
 TEST(Restore, anEntryOfAnInvoiceThatWasDroppedComesBackUnbilled) {
     TestLibrary library;
     auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});

@@ -160,6 +160,17 @@ TEST_F(InvoiceNumbering, AnotherInvoicesNumberInOtherCaseIsFree) {
     EXPECT_EQ(renumber(invoice, "a-1"), std::nullopt);
 }
 
+TEST_F(InvoiceNumbering, NumbersAreEqualHoweverTheirCharactersAreComposed) {
+    const auto invoice = storedInvoice("\u00c9-1");
+    take("\u00c9-2");
+    EXPECT_EQ(renumber(invoice, "E\u0301-2"), Code::duplicateNumber);
+    EXPECT_EQ(renumber(invoice, "E\u0301-1"), std::nullopt);
+    EXPECT_EQ(invoice->number.get(), "\u00c9-1");
+    take("E\u0301-2026-001");
+    profile_.invoicePrefix = "\u00c9";
+    EXPECT_EQ(create()->number.get(), "\u00c9-2026-002");
+}
+
 TEST_F(InvoiceNumbering, AnEmptyNumberIsRefused) {
     EXPECT_EQ(renumber(storedInvoice("A-1"), " \n\t\u00A0"), Code::emptyNumber);
 }

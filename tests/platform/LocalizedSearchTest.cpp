@@ -31,23 +31,28 @@ TEST_P(LocalizedSearchRow, findsInTheMannerOfTheLocale) {
 
 INSTANTIATE_TEST_SUITE_P(
     , LocalizedSearchRow,
-    testing::Values(SearchRow{"Inside", "en_US", "sign", "Design review", true},
-                    SearchRow{"WithoutRegardToCase", "en_US", "dESIGN", "Design review", true},
-                    SearchRow{"OverAWordsEnd", "en_US", "n r", "Design review", true},
-                    SearchRow{"NotThere", "en_US", "draft", "Design review", false},
-                    SearchRow{"NothingEverywhere", "en_US", "", "", true},
-                    SearchRow{"InNoText", "en_US", "a", "", false},
-                    SearchRow{"Punctuation", "en_US", "#12", "Ticket #12", true},
-                    SearchRow{"PunctuationThatDiffers", "en_US", "-12", "Ticket #12", false},
-                    SearchRow{"AfterALineBreak", "en_US", "b", "a\r\nb", true},
-                    SearchRow{"LettersBeyondASCII", "de_DE", "prüf", "PRÜFUNG", true},
-                    SearchRow{"AccentsTell", "de_DE", "prufung", "Prüfung", false},
-                    SearchRow{"ControlCharactersAreNotSeen", "en_US", "ab",
-                              "a\x01"
-                              "b",
-                              true},
-                    SearchRow{"ALetterOfTwoIsOneInCzech", "cs_CZ", "c", "chata", false},
-                    SearchRow{"AndTwoInEnglish", "en_US", "c", "chata", true}),
+    testing::Values(
+        SearchRow{"Inside", "en_US", "sign", "Design review", true},
+        SearchRow{"WithoutRegardToCase", "en_US", "dESIGN", "Design review", true},
+        SearchRow{"OverAWordsEnd", "en_US", "n r", "Design review", true},
+        SearchRow{"NotThere", "en_US", "draft", "Design review", false},
+        SearchRow{"NothingEverywhere", "en_US", "", "", true},
+        SearchRow{"InNoText", "en_US", "a", "", false},
+        SearchRow{"Punctuation", "en_US", "#12", "Ticket #12", true},
+        SearchRow{"PunctuationThatDiffers", "en_US", "-12", "Ticket #12", false},
+        SearchRow{"AfterALineBreak", "en_US", "b", "a\r\nb", true},
+        SearchRow{"LettersBeyondASCII", "de_DE", "prüf", "PRÜFUNG", true},
+        SearchRow{"AccentsTell", "de_DE", "prufung", "Prüfung", false},
+        SearchRow{"ComposedInDecomposed", "en_US", "caf\u00e9", "Cafe\u0301 Roma", true},
+        SearchRow{"DecomposedInComposed", "en_US", "cafe\u0301", "Caf\u00e9 Roma", true},
+        SearchRow{"ComposedInDecomposedDanish", "da_DK", "\u00e5", "A\u030arhus", true},
+        SearchRow{"MarksInAnotherOrder", "vi_VN", "\u1ed9", "vo\u0302\u0323i", true},
+        SearchRow{"ControlCharactersAreNotSeen", "en_US", "ab",
+                  "a\x01"
+                  "b",
+                  true},
+        SearchRow{"ALetterOfTwoIsOneInCzech", "cs_CZ", "c", "chata", false},
+        SearchRow{"AndTwoInEnglish", "en_US", "c", "chata", true}),
     rowName);
 
 TEST(LocalizedSearch, ofPlainTextsFindsWhatCollationFinds) {

@@ -90,6 +90,27 @@ TEST(Text, CaseFoldingMakesSpellingsEqual) {
     EXPECT_EQ(caseFolded(""), "");
 }
 
+TEST(Text, CanonicalFormsCaseFoldingsAndLowerCaseAreEqualForEquivalentTexts) {
+    const std::pair<const char*, const char*> equivalents[] = {
+        {"Caf\u00c9", "CafE\u0301"},  // one code point and two
+        {"\u212b", "A\u030a"},        // three spellings of one letter
+        {"\u1ed8", "O\u0302\u0323"},  // marks in another order
+        {"\uac00", "\u1100\u1161"},   // a syllable and its parts
+        {"\u0130", "I\u0307"},       {"\u1fb3", "\u03b1\u0345"}, {"\u212a", "K"},
+    };
+    for (const auto& [one, other] : equivalents) {
+        EXPECT_EQ(canonical(one), canonical(other)) << one;
+        EXPECT_EQ(caseFolded(one), caseFolded(other)) << one;
+        EXPECT_EQ(lowerCased(one), lowerCased(other)) << one;
+    }
+    EXPECT_EQ(canonical("Cafe\u0301"), "Caf\u00e9");
+    EXPECT_EQ(lowerCased("CAFE\u0301"), "caf\u00e9");
+    // Alike, but not equivalent.
+    EXPECT_NE(canonical("\ufb01"), canonical("fi"));
+    EXPECT_NE(canonical("Cafe"), canonical("Caf\u00e9"));
+    EXPECT_NE(canonical("a\xff"), canonical("a\xfe"));
+}
+
 TEST(Text, OnlyUTF8IsUTF8) {
     for (const char* text : {"", "plain", "Z\u00fcrich", "\U0001f44d"})
         EXPECT_TRUE(isUTF8(text)) << text;
