@@ -18,13 +18,15 @@ void takeActivationToken(const QVariantMap& platformData) {
 QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& workingFolder,
                                 const QString& locale, const QString& moneyLocale,
                                 const QString& zone, const QDBusUnixFileDescriptor& terminal,
-                                const QDBusUnixFileDescriptor& lifeline, QByteArray& errors,
+                                const QDBusUnixFileDescriptor& lifeline,
+                                const QDBusUnixFileDescriptor& standardInput, QByteArray& errors,
                                 int& exitStatus) {
     std::vector<std::string> words;
     for (const auto& argument : arguments) words.push_back(argument.toStdString());
     const auto result = service_.run(
         words, {workingFolder.toStdString(), locale.toStdString(), moneyLocale.toStdString(),
-                zone.toStdString(), terminal.fileDescriptor(), lifeline.fileDescriptor()});
+                zone.toStdString(), terminal.fileDescriptor(), lifeline.fileDescriptor(),
+                standardInput.fileDescriptor()});
     errors = QByteArray::fromStdString(result.errors);
     exitStatus = result.exitStatus;
     return QByteArray::fromStdString(result.output);

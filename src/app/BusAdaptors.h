@@ -24,11 +24,12 @@ class CommandsAdaptor final : public QDBusAbstractAdaptor {
 
  public Q_SLOTS:
     /// `terminal` is the caller's standard error; `lifeline` is a pipe that is closed when the
-    /// caller ends.
+    /// caller ends, and `standardInput` a regular file with what was written to the command.
     QByteArray Run(const QStringList& arguments, const QString& workingFolder,
                    const QString& locale, const QString& moneyLocale, const QString& zone,
                    const QDBusUnixFileDescriptor& terminal, const QDBusUnixFileDescriptor& lifeline,
-                   QByteArray& errors, int& exitStatus);
+                   const QDBusUnixFileDescriptor& standardInput, QByteArray& errors,
+                   int& exitStatus);
 
  private:
     CommandService& service_;

@@ -52,7 +52,8 @@ class Lifeline {
 
 }  // namespace
 
-std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) {
+std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
+                                     const GatheredInput& input) {
     auto* const call = sessionBusFunction<HandOffFunction>("elmworthHandOff");
     const Lifeline lifeline;
     if (!call || lifeline.watched() < 0) return std::nullopt;
@@ -62,7 +63,8 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments) 
                                  currentMoneyLocale().identifier(),
                                  Calendar::current().zoneID(),
                                  STDERR_FILENO,
-                                 lifeline.watched()};
+                                 lifeline.watched(),
+                                 input.descriptor()};
     CommandResult result;
     if (!call(request, result)) return std::nullopt;
     return result;

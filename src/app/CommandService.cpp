@@ -42,11 +42,17 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
     if (!commandLine.action) return failedCommand("There is no command to carry out.");
     const Locale callersLocale(caller.locale);
     TerminalProgress progress(caller.terminal, caller.lifeline);
-    CommandEnvironment environment{
-        services_.context(),       services_.timer(), services_.profiles(),
-        services_.clock(),         callersLocale,     Calendar(callersLocale, caller.zone),
-        caller.workingFolder,      &painter_,         progress,
-        Locale(caller.moneyLocale)};
+    CommandEnvironment environment{services_.context(),
+                                   services_.timer(),
+                                   services_.profiles(),
+                                   services_.clock(),
+                                   callersLocale,
+                                   Calendar(callersLocale, caller.zone),
+                                   caller.workingFolder,
+                                   &painter_,
+                                   progress,
+                                   caller.standardInput,
+                                   Locale(caller.moneyLocale)};
     return runCommand(commandLine, environment);
 }
 

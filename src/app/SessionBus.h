@@ -27,6 +27,7 @@ struct HandOffRequest {
     std::string zone;
     int terminal;
     int lifeline;
+    int standardInput;
 };
 
 // What the module elmworth-session-bus.so offers. False when no application answers.

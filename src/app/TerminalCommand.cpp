@@ -13,10 +13,12 @@
 #include <utility>
 
 #include "app/CommandHandOff.h"
+#include "app/GatheredInput.h"
 #include "app/LibraryServices.h"
 #include "app/SiblingProgram.h"
 #include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
+#include "command/CommandError.h"
 #include "core/Logo.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/LibraryLock.h"
@@ -40,15 +42,16 @@ bool needsPainter(const CommandLine& commandLine) {
             std::filesystem::exists(applicationSupportFolder() / "logo.png", ignored));
 }
 
-CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* painter) {
+CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInput& input,
+                              InvoicePainter* painter) {
     try {
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
         TerminalProgress progress(STDERR_FILENO);
-        CommandEnvironment environment{services.context(),  services.timer(),  services.profiles(),
-                                       services.clock(),    Locale::current(), Calendar::current(),
-                                       workingFolder(),     painter,           progress,
-                                       currentMoneyLocale()};
+        CommandEnvironment environment{
+            services.context(), services.timer(),    services.profiles(), services.clock(),
+            Locale::current(),  Calendar::current(), workingFolder(),     painter,
+            progress,           input.descriptor(),  currentMoneyLocale()};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());
@@ -56,21 +59,33 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, InvoicePainter* pa
 }
 
 std::optional<CommandResult> runWithLibrary(const CommandLine& commandLine,
-                                            InvoicePainter* painter) {
+                                            const GatheredInput& input, InvoicePainter* painter) {
     if (!painter && needsPainter(commandLine)) return std::nullopt;
-    return runOnOwnLibrary(commandLine, painter);
+    return runOnOwnLibrary(commandLine, input, painter);
 }
 
 std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
                                           const std::vector<std::string>& arguments,
-                                          InvoicePainter* painter) {
+                                          const GatheredInput& input, InvoicePainter* painter) {
     LibraryLock lock(applicationSupportFolder());
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (true) {
-        if (lock.tryAcquire()) return runWithLibrary(commandLine, painter);
-        if (auto result = handOff(arguments)) return result;
+        if (lock.tryAcquire()) return runWithLibrary(commandLine, input, painter);
+        if (auto result = handOff(arguments, input)) return result;
         if (std::chrono::steady_clock::now() >= deadline) return failedCommand(libraryInUse);
         std::this_thread::sleep_for(betweenTries);
+    }
+}
+
+std::optional<CommandResult> runWithInput(const CommandLine& commandLine,
+                                          const std::vector<std::string>& arguments,
+                                          const GatheredInput& input, InvoicePainter* painter) {
+    try {
+        if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, input, painter);
+        return runUnderLock(commandLine, arguments, input, painter);
+    } catch (const std::filesystem::filesystem_error& error) {
+        return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
+                             error.code().message());
     }
 }
 
@@ -80,11 +95,12 @@ std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
                                                 const std::vector<std::string>& arguments,
                                                 InvoicePainter* painter) {
     try {
-        if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, painter);
-        return runUnderLock(commandLine, arguments, painter);
-    } catch (const std::filesystem::filesystem_error& error) {
-        return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
-                             error.code().message());
+        GatheredInput input;
+        // Before the library is locked: another command may be the one that writes it.
+        if (commandLine.readsStandardInput) input.gather(STDIN_FILENO);
+        return runWithInput(commandLine, arguments, input, painter);
+    } catch (const CommandError& error) {
+        return failedCommand(error.what());
     }
 }
 

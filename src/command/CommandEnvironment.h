@@ -41,7 +41,8 @@ struct CommandEnvironment {
     std::filesystem::path workingFolder;  ///< relative paths are meant from here
     InvoicePainter* painter = nullptr;    ///< null where nothing can be drawn
     Progress& progress = noProgress();    ///< who waits for long work, and may stop it
-    Locale moneyLocale = locale;          ///< of amounts
+    int standardInput = -1;  ///< a regular file with what was written to the command; -1 for none
+    Locale moneyLocale = locale;  ///< of amounts
 };
 
 }  // namespace elmworth

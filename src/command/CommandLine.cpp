@@ -149,6 +149,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     }
     commandLine.needsPainter = syntax.drawing == Drawing::drawsPages;
     commandLine.opensPanel = syntax.opensPanel;
+    commandLine.readsStandardInput = syntax.readsStandardInput;
     commandLine.countsPages = syntax.drawing == Drawing::countsPages;
     if (syntax.action) {
         commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,

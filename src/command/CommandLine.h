@@ -31,7 +31,8 @@ struct CommandLine {
     bool isDemo = false;        ///< works on a fresh demo library in memory
     bool needsPainter = false;  ///< draws a PDF
     bool countsPages = false;   ///< counts an invoice's pages, on which a logo takes room
-    bool opensPanel = false;    ///< asks for the application's panel; there is no action then
+    bool readsStandardInput = false;
+    bool opensPanel = false;  ///< asks for the application's panel; there is no action then
 };
 
 /// Reads the arguments behind the program's name. Touches no library.

@@ -12,6 +12,8 @@
 
 namespace elmworth {
 
+class FileSource;
+
 enum class OutputFormat { text, json };
 
 /// What a command writes to.
@@ -27,6 +29,7 @@ struct CommandOutput {
 };
 
 using CommandAction = std::function<void(CommandEnvironment&, CommandOutput&)>;
+using FileAction = std::function<void(FileSource&, CommandEnvironment&, CommandOutput&)>;
 
 /// What a command needs of the GUI library.
 enum class Drawing {
@@ -41,6 +44,7 @@ struct CommandSyntax {
     CommandAction action = {};
     Drawing drawing = Drawing::none;
     bool opensPanel = false;
+    bool readsStandardInput = false;
 
     /// Declares that `command` does `run`.
     void carriesOut(SubcommandSyntax command, CommandAction run, Drawing needed = Drawing::none) {
@@ -49,6 +53,9 @@ struct CommandSyntax {
             drawing = needed;
         });
     }
+
+    /// Declares that `command` takes a FILE, "-" for standard input, and does `run` with it.
+    void readsFile(SubcommandSyntax command, FileAction run);
 };
 
 // One of these for each command; each adds its syntax to the program.

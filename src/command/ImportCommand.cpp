@@ -1,16 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <system_error>
 
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
 #include "command/OneLine.h"
 #include "exchange/CSVImporter.h"
-#include "platform/AtomicFile.h"
+#include "exchange/FileSource.h"
 #include "platform/TextEncoding.h"
 
 namespace elmworth {
@@ -18,20 +17,18 @@ namespace elmworth {
 namespace {
 
 /// Some eight million rows; a text has to fit into memory several times.
-constexpr std::uintmax_t largestFile = 1'000'000'000;
+constexpr std::size_t largestFile = 1'000'000'000;
 
 /// The rows of the file, whose text need not stay in memory.
-std::vector<CSVImporter::Row> readRows(const std::string& file, CommandEnvironment& environment) {
-    const auto path = environment.workingFolder / file;
-    std::error_code unknown;  // what has no size is told by the reading
-    if (const auto size = std::filesystem::file_size(path, unknown); !unknown && size > largestFile)
+std::vector<CSVImporter::Row> readRows(FileSource& file, CommandEnvironment& environment) {
+    if (file.size() > largestFile)
         throw CommandError("This file is larger than 1 GB. Import a shorter period at a time.");
-    const auto text = decodeText(readFile(path));
+    const auto text = decodeText(file.readAll());
     if (!text) throw CommandError("The text encoding of this file can't be determined.");
     return CSVImporter::parse(*text, environment.calendar.zoneID(), environment.progress);
 }
 
-void importCSV(const std::string& file, CommandEnvironment& environment, CommandOutput& output) {
+void importCSV(FileSource& file, CommandEnvironment& environment, CommandOutput& output) {
     const auto rows = readRows(file, environment);
     CSVImporter::Result result;
     try {
@@ -61,11 +58,7 @@ void importCSV(const std::string& file, CommandEnvironment& environment, Command
 void addImportCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "import", "Adds time from a CSV file: an export, or a Toggl Track detailed report");
-    auto file = std::make_shared<std::string>();
-    command.option("FILE", *file, "The file to read").required();
-    syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
-        importCSV(*file, environment, output);
-    });
+    syntax.readsFile(command, &importCSV);
 }
 
 }  // namespace elmworth

@@ -10,9 +10,8 @@ namespace elmworth {
 
 namespace {
 
-void restoreBackup(const std::string& file, CommandEnvironment& environment,
-                   CommandOutput& output) {
-    const auto backup = decodeBackupFile(environment.workingFolder / file, environment.progress);
+void restoreBackup(FileSource& file, CommandEnvironment& environment, CommandOutput& output) {
+    const auto backup = decodeBackup(file, environment.progress);
     const auto result =
         restore(backup, environment.context, environment.profiles, environment.progress);
     environment.timer.refresh();
@@ -33,11 +32,7 @@ void restoreBackup(const std::string& file, CommandEnvironment& environment,
 void addRestoreCommand(CommandSyntax& syntax) {
     auto command =
         syntax.program.subcommand("restore", "Loads a backup document into an empty library");
-    auto file = std::make_shared<std::string>();
-    command.option("FILE", *file, "The file to read").required();
-    syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
-        restoreBackup(*file, environment, output);
-    });
+    syntax.readsFile(command, &restoreBackup);
 }
 
 }  // namespace elmworth

@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "exchange/FileSource.h"
 #include "exchange/JSONShape.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
@@ -215,12 +214,16 @@ Backup decodeBackup(std::string_view json) {
     return decode([&] { return std::exchange(json, {}); });
 }
 
-Backup decodeBackupFile(const std::filesystem::path& file, Progress& progress) {
-    FileSource source(file);
+Backup decodeBackup(FileSource& source, Progress& progress) {
     return decode([&] {
         progress.advance("Reading", source.bytesRead(), source.size());
         return source.nextPiece();
     });
+}
+
+Backup decodeBackupFile(const std::filesystem::path& file, Progress& progress) {
+    FileSource source(file);
+    return decodeBackup(source, progress);
 }
 
 }  // namespace elmworth

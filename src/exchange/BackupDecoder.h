@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "exchange/Backup.h"
+#include "exchange/FileSource.h"
 #include "platform/Progress.h"
 
 namespace elmworth {
@@ -27,6 +28,7 @@ class BackupDecodeError : public std::runtime_error {
 
 /// The same from a regular file, read piece by piece. Also throws
 /// std::filesystem::filesystem_error, and Cancelled.
+[[nodiscard]] Backup decodeBackup(FileSource& source, Progress& progress = noProgress());
 [[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file,
                                       Progress& progress = noProgress());
 

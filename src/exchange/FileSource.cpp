@@ -17,6 +17,15 @@ FileSource::FileSource(const std::filesystem::path& file)
     : file_(file),
       // A pipe without a writer must not keep the program waiting.
       descriptor_(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    checkFile();
+}
+
+FileSource::FileSource(int descriptor, std::string_view name)
+    : file_(name), descriptor_(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0)) {
+    checkFile();
+}
+
+void FileSource::checkFile() {
     if (descriptor_ < 0) fail(errno);
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0) fail(errno);
@@ -37,6 +46,12 @@ std::string_view FileSource::nextPiece() {
     if (count < 0) fail(errno);
     bytesRead_ += static_cast<std::size_t>(count);
     return {buffer_.data(), static_cast<std::size_t>(count)};
+}
+
+std::string FileSource::readAll() {
+    std::string content;
+    for (auto piece = nextPiece(); !piece.empty(); piece = nextPiece()) content += piece;
+    return content;
 }
 
 void FileSource::fail(int error) {

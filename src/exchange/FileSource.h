@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace elmworth {
@@ -15,6 +16,9 @@ namespace elmworth {
 class FileSource {
  public:
     explicit FileSource(const std::filesystem::path& file);
+
+    /// The file behind `descriptor`, from where it stands; errors call it `name`.
+    FileSource(int descriptor, std::string_view name);
     FileSource(const FileSource&) = delete;
     FileSource& operator=(const FileSource&) = delete;
     ~FileSource();
@@ -22,11 +26,15 @@ class FileSource {
     /// The next piece, good until the next call; empty at the end.
     [[nodiscard]] std::string_view nextPiece();
 
+    /// All that is left of the file.
+    [[nodiscard]] std::string readAll();
+
     /// The bytes that were handed out, and the bytes of the whole file when it was opened.
     [[nodiscard]] std::size_t bytesRead() const noexcept { return bytesRead_; }
     [[nodiscard]] std::size_t size() const noexcept { return size_; }
 
  private:
+    void checkFile();
     [[noreturn]] void fail(int error);
 
     std::filesystem::path file_;

@@ -34,7 +34,8 @@ class CommandTest : public testing::Test {
         if (!commandLine.action) return {"(the application)", "", 0};
         CommandEnvironment environment{library_.context(),      timer_,          profiles_,
                                        [this] { return now_; }, Locale("en_US"), berlin_,
-                                       library_.folder.path(),  painter_};
+                                       library_.folder.path(),  painter_,        noProgress(),
+                                       standardInput_};
         return runCommand(commandLine, environment);
     }
 
@@ -114,6 +115,7 @@ class CommandTest : public testing::Test {
                         [] { return Calendar::current(); }};
     TextPainter textPainter_;
     InvoicePainter* painter_ = &textPainter_;
+    int standardInput_ = -1;
 };
 
 }  // namespace elmworth::test

@@ -3,6 +3,9 @@
 
 // export, import, backup and restore.
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "command/CommandTest.h"
 #include "platform/AtomicFile.h"
 #include "support/FileSizeLimit.h"
@@ -22,6 +25,16 @@ class ExchangeCommands : public test::CommandTest {
         return library_.folder.path() / name;
     }
     std::string written(const std::string& name) { return readFile(file(name)); }
+    /// Runs a command whose standard input is the file `name`.
+    std::string outputOf(const test::Arguments& arguments, const std::string& name) {
+        const int input = ::open(file(name).c_str(), O_RDONLY | O_CLOEXEC);
+        EXPECT_GE(input, 0);
+        standardInput_ = input;
+        auto text = output(arguments);
+        standardInput_ = -1;
+        ::close(input);
+        return text;
+    }
     std::string state() { return test::libraryText(library_.context()); }
     void clear() {
         for (const auto& invoice : library_.context().fetch<Invoice>()) {
@@ -115,6 +128,12 @@ TEST_F(ExchangeCommands, ImportAddsTimeAndTellsWhatIsNew) {
               "Imported 0 entries. Skipped 2 already imported.\n");
 }
 
+TEST_F(ExchangeCommands, ADashImportsStandardInput) {
+    writeAtomically(file("report.csv"), report);
+    EXPECT_EQ(outputOf({"import", "-"}, "report.csv"),
+              "Imported 2 entries. New clients: Initech — set their rates in Clients.\n");
+}
+
 TEST_F(ExchangeCommands, ImportedNamesDoNotSteerTheTerminal) {
     writeAtomically(file("report.csv"),
                     "start,end,hours,client\n2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1,"
@@ -189,6 +208,14 @@ TEST_F(ExchangeCommands, RestoreBringsTheLibraryAndTheProfileBack) {
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
 }
 
+TEST_F(ExchangeCommands, ADashRestoresStandardInput) {
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    output({"backup", "library.json"});
+    clear();
+    EXPECT_EQ(outputOf({"restore", "-"}, "library.json"), "Restored 2 clients and 0 invoices.\n");
+    EXPECT_EQ(output({"backup", "-"}), written("library.json"));
+}
+
 TEST_F(ExchangeCommands, RestoreIntoALibraryThatIsNotEmptyChangesNothing) {
     output({"backup", "library.json"});
     run({"profile", "set", "name", "Somebody else"});
@@ -236,6 +263,7 @@ TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
         EXPECT_EQ(run({command, "."}).exitStatus, 1);
         EXPECT_EQ(run({command, "/dev/zero"}).exitStatus, 1);
         expectUsageError({command}, "FILE");
+        EXPECT_EQ(run({command, "-"}).errors, "standard input: Bad file descriptor\n");
     }
     EXPECT_EQ(run({"backup", "no/such/folder"}).exitStatus, 1);
     EXPECT_EQ(run({"export", "no/such/folder"}).exitStatus, 1);

@@ -78,6 +78,9 @@ class LongWork(unittest.TestCase):
                               capture_output=True, text=True, timeout=60, check=True)
         return [client["name"] for client in json.loads(done.stdout)]
 
+    def delete_client(self, name):
+        subprocess.run([ELMWORTH, "client", "delete", name], capture_output=True, timeout=60, check=True)
+
     def test_a_command_of_its_own_stops_at_an_interrupt_and_says_so(self):
         command = OnATerminal("import", self.table)
         command.read_until(SHOWN)
@@ -98,6 +101,27 @@ class LongWork(unittest.TestCase):
         self.assertEqual(self.clients(), [])  # asked when the application is done with the import
         os.close(command.terminal)
         command.process.stdout.close()
+
+    def test_the_application_goes_on_while_a_pipe_brings_a_table(self):
+        program = subprocess.Popen([PROGRAMS / "elmworth-app"])
+        self.addCleanup(program.wait)
+        self.addCleanup(program.kill)
+        wait_until(application, "the application on the accessibility bus")
+        command = subprocess.Popen([ELMWORTH, "import", "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        command.stdin.write("Start,End,Hours,Client,Project\n")
+        command.stdin.flush()
+        self.assertEqual(self.clients(), [])  # answered while the table is not there yet
+        command.stdin.write("2026-03-02T09:00:00Z,2026-03-02T10:00:00Z,,Acme,Website\n")
+        told, _ = command.communicate(timeout=60)
+        self.assertEqual((command.returncode, told.splitlines()[0][:17]), (0, "Imported 1 entry."))
+        self.assertEqual(self.clients(), ["Acme"])
+        document = subprocess.run([ELMWORTH, "backup", "-"], capture_output=True, timeout=60, check=True).stdout
+        refused = subprocess.run([ELMWORTH, "restore", "-"], input=document, capture_output=True, timeout=60)
+        self.assertEqual((refused.returncode, refused.stderr[:32]), (1, b"Restoring needs an empty library"))
+        self.delete_client("Acme")
+        restored = subprocess.run([ELMWORTH, "restore", "-"], input=document, capture_output=True, timeout=60)
+        self.assertEqual((restored.stdout, restored.stderr), (b"Restored 1 clients and 0 invoices.\n", b""))
+        self.delete_client("Acme")
 
     def test_without_a_terminal_there_is_nothing_to_read_but_the_result(self):
         done = subprocess.run([ELMWORTH, "-demo", "import", self.table], capture_output=True, text=True, timeout=120)
