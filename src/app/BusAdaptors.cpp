@@ -19,14 +19,14 @@ QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& wor
                                 const QString& locale, const QString& moneyLocale,
                                 const QString& zone, const QDBusUnixFileDescriptor& terminal,
                                 const QDBusUnixFileDescriptor& lifeline,
-                                const QDBusUnixFileDescriptor& standardInput, QByteArray& errors,
-                                int& exitStatus) {
+                                const QDBusUnixFileDescriptor& standardInput, unsigned umask,
+                                QByteArray& errors, int& exitStatus) {
     std::vector<std::string> words;
     for (const auto& argument : arguments) words.push_back(argument.toStdString());
     const auto result = service_.run(
         words, {workingFolder.toStdString(), locale.toStdString(), moneyLocale.toStdString(),
                 zone.toStdString(), terminal.fileDescriptor(), lifeline.fileDescriptor(),
-                standardInput.fileDescriptor()});
+                standardInput.fileDescriptor(), umask});
     errors = QByteArray::fromStdString(result.errors);
     exitStatus = result.exitStatus;
     return QByteArray::fromStdString(result.output);

@@ -25,10 +25,11 @@ class CommandsAdaptor final : public QDBusAbstractAdaptor {
  public Q_SLOTS:
     /// `terminal` is the caller's standard error; `lifeline` is a pipe that is closed when the
     /// caller ends, and `standardInput` a regular file with what was written to the command.
+    /// `umask` is the caller's.
     QByteArray Run(const QStringList& arguments, const QString& workingFolder,
                    const QString& locale, const QString& moneyLocale, const QString& zone,
                    const QDBusUnixFileDescriptor& terminal, const QDBusUnixFileDescriptor& lifeline,
-                   const QDBusUnixFileDescriptor& standardInput, QByteArray& errors,
+                   const QDBusUnixFileDescriptor& standardInput, unsigned umask, QByteArray& errors,
                    int& exitStatus);
 
  private:

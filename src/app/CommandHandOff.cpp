@@ -14,6 +14,7 @@
 #include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
 #include "invoicing/MoneyFormat.h"
+#include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
 #include "platform/Locale.h"
 
@@ -64,7 +65,8 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
                                  Calendar::current().zoneID(),
                                  STDERR_FILENO,
                                  lifeline.watched(),
-                                 input.descriptor()};
+                                 input.descriptor(),
+                                 currentUmask()};
     CommandResult result;
     if (!call(request, result)) return std::nullopt;
     return result;

@@ -51,6 +51,7 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
                                    caller.workingFolder,
                                    &painter_,
                                    progress,
+                                   FileAccess::forUmask(caller.umask & 0777),
                                    caller.standardInput,
                                    Locale(caller.moneyLocale)};
     return runCommand(commandLine, environment);

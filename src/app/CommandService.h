@@ -29,6 +29,7 @@ struct CommandCaller {
     int terminal = -1;  ///< where to tell how far long work is; ignored unless it is a terminal
     int lifeline = -1;  ///< a pipe that is closed when the caller ends; long work then stops
     int standardInput = -1;  ///< a regular file with what was written to the command
+    unsigned umask = 0077;   ///< the caller's, for the files that it names
 };
 
 /// The running application's object on the session bus: carries out commands that processes in

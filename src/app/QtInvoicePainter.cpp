@@ -13,8 +13,8 @@ LogoImage QtInvoicePainter::loadLogo() {
 }
 
 void QtInvoicePainter::render(const InvoiceRenderModel& model, PaperSize paper,
-                              const std::filesystem::path& file) {
-    InvoicePDFRenderer::render(model, paper, file);
+                              const std::filesystem::path& file, FileAccess access) {
+    InvoicePDFRenderer::render(model, paper, file, access);
 }
 
 }  // namespace elmworth

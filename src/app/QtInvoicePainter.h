@@ -11,8 +11,8 @@ namespace elmworth {
 class QtInvoicePainter final : public InvoicePainter {
  public:
     LogoImage loadLogo() override;
-    void render(const InvoiceRenderModel& model, PaperSize paper,
-                const std::filesystem::path& file) override;
+    void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file,
+                FileAccess access) override;
 };
 
 }  // namespace elmworth

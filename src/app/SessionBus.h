@@ -28,6 +28,7 @@ struct HandOffRequest {
     int terminal;
     int lifeline;
     int standardInput;
+    unsigned umask;
 };
 
 // What the module elmworth-session-bus.so offers. False when no application answers.

@@ -48,10 +48,18 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInpu
         NoRunLoop runLoop;
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
         TerminalProgress progress(STDERR_FILENO);
-        CommandEnvironment environment{
-            services.context(), services.timer(),    services.profiles(), services.clock(),
-            Locale::current(),  Calendar::current(), workingFolder(),     painter,
-            progress,           input.descriptor(),  currentMoneyLocale()};
+        CommandEnvironment environment{services.context(),
+                                       services.timer(),
+                                       services.profiles(),
+                                       services.clock(),
+                                       Locale::current(),
+                                       Calendar::current(),
+                                       workingFolder(),
+                                       painter,
+                                       progress,
+                                       FileAccess::forUmask(currentUmask()),
+                                       input.descriptor(),
+                                       currentMoneyLocale()};
         return runCommand(commandLine, environment);
     } catch (const ModelContainerError& error) {
         return failedCommand(error.what());

@@ -21,8 +21,9 @@ void backUp(const std::string& file, CommandEnvironment& environment, CommandOut
                                   [&](std::string_view bytes) { output.text += bytes; }));
     }
     const auto path = environment.workingFolder / file;
-    const auto counts = BackupExporter::writeFile(environment.context, profile, environment.now(),
-                                                  path, environment.progress);
+    const auto counts =
+        BackupExporter::writeFile(environment.context, profile, environment.now(), path,
+                                  environment.progress, environment.namedFiles);
     tellOfRepairs(counts);
     if (!output.isJSON()) return output.line(path.string());
     JSONOutput json;

@@ -8,6 +8,7 @@
 #include "core/ProfileStore.h"
 #include "core/store/ModelContext.h"
 #include "invoicing/InvoiceRenderModel.h"
+#include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
 #include "platform/Locale.h"
@@ -26,7 +27,7 @@ class InvoicePainter {
 
     /// Writes the PDF of `model` to `file`. Throws RenderError.
     virtual void render(const InvoiceRenderModel& model, PaperSize paper,
-                        const std::filesystem::path& file) = 0;
+                        const std::filesystem::path& file, FileAccess access) = 0;
 };
 
 /// What a command works on: the open library and its services, and how the person who gave the
@@ -38,9 +39,10 @@ struct CommandEnvironment {
     Clock now;
     Locale locale;  ///< of dates and times
     Calendar calendar;
-    std::filesystem::path workingFolder;  ///< relative paths are meant from here
-    InvoicePainter* painter = nullptr;    ///< null where nothing can be drawn
-    Progress& progress = noProgress();    ///< who waits for long work, and may stop it
+    std::filesystem::path workingFolder;              ///< relative paths are meant from here
+    InvoicePainter* painter = nullptr;                ///< null where nothing can be drawn
+    Progress& progress = noProgress();                ///< who waits for long work, and may stop it
+    FileAccess namedFiles = FileAccess::ownerOnly();  ///< of the files that the person names
     int standardInput = -1;  ///< a regular file with what was written to the command; -1 for none
     Locale moneyLocale = locale;  ///< of amounts
 };

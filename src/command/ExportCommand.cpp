@@ -34,7 +34,7 @@ void exportCSV(const TimesheetArguments& arguments, const std::string& file,
         return;
     }
     const auto path = environment.workingFolder / file;
-    AtomicFile target(path);
+    AtomicFile target(path, environment.namedFiles);
     const auto count =
         writeEntries(environment, filter, [&](std::string_view text) { target.write(text); });
     target.commit();

@@ -44,8 +44,8 @@ void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
     const auto stored = storedInvoiceFile(invoice->number.get());
     const bool hasFile = !arguments.file.empty() && !toStandardOutput;
     const auto file = hasFile ? environment.workingFolder / arguments.file : stored;
-    environment.painter->render(model, paper, file);
-    if (hasFile) environment.painter->render(model, paper, stored);
+    if (hasFile) environment.painter->render(model, paper, file, environment.namedFiles);
+    environment.painter->render(model, paper, stored, FileAccess::ownerOnly());
     if (toStandardOutput) {
         output.text += readFile(stored);
         return;

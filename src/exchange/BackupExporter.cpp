@@ -10,7 +10,6 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "platform/AtomicFile.h"
 #include "platform/Text.h"
 
 namespace elmworth::BackupExporter {
@@ -179,8 +178,8 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
 }
 
 Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
-                 const std::filesystem::path& file, Progress& progress) {
-    AtomicFile target(file);
+                 const std::filesystem::path& file, Progress& progress, FileAccess access) {
+    AtomicFile target(file, access);
     const Counts counts = write(
         context, profile, now, [&](std::string_view bytes) { target.write(bytes); }, progress);
     target.commit();

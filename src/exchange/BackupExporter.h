@@ -9,6 +9,7 @@
 #include "core/store/ModelContext.h"
 #include "exchange/Backup.h"
 #include "exchange/BackupWriter.h"
+#include "platform/AtomicFile.h"
 #include "platform/Progress.h"
 
 namespace elmworth::BackupExporter {
@@ -40,7 +41,8 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
 /// Writes the same to `file`, which has either its old content or the whole document at any time.
 /// Throws StoreError, Cancelled or std::filesystem::filesystem_error.
 Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
-                 const std::filesystem::path& file, Progress& progress = noProgress());
+                 const std::filesystem::path& file, Progress& progress = noProgress(),
+                 FileAccess access = FileAccess::ownerOnly());
 
 /// What to tell of `count` repaired texts, at least one.
 [[nodiscard]] std::string repairMessage(std::size_t count);

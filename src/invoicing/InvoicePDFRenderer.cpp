@@ -14,7 +14,6 @@
 #include "invoicing/InvoicePageView.h"
 #include "invoicing/InvoicePages.h"
 #include "invoicing/PDFDocumentInfo.h"
-#include "platform/AtomicFile.h"
 
 namespace elmworth {
 
@@ -57,10 +56,10 @@ QByteArray pdfOf(const InvoiceRenderModel& model, PaperSize paper) {
 }  // namespace
 
 void InvoicePDFRenderer::render(const InvoiceRenderModel& model, PaperSize paper,
-                                const std::filesystem::path& file) {
+                                const std::filesystem::path& file, FileAccess access) {
     const QByteArray pdf = pdfOf(model, paper);
     try {
-        writeAtomically(file, {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+        writeAtomically(file, {pdf.constData(), static_cast<std::size_t>(pdf.size())}, access);
     } catch (const std::filesystem::filesystem_error&) {
         throw RenderError();
     }

@@ -10,6 +10,7 @@
 
 #include "core/BusinessProfile.h"
 #include "invoicing/InvoiceRenderModel.h"
+#include "platform/AtomicFile.h"
 
 namespace elmworth {
 
@@ -27,7 +28,8 @@ namespace InvoicePDFRenderer {
 /// Writes the pages of `model` on `paper` to `file`, replacing a file that stands there once the
 /// whole PDF is durable. Throws RenderError when the file cannot be made or written; what stood
 /// there stays.
-void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file);
+void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file,
+            FileAccess access = FileAccess::ownerOnly());
 
 }  // namespace InvoicePDFRenderer
 

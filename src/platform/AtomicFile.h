@@ -4,17 +4,40 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace elmworth {
 
+/// Who may read a file that is written.
+class FileAccess {
+ public:
+    /// Its owner alone: what lies in the program's own folders.
+    [[nodiscard]] static FileAccess ownerOnly() { return FileAccess(std::nullopt); }
+
+    /// Whoever `umask` lets, or whoever could read the file that is replaced: what lies where a
+    /// person put it.
+    [[nodiscard]] static FileAccess forUmask(unsigned umask) { return FileAccess(umask); }
+
+    /// The mode of a new file at `target`, such as 0644.
+    [[nodiscard]] unsigned mode(const std::filesystem::path& target) const;
+
+ private:
+    explicit FileAccess(std::optional<unsigned> umask) : umask_(umask) {}
+
+    std::optional<unsigned> umask_;
+};
+
+/// This process's umask. Other threads may go on making files meanwhile.
+[[nodiscard]] unsigned currentUmask();
+
 /// Writes a file so that its name holds either the old content or the whole new one, also when the
 /// power fails or the disk is full.
 ///
-/// The content goes to a temporary file of mode 0600 in the same folder; `commit` syncs it, renames
-/// it over the target and syncs the folder. An object that dies without `commit` removes the
-/// temporary file and leaves the target as it was.
+/// The content goes to a temporary file of mode 0600 in the same folder; `commit` gives it its
+/// mode, syncs it, renames it over the target and syncs the folder. An object that dies without
+/// `commit` removes the temporary file and leaves the target as it was.
 ///
 /// Every operation throws std::filesystem::filesystem_error with the target's path and the system's
 /// error; after that the target is as it was. Only when the folder cannot be synced at last does
@@ -23,7 +46,7 @@ class AtomicFile {
  public:
     /// Opens the temporary file beside `target`, whose folder must exist. A link stays one, and
     /// what it leads to is written. A folder, a device or a pipe is refused.
-    explicit AtomicFile(std::filesystem::path target);
+    explicit AtomicFile(std::filesystem::path target, FileAccess access = FileAccess::ownerOnly());
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
     ~AtomicFile();
@@ -40,11 +63,13 @@ class AtomicFile {
  private:
     std::filesystem::path target_;
     std::filesystem::path temporary_;
+    FileAccess access_;
     int descriptor_ = -1;
 };
 
 /// Writes `bytes` to `target` through an `AtomicFile`.
-void writeAtomically(const std::filesystem::path& target, std::string_view bytes);
+void writeAtomically(const std::filesystem::path& target, std::string_view bytes,
+                     FileAccess access = FileAccess::ownerOnly());
 
 /// Reads a whole regular file. Throws std::filesystem::filesystem_error, also for folders and
 /// devices.

@@ -22,7 +22,7 @@ class NoPainter final : public InvoicePainter {
  public:
     LogoImage loadLogo() override { return nullptr; }
     void render(const InvoiceRenderModel& /*model*/, PaperSize /*paper*/,
-                const std::filesystem::path& /*file*/) override {}
+                const std::filesystem::path& /*file*/, FileAccess /*access*/) override {}
 };
 
 /// The service of an application with the demo library, and a bus on which it can be asked for.

@@ -32,10 +32,10 @@ class CommandTest : public testing::Test {
         const auto commandLine = parseCommandLine(arguments);
         if (commandLine.answer) return *commandLine.answer;
         if (!commandLine.action) return {"(the application)", "", 0};
-        CommandEnvironment environment{library_.context(),      timer_,          profiles_,
-                                       [this] { return now_; }, Locale("en_US"), berlin_,
-                                       library_.folder.path(),  painter_,        noProgress(),
-                                       standardInput_};
+        CommandEnvironment environment{library_.context(),           timer_,          profiles_,
+                                       [this] { return now_; },      Locale("en_US"), berlin_,
+                                       library_.folder.path(),       painter_,        noProgress(),
+                                       FileAccess::forUmask(umask_), standardInput_};
         return runCommand(commandLine, environment);
     }
 
@@ -116,6 +116,7 @@ class CommandTest : public testing::Test {
     TextPainter textPainter_;
     InvoicePainter* painter_ = &textPainter_;
     int standardInput_ = -1;
+    unsigned umask_ = 0022;
 };
 
 }  // namespace elmworth::test

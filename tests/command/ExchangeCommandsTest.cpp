@@ -190,6 +190,26 @@ TEST_F(ExchangeCommands, BackupPrintsItsPathAndCountsAsJSON) {
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
 }
 
+TEST_F(ExchangeCommands, NamedFilesAreReadByWhomTheUmaskOfTheCallerLets) {
+    const auto mode = [&](const std::string& name) {
+        return static_cast<unsigned>(std::filesystem::status(file(name)).permissions());
+    };
+    addEntry(design_, "2026-03-31T09:00+02:00", 60);
+    const auto number = billMarch();
+    for (const unsigned umask : {0022U, 0027U, 0077U}) {
+        umask_ = umask;
+        const std::string suffix = std::to_string(umask);
+        output({"export", "time" + suffix});
+        output({"backup", "library" + suffix});
+        output({"invoice", "pdf", number, "invoice" + suffix});
+        for (const char* name : {"time", "library", "invoice"}) {
+            EXPECT_EQ(mode(name + suffix), 0666 & ~umask) << name << suffix;
+        }
+    }
+    const auto stored = output({"invoice", "pdf", number});
+    EXPECT_EQ(mode(stored.substr(0, stored.size() - 1)), 0600U);
+}
+
 TEST_F(ExchangeCommands, RestoreBringsTheLibraryAndTheProfileBack) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     billMarch();

@@ -12,9 +12,9 @@ namespace elmworth::test {
 class TextPainter final : public InvoicePainter {
  public:
     LogoImage loadLogo() override { return nullptr; }
-    void render(const InvoiceRenderModel& model, PaperSize paper,
-                const std::filesystem::path& file) override {
-        writeAtomically(file, model.number + " " + std::string(rawValue(paper)));
+    void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file,
+                FileAccess access) override {
+        writeAtomically(file, model.number + " " + std::string(rawValue(paper)), access);
     }
 };
 

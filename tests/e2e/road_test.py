@@ -116,6 +116,16 @@ class Road(unittest.TestCase):
         self.assertEqual(stored.parent, HOME / "data/Elmworth/Invoices")
         self.assertTrue(stored.read_bytes().startswith(b"%PDF"))
 
+    def test_09_named_files_follow_the_umask_of_the_caller_and_not_the_applications(self):
+        number = as_json("invoice", "list")[0]["number"]
+        for umask in (0o002, 0o077):
+            files = [HOME / f"{umask}.{ending}" for ending in ("pdf", "csv", "json")]
+            for arguments, file in zip((["invoice", "pdf", number], ["export"], ["backup"]), files):
+                subprocess.run([PROGRAMS / "elmworth", *arguments, file], umask=umask, check=True, capture_output=True)
+                self.assertEqual(file.stat().st_mode & 0o777, 0o666 & ~umask, file)
+        stored = pathlib.Path(elmworth("invoice", "pdf", number).strip())
+        self.assertEqual(stored.stat().st_mode & 0o777, 0o600)
+
     def test_10_the_same_pdf_is_made_without_the_application_and_without_a_display(self):
         self.program.send_signal(signal.SIGTERM)
         self.assertEqual(self.program.wait(timeout=20), 0)

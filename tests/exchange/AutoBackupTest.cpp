@@ -55,6 +55,10 @@ TEST_F(AutoBackupTest, aSnapshotIsNamedByItsInstantInUTC) {
     EXPECT_EQ(decodeBackupFile(*file).clients.size(), 1U);
 }
 
+TEST_F(AutoBackupTest, onlyTheUserCanReadASnapshot) {
+    EXPECT_EQ(std::filesystem::status(*run(now)).permissions(), std::filesystem::perms{0600});
+}
+
 TEST_F(AutoBackupTest, tenHoursAfterTheLastNothingIsWritten) {
     run(now);
     EXPECT_FALSE(run(now + 10h));

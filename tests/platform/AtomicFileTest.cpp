@@ -21,6 +21,10 @@ using testing::UnorderedElementsAre;
 
 class AtomicFileTest : public testing::Test {
  protected:
+    static int modeOf(const std::filesystem::path& file) {
+        return static_cast<int>(std::filesystem::status(file).permissions());
+    }
+
     test::TemporaryFolder folder_;
     std::filesystem::path target_ = folder_.path() / "library.json";
 };
@@ -49,9 +53,54 @@ TEST_F(AtomicFileTest, WithoutCommitTheTargetStaysAndNothingIsLeft) {
 
 TEST_F(AtomicFileTest, OnlyTheUserCanReadTheFile) {
     writeAtomically(target_, "secret");
-    struct stat status {};
-    ASSERT_EQ(::stat(target_.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600);
+    EXPECT_EQ(modeOf(target_), 0600);
+}
+
+TEST_F(AtomicFileTest, AFileOfTheProgramsOwnBecomesPrivateAgain) {
+    writeAtomically(target_, "old");
+    std::filesystem::permissions(target_, std::filesystem::perms{0644});
+    writeAtomically(target_, "secret");
+    EXPECT_EQ(modeOf(target_), 0600);
+}
+
+struct NamedFile {
+    const char* name;
+    unsigned umask;
+    int replaced;  ///< the mode of the file that stands there; -1 for none
+    int mode;
+};
+
+class NamedFiles : public AtomicFileTest, public testing::WithParamInterface<NamedFile> {};
+
+TEST_P(NamedFiles, FollowTheUmaskAndKeepTheModeOfWhatTheyReplace) {
+    const auto& [name, umask, replaced, mode] = GetParam();
+    const auto file = folder_.path() / "file";
+    std::filesystem::create_symlink("file", target_);
+    if (replaced >= 0) {
+        writeAtomically(file, "old");
+        std::filesystem::permissions(file, static_cast<std::filesystem::perms>(replaced));
+    }
+    AtomicFile writer(target_, FileAccess::forUmask(umask));
+    EXPECT_EQ(modeOf(writer.temporaryPath()), 0600);
+    writer.commit();
+    EXPECT_EQ(modeOf(file), mode);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtomicFileTest, NamedFiles,
+                         testing::Values(NamedFile{"everybodyMayRead", 0022, -1, 0644},
+                                         NamedFile{"theGroupMayWrite", 0002, -1, 0664},
+                                         NamedFile{"nobodyElse", 0077, -1, 0600},
+                                         NamedFile{"aPrivateFileStaysOne", 0022, 0600, 0600},
+                                         NamedFile{"aSharedFileStaysOne", 0077, 0664, 0664},
+                                         NamedFile{"aFileToRunStaysOne", 0022, 0755, 0755},
+                                         NamedFile{"aProtectedFileStaysOne", 0022, 0444, 0444}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(AtomicFileTest, TheUmaskIsReadWithoutBeingChanged) {
+    const mode_t former = ::umask(0027);
+    EXPECT_EQ(currentUmask(), 0027U);
+    EXPECT_EQ(currentUmask(), 0027U);
+    EXPECT_EQ(::umask(former), 0027U);
 }
 
 TEST_F(AtomicFileTest, AFullDiskIsReportedAndLeavesTheOldContent) {

@@ -8,13 +8,17 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <utility>
 
 #include "platform/AbandonedFiles.h"
 
 namespace elmworth {
 namespace {
+
+constexpr unsigned permissions = 0777;
 
 [[noreturn]] void fail(const char* what, const std::filesystem::path& file, int error) {
     throw std::filesystem::filesystem_error(what, file,
@@ -78,7 +82,26 @@ std::string readAll(int descriptor, const std::filesystem::path& file) {
 
 }  // namespace
 
-AtomicFile::AtomicFile(std::filesystem::path target) : target_(resolved(std::move(target))) {
+unsigned FileAccess::mode(const std::filesystem::path& target) const {
+    if (!umask_) return S_IRUSR | S_IWUSR;
+    struct stat replaced {};
+    if (::stat(target.c_str(), &replaced) == 0) return replaced.st_mode & permissions;
+    return 0666 & ~*umask_;
+}
+
+unsigned currentUmask() {
+    // umask() tells it only by setting another one, which would hold for other threads.
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        unsigned umask = 0;
+        if (std::sscanf(line.c_str(), "Umask: %o", &umask) == 1) return umask;
+    }
+    return S_IRWXG | S_IRWXO;
+}
+
+AtomicFile::AtomicFile(std::filesystem::path target, FileAccess access)
+    : target_(resolved(std::move(target))), access_(access) {
     // Not derived from the target's name, which may be as long as a file system allows.
     std::string name = folderOf(target_) / (std::string(temporaryFilePrefix) + "XXXXXX");
     descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
@@ -100,6 +123,8 @@ void AtomicFile::write(std::string_view bytes) {
 }
 
 void AtomicFile::commit() {
+    // A file system without modes keeps none, which must not cost the content.
+    [[maybe_unused]] const int ignored = ::fchmod(descriptor_, access_.mode(target_));
     if (::fsync(descriptor_) != 0) fail("cannot sync", target_, errno);
     if (::close(std::exchange(descriptor_, -1)) != 0) fail("cannot close", target_, errno);
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("cannot replace", target_, errno);
@@ -107,8 +132,9 @@ void AtomicFile::commit() {
     syncFolder(target_);
 }
 
-void writeAtomically(const std::filesystem::path& target, std::string_view bytes) {
-    AtomicFile file(target);
+void writeAtomically(const std::filesystem::path& target, std::string_view bytes,
+                     FileAccess access) {
+    AtomicFile file(target, access);
     file.write(bytes);
     file.commit();
 }

@@ -13,7 +13,7 @@ namespace {
 
 void write(ModelContext& context, const TimesheetFilter& filter, Instant now,
            const Calendar& calendar, const std::filesystem::path& file) {
-    AtomicFile target(file);
+    AtomicFile target(file, FileAccess::forUmask(currentUmask()));
     CSVDocument document(calendar.zoneID(), [&](std::string_view text) { target.write(text); });
     forEachFilteredEntry(context, filter, now,
                          [&](const TimeEntry& entry) { document.add(entry); });

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QUrl>
 
@@ -134,6 +135,14 @@ TEST_F(TimesheetExported, asCSVHasWhatIsListedAndNotWhatRuns) {
     EXPECT_THAT(text, HasSubstr("over midnight"));
     EXPECT_THAT(text, Not(HasSubstr("running")));
     EXPECT_THAT(text, Not(HasSubstr("2026-02-10")));
+}
+
+TEST_F(TimesheetExported, isReadByWhomTheUmaskLets) {
+    const mode_t former = ::umask(0027);
+    exportTo(file("time.csv"));
+    ::umask(former);
+    EXPECT_EQ(std::filesystem::status(file("time.csv")).permissions(),
+              std::filesystem::perms{0640});
 }
 
 TEST_F(TimesheetExported, isOfAllThatIsListedThoughNothingIsInACard) {
