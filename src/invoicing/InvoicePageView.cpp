@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "invoicing/PageText.h"
 
@@ -82,13 +83,13 @@ double paintIssuer(const Frame& frame, const InvoiceRenderModel& model, double t
     const auto& business = model.business;
     TextStack texts(spacing);
     // A blank keeps the height of the line.
-    texts.add(PageText::line(business.name.empty() ? " " : business.name, issuerName, width));
+    texts.add(PageText::paragraphs(business.name.empty() ? " " : business.name, issuerName, width));
     if (!business.address.empty()) {
         texts.add(PageText::paragraphs(business.address, body, width));
     }
-    if (!business.email.empty()) texts.add(PageText::line(business.email, mutedBody, width));
+    if (!business.email.empty()) texts.add(PageText::paragraphs(business.email, mutedBody, width));
     if (!business.taxID.empty()) {
-        texts.add(PageText::line("Tax ID: " + business.taxID, mutedBody, width));
+        texts.add(PageText::paragraphs("Tax ID: " + business.taxID, mutedBody, width));
     }
     if (model.logo) top = paintLogo(frame, *model.logo, top) + logoPadding + spacing;
     texts.paint(frame.painter, {frame.left, top});
@@ -98,25 +99,25 @@ double paintIssuer(const Frame& frame, const InvoiceRenderModel& model, double t
 TextStack invoiceColumn(const InvoiceRenderModel& model, double width) {
     TextStack texts(3);
     texts.add(PageText::line("INVOICE", heading, width));
-    texts.add(PageText::line(model.number, invoiceNumber, width));
-    texts.add(PageText::line("Issued " + model.issueDate, mutedBody, width));
-    texts.add(PageText::line("Due " + model.dueDate, mutedBody, width));
+    texts.add(PageText::paragraphs(model.number, invoiceNumber, width));
+    texts.add(PageText::paragraphs("Issued " + model.issueDate, mutedBody, width));
+    texts.add(PageText::paragraphs("Due " + model.dueDate, mutedBody, width));
     return texts;
 }
 
 TextStack clientColumn(const InvoiceRenderModel::Party& client, double width) {
     TextStack texts(2);
     texts.add(PageText::line("BILL TO", label, width));
-    texts.add(PageText::line(client.name, clientName, width));
+    texts.add(PageText::paragraphs(client.name, clientName, width));
     if (!client.address.empty()) texts.add(PageText::paragraphs(client.address, body, width));
-    if (!client.email.empty()) texts.add(PageText::line(client.email, mutedBody, width));
+    if (!client.email.empty()) texts.add(PageText::paragraphs(client.email, mutedBody, width));
     return texts;
 }
 
 TextStack periodColumn(const std::string& period, double width) {
     TextStack texts(2);
     texts.add(PageText::line("PERIOD", label, width));
-    texts.add(PageText::line(period, body, width));
+    texts.add(PageText::paragraphs(period, body, width));
     return texts;
 }
 
@@ -172,7 +173,7 @@ void paintRow(const Frame& frame, double top, const InvoiceRenderModel::EntryRow
     const double y = middleOfRow(top, entryText);
     const double dateLeft = frame.left + entryIndent;
     const double notesLeft = dateLeft + entryDateWidth + columnGap;
-    PageText::line(row.date, entryText, entryDateWidth).paint(frame.painter, {dateLeft, y});
+    PageText::figure(row.date, entryText, entryDateWidth).paint(frame.painter, {dateLeft, y});
     PageText::line(row.notes.empty() ? "—" : row.notes, entryText,
                    frame.descriptionRight() - notesLeft)
         .paint(frame.painter, {notesLeft, y});
@@ -194,19 +195,27 @@ double paintTotals(const Frame& frame, const InvoiceRenderModel& model, double t
     constexpr double columnSpacing = 24;
     constexpr double rowSpacing = 4;
     const double half = (frame.width() - columnSpacing) / 2;
-    TextStack labels(rowSpacing);
-    TextStack sums(rowSpacing);
+    struct Row {
+        PageText name;
+        PageText sum;
+    };
+    std::vector<Row> rows;
     const auto add = [&](const std::string& name, const TextStyle& nameStyle,
-                         const std::string& value, const TextStyle& valueStyle) {
-        labels.add(PageText::line(name, nameStyle, half));
-        sums.add(PageText::figure(value, valueStyle, half));
+                         const std::string& sum, const TextStyle& sumStyle) {
+        rows.push_back(
+            {PageText::paragraphs(name, nameStyle, half), PageText::figure(sum, sumStyle, half)});
     };
     add("Subtotal", figureLabel, model.subtotal, figure);
     if (model.taxLabel) add(*model.taxLabel, figureLabel, model.tax, figure);
     add("Total", total, model.total, total);
-    sums.paintRightAligned(frame.painter, {frame.right, top});
-    labels.paintRightAligned(frame.painter, {frame.right - sums.width() - columnSpacing, top});
-    return top + sums.height();
+    double widest = 0;
+    for (const Row& row : rows) widest = std::max(widest, row.sum.width());
+    for (const Row& row : rows) {
+        row.sum.paintRightAligned(frame.painter, {frame.right, top});
+        row.name.paintRightAligned(frame.painter, {frame.right - widest - columnSpacing, top});
+        top += std::max(row.name.height(), row.sum.height()) + rowSpacing;
+    }
+    return top - rowSpacing;
 }
 
 double paintRemark(const Frame& frame, const char* title, const std::string& text, double top) {

@@ -143,24 +143,37 @@ void PageText::append(const QString& paragraph, const QFont& font, double width)
         if (!line.isValid()) break;
         line.setLineWidth(width * detail);
         line.setPosition({0, size_.height() * detail + baseline - line.ascent()});
-        const double taken = line.naturalTextWidth() / detail - style_.trailingSpace();
-        size_ = {std::max(size_.width(), taken), size_.height() + pitch};
+        size_ = {std::max(size_.width(), widthOf(line)), size_.height() + pitch};
     }
     layout->endLayout();
     layouts_.push_back(std::move(layout));
 }
 
-void PageText::paint(QPainter& painter, QPointF upperLeft) const {
+double PageText::widthOf(const QTextLine& line) const {
+    return line.naturalTextWidth() / detail - style_.trailingSpace();
+}
+
+template <class Indent>
+void PageText::paintLines(QPainter& painter, QPointF upperLeft, const Indent& indent) const {
     painter.save();
     painter.translate(upperLeft);
     painter.scale(1.0 / detail, 1.0 / detail);
     painter.setPen(style_.color);
-    for (const auto& layout : layouts_) layout->draw(&painter, {0, 0});
+    for (const auto& layout : layouts_) {
+        for (int i = 0; i < layout->lineCount(); ++i) {
+            const QTextLine line = layout->lineAt(i);
+            line.draw(&painter, {indent(line) * detail, 0});
+        }
+    }
     painter.restore();
 }
 
+void PageText::paint(QPainter& painter, QPointF upperLeft) const {
+    paintLines(painter, upperLeft, [](const QTextLine& /*line*/) { return 0.0; });
+}
+
 void PageText::paintRightAligned(QPainter& painter, QPointF upperRight) const {
-    paint(painter, upperRight - QPointF(width(), 0));
+    paintLines(painter, upperRight, [&](const QTextLine& line) { return -widthOf(line); });
 }
 
 void TextStack::add(PageText text) {

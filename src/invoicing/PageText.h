@@ -13,6 +13,7 @@
 
 class QPainter;
 class QTextLayout;
+class QTextLine;
 
 namespace elmworth {
 
@@ -62,10 +63,14 @@ class PageText {
     [[nodiscard]] double height() const noexcept { return size_.height(); }
 
     void paint(QPainter& painter, QPointF upperLeft) const;
+    /// Each line ends at the right edge.
     void paintRightAligned(QPainter& painter, QPointF upperRight) const;
 
  private:
     explicit PageText(const TextStyle& style);
+    [[nodiscard]] double widthOf(const QTextLine& line) const;
+    template <class Indent>
+    void paintLines(QPainter& painter, QPointF upperLeft, const Indent& indent) const;
     void append(const QString& paragraph, const QFont& font, double width);
 
     TextStyle style_;

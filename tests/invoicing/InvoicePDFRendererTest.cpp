@@ -155,9 +155,9 @@ TEST_F(InvoicePDFRendererTest, EmptyNotesOfAnEntryAreADashAndLineFeedsBlanks) {
     EXPECT_THAT(text, HasSubstr("Mar 2, 2026 a b 2.50"));
 }
 
-TEST_F(InvoicePDFRendererTest, LongTextsAreCutWithAnEllipsisBeforeTheNextColumn) {
+TEST_F(InvoicePDFRendererTest, LongTextsEndBeforeTheNextColumnAndThoseOfRowsWithAnEllipsis) {
     std::string name;
-    while (name.size() < 400) name += "longname";
+    while (name.size() < 100) name += "longname";
     InvoiceRenderModel model = plainInvoice(0);
     model.number = model.period = model.business.name = model.billTo.name = name;
     model.business.email = model.billTo.email = name;
@@ -171,7 +171,7 @@ TEST_F(InvoicePDFRendererTest, LongTextsAreCutWithAnEllipsisBeforeTheNextColumn)
         EXPECT_LE(word.box.right, 564.5) << word.text;
         if (word.text.ends_with("…")) ++cut;
     }
-    EXPECT_EQ(cut, 10);
+    EXPECT_EQ(cut, 2);
     const auto hours = page.places("1.25");
     ASSERT_THAT(hours, SizeIs(2));
     for (const auto& word : page.words) {
