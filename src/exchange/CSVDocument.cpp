@@ -54,14 +54,14 @@ std::string csvField(std::string_view value) {
 }
 
 CSVDocument::CSVDocument(const std::string& zoneID, std::function<void(std::string_view)> sink)
-    : calendar_(Locale("en_US"), zoneID), sink_(std::move(sink)) {
+    : offsets_(zoneID), sink_(std::move(sink)) {
     addLine({"Date", "Start", "End", "Client", "Project", "Notes", "Hours"});
 }
 
 void CSVDocument::add(Instant start, Instant end, std::string_view client, std::string_view project,
                       std::string_view notes) {
-    const std::string startText = formatISO8601(start, calendar_.secondsFromUTC(start));
-    const std::string endText = formatISO8601(end, calendar_.secondsFromUTC(end));
+    const std::string startText = formatISO8601(start, offsets_.secondsAt(start));
+    const std::string endText = formatISO8601(end, offsets_.secondsAt(end));
     addLine({std::string_view(startText).substr(0, 10), startText, endText, client, project, notes,
              formatDecimalHours(secondsBetween(start, end))});
 }
@@ -79,7 +79,11 @@ void CSVDocument::addLine(std::initializer_list<std::string_view> values) {
     bool isFirst = true;
     for (const auto value : values) {
         if (!isFirst) gathered_ += ',';
-        gathered_ += csvField(value);
+        if (needsQuotes(value)) {
+            gathered_ += csvField(value);
+        } else {
+            gathered_ += value;
+        }
         isFirst = false;
     }
     gathered_ += "\r\n";

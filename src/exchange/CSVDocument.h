@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "core/TimeEntry.h"
-#include "platform/Calendar.h"
 #include "platform/Instant.h"
+#include "platform/ZoneOffsets.h"
 
 namespace elmworth {
 
@@ -33,7 +33,7 @@ class CSVDocument {
  private:
     void addLine(std::initializer_list<std::string_view> values);
 
-    Calendar calendar_;
+    ZoneOffsets offsets_;
     std::function<void(std::string_view)> sink_;
     std::string gathered_;
 };

@@ -33,31 +33,60 @@ std::optional<seconds> parseOffset(std::string_view text) {
     return text[0] == '-' ? -offset : offset;
 }
 
+/// `number` is below 100.
+void appendTwoDigits(std::string& text, unsigned number) {
+    text += static_cast<char>('0' + number / 10);
+    text += static_cast<char>('0' + number % 10);
+}
+
+/// At least four digits, and a sign where there must be one.
+void appendYear(std::string& text, int year) {
+    if (year < 0 || year > 9999) {
+        std::array<char, 16> digits{};
+        std::snprintf(digits.data(), digits.size(), "%04d", year);
+        text += digits.data();
+        return;
+    }
+    appendTwoDigits(text, static_cast<unsigned>(year) / 100);
+    appendTwoDigits(text, static_cast<unsigned>(year) % 100);
+}
+
+std::string dateAndTime(sys_seconds local) {
+    const auto midnight = floor<days>(local);
+    const year_month_day date{midnight};
+    const auto second = static_cast<unsigned>((local - midnight).count());
+    std::string text;
+    text.reserve(32);
+    appendYear(text, static_cast<int>(date.year()));
+    text += '-';
+    appendTwoDigits(text, static_cast<unsigned>(date.month()));
+    text += '-';
+    appendTwoDigits(text, static_cast<unsigned>(date.day()));
+    text += 'T';
+    appendTwoDigits(text, second / 3600);
+    text += ':';
+    appendTwoDigits(text, second / 60 % 60);
+    text += ':';
+    appendTwoDigits(text, second % 60);
+    return text;
+}
+
 }  // namespace
 
 std::string formatISO8601(Instant instant, int secondsFromUTC) {
     // The offset has no seconds, as zones had before 1900, and the text must mean this instant.
     const minutes offset = duration_cast<minutes>(seconds{secondsFromUTC});
-    const auto local = floor<seconds>(instant) + offset;
-    const auto midnight = floor<days>(local);
-    const year_month_day date{midnight};
-    const hh_mm_ss time{local - midnight};
-    std::array<char, 64> text{};
-    const int length = std::snprintf(
-        text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(date.year()),
-        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-        static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
-        static_cast<int>(time.seconds().count()));
-    std::string result(text.data(), static_cast<std::size_t>(length));
-    const auto magnitude = static_cast<int>(abs(offset).count());
-    std::snprintf(text.data(), text.size(), "%c%02d:%02d", offset < minutes{0} ? '-' : '+',
-                  magnitude / 60, magnitude % 60);
-    return result + text.data();
+    std::string text = dateAndTime(floor<seconds>(instant) + offset);
+    const auto magnitude = static_cast<unsigned>(abs(offset).count());
+    text += offset < minutes{0} ? '-' : '+';
+    appendTwoDigits(text, magnitude / 60);
+    text += ':';
+    appendTwoDigits(text, magnitude % 60);
+    return text;
 }
 
 std::string formatISO8601(Instant instant) {
-    const std::string withOffset = formatISO8601(instant, 0);
-    return withOffset.substr(0, withOffset.size() - 6) + 'Z';
+    return dateAndTime(floor<seconds>(instant)) + 'Z';
 }
 
 std::optional<Instant> parseISO8601(std::string_view text) {
