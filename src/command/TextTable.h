@@ -30,12 +30,19 @@ class TextTable {
     [[nodiscard]] std::string rowsText() const;
 
  private:
+    struct Cell {
+        explicit Cell(std::string line);
+
+        std::string text;
+        std::size_t length;  ///< in user-perceived characters
+    };
+
     [[nodiscard]] std::vector<std::size_t> widths() const;
-    [[nodiscard]] std::string line(const std::vector<std::string>& cells,
-                                   const std::vector<std::size_t>& widths) const;
+    void appendLine(std::string& text, const std::vector<Cell>& cells,
+                    const std::vector<std::size_t>& widths) const;
 
     std::vector<Column> columns_;
-    std::vector<std::vector<std::string>> rows_;
+    std::vector<std::vector<Cell>> rows_;
 };
 
 }  // namespace elmworth

@@ -90,14 +90,22 @@ DateInterval customInterval(Instant from, Instant to, const Calendar& calendar) 
 }
 
 std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar) {
+    std::optional<DateInterval> none;
+    return splitByDay(start, end, calendar, none);
+}
+
+std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar,
+                                 std::optional<DateInterval>& known) {
     std::vector<DaySlice> slices;
     if (end <= start) return slices;
-    auto day = calendar.interval(CalendarUnit::day, start);
-    while (day && day->start < end) {
-        const Instant from = std::max(day->start, start);
-        const Instant to = std::min(day->end, end);
-        if (from < to) slices.push_back({day->start, secondsBetween(from, to)});
-        day = calendar.interval(CalendarUnit::day, day->end);
+    const bool isInKnown = known && known->start <= start && start < known->end;
+    if (!isInKnown) known = calendar.interval(CalendarUnit::day, start);
+    while (known && known->start < end) {
+        const Instant from = std::max(known->start, start);
+        const Instant to = std::min(known->end, end);
+        if (from < to) slices.push_back({known->start, secondsBetween(from, to)});
+        if (end <= known->end) break;
+        known = calendar.interval(CalendarUnit::day, known->end);
     }
     return slices;
 }

@@ -57,4 +57,9 @@ struct DaySlice {
 [[nodiscard]] std::vector<DaySlice> splitByDay(Instant start, Instant end,
                                                const Calendar& calendar);
 
+/// The same for many spans: `known` is the day that the last one ended in, absent at first, for
+/// which the calendar is not asked again.
+[[nodiscard]] std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar,
+                                               std::optional<DateInterval>& known);
+
 }  // namespace elmworth

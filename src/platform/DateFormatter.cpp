@@ -6,8 +6,13 @@
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
+#include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <unordered_map>
+
+#include "platform/ZoneOffsets.h"
 
 namespace elmworth {
 namespace {
@@ -40,12 +45,24 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
 
 }  // namespace
 
+/// A time without a date depends on the minute of the day alone, a date on the day: those that a
+/// screen or a report asks for again and again are few.
 struct DateFormatter::Impl {
     std::unique_ptr<icu::DateFormat> format;
+    ZoneOffsets offsets;
+    bool showsTime;
+    std::unordered_map<std::int64_t, std::string> texts;
+
+    [[nodiscard]] std::int64_t keyOf(Instant instant) const {
+        using namespace std::chrono;
+        const auto local = floor<seconds>(instant) + seconds{offsets.secondsAt(instant)};
+        const auto day = floor<days>(local);
+        return showsTime ? floor<minutes>(local - day).count() : day.time_since_epoch().count();
+    }
 };
 
 DateFormatter::DateFormatter(Style style, const Locale& locale, std::string_view zoneID)
-    : impl_(std::make_unique<Impl>()) {
+    : impl_(new Impl{nullptr, ZoneOffsets(zoneID), style == Style::shortTime, {}}) {
     UErrorCode status = U_ZERO_ERROR;
     impl_->format.reset(create(style, icu::Locale(locale.identifier().c_str()), status));
     if (U_FAILURE(status) || !impl_->format) throw std::bad_alloc();
@@ -58,6 +75,16 @@ DateFormatter& DateFormatter::operator=(DateFormatter&& other) noexcept = defaul
 DateFormatter::~DateFormatter() = default;
 
 std::string DateFormatter::string(Instant instant) const {
+    constexpr std::size_t mostTexts = 1440;  // the minutes of a day
+    const std::int64_t key = impl_->keyOf(instant);
+    if (const auto known = impl_->texts.find(key); known != impl_->texts.end()) {
+        return known->second;
+    }
+    if (impl_->texts.size() >= mostTexts) impl_->texts.clear();
+    return impl_->texts.emplace(key, format(instant)).first->second;
+}
+
+std::string DateFormatter::format(Instant instant) const {
     const auto date = std::chrono::floor<std::chrono::milliseconds>(instant);
     icu::UnicodeString text;
     impl_->format->format(static_cast<UDate>(date.time_since_epoch().count()), text);

@@ -36,6 +36,8 @@ class DateFormatter {
     [[nodiscard]] std::string string(Instant instant) const;
 
  private:
+    [[nodiscard]] std::string format(Instant instant) const;
+
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };

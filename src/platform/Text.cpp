@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace elmworth {
 namespace {
@@ -47,6 +48,36 @@ std::size_t skipCharacters(std::string_view text, std::size_t& count) {
 bool isASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// For the code point whose UTF-8 is E2, `second` and `third`.
+bool isFrom200ETo20CF(unsigned second, unsigned third) {
+    return (second == 0x80 && third >= 0x8E) || second == 0x81 || second == 0x82 ||
+           (second == 0x83 && third < 0x90);
+}
+
+/// The characters of a text in which each code point is one of its own: those below U+0300 but the
+/// carriage return, which may join a line feed, and those from U+200E to U+20CF, among which are
+/// the blanks and signs of times and amounts. Absent for all other texts.
+std::optional<std::size_t> simpleCharacterCount(std::string_view text) {
+    const auto byte = [&](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+    };
+    const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0U) == 0x80U; };
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < text.size(); ++count) {
+        const unsigned lead = byte(i);
+        if (lead < 0x80 && lead != '\r') {
+            i += 1;
+        } else if (lead >= 0xC2 && lead < 0xCC && continues(i + 1)) {
+            i += 2;
+        } else if (lead == 0xE2 && continues(i + 2) && isFrom200ETo20CF(byte(i + 1), byte(i + 2))) {
+            i += 3;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return count;
 }
 
 /// True where each byte is a character of its own; a carriage return may join a line feed.
@@ -92,7 +123,7 @@ std::string_view trimmedWhitespace(std::string_view text) {
 }
 
 std::size_t characterCount(std::string_view text) {
-    if (isPlainASCII(text)) return text.size();
+    if (const auto simple = simpleCharacterCount(text)) return *simple;
     std::size_t left = text.size();
     skipCharacters(text, left);
     return text.size() - left;

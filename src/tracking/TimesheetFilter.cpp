@@ -15,9 +15,10 @@ namespace {
 
 /// The parts of an entry that lie in each day of `range`.
 void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant now,
-               const Calendar& calendar, std::map<Instant, DayGroup>& days) {
+               const Calendar& calendar, std::optional<DateInterval>& known,
+               std::map<Instant, DayGroup>& days) {
     const Instant end = entry->end->value_or(now);
-    for (const auto& slice : splitByDay(entry->start, end, calendar)) {
+    for (const auto& slice : splitByDay(entry->start, end, calendar, known)) {
         if (slice.day < range.start || slice.day >= range.end) continue;
         auto& group = days[slice.day];
         group.day = slice.day;
@@ -90,7 +91,8 @@ void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, 
 std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
                                 const DateInterval& range, Instant now, const Calendar& calendar) {
     std::map<Instant, DayGroup> days;
-    for (const auto& entry : entries) addToDays(entry, range, now, calendar, days);
+    std::optional<DateInterval> known;
+    for (const auto& entry : entries) addToDays(entry, range, now, calendar, known, days);
     std::vector<DayGroup> groups;
     groups.reserve(days.size());
     for (auto& [day, group] : days) groups.push_back(std::move(group));

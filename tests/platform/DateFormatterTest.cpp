@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <utility>
 #include <vector>
 
 #include "support/Instants.h"
@@ -69,6 +71,23 @@ INSTANTIATE_TEST_SUITE_P(
         {"WeekdayInitialsGerman", Style::weekdayInitials, "de_DE", "UTC", "So."},
     }),
     rowName);
+
+TEST(DateFormatter, KeepsTextsThatAreThoseOfANewOne) {
+    std::mt19937_64 random(11);
+    for (const auto& [style, locale] :
+         {std::pair(Style::shortTime, "en_US"), std::pair(Style::shortTime, "zh_TW"),
+          std::pair(Style::mediumDate, "de_DE"), std::pair(Style::fullDate, "ar_EG"),
+          std::pair(Style::weekday, "ja_JP")}) {
+        const DateFormatter kept(style, Locale(locale), "America/New_York");
+        // Over the change of the clocks of November 1, on which an hour comes twice.
+        std::uniform_int_distribution<int> seconds(-200'000, 200'000);
+        for (int i = 0; i < 60; ++i) {
+            const Instant instant = at("2026-11-01T06:00Z") + std::chrono::seconds(seconds(random));
+            const DateFormatter fresh(style, Locale(locale), "America/New_York");
+            ASSERT_EQ(kept.string(instant), fresh.string(instant)) << locale << i;
+        }
+    }
+}
 
 }  // namespace
 }  // namespace elmworth

@@ -28,6 +28,26 @@ void PrintTo(const CharacterRow& row, std::ostream* out) {
 
 class Characters : public testing::TestWithParam<CharacterRow> {};
 
+/// The UTF-8 of a code point below U+10000.
+std::string encoded(unsigned c) {
+    const auto byte = [](unsigned value) { return std::string(1, static_cast<char>(value)); };
+    if (c < 0x80) return byte(c);
+    if (c < 0x800) return byte(0xC0 | c >> 6) + byte(0x80 | (c & 0x3F));
+    return byte(0xE0 | c >> 12) + byte(0x80 | (c >> 6 & 0x3F)) + byte(0x80 | (c & 0x3F));
+}
+
+TEST(CharacterCount, OfTextsWithoutClustersIsThatOfTheRulesForClusters) {
+    const std::string hangul = "\u1100";  // a text with it goes the long way
+    std::string previous = "a";
+    for (unsigned c = 1; c < 0x2200; ++c) {
+        const std::string text = previous + encoded(c) + "b";
+        ASSERT_EQ(characterCount(text), characterCount(text + " " + hangul) - 2) << std::hex << c;
+        previous = encoded(c);
+    }
+    EXPECT_EQ(characterCount("\xC3"), 1U);
+    EXPECT_EQ(characterCount("a\xE2\x82"), characterCount("a\xE2\x82 " + hangul) - 2);
+}
+
 TEST_P(Characters, AreCountedAsPeoplePerceiveThem) {
     EXPECT_EQ(characterCount(GetParam().text), GetParam().count);
 }
