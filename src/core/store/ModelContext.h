@@ -116,12 +116,24 @@ class ModelContext {
     /// Hands out what `fetch` would give, one after another and in its order, without making an
     /// object for each: one that nobody has is lent for the call alone, so that work on the whole
     /// library takes the memory of one record. Without sort keys the order is any. `visit` may
-    /// follow relationships, but fetches and changes nothing. The descriptor's limit is not looked
-    /// at.
+    /// follow relationships, but fetches and changes nothing.
     template <class T>
     void forEach(const FetchDescriptor<T>& descriptor, const std::function<void(const T&)>& visit) {
-        visitRecords(T::schema(), node(descriptor), descriptor.sortBy,
+        visitRecords(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
                      [&](const Record& record) { visit(static_cast<const T&>(record)); });
+    }
+
+    /// Hands out the identity and the values of `Fields` of each record that meets `predicate`,
+    /// to-one fields as optional identities, without making records and in any order: for sums over
+    /// many. `visit` fetches and changes nothing.
+    template <auto... Fields, class T, class Visit>
+    void forEachValues(const std::optional<Predicate<T>>& predicate, const Visit& visit) {
+        const std::array fields{KeyPath<Fields>::index()...};
+        visitValues(T::schema(), predicate ? predicate->node().get() : nullptr, fields,
+                    [&](const PersistentID& id, const Value* values) {
+                        handOut<Fields...>(id, values, visit,
+                                           std::make_index_sequence<sizeof...(Fields)>());
+                    });
     }
 
     /// How many records `fetch` would give without a limit.
@@ -190,12 +202,21 @@ class ModelContext {
         return descriptor.predicate ? descriptor.predicate->node().get() : nullptr;
     }
 
+    template <auto... Fields, class Visit, std::size_t... I>
+    static void handOut(const PersistentID& id, const Value* values, const Visit& visit,
+                        std::index_sequence<I...> /*places*/) {
+        visit(id, FieldTraits<typename KeyPath<Fields>::Field::ValueType>::fromValue(values[I])...);
+    }
+
     void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
                       std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                       const RecordHandler& handler);
     void visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                      std::span<const SortKey> sortBy,
+                      std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                       const std::function<void(const Record&)>& visit);
+    void visitValues(const RecordSchema& schema, const PredicateNode* predicate,
+                     std::span<const std::size_t> fields,
+                     const std::function<void(const PersistentID&, const Value*)>& visit);
     [[nodiscard]] std::vector<Ref<Record>> unsavedMatches(const RecordSchema& schema,
                                                           const PredicateNode* predicate,
                                                           const RecordOrder& order);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,6 +93,51 @@ TEST_F(ModelContextStream, aLentRecordLeadsOnIntoTheLibrary) {
         {.predicate = key<&TimeEntry::notes>() == "a"},
         [&](const TimeEntry& each) { clients.push_back(each.project->client->name); });
     EXPECT_EQ(clients, Texts{"Acme"});
+}
+
+TEST_F(ModelContextStream, aLimitEndsItWithUnsavedRecordsAndWithout) {
+    const auto first = [&](std::size_t limit) {
+        Texts notes;
+        library.context().forEach<TimeEntry>(
+            {.predicate = key<&TimeEntry::project>() == project,
+             .sortBy = {sortedBy<&TimeEntry::notes>()},
+             .fetchLimit = limit},
+            [&](const TimeEntry& each) { notes.push_back(each.notes); });
+        return notes;
+    };
+    EXPECT_EQ(first(2), (Texts{"a", "b"}));
+    library.context().deleteRecord(entry("a"));
+    entry("b")->notes = "z";
+    addEntry(project, "aa");
+    EXPECT_EQ(first(2), (Texts{"aa", "c"}));
+    EXPECT_EQ(first(9), (Texts{"aa", "c", "z"}));
+    EXPECT_EQ(first(0), Texts{});
+}
+
+TEST_F(ModelContextStream, valuesAreThoseOfEachRecordWithUnsavedChanges) {
+    const auto values = [&] {
+        Texts found;
+        library.context().forEachValues<&TimeEntry::notes, &TimeEntry::project, &TimeEntry::end>(
+            std::optional(key<&TimeEntry::project>() == project),
+            [&](const PersistentID& id, const std::string& notes, std::optional<PersistentID> owner,
+                std::optional<Instant> end) {
+                EXPECT_EQ(owner, project->persistentModelID());
+                EXPECT_FALSE(id.isNil());
+                found.push_back(notes + (end ? "" : " runs"));
+            });
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    EXPECT_EQ(values(), (Texts{"a", "b", "c"}));
+    entry("a")->project = other;
+    entry("b")->notes = "B";
+    entry("B")->end = std::nullopt;
+    entry("elsewhere")->project = project;
+    library.context().deleteRecord(entry("c"));
+    addEntry(project, "new");
+    EXPECT_EQ(values(), (Texts{"B runs", "elsewhere", "new"}));
+    library.context().save();
+    EXPECT_EQ(values(), (Texts{"B runs", "elsewhere", "new"}));
 }
 
 }  // namespace

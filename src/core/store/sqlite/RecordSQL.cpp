@@ -166,6 +166,12 @@ std::string selectSQL(const RecordSchema& schema) {
     return "SELECT " + allColumns(schema) + " FROM " + quoted(schema.name);
 }
 
+std::string selectSQL(const RecordSchema& schema, std::span<const std::size_t> fields) {
+    std::string sql = "SELECT \"id\"";
+    for (const auto field : fields) sql += ", " + quoted(schema.fields[field].name);
+    return sql + " FROM " + quoted(schema.name);
+}
+
 std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy, bool isLimited) {
     if (sortBy.empty() && !isLimited) return {};
     std::string sql = " ORDER BY ";

@@ -29,6 +29,10 @@ struct SQLCondition {
 /// "SELECT "id", … FROM …", the fields in the order of the schema.
 [[nodiscard]] std::string selectSQL(const RecordSchema& schema);
 
+/// The same with the fields of the numbers `fields` only.
+[[nodiscard]] std::string selectSQL(const RecordSchema& schema,
+                                    std::span<const std::size_t> fields);
+
 /// " ORDER BY …" of the sort keys and then the identity. Empty without sort keys unless the result
 /// is limited: an order that nobody asked for would keep SQLite from the best index.
 [[nodiscard]] std::string orderSQL(const RecordSchema& schema, std::span<const SortKey> sortBy,

@@ -10,14 +10,22 @@
 
 namespace elmworth::sqlite {
 
+namespace {
+
+Value fieldValue(const Statement& statement, int column, const FieldDescription& field) {
+    Value value = statement.value(column, field.storage);
+    if (!field.optional && std::holds_alternative<std::monostate>(value)) {
+        throw StoreError(StoreError::Code::corrupt, "The library holds a damaged record.");
+    }
+    return value;
+}
+
+}  // namespace
+
 void Row::readInto(Record& record, const RecordSchema& schema) const {
     int column = 1;
     for (const auto& field : schema.fields) {
-        Value value = statement_.value(column++, field.storage);
-        if (!field.optional && std::holds_alternative<std::monostate>(value)) {
-            throw StoreError(StoreError::Code::corrupt, "The library holds a damaged record.");
-        }
-        field.write(record, std::move(value));
+        field.write(record, fieldValue(statement_, column++, field));
     }
 }
 
@@ -76,6 +84,23 @@ void RecordStore::select(const RecordSchema& schema, const PredicateNode* predic
     if (limit) statement->bind(parameter, Value{static_cast<std::int64_t>(*limit)});
     const Row row(shared);
     while (statement->step()) handler(row);
+}
+
+void RecordStore::selectValues(const RecordSchema& schema, const PredicateNode* predicate,
+                               std::span<const std::size_t> fields, const ValuesHandler& handler) {
+    const auto where = whereSQL(schema, predicate);
+    auto& shared = prepared(selectSQL(schema, fields) + where.text);
+    StatementUse statement(shared);
+    int parameter = 0;
+    for (const auto* value : where.values) statement->bind(parameter++, *value);
+    std::vector<Value> values(fields.size());
+    while (statement->step()) {
+        int column = 1;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            values[i] = fieldValue(shared, column++, schema.fields[fields[i]]);
+        }
+        handler(statement->identity(0), values);
+    }
 }
 
 void RecordStore::selectOne(const RecordSchema& schema, const PersistentID& id,

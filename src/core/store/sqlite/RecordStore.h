@@ -55,10 +55,15 @@ class RecordStore {
     ~RecordStore();
 
     using RowHandler = std::function<void(const Row&)>;
+    using ValuesHandler =
+        std::function<void(const PersistentID& id, const std::vector<Value>& values)>;
 
     void select(const RecordSchema& schema, const PredicateNode* predicate,
                 std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
                 const RowHandler& handler);
+    /// The fields of those numbers of the rows that meet `predicate`, in any order.
+    void selectValues(const RecordSchema& schema, const PredicateNode* predicate,
+                      std::span<const std::size_t> fields, const ValuesHandler& handler);
     void selectOne(const RecordSchema& schema, const PersistentID& id, const RowHandler& handler);
     [[nodiscard]] std::size_t count(const RecordSchema& schema, const PredicateNode* predicate);
     /// The sum that SpanFields describes over the stored rows, in microseconds.
