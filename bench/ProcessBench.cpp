@@ -16,6 +16,7 @@
 #include <thread>
 #include <vector>
 
+#include "BareLibrary.h"
 #include "BenchLibrary.h"
 #include "core/Client.h"
 #include "core/Project.h"
@@ -156,6 +157,28 @@ void list(benchmark::State& state, Arguments... arguments) {
     for (auto _ : state) home.elmworth({arguments...});
 }
 
+/// The start of a program, and a bare pass over the rows that a command shows.
+void readBare(benchmark::State& state, const char* sql) {
+    Home home(0);
+    const LibraryCopy copy(state.range(0));
+    const BareLibrary bare(copy.file());
+    for (auto _ : state) {
+        home.run({ELMWORTH_EMPTY_PROGRAM});
+        auto rows = bare.prepare(sql);
+        const int columns = sqlite3_column_count(rows.handle());
+        while (rows.step()) {
+            for (int i = 0; i < columns; ++i) {
+                benchmark::DoNotOptimize(sqlite3_column_blob(rows.handle(), i));
+            }
+        }
+    }
+}
+
+constexpr const char* allEntries = R"(SELECT * FROM "TimeEntry")";
+constexpr const char* entriesOfAYear =
+    R"(SELECT * FROM "TimeEntry" WHERE "start" >= 1735686000000000 AND "start" < 1767222000000000)"
+    R"( ORDER BY "start")";
+
 void onSizes(benchmark::internal::Benchmark* benchmark) {
     benchmark->Arg(100)->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
@@ -205,6 +228,16 @@ BENCHMARK(stop)->Name("process/stop")->Apply(onSizes);
 BENCHMARK_CAPTURE(list, clients, "client", "list")->Name("process/clientList")->Apply(onSizes);
 BENCHMARK_CAPTURE(list, projects, "project", "list")->Name("process/projectList")->Apply(onSizes);
 BENCHMARK_CAPTURE(list, invoices, "invoice", "list")->Name("process/invoiceList")->Apply(onSizes);
+
+void onBig(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+BENCHMARK_CAPTURE(list, year, "report", "--from", "2025-01-01", "--through", "2025-12-31")
+    ->Name("process/report")
+    ->Apply(onBig);
+BENCHMARK_CAPTURE(readBare, entries, allEntries)->Name("limit/allEntries")->Apply(onBig);
+BENCHMARK_CAPTURE(readBare, year, entriesOfAYear)->Name("limit/entriesOfAYear")->Apply(onBig);
 
 }  // namespace
 }  // namespace elmworth::bench

@@ -7,8 +7,9 @@
 #include "command/InvoiceOutput.h"
 #include "command/TextTable.h"
 #include "core/Client.h"
-#include "core/Project.h"
+#include "invoicing/InvoiceFigures.h"
 #include "invoicing/InvoiceFilter.h"
+#include "invoicing/InvoicePages.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
 
@@ -16,19 +17,30 @@ namespace elmworth {
 
 namespace {
 
+void writeList(JSONOutput& json, const std::vector<Ref<Invoice>>& invoices,
+               const InvoiceFigures& figures, CommandEnvironment& environment) {
+    const LogoImage logo = environment.painter ? environment.painter->loadLogo() : nullptr;
+    json.beginArray();
+    for (const auto& invoice : invoices) {
+        const auto price = [&]() -> PricedInvoice {
+            const auto frame = makeInvoiceFrame(*invoice, environment.profiles.profile(), logo);
+            return {figures.totals(*invoice), pageCount(frame, figures.rowCount(*invoice))};
+        };
+        writeInvoice(json, *invoice, price, environment, false);
+    }
+    json.endArray();
+}
+
 void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& output) {
     auto invoices = environment.context.fetch(
         FetchDescriptor<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse)}});
     std::erase_if(invoices, [&](const auto& invoice) {
         return !passes(*invoice, filter, environment.now(), environment.calendar);
     });
-    // Kept in memory meanwhile, so that each is read once and not again for every invoice.
-    const auto projects = environment.context.fetch<Project>();
+    const InvoiceFigures figures(environment.context, invoices);
     if (output.isJSON()) {
         JSONOutput json;
-        json.beginArray();
-        for (const auto& invoice : invoices) writeInvoice(json, *invoice, environment, false);
-        json.endArray();
+        writeList(json, invoices, figures, environment);
         output.text += json.document();
         return;
     }
@@ -39,10 +51,11 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
     TextTable table({{"NUMBER"}, {"CLIENT"}, {"ISSUED"}, {"DUE"}, {"STATUS"}, {"TOTAL", right}});
     for (const auto& invoice : invoices) {
         const auto& client = invoice->client.get();
-        table.add({invoice->number, client ? client->name.get() : "",
-                   dates.string(invoice->issueDate), dates.string(invoice->dueDate),
-                   statusText(*invoice, environment),
-                   totalText(*invoice, environment.moneyLocale)});
+        table.add(
+            {invoice->number, client ? client->name.get() : "", dates.string(invoice->issueDate),
+             dates.string(invoice->dueDate), statusText(*invoice, environment),
+             totalText(
+                 *invoice, [&] { return figures.totals(*invoice); }, environment.moneyLocale)});
     }
     output.text += table.text();
 }

@@ -69,7 +69,8 @@ int pageCount(const Invoice& invoice, CommandEnvironment& environment) {
     return static_cast<int>(pages(renderModel(invoice, environment, logo)).size());
 }
 
-void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& environment,
+void writeInvoice(JSONOutput& json, const Invoice& invoice,
+                  const std::function<PricedInvoice()>& price, CommandEnvironment& environment,
                   bool withLines) {
     json.beginObject();
     json.field("number", invoice.number.get());
@@ -87,8 +88,9 @@ void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& 
     json.field("showsEntryDetails", invoice.showsEntryDetails.get());
     json.field("isOverdue", invoice.isOverdue(environment.now(), environment.calendar));
     try {
-        writeTotals(json, InvoiceCalculator::totals(invoice), withLines);
-        json.field("pages", pageCount(invoice, environment));
+        const auto priced = price();
+        writeTotals(json, priced.totals, withLines);
+        json.field("pages", priced.pages);
     } catch (const FiguresError& error) {
         json.field("error", error.what());
     }
@@ -110,10 +112,11 @@ std::string totalsText(const InvoiceCalculator::Totals& totals, const std::strin
     return table.text();
 }
 
-std::string totalText(const Invoice& invoice, const Locale& locale) {
+std::string totalText(const Invoice& invoice,
+                      const std::function<InvoiceCalculator::Totals()>& totals,
+                      const Locale& locale) {
     try {
-        return formatCents(InvoiceCalculator::totals(invoice).totalCents,
-                           invoice.effectiveCurrencyCode(), locale);
+        return formatCents(totals().totalCents, invoice.effectiveCurrencyCode(), locale);
     } catch (const FiguresError& error) {
         return error.what();
     }
@@ -134,7 +137,10 @@ std::string statusText(const Invoice& invoice, const CommandEnvironment& environ
 void printInvoice(const Invoice& invoice, CommandEnvironment& environment, CommandOutput& output) {
     if (output.isJSON()) {
         JSONOutput json;
-        writeInvoice(json, invoice, environment, true);
+        const auto price = [&]() -> PricedInvoice {
+            return {InvoiceCalculator::totals(invoice), pageCount(invoice, environment)};
+        };
+        writeInvoice(json, invoice, price, environment, true);
         output.text += json.document();
         return;
     }

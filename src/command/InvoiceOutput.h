@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,9 +14,17 @@
 
 namespace elmworth {
 
+/// What an invoice comes to, and the pages that it takes in print.
+struct PricedInvoice {
+    InvoiceCalculator::Totals totals;
+    int pages;
+};
+
 /// The fields of an invoice and its sums, with its lines where `withLines` is set, and its pages,
-/// as one JSON object. Figures that can't be told are left out; "error" says why.
-void writeInvoice(JSONOutput& json, const Invoice& invoice, CommandEnvironment& environment,
+/// as one JSON object. Figures for which `price` throws FiguresError are left out; "error" says
+/// why.
+void writeInvoice(JSONOutput& json, const Invoice& invoice,
+                  const std::function<PricedInvoice()>& price, CommandEnvironment& environment,
                   bool withLines);
 
 /// "lines" and the three sums, as fields of the object that is open.
@@ -25,8 +34,10 @@ void writeTotals(JSONOutput& json, const InvoiceCalculator::Totals& totals, bool
 [[nodiscard]] std::string totalsText(const InvoiceCalculator::Totals& totals,
                                      const std::string& currencyCode, const Locale& locale);
 
-/// The total for people, or the sentence why it can't be told.
-[[nodiscard]] std::string totalText(const Invoice& invoice, const Locale& locale);
+/// The total for people, or the sentence why `totals` throws FiguresError.
+[[nodiscard]] std::string totalText(const Invoice& invoice,
+                                    const std::function<InvoiceCalculator::Totals()>& totals,
+                                    const Locale& locale);
 
 /// The invoice as it reads to whoever gave the command.
 [[nodiscard]] InvoiceRenderModel renderModel(const Invoice& invoice,

@@ -6,6 +6,7 @@
 #include "command/CommandSyntax.h"
 #include "command/FieldTable.h"
 #include "command/JSONOutput.h"
+#include "command/ProjectTimes.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "command/TypedValue.h"
@@ -37,33 +38,33 @@ struct ProjectSummary {
     std::optional<double> budgetFraction;
 };
 
-ProjectSummary summarize(const Ref<Project>& project, ModelContext& context, Instant now) {
-    ProjectSummary summary{project, 0, 0, std::nullopt};
-    double allSeconds = 0;
-    context.forEach<TimeEntry>({.predicate = key<&TimeEntry::project>() == project},
-                               [&](const TimeEntry& entry) {
-                                   const double seconds = entry.duration(now);
-                                   allSeconds += seconds;
-                                   if (entry.isRunning()) return;
-                                   summary.trackedSeconds += seconds;
-                                   if (!entry.invoice) summary.unbilledSeconds += seconds;
-                               });
+ProjectSummary summary(const Ref<Project>& project, const ProjectTimes& times) {
+    const auto found = times.find(project->persistentModelID());
+    const ProjectTime time = found == times.end() ? ProjectTime{} : found->second;
+    ProjectSummary result{project, time.tracked, time.unbilled, std::nullopt};
     const auto budget = project->budgetHours.get();
     if (budget && *budget >= 1) {
-        summary.budgetFraction = allSeconds / (static_cast<double>(*budget) * 3600);
+        result.budgetFraction = time.all / (static_cast<double>(*budget) * 3600);
     }
-    return summary;
+    return result;
 }
 
-std::vector<ProjectSummary> summaries(CommandEnvironment& environment, bool withArchived) {
-    std::vector<ProjectSummary> projects;
-    for (const auto& project : environment.context.fetch(FetchDescriptor<Project>{
-             .sortBy = {sortedBy<&Project::name>(SortOrder::forward,
-                                                 SortComparison::localizedStandard)}})) {
-        if (project->isArchived && !withArchived) continue;
-        projects.push_back(summarize(project, environment.context, environment.now()));
-    }
-    return projects;
+std::vector<ProjectSummary> summaries(const std::vector<Ref<Project>>& projects,
+                                      CommandEnvironment& environment) {
+    const auto times = projectTimes(environment.context, projects, environment.now());
+    std::vector<ProjectSummary> result;
+    result.reserve(projects.size());
+    for (const auto& project : projects) result.push_back(summary(project, times));
+    return result;
+}
+
+std::vector<ProjectSummary> listed(CommandEnvironment& environment, bool withArchived) {
+    auto projects = environment.context.fetch(
+        FetchDescriptor<Project>{.sortBy = {sortedBy<&Project::name>(
+                                     SortOrder::forward, SortComparison::localizedStandard)}});
+    std::erase_if(projects,
+                  [&](const auto& project) { return project->isArchived && !withArchived; });
+    return summaries(projects, environment);
 }
 
 void writeProject(JSONOutput& json, const ProjectSummary& summary) {
@@ -92,12 +93,12 @@ std::string budgetText(const ProjectSummary& summary) {
 void printJSON(const Ref<Project>& project, CommandEnvironment& environment,
                CommandOutput& output) {
     JSONOutput json;
-    writeProject(json, summarize(project, environment.context, environment.now()));
+    writeProject(json, summaries({project}, environment).front());
     output.text += json.document();
 }
 
 void list(bool withArchived, CommandEnvironment& environment, CommandOutput& output) {
-    const auto projects = summaries(environment, withArchived);
+    const auto projects = listed(environment, withArchived);
     if (output.isJSON()) {
         JSONOutput json;
         json.beginArray();

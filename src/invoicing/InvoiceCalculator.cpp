@@ -108,23 +108,28 @@ std::vector<Item> items(const std::vector<Ref<TimeEntry>>& entries) {
 
 namespace {
 
-/// Throws Overflow.
-Totals price(std::vector<Item> items, std::int64_t roundingMinutes, std::int64_t taxBasisPoints) {
-    std::stable_sort(items.begin(), items.end(),
-                     [](const Item& a, const Item& b) { return a.start < b.start; });
-    const auto step = static_cast<double>(product(std::max<std::int64_t>(roundingMinutes, 1), 60));
+double exactStep(std::int64_t roundingMinutes) {
+    return static_cast<double>(product(std::max<std::int64_t>(roundingMinutes, 1), 60));
+}
 
-    Totals totals;
-    for (auto& group : grouped(std::move(items))) {
-        totals.lines.push_back(makeLine(std::move(group), step));
-    }
-    std::stable_sort(totals.lines.begin(), totals.lines.end(), precedes);
+Totals sumUp(std::vector<Line> lines, std::int64_t taxBasisPoints) {
+    Totals totals{std::move(lines)};
     for (const auto& line : totals.lines) {
         totals.subtotalCents = sum(totals.subtotalCents, line.amountCents);
     }
     totals.taxCents = sum(product(totals.subtotalCents, taxBasisPoints), 5000) / 10000;
     totals.totalCents = sum(totals.subtotalCents, totals.taxCents);
     return totals;
+}
+
+Totals price(std::vector<Item> items, std::int64_t roundingMinutes, std::int64_t taxBasisPoints) {
+    std::stable_sort(items.begin(), items.end(),
+                     [](const Item& a, const Item& b) { return a.start < b.start; });
+    const double step = exactStep(roundingMinutes);
+    std::vector<Line> lines;
+    for (auto& group : grouped(std::move(items))) lines.push_back(makeLine(std::move(group), step));
+    std::stable_sort(lines.begin(), lines.end(), precedes);
+    return sumUp(std::move(lines), taxBasisPoints);
 }
 
 /// What can't be read must not make an invoice look cheaper.
@@ -136,15 +141,28 @@ std::vector<Item> itemsOf(const Invoice& invoice) {
     return all;
 }
 
+template <class Compute>
+auto orTooLarge(const Compute& compute) {
+    try {
+        return compute();
+    } catch (const Overflow&) {
+        throw FiguresError("this invoice", FiguresError::Reason::tooLarge);
+    }
+}
+
 }  // namespace
 
 Totals calculate(std::vector<Item> items, std::int64_t roundingMinutes,
                  std::int64_t taxBasisPoints) {
-    try {
-        return price(std::move(items), roundingMinutes, taxBasisPoints);
-    } catch (const Overflow&) {
-        throw FiguresError("this invoice", FiguresError::Reason::tooLarge);
-    }
+    return orTooLarge([&] { return price(std::move(items), roundingMinutes, taxBasisPoints); });
+}
+
+double stepSeconds(std::int64_t roundingMinutes) {
+    return orTooLarge([&] { return exactStep(roundingMinutes); });
+}
+
+Totals totalled(std::vector<Line> lines, std::int64_t taxBasisPoints) {
+    return orTooLarge([&] { return sumUp(std::move(lines), taxBasisPoints); });
 }
 
 Totals totals(const Invoice& invoice) {

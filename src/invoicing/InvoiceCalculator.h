@@ -87,6 +87,12 @@ struct Totals {
 /// The figures of a stored invoice, from its entries as they are now. Throws FiguresError.
 [[nodiscard]] Totals totals(const Invoice& invoice);
 
+/// The sums over `lines`, whose amounts stand. Throws FiguresError for a sum beyond 64 bits.
+[[nodiscard]] Totals totalled(std::vector<Line> lines, std::int64_t taxBasisPoints);
+
+/// The step to which entries are rounded up. Throws FiguresError when it doesn't fit 64 bits.
+[[nodiscard]] double stepSeconds(std::int64_t roundingMinutes);
+
 /// Seconds of an entry as billed with the rounding step `stepSeconds` (above 0): rounded to a whole
 /// second, halves away from zero, then up to a whole step; 0 for what is not above zero then.
 [[nodiscard]] double roundedSeconds(double seconds, double stepSeconds);

@@ -53,30 +53,22 @@ Count rowsOf(Count lines) {
     return static_cast<Count>(std::ceil(static_cast<double>(lines) * lineHeight / rowHeight));
 }
 
-using Rows = std::vector<InvoiceRenderModel::Row>;
-
-std::vector<Rows> dealtOut(const Rows& rows, Count firstCapacity) {
-    std::vector<Rows> chunks;
-    auto next = rows.begin();
-    Count capacity = firstCapacity;
+/// How many of `rowCount` rows stand on each page.
+std::vector<std::size_t> rowsOfPages(const InvoiceRenderModel& model, std::size_t rowCount) {
+    const Count headerRows = rowsOf(headerLines(model));
+    const Count footerRows = rowsOf(footerLines(model));
+    std::vector<std::size_t> pageRows;
+    Count capacity = std::max(firstPageRows - headerRows, fewestFirstPageRows);
     do {
-        const auto end = next + std::min<Count>(capacity, rows.end() - next);
-        chunks.emplace_back(next, end);
-        next = end;
+        pageRows.push_back(std::min(static_cast<std::size_t>(capacity), rowCount));
+        rowCount -= pageRows.back();
         capacity = laterPageRows;
-    } while (next != rows.end());
-    return chunks;
-}
-
-std::vector<InvoicePage> numbered(std::vector<Rows> chunks) {
-    std::vector<InvoicePage> result;
-    result.reserve(chunks.size());
-    for (Rows& rows : chunks) {
-        result.push_back({.index = static_cast<int>(result.size()),
-                          .count = static_cast<int>(chunks.size()),
-                          .rows = std::move(rows)});
-    }
-    return result;
+    } while (rowCount > 0);
+    const Count limit = pageRows.size() == 1 ? onlyPageRowsWithClosing - headerRows - footerRows
+                                             : lastPageRowsWithClosing - footerRows;
+    // No row moves: the closing goes alone onto a page of its own.
+    if (static_cast<Count>(pageRows.back()) > limit) pageRows.push_back(0);
+    return pageRows;
 }
 
 }  // namespace
@@ -94,14 +86,22 @@ std::size_t wrappedLineCount(std::string_view text, std::size_t columns) {
 }
 
 std::vector<InvoicePage> pages(const InvoiceRenderModel& model) {
-    const Count headerRows = rowsOf(headerLines(model));
-    const Count footerRows = rowsOf(footerLines(model));
-    auto chunks = dealtOut(model.rows, std::max(firstPageRows - headerRows, fewestFirstPageRows));
-    const Count limit = chunks.size() == 1 ? onlyPageRowsWithClosing - headerRows - footerRows
-                                           : lastPageRowsWithClosing - footerRows;
-    // No row moves: the closing goes alone onto a page of its own.
-    if (static_cast<Count>(chunks.back().size()) > limit) chunks.emplace_back();
-    return numbered(std::move(chunks));
+    const auto pageRows = rowsOfPages(model, model.rows.size());
+    std::vector<InvoicePage> result;
+    result.reserve(pageRows.size());
+    auto next = model.rows.begin();
+    for (const std::size_t count : pageRows) {
+        const auto end = next + static_cast<std::ptrdiff_t>(count);
+        result.push_back({.index = static_cast<int>(result.size()),
+                          .count = static_cast<int>(pageRows.size()),
+                          .rows = {next, end}});
+        next = end;
+    }
+    return result;
+}
+
+int pageCount(const InvoiceRenderModel& model, std::size_t rowCount) {
+    return static_cast<int>(rowsOfPages(model, rowCount).size());
 }
 
 }  // namespace elmworth

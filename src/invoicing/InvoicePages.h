@@ -27,4 +27,7 @@ struct InvoicePage {
 /// Deals the rows of `model` out to pages. Measures nothing: the result depends on the texts alone.
 [[nodiscard]] std::vector<InvoicePage> pages(const InvoiceRenderModel& model);
 
+/// How many pages there would be with `rowCount` rows, whatever rows `model` has.
+[[nodiscard]] int pageCount(const InvoiceRenderModel& model, std::size_t rowCount);
+
 }  // namespace elmworth

@@ -61,20 +61,27 @@ InvoiceRenderModel::Party makeBillTo(const Ref<Client>& client) {
 
 }  // namespace
 
+InvoiceRenderModel makeInvoiceFrame(const Invoice& invoice, const BusinessProfile& profile,
+                                    LogoImage logo) {
+    const auto business = invoice.resolvedBusiness(profile);
+    InvoiceRenderModel model;
+    model.business = {business.name, business.address, business.email, business.taxID};
+    model.billTo = makeBillTo(invoice.client);
+    model.taxLabel = makeTaxLabel(invoice, business);
+    model.paymentInstructions = business.paymentInstructions;
+    model.notes = trimmedWhitespace(invoice.notes.get());
+    model.logo = std::move(logo);
+    return model;
+}
+
 InvoiceRenderModel makeInvoiceHead(const Invoice& invoice, const BusinessProfile& profile,
                                    const InvoiceFormats& formats, LogoImage logo) {
-    const auto business = invoice.resolvedBusiness(profile);
     const DateFormatter dates = mediumDates(formats);
-    InvoiceRenderModel model;
+    auto model = makeInvoiceFrame(invoice, profile, std::move(logo));
     model.number = invoice.number;
     model.issueDate = dates.string(invoice.issueDate);
     model.dueDate = dates.string(invoice.dueDate);
     model.period = makePeriod(invoice, dates);
-    model.business = {business.name, business.address, business.email, business.taxID};
-    model.billTo = makeBillTo(invoice.client);
-    model.paymentInstructions = business.paymentInstructions;
-    model.notes = trimmedWhitespace(invoice.notes.get());
-    model.logo = std::move(logo);
     return model;
 }
 
@@ -85,7 +92,6 @@ InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const Business
     auto model = makeInvoiceHead(invoice, profile, formats, std::move(logo));
     model.rows = makeRows(totals, invoice, formats.money, mediumDates(formats));
     model.subtotal = formatCents(totals.subtotalCents, currency, formats.money);
-    model.taxLabel = makeTaxLabel(invoice, invoice.resolvedBusiness(profile));
     model.tax = formatCents(totals.taxCents, currency, formats.money);
     model.total = formatCents(totals.totalCents, currency, formats.money);
     return model;

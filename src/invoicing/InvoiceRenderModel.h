@@ -72,7 +72,13 @@ struct InvoiceFormats {
     std::string zoneID;  ///< IANA, "Europe/Berlin"
 };
 
-/// The render model of `invoice` but for its rows, sums and tax, which are empty.
+/// The part of the render model of `invoice` that needs neither figures nor dates: the parties, the
+/// tax's label, the remarks and the logo. The number of pages depends on these and on the number of
+/// rows.
+[[nodiscard]] InvoiceRenderModel makeInvoiceFrame(const Invoice& invoice,
+                                                  const BusinessProfile& profile, LogoImage logo);
+
+/// The render model of `invoice` but for its rows and sums, which are empty.
 [[nodiscard]] InvoiceRenderModel makeInvoiceHead(const Invoice& invoice,
                                                  const BusinessProfile& profile,
                                                  const InvoiceFormats& formats, LogoImage logo);
