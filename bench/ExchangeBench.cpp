@@ -8,6 +8,8 @@
 #include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 
+#include <algorithm>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -22,6 +24,7 @@
 #include "exchange/CSVDocument.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/Restore.h"
+#include "exchange/SnapshotJob.h"
 #include "platform/AtomicFile.h"
 #include "platform/TextEncoding.h"
 #include "tracking/TimesheetFilter.h"
@@ -92,6 +95,24 @@ void parseBare(benchmark::State& state) {
         rapidjson::BaseReaderHandler<> handler;
         rapidjson::Reader().Parse(stream, handler);
     }
+}
+
+/// A snapshot in steps, of which none may take longer than a frame.
+void snapshot(benchmark::State& state) {
+    OpenLibrary library(state.range(0));
+    const test::TemporaryFolder folder;
+    double longest = 0;
+    for (auto _ : state) {
+        SnapshotJob job(library.context(), {}, libraryNow(), folder.path() / "snapshot.json");
+        bool goesOn = true;
+        while (goesOn) {
+            const auto begin = std::chrono::steady_clock::now();
+            goesOn = job.advance();
+            const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+            longest = std::max(longest, took.count());
+        }
+    }
+    state.counters["longestStepSeconds"] = longest;
 }
 
 // --- restore -----------------------------------------------------------------------------------
@@ -285,6 +306,7 @@ void onBig(benchmark::internal::Benchmark* benchmark) {
 
 BENCHMARK(backup)->Apply(onBig);
 BENCHMARK(backupBare)->Name("limit/backup")->Apply(onBig);
+BENCHMARK(snapshot)->Apply(onBig);
 BENCHMARK(parseBare)->Name("part/parse")->Apply(onBig);
 BENCHMARK(restoreBackup)->Name("restore")->Apply(onBig);
 BENCHMARK(restoreBare)->Name("limit/restore")->Apply(onBig);

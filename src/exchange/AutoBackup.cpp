@@ -12,6 +12,7 @@
 #include "core/TimeEntry.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
+#include "exchange/SnapshotJob.h"
 #include "platform/AbandonedFiles.h"
 #include "platform/ISO8601.h"
 #include "platform/StandardFolders.h"
@@ -28,6 +29,8 @@ constexpr auto firstRunDelay = 20s;
 constexpr auto interval = 21'600s;
 constexpr auto minimumAge = 72'000s;
 constexpr auto longestWrite = 24h;
+constexpr auto betweenSteps = 8ms;
+constexpr auto beforeAnew = 5s;
 constexpr std::string_view prefix = "Elmworth-";
 constexpr std::string_view failedCheckKey = "failedSnapshotCheck";
 
@@ -45,33 +48,11 @@ std::optional<Instant> parseTimestamp(std::string text) {
     return parseISO8601(text + 'Z');
 }
 
-BackupExporter::Counts countsOf(const Backup& backup) {
-    BackupExporter::Counts counts;
-    counts.clients = backup.clients.size();
-    counts.invoices = backup.invoices.size();
-    for (const auto& client : backup.clients) {
-        counts.projects += client.projects.size();
-        for (const auto& project : client.projects) counts.entries += project.entries.size();
-    }
-    return counts;
-}
-
-void readBack(const fs::path& file, const BackupExporter::Counts& written) {
-    if (countsOf(decodeBackupFile(file)) != written) {
-        throw BackupDecodeError("The snapshot does not hold what was written.");
-    }
-}
-
-/// A snapshot that cannot be read back is none.
-void verify(const fs::path& file, const BackupExporter::Counts& written,
-            const AutoBackup::Check& check) {
-    try {
-        check ? check(file, written) : readBack(file, written);
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove(file, ignored);
-        throw;
-    }
+/// What of a finished snapshot is worth a line in the log.
+void tellOfRepairs(const fs::path& file, std::size_t repairedTexts) {
+    if (repairedTexts == 0) return;
+    writeSystemLog("Elmworth: " + file.string() + ": " +
+                   BackupExporter::repairMessage(repairedTexts));
 }
 
 void prune(const fs::path& folder) {
@@ -82,11 +63,28 @@ void prune(const fs::path& folder) {
     }
 }
 
+/// The file of the snapshot that is due now in `folder`; absent when none is.
+std::optional<fs::path> dueFile(ModelContext& context, Instant now, const fs::path& folder) {
+    const auto existing = AutoBackup::snapshots(folder);
+    if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
+    if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
+    return folder / (std::string(prefix) + timestamp(now) + ".json");
+}
+
+void tidy(const fs::path& folder, Instant now) {
+    prune(folder);
+    removeAbandonedFiles(folder, now - longestWrite);
+}
+
 }  // namespace
 
 AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
                        PowerEvents& powerEvents, Check check)
-    : context_(context), defaults_(defaults), now_(std::move(now)), check_(std::move(check)) {
+    : context_(context),
+      defaults_(defaults),
+      now_(std::move(now)),
+      check_(std::move(check)),
+      runLoop_(runLoop) {
     first_ = runLoop.repeat(firstRunDelay, [this] {
         first_.reset();
         tick();
@@ -95,23 +93,26 @@ AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now,
     wake_ = powerEvents.onDidWake([this] { tick(); });
 }
 
+AutoBackup::~AutoBackup() = default;
+
 void AutoBackup::tick() {
-    const Instant now = now_();
+    if (snapshot_) return;
+    anew_.reset();
     try {
-        if (runIfDue(context_, ProfileStore(defaults_).profile(), now, std::nullopt, check_)) {
-            defaults_.remove(failedCheckKey);
-        }
-    } catch (const BackupDecodeError& error) {
-        noteFailedCheck(now, error.what());
+        begin();
     } catch (const std::exception&) {
-        return;  // nobody asked for it: the next trigger tries again
+        drop();  // nobody asked for it: the next trigger tries again
     }
 }
 
-void AutoBackup::noteFailedCheck(Instant date, const std::string& reason) {
-    const std::string when = formatISO8601(date);
-    writeSystemLog("Elmworth: the snapshot of " + when + " failed its check: " + reason);
-    defaults_.setString(failedCheckKey, when + ' ' + reason);
+void AutoBackup::noteFailedCheck(Instant date, const std::string& reason) noexcept {
+    try {
+        const std::string when = formatISO8601(date);
+        writeSystemLog("Elmworth: the snapshot of " + when + " failed its check: " + reason);
+        defaults_.setString(failedCheckKey, when + ' ' + reason);
+    } catch (const std::exception&) {
+        return;  // it stands in the log
+    }
 }
 
 std::optional<AutoBackup::FailedCheck> AutoBackup::failedCheck(const UserDefaults& defaults) {
@@ -122,23 +123,58 @@ std::optional<AutoBackup::FailedCheck> AutoBackup::failedCheck(const UserDefault
     return date ? std::optional<FailedCheck>({*date, text->substr(space + 1)}) : std::nullopt;
 }
 
+void AutoBackup::begin() {
+    const Instant now = begun_ = now_();
+    const fs::path target = folder();
+    const auto file = dueFile(context_, now, target);
+    if (!file) return;
+    file_ = *file;
+    snapshot_ = std::make_unique<SnapshotJob>(context_, ProfileStore(defaults_).profile(), now,
+                                              *file, check_);
+    context_.deliverChanges();  // of before
+    hasChanged_ = false;
+    changes_ = context_.observeAll([this](const RecordChanges&) { hasChanged_ = true; });
+    steps_ = runLoop_.repeat(betweenSteps, [this] { step(); });
+}
+
+/// A snapshot shows one state of the library: one that changes meanwhile is begun anew, when things
+/// have calmed down.
+void AutoBackup::step() {
+    try {
+        context_.deliverChanges();  // none may wait unheard while the last step is done
+        if (hasChanged_ && snapshot_->isReading()) {
+            drop();
+            anew_ = runLoop_.repeat(beforeAnew, [this] { tick(); });
+        } else if (!snapshot_->advance()) {
+            tellOfRepairs(file_, snapshot_->repairedTexts());
+            drop();
+            defaults_.remove(failedCheckKey);
+            tidy(folder(), now_());
+        }
+    } catch (const BackupDecodeError& error) {
+        drop();
+        noteFailedCheck(begun_, error.what());
+    } catch (const std::exception&) {
+        drop();
+    }
+}
+
+void AutoBackup::drop() noexcept {
+    steps_.reset();
+    changes_.reset();
+    snapshot_.reset();
+}
+
 std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const BusinessProfile& profile,
                                              Instant now, const std::optional<fs::path>& given,
                                              const Check& check) {
     const fs::path target = given ? *given : folder();
-    const auto existing = snapshots(target);
-    if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
-    if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
-    const fs::path file = target / (std::string(prefix) + timestamp(now) + ".json");
-    auto counts = BackupExporter::writeFile(context, profile, now, file);
-    const std::size_t repaired = std::exchange(counts.repairedTexts, 0);
-    verify(file, counts, check);
-    if (repaired > 0) {
-        writeSystemLog("Elmworth: " + file.string() + ": " +
-                       BackupExporter::repairMessage(repaired));
-    }
-    prune(target);
-    removeAbandonedFiles(target, now - longestWrite);
+    const auto file = dueFile(context, now, target);
+    if (!file) return std::nullopt;
+    SnapshotJob job(context, profile, now, *file, check);
+    job.complete();
+    tellOfRepairs(*file, job.repairedTexts());
+    tidy(target, now);
     return file;
 }
 

@@ -5,21 +5,25 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/BusinessProfile.h"
 #include "core/store/ModelContext.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/Backup.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
 
 namespace elmworth {
 
+class SnapshotJob;
+
 /// Keeps a daily snapshot of the library for the last two weeks, by itself. Its only state is the
-/// folder.
+/// folder. The work is done in small steps beside that of the user; one that is not finished when
+/// the program ends leaves nothing, and is due again at the next start.
 class AutoBackup {
  public:
     static constexpr std::size_t snapshotsKept = 14;
@@ -38,8 +42,8 @@ class AutoBackup {
     };
 
     /// Reads a snapshot that was written, and throws BackupDecodeError unless it holds `written`.
-    using Check = std::function<void(const std::filesystem::path& file,
-                                     const BackupExporter::Counts& written)>;
+    using Check =
+        std::function<void(const std::filesystem::path& file, const BackupCounts& written)>;
 
     /// Arranges a snapshot, when one is due, 20 seconds from now, every six hours, and after each
     /// wake. One that does not verify goes into the system log and into `defaults` until a later
@@ -47,6 +51,7 @@ class AutoBackup {
     /// otherwise.
     AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
                PowerEvents& powerEvents, Check check = nullptr);
+    ~AutoBackup();
 
     /// Writes a snapshot unless the newest is younger than 20 hours or there are no entries, reads
     /// it back, and removes all but the newest `snapshotsKept`, and what a killed process began to
@@ -72,12 +77,23 @@ class AutoBackup {
 
  private:
     void tick();
-    void noteFailedCheck(Instant date, const std::string& reason);
+    void noteFailedCheck(Instant date, const std::string& reason) noexcept;
+    void begin();
+    void step();
+    void drop() noexcept;
 
     ModelContext& context_;
     UserDefaults& defaults_;
     Clock now_;
     Check check_;
+    RunLoop& runLoop_;
+    std::unique_ptr<SnapshotJob> snapshot_;  ///< while one is being made
+    std::filesystem::path file_;             ///< its name at the end
+    Instant begun_;
+    bool hasChanged_ = false;  ///< the library, since that was begun
+    ModelContext::Observation changes_;
+    RunLoop::Handle steps_;
+    RunLoop::Handle anew_;
     RunLoop::Handle first_;
     RunLoop::Handle repeating_;
     PowerEvents::Observation wake_;

@@ -70,6 +70,17 @@ struct InvoiceDTO {
     friend bool operator==(const InvoiceDTO&, const InvoiceDTO&) = default;
 };
 
+/// How much a document holds.
+struct BackupCounts {
+    std::size_t clients = 0;
+    std::size_t projects = 0;
+    std::size_t entries = 0;
+    std::size_t invoices = 0;
+    std::size_t repairedTexts = 0;  ///< damaged ones, which stand with U+FFFD in the document
+
+    friend bool operator==(const BackupCounts&, const BackupCounts&) = default;
+};
+
 struct Backup {
     std::int64_t version = 1;
     Instant exportedAt;

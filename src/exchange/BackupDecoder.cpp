@@ -90,16 +90,23 @@ JSONField optional(std::string_view name, T& target) {
     return field;
 }
 
-/// A list whose items are objects of the shape that `shapeOf` gives for each new one.
-template <class T>
-JSONSlot listOf(std::vector<T>& target, JSONFrame (*shapeOf)(T&)) {
+/// A list whose items are objects of the shape that `shapeOf` gives for each new one. Where they
+/// are counted, each takes the place of the one before.
+template <class T, class ShapeOf>
+JSONSlot listOf(std::vector<T>& target, const ShapeOf& shapeOf, std::size_t* count) {
     JSONSlot slot{"not an array"};
-    slot.array = [&target, shapeOf] {
+    slot.array = [&target, shapeOf, count] {
         target.clear();  // of two equal keys the last counts
         JSONFrame frame;
         frame.isArray = true;
         frame.item.expectation = "not an object";
-        frame.item.object = [&target, shapeOf] { return shapeOf(target.emplace_back()); };
+        frame.item.object = [&target, shapeOf, count] {
+            if (count) {
+                target.clear();
+                ++*count;
+            }
+            return shapeOf(target.emplace_back());
+        };
         return frame;
     };
     return slot;
@@ -148,18 +155,20 @@ JSONFrame entryShape(EntryDTO& entry) {
     }};
 }
 
-JSONFrame projectShape(ProjectDTO& project) {
+JSONFrame projectShape(ProjectDTO& project, BackupCounts* counts) {
     return {{
         required("name", project.name),
         required("colorHex", project.colorHex),
         optional("rateOverrideCents", project.rateOverrideCents),
         required("isArchived", project.isArchived),
         optional("budgetHours", project.budgetHours),
-        {"entries", true, listOf(project.entries, &entryShape)},
+        {"entries", true,
+         listOf(project.entries, &entryShape, counts ? &counts->entries : nullptr)},
     }};
 }
 
-JSONFrame clientShape(ClientDTO& client) {
+JSONFrame clientShape(ClientDTO& client, BackupCounts* counts) {
+    const auto shapeOf = [counts](ProjectDTO& project) { return projectShape(project, counts); };
     return {{
         required("name", client.name),
         required("email", client.email),
@@ -168,7 +177,7 @@ JSONFrame clientShape(ClientDTO& client) {
         required("hourlyRateCents", client.hourlyRateCents),
         optional("dueDays", client.dueDays),
         optional("taxBasisPoints", client.taxBasisPoints),
-        {"projects", true, listOf(client.projects, &projectShape)},
+        {"projects", true, listOf(client.projects, shapeOf, counts ? &counts->projects : nullptr)},
     }};
 }
 
@@ -192,20 +201,32 @@ JSONFrame invoiceShape(InvoiceDTO& invoice) {
     }};
 }
 
-Backup decode(const std::function<std::string_view()>& nextPiece) {
+/// Where `counts` are given, the document's lists keep their last items alone.
+Backup decode(const std::function<std::string_view()>& nextPiece, BackupCounts* counts = nullptr) {
     Backup backup;
+    const auto shapeOf = [counts](ClientDTO& client) { return clientShape(client, counts); };
     try {
-        readJSON(nextPiece, {{
-                                required("version", backup.version),
-                                required("exportedAt", backup.exportedAt),
-                                {"profile", true, profileSlot(backup.profile)},
-                                {"clients", true, listOf(backup.clients, &clientShape)},
-                                {"invoices", true, listOf(backup.invoices, &invoiceShape)},
-                            }});
+        readJSON(nextPiece,
+                 {{
+                     required("version", backup.version),
+                     required("exportedAt", backup.exportedAt),
+                     {"profile", true, profileSlot(backup.profile)},
+                     {"clients", true,
+                      listOf(backup.clients, shapeOf, counts ? &counts->clients : nullptr)},
+                     {"invoices", true,
+                      listOf(backup.invoices, &invoiceShape, counts ? &counts->invoices : nullptr)},
+                 }});
     } catch (const JSONShapeError& error) {
         throw BackupDecodeError(error.what());
     }
     return backup;
+}
+
+std::function<std::string_view()> piecesOf(FileSource& source, Progress& progress) {
+    return [&] {
+        progress.advance("Reading", source.bytesRead(), source.size());
+        return source.nextPiece();
+    };
 }
 
 }  // namespace
@@ -215,10 +236,13 @@ Backup decodeBackup(std::string_view json) {
 }
 
 Backup decodeBackup(FileSource& source, Progress& progress) {
-    return decode([&] {
-        progress.advance("Reading", source.bytesRead(), source.size());
-        return source.nextPiece();
-    });
+    return decode(piecesOf(source, progress));
+}
+
+BackupCounts countBackup(FileSource& source, Progress& progress) {
+    BackupCounts counts;
+    decode(piecesOf(source, progress), &counts);
+    return counts;
 }
 
 Backup decodeBackupFile(const std::filesystem::path& file, Progress& progress) {

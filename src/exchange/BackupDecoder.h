@@ -32,4 +32,8 @@ class BackupDecodeError : public std::runtime_error {
 [[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file,
                                       Progress& progress = noProgress());
 
+/// How much a document holds that decodeBackup would take: it is read in the same way, but nothing
+/// is kept. Throws the same.
+[[nodiscard]] BackupCounts countBackup(FileSource& source, Progress& progress = noProgress());
+
 }  // namespace elmworth

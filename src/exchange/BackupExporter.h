@@ -14,16 +14,7 @@
 
 namespace elmworth::BackupExporter {
 
-/// How much a document holds.
-struct Counts {
-    std::size_t clients = 0;
-    std::size_t projects = 0;
-    std::size_t entries = 0;
-    std::size_t invoices = 0;
-    std::size_t repairedTexts = 0;  ///< damaged ones, which stand with U+FFFD in the document
-
-    friend bool operator==(const Counts&, const Counts&) = default;
-};
+using Counts = BackupCounts;
 
 /// The whole library of `context` as a document, with `profile`, as of `now`. Clients and invoices
 /// stand in the localized standard order of their names and numbers, projects in the order of the

@@ -54,7 +54,7 @@ void BackupWriter::begin() {
     writer_.StartArray();
 }
 
-void BackupWriter::client(const ClientDTO& client) {
+void BackupWriter::beginClient(const ClientDTO& client) {
     writer_.StartObject();
     text("address", client.address);
     text("currencyCode", client.currencyCode);
@@ -64,19 +64,23 @@ void BackupWriter::client(const ClientDTO& client) {
     text("name", client.name);
     key("projects");
     writer_.StartArray();
-    for (const auto& item : client.projects) project(item);
+}
+
+void BackupWriter::endClient(const ClientDTO& client) {
     writer_.EndArray();
     if (client.taxBasisPoints) number("taxBasisPoints", *client.taxBasisPoints);
     writer_.EndObject();
 }
 
-void BackupWriter::project(const ProjectDTO& project) {
+void BackupWriter::beginProject(const ProjectDTO& project) {
     writer_.StartObject();
     if (project.budgetHours) number("budgetHours", *project.budgetHours);
     text("colorHex", project.colorHex);
     key("entries");
     writer_.StartArray();
-    for (const auto& item : project.entries) entry(item);
+}
+
+void BackupWriter::endProject(const ProjectDTO& project) {
     writer_.EndArray();
     flag("isArchived", project.isArchived);
     text("name", project.name);

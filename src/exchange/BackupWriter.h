@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "exchange/Backup.h"
+#include "exchange/BackupReceiver.h"
 
 namespace elmworth {
 
@@ -17,19 +17,22 @@ namespace elmworth {
 using ByteSink = std::function<void(std::string_view)>;
 
 /// Writes a backup document as indented JSON with its keys in order, piece by piece: a library of
-/// any size takes the memory of its largest client. Whatever the values are, the document can be
-/// read: what is not UTF-8 in a text stands as U+FFFD, a date beyond the years 0 to 9999 as the
-/// nearest one within. Call begin, client for each, beginInvoices,
-/// invoice for each, end.
-class BackupWriter {
+/// any size takes the memory of a piece. Whatever the values are, the document can be read: what is
+/// not UTF-8 in a text stands as U+FFFD, a date beyond the years 0 to 9999 as the nearest one
+/// within.
+class BackupWriter final : public BackupReceiver {
  public:
     explicit BackupWriter(ByteSink sink) : stream_{std::move(sink), {}}, writer_(stream_) {}
 
-    void begin();
-    void client(const ClientDTO& client);
-    void beginInvoices(Instant exportedAt);
-    void invoice(const InvoiceDTO& invoice);
-    void end(const BusinessProfile& profile, std::int64_t version);
+    void begin() override;
+    void beginClient(const ClientDTO& client) override;
+    void beginProject(const ProjectDTO& project) override;
+    void entry(const EntryDTO& entry) override;
+    void endProject(const ProjectDTO& project) override;
+    void endClient(const ClientDTO& client) override;
+    void beginInvoices(Instant exportedAt) override;
+    void invoice(const InvoiceDTO& invoice) override;
+    void end(const BusinessProfile& profile, std::int64_t version) override;
 
     /// How many texts were not UTF-8.
     [[nodiscard]] std::size_t repairedTexts() const noexcept { return repairedTexts_; }
@@ -52,8 +55,6 @@ class BackupWriter {
         static constexpr std::size_t pieceSize = 1 << 16;
     };
 
-    void project(const ProjectDTO& project);
-    void entry(const EntryDTO& entry);
     void profile(const BusinessProfile& profile);
     void key(std::string_view name);
     void text(std::string_view name, std::string_view value);

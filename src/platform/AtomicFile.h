@@ -57,6 +57,9 @@ class AtomicFile {
     /// The temporary file, for code that writes to a path of its own; it must keep the file.
     [[nodiscard]] const std::filesystem::path& temporaryPath() const noexcept { return temporary_; }
 
+    /// Waits until what was written is on the disk, so that `commit` need not.
+    void sync();
+
     /// Makes the content durable under the target's name. At most once.
     void commit();
 

@@ -10,6 +10,8 @@
 
 #include "core/ProfileStore.h"
 #include "exchange/BackupDecoder.h"
+#include "exchange/BackupExporter.h"
+#include "exchange/BackupWalk.h"
 #include "platform/AtomicFile.h"
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
@@ -191,6 +193,28 @@ class AutoBackupTriggers : public AutoBackupTest {
         backup_ = std::make_unique<AutoBackup>(
             library_.context(), defaults_, [this] { return clock_; }, library_.runLoop, power_);
     }
+    /// Lets every trigger fire and all steps be done.
+    void fireAndFinish() {
+        library_.runLoop.fire();
+        finish();
+    }
+    void finish() {
+        while (isWorking()) library_.runLoop.fire();
+    }
+    /// Besides the trigger of every six hours there are only the steps, or the wait before them.
+    [[nodiscard]] bool isWorking() const { return library_.runLoop.repeatingCount() > 1; }
+    void addEntries(int count) {
+        const auto project = library_.context().fetch<Project>().front();
+        for (int i = 0; i < count; ++i) {
+            const Instant start = at("2026-02-01T09:00Z") + i * 1min;
+            library_.addEntry(project, start, start + 1min);
+        }
+        library_.context().save();
+    }
+    [[nodiscard]] static std::vector<EntryDTO> entriesTaken() {
+        const auto file = AutoBackup::snapshots(AutoBackup::folder()).at(0).url;
+        return decodeBackupFile(file).clients.at(0).projects.at(0).entries;
+    }
     [[nodiscard]] static std::size_t taken() {
         return AutoBackup::snapshots(AutoBackup::folder()).size();
     }
@@ -208,22 +232,24 @@ TEST_F(AutoBackupTriggers, nothingIsWrittenAtTheStartItself) {
 
 TEST_F(AutoBackupTriggers, theFirstTurnOfTheClockTakesOneAndEndsTheFirstDelay) {
     EXPECT_EQ(library_.runLoop.repeatingCount(), 2U);
-    library_.runLoop.fire();
+    fireAndFinish();
     EXPECT_EQ(taken(), 1U);
     EXPECT_EQ(library_.runLoop.repeatingCount(), 1U);
 }
 
 TEST_F(AutoBackupTriggers, aWakeFiveHoursAfterASnapshotWritesNothing) {
-    library_.runLoop.fire();
+    fireAndFinish();
     clock_ += 5h;
     power_.wake();
+    EXPECT_FALSE(isWorking());
     EXPECT_EQ(taken(), 1U);
 }
 
 TEST_F(AutoBackupTriggers, aWakeADayLaterTakesOne) {
-    library_.runLoop.fire();
+    fireAndFinish();
     clock_ += 24h;
     power_.wake();
+    finish();
     EXPECT_EQ(taken(), 2U);
 }
 
@@ -232,7 +258,7 @@ TEST_F(AutoBackupTriggers, theProfileOfTheMomentIsInIt) {
     auto profile = profiles.profile();
     profile.name = "Jane";
     profiles.setProfile(profile);
-    library_.runLoop.fire();
+    fireAndFinish();
     EXPECT_EQ(decodeBackupFile(AutoBackup::snapshots(AutoBackup::folder()).at(0).url).profile.name,
               "Jane");
 }
@@ -246,7 +272,7 @@ TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
         });
     backup_.reset();
     const test::SystemLogCapture log;
-    library_.runLoop.fire();
+    fireAndFinish();
     EXPECT_THAT(log.take(),
                 testing::StartsWith("Elmworth: the snapshot of 2026-03-10T12:00:00Z failed its "
                                     "check: clients[0]: not an object (line 3).\n"));
@@ -259,7 +285,7 @@ TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
 
     isRefused = false;
     clock_ += 6h;
-    library_.runLoop.fire();
+    fireAndFinish();
     EXPECT_EQ(taken(), 1U);
     EXPECT_FALSE(AutoBackup::failedCheck(defaults_));
 }
@@ -267,9 +293,61 @@ TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
 TEST_F(AutoBackupTriggers, aFailureIsDroppedAndTheNextTriggerTriesAgain) {
     writeAtomically(folder_.path() / "Elmworth", "in the way of the folder");
     library_.runLoop.fire();
+    EXPECT_FALSE(isWorking());
     std::filesystem::remove(folder_.path() / "Elmworth");
-    library_.runLoop.fire();
+    fireAndFinish();
     EXPECT_EQ(taken(), 1U);
+}
+
+TEST_F(AutoBackupTriggers, aSnapshotIsMadeInSmallStepsAndHasItsNameAtTheEndAlone) {
+    addEntries(3000);
+    library_.runLoop.fire();
+    std::size_t steps = 0;
+    for (; isWorking(); ++steps) {
+        EXPECT_EQ(taken(), 0U);
+        library_.runLoop.fire();
+    }
+    EXPECT_GE(steps, 3000 / BackupWalk::entriesPerStep);
+    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(entriesTaken().size(), 3001U);
+}
+
+TEST_F(AutoBackupTriggers, aChangeMeanwhileBeginsItAnewSoThatItShowsOneState) {
+    addEntries(3000);
+    for (const bool isSaved : {true, false}) {
+        library_.runLoop.fire();
+        for (int i = 0; i < 8; ++i) library_.runLoop.fire();
+        ASSERT_TRUE(isWorking());
+        const auto entries = library_.context().fetch(
+            FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}});
+        entries.front()->notes = "changed";
+        library_.context().deleteRecord(entries.back());
+        if (isSaved) library_.context().save();
+        finish();
+        const auto found = entriesTaken();
+        ASSERT_EQ(found.size(), entries.size() - 1);
+        EXPECT_EQ(found.front().notes, "changed");
+        EXPECT_EQ(found, BackupExporter::makeBackup(library_.context(), {}, now)
+                             .clients.at(0)
+                             .projects.at(0)
+                             .entries);
+        entries.front()->notes = "";
+        library_.context().save();
+        clock_ += 24h;
+    }
+    EXPECT_EQ(taken(), 2U);
+}
+
+TEST_F(AutoBackupTriggers, theEndOfTheProgramInBetweenLeavesNothing) {
+    addEntries(3000);
+    for (int i = 0; i < 5; ++i) library_.runLoop.fire();
+    ASSERT_TRUE(isWorking());
+    const auto folder = AutoBackup::folder();
+    EXPECT_FALSE(std::filesystem::is_empty(folder));
+    backup_.reset();
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    library_.runLoop.fire();
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
+#include "exchange/BackupWalk.h"
 #include "exchange/Restore.h"
 #include "platform/AtomicFile.h"
 #include "support/Instants.h"
@@ -366,6 +367,43 @@ TEST(Backup, aFileIsReadAsItsTextIs) {
     const auto file = library.folder.path() / "backup.json";
     BackupExporter::writeFile(library.context(), {}, exportedAt, file);
     EXPECT_EQ(decodeBackupFile(file), backupOf(library));
+}
+
+TEST(Backup, everyEntryStandsInItOnceHoweverManyBeganAtOneInstant) {
+    TestLibrary library;
+    const auto project = library.addProject("Web", library.addClient("Acme"));
+    constexpr int perStep = static_cast<int>(BackupWalk::entriesPerStep);
+    int count = 0;
+    for (const int alike : {1, perStep - 2, 3, 1, 1, 3 * perStep, 1, perStep, 2}) {
+        const Instant start = at("2026-03-01T09:00Z") + std::chrono::minutes(count);
+        for (int i = 0; i < alike; ++i) {
+            library.addEntry(project, start, start)->notes = std::to_string(count++);
+        }
+    }
+    const auto notes = [](const std::vector<EntryDTO>& entries) {
+        std::vector<std::string> found;
+        for (const auto& entry : entries) found.push_back(entry.notes);
+        return found;
+    };
+    std::vector<std::string> expected;
+    for (int i = 0; i < count; ++i) expected.push_back(std::to_string(i));
+    EXPECT_EQ(notes(backupOf(library).clients.at(0).projects.at(0).entries), expected);  // unsaved
+    library.context().save();
+    EXPECT_EQ(notes(backupOf(library).clients.at(0).projects.at(0).entries), expected);
+}
+
+TEST(Backup, aDocumentIsCountedAsItIsRead) {
+    TestLibrary library;
+    fill(library);
+    const auto file = library.folder.path() / "backup.json";
+    const auto written = BackupExporter::writeFile(library.context(), {}, exportedAt, file);
+    FileSource source(file);
+    EXPECT_EQ(countBackup(source), written);
+    auto json = readFile(file);
+    json.replace(json.find("\"isArchived\": false"), 19, "\"isArchived\": 0    ");
+    writeAtomically(file, json);
+    FileSource broken(file);
+    EXPECT_THROW((void)countBackup(broken), BackupDecodeError);
 }
 
 }  // namespace

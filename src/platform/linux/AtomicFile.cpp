@@ -122,10 +122,14 @@ void AtomicFile::write(std::string_view bytes) {
     }
 }
 
+void AtomicFile::sync() {
+    if (::fsync(descriptor_) != 0) fail("cannot sync", target_, errno);
+}
+
 void AtomicFile::commit() {
     // A file system without modes keeps none, which must not cost the content.
     [[maybe_unused]] const int ignored = ::fchmod(descriptor_, access_.mode(target_));
-    if (::fsync(descriptor_) != 0) fail("cannot sync", target_, errno);
+    sync();
     if (::close(std::exchange(descriptor_, -1)) != 0) fail("cannot close", target_, errno);
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("cannot replace", target_, errno);
     temporary_.clear();

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "core/Client.h"
+#include "core/Project.h"
+#include "core/store/ModelContext.h"
+#include "exchange/BackupReceiver.h"
+
+namespace elmworth {
+
+/// Walks a library in the order of the backup document, in small steps: between two of them others
+/// may have their turn, as long as the library does not change. Holds neither all entries nor all
+/// invoices.
+class BackupWalk {
+ public:
+    /// The most entries that a step hands out; of invoices, which are larger, an eighth. Entries
+    /// that began at the same instant may double it.
+    static constexpr std::size_t entriesPerStep = 512;
+
+    BackupWalk(ModelContext& context, const BusinessProfile& profile, Instant now,
+               BackupReceiver& receiver);
+
+    /// Goes on by one step. False once the document has ended. Throws StoreError, and what the
+    /// receiver throws.
+    bool advance();
+
+    /// What was handed out so far.
+    [[nodiscard]] const BackupCounts& counts() const noexcept { return counts_; }
+
+ private:
+    /// An invoice at its place in the document.
+    using Place = std::pair<std::string, PersistentID>;  ///< its number first
+    struct Before {
+        bool operator()(const Place& a, const Place& b) const;
+    };
+    using Step = void (BackupWalk::*)();
+
+    void begin();
+    void sortInvoices();
+    void beginClient();
+    void beginProject();
+    void visitEntries();
+    void beginInvoices();
+    void visitInvoices();
+    void end();
+
+    ModelContext& context_;
+    BusinessProfile profile_;
+    Instant now_;
+    BackupReceiver& receiver_;
+    BackupCounts counts_;
+    Step next_ = &BackupWalk::begin;  ///< null at the end
+
+    std::unordered_map<PersistentID, std::string> invoiceNumbers_;
+    std::unordered_map<PersistentID, std::string>::const_iterator nextToSort_;
+    std::set<Place, Before> invoices_;
+    std::set<Place, Before>::const_iterator nextInvoice_;
+
+    std::vector<Ref<Client>> clients_;
+    std::unordered_map<PersistentID, std::int64_t> clientIndexes_;
+    std::size_t nextClient_ = 0;
+    ClientDTO client_;
+    std::vector<Ref<Project>> projects_;  ///< of the client
+    std::size_t nextProject_ = 0;
+    ProjectDTO project_;
+    std::optional<Instant> lastStart_;  ///< of the entries of the project that were handed out
+    std::size_t countAtLastStart_ = 0;  ///< how many of them began then
+};
+
+}  // namespace elmworth
