@@ -27,6 +27,7 @@ class DamagedLibrary : public testing::Test {
             library_.addInvoice("INV-1", client);
         library_.addEntry(project, at("2026-03-03T09:00Z"), at("2026-03-03T10:00Z"))->notes =
             "Landing page";
+        library_.addProject("Shop", library_.addClient("Globex"));
         library_.context().save();
         library_.close();
         test::damageTable(library_.file(), "Project");
@@ -89,8 +90,6 @@ TEST_F(DamagedLibrary, IsNoBackupFromWhichAPartIsMissing) {
 }
 
 TEST_F(DamagedLibrary, LosesNoClientOfWhoseWorkNothingIsKnown) {
-    library_.addClient("Globex");
-    library_.context().save();
     expectRefusal({"client", "delete", "Globex"});
     EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
 }
