@@ -21,7 +21,8 @@ void stop(CommandEnvironment& environment, CommandOutput& output, const std::str
     requireReadable(environment);
     const auto entry = timer.running();
     if (!entry) return printTimer(environment, output, "Nothing is running.");
-    const std::string name = entry->project ? fullName(*entry->project.get()) : "No project";
+    const auto& project = entry->project.get();
+    const std::string name = project ? fullName(*project) : "No project";
     if (instant) {
         timer.stop(*instant);
     } else {

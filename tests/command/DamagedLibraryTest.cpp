@@ -17,7 +17,8 @@ using test::at;
 using testing::HasSubstr;
 using testing::Not;
 
-/// Commands on a library whose projects can't be read: an hour is billed, another is not.
+/// Commands on a library whose projects can't be read: an hour is billed, another is
+/// not, and a timer runs.
 class DamagedLibrary : public testing::Test {
  protected:
     DamagedLibrary() {
@@ -27,6 +28,7 @@ class DamagedLibrary : public testing::Test {
             library_.addInvoice("INV-1", client);
         library_.addEntry(project, at("2026-03-03T09:00Z"), at("2026-03-03T10:00Z"))->notes =
             "Landing page";
+        library_.addEntry(project, at("2026-03-31T11:00Z"), std::nullopt);
         library_.addProject("Shop", library_.addClient("Globex"));
         library_.context().save();
         library_.close();
@@ -40,6 +42,7 @@ class DamagedLibrary : public testing::Test {
         const Calendar calendar(Locale("en_US"), "UTC");
         const Clock now = [] { return at("2026-03-31T12:00Z"); };
         TimerService timer(library_.context(), now, library_.runLoop, [&] { return calendar; });
+        timer.restore();
         CommandEnvironment environment{
             library_.context(),    timer, profiles, now, Locale("en_US"), calendar,
             library_.folder.path()};
@@ -77,6 +80,13 @@ TEST_F(DamagedLibrary, MakesNoInvoiceLookCheaper) {
     EXPECT_THAT(incompleteOutput({"invoice", "show", "INV-1", "--format", "json"}),
                 AllOf(HasSubstr("\"error\": \"The figures of INV-1 can't be read.\""),
                       Not(HasSubstr("totalCents"))));
+}
+
+TEST_F(DamagedLibrary, StopsTheTimerOnAProjectThatCannotBeRead) {
+    const auto entry = library_.context().fetch<TimeEntry>().back();
+    EXPECT_EQ(incompleteOutput({"stop"}), "Stopped No project after 1:00:00.\n");
+    EXPECT_TRUE(entry->project.id());
+    EXPECT_EQ(entry->end.get(), at("2026-03-31T12:00Z"));
 }
 
 TEST_F(DamagedLibrary, BillsNothingOfWhichAPartIsMissing) {

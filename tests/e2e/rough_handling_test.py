@@ -133,12 +133,14 @@ class LibraryOfItsOwn(unittest.TestCase):
         wait_until(lambda: find(sentence), "the line about the library")
         report = self.elmworth("report", "--period", "This Year", status=status)
         self.assertEqual(report.stderr, (errors or sentence) + "\n")
+        self.elmworth("stop")
         self.elmworth("panel")
         self.assertIsNone(program.poll())
         program.terminate()
         self.assertEqual(program.wait(timeout=20), 0)
 
     def test_projects_that_cannot_be_read_end_nothing_and_are_told(self):
+        self.elmworth("start", "Website")
         self.damage("Project")
         self.expect_told(0, "")
 
