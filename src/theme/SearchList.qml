@@ -39,6 +39,8 @@ ColumnLayout {
         Layout.fillWidth: true
         label: list.prompt
         placeholderText: list.prompt
+        // The focus stays here while the arrows go through the lines.
+        Accessible.description: (view.currentItem as PopupMenuItem)?.text ?? "No matches"
         text: list.search
         onTextChanged: {
             if (text === list.search)

@@ -180,6 +180,23 @@ Item {
             }
         }
 
+        function test_the_search_of_a_list_tells_the_line_that_return_chooses() {
+            const choice = createTemporaryObject(listPicker, stage);
+            choice.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            tryVerify(() => shown("Website") !== null);
+            const told = () => stage.Window.activeFocusItem.Accessible.description;
+            compare(told(), "Website");
+            keyClick(Qt.Key_Up);
+            compare(told(), "App");
+            keyClick(Qt.Key_Down);
+            compare(told(), "Website");
+            choice.rows.clear();
+            tryVerify(() => told() === "No matches");
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !choice.search.length);
+        }
+
         function test_a_segment_chosen_again_stays_chosen() {
             const segments = createTemporaryObject(picker, stage);
             keyClick(Qt.Key_Tab);
