@@ -6,7 +6,7 @@ import QtQuick.Layouts
 import Elmworth.Theme
 
 /// Says what happened, over a screen. It shows while it has a text, and asks to be dismissed once that has stood long
-/// enough to be read; never while the pointer or the focus is on it.
+/// enough to be read, never while the pointer or the focus is on it; or by Escape.
 Rectangle {
     id: notice
 
@@ -48,6 +48,8 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
     Accessible.ignored: !isWanted
+
+    Keys.onEscapePressed: dismissed()
 
     Behavior on opacity { NumberAnimation { duration: Theme.easing } }
 

@@ -240,6 +240,14 @@ Item {
             }
         }
 
+        function test_escape_dismisses_a_notice_that_has_the_focus() {
+            const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry.", actionText: "Undo" });
+            const dismissed = createTemporaryObject(spy, stage, { target: item, signalName: "dismissed" });
+            child(item, "Undo").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Escape);
+            compare(dismissed.count, 1);
+        }
+
         function test_another_text_of_a_notice_stands_its_own_time() {
             const item = createTemporaryObject(notice, stage, { text: "Deleted 1 entry." });
             const starts = createTemporaryObject(spy, stage, { target: item.timer, signalName: "runningChanged" });
