@@ -108,7 +108,9 @@ QString EntryEditorModel::billedText() const {
 
 QString EntryEditorModel::problem() const {
     if (isBilled() || !start_.isValid() || !(isRunning_ || end_.isValid())) return {};
-    return text(form().timeProblem(services_.now()).value_or(std::string_view()));
+    const Instant now = services_.now();
+    const auto times = form().timeProblem(now);
+    return text((times ? times : form().problem(now)).value_or(std::string_view()));
 }
 
 QString EntryEditorModel::notice() const {

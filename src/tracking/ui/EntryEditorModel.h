@@ -43,7 +43,7 @@ class EntryEditorModel final : public QObject {
     Q_PROPERTY(QString notes READ notes WRITE setNotes NOTIFY notesChanged FINAL)
     /// Sentences under the form; each is empty when there is nothing to say.
     Q_PROPERTY(QString billedText READ billedText NOTIFY changed FINAL)
-    Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)  ///< what is wrong with the times
+    Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)  ///< why it can't be saved
     Q_PROPERTY(QString notice READ notice NOTIFY changed FINAL)    ///< what happened elsewhere
     Q_PROPERTY(QString cancelText READ cancelText NOTIFY changed FINAL)
     Q_PROPERTY(bool canSave READ canSave NOTIFY changed FINAL)

@@ -53,6 +53,7 @@ TEST_F(EntryEditor, WithoutAProjectNothingIsSaved) {
     editor.open(nullptr);
     editor.projects()->choose(0);
     EXPECT_EQ(utf8(editor.projects()->title()), "Choose…");
+    EXPECT_EQ(utf8(editor.problem()), "Choose a project.");
     EXPECT_EQ(utf8(editor.iconColor()), "#7C6CFF");
     EXPECT_FALSE(editor.canSave());
     editor.save();
