@@ -253,6 +253,9 @@ class Keys:
         self.assertEqual(offered(), {"Undo": "Unavailable", "Redo Delete Entry": ""})
         self.choose("Redo Delete Entry")
         self.see("Early", "Wednesday", "Tuesday")
+        self.key("Control_L+2")
+        wait_until(lambda: find("Clients", "heading"), "the other section")
+        self.assertEqual(offered(), {"Undo Delete Entry": "Unavailable", "Redo": "Unavailable"})
 
     def test_after_a_deletion_the_arrow_keys_go_on_from_there(self):
         self.to_the_list(downs=2)
@@ -310,6 +313,15 @@ class Keys:
         self.keyboard.type(self.place.date("2026-11-18"))
         self.key("Tab")
         self.see("Wednesday", "Tuesday")
+
+    def test_the_list_of_periods_begins_at_the_one_that_is_chosen(self):
+        self.tab_to("Range: This Week")
+        self.key("Return")
+        self.wait_for_focus("This Week")
+        self.key("Down", "Return")
+        self.wait_for_focus("Range: Last Week")
+        self.key("Return")
+        self.wait_for_focus("Last Week")
 
     def test_unbilled_only(self):
         self.elmworth("invoice", "create", "--client", "Acme Co", "--from", "2026-11-17", "--through", "2026-11-17")

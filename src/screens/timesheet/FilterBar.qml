@@ -26,7 +26,11 @@ Flow {
         systemImage: "calendar"
         text: bar.model.presetTitle
         label: "Range: " + bar.model.presetTitle
-        onClicked: (presets.make() as PopupMenu).popup(range, 0, range.height + 4)
+        onClicked: {
+            const menu = presets.make() as PopupMenu;
+            menu.popup(range, 0, range.height + 4);
+            menu.currentIndex = bar.model.preset;
+        }
 
         OnDemand {
             id: presets
