@@ -50,6 +50,7 @@ class DateTimeInput::DayField final : public TypedField {
                                                     : CalendarUnit::day;
         owner_.moveTo(owner_.calendar_().adding(steps, unit, owner_.value_));
     }
+    [[nodiscard]] DatePart smallestPart() const override { return DatePart::day; }
     [[nodiscard]] DatePart pagePart() const override { return DatePart::month; }
     [[nodiscard]] QString complaint() const override {
         return QStringLiteral("This is not a date. Type one like %1.").arg(valueText());
@@ -97,6 +98,7 @@ class DateTimeInput::TimeField final : public TypedField {
             calendar.settingTime((now.hour + 12) % 24, now.minute, now.second, owner_.value_);
         if (moved) owner_.moveTo(*moved + fraction(owner_.value_));
     }
+    [[nodiscard]] DatePart smallestPart() const override { return DatePart::minute; }
     [[nodiscard]] DatePart pagePart() const override { return DatePart::hour; }
     [[nodiscard]] QString complaint() const override {
         return QStringLiteral("This is not a time. Type one like %1.").arg(valueText());

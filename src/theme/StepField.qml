@@ -4,7 +4,8 @@
 import QtQuick
 import Elmworth.Theme
 
-/// A date or a time to type. Up and Down step the part at the cursor, Page Up and Page Down in larger steps.
+/// A date or a time to type. Up and Down step the part at the cursor, or the day or the minute while all is selected;
+/// Page Up and Page Down make larger steps.
 InputField {
     id: field
 
@@ -16,7 +17,8 @@ InputField {
     }
 
     function step(steps: int): void {
-        const part = input.step(cursorPosition, steps);
+        const isWhole = selectionStart === 0 && selectionEnd === length;
+        const part = input.step(isWhole ? -1 : cursorPosition, steps);
         select(part.begin, part.end);
     }
 

@@ -53,6 +53,7 @@ TextSpan TypedField::page(int cursor, int steps) {
 }
 
 std::optional<DatePart> TypedField::partAt(int cursor) const {
+    if (cursor < 0) return smallestPart();
     const auto spans = parts();
     const auto found = std::find_if(spans.begin(), spans.end(),
                                     [=](const auto& span) { return cursor <= span.end; });

@@ -48,7 +48,8 @@ class TypedField : public QObject {
     /// Somebody is done typing.
     Q_INVOKABLE void finish();
     /// Moves the part at the position `cursor` of the text on by `steps`, or back when negative,
-    /// and says where that part stands then. A text that is not understood stays.
+    /// and says where that part stands then. A negative `cursor` stands for the whole text, of
+    /// which the smallest part moves. A text that is not understood stays.
     Q_INVOKABLE elmworth::TextSpan step(int cursor, int steps);
     /// The same in larger steps, whatever part the cursor is in.
     Q_INVOKABLE elmworth::TextSpan page(int cursor, int steps);
@@ -76,6 +77,8 @@ class TypedField : public QObject {
     virtual void settle() = 0;
     /// Moves the value by `steps` of `part`.
     virtual void move(DatePart part, int steps) = 0;
+    /// The part that `step` moves of a whole text.
+    [[nodiscard]] virtual DatePart smallestPart() const = 0;
     /// The part that `page` moves.
     [[nodiscard]] virtual DatePart pagePart() const = 0;
     /// The sentence about a text that is not understood.

@@ -199,6 +199,15 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
+TEST(DateTimeInput, StepsOfAWholeTextAreDaysAndMinutes) {
+    Typed typed("en_US", "UTC", "2026-03-31T09:30Z");
+    const auto day = typed.input.day()->step(-1, 1);
+    EXPECT_EQ(typed.value(), "2026-04-01T09:30:00Z");
+    EXPECT_EQ(typed.day().substr(static_cast<std::size_t>(day.begin), 1), "1");
+    typed.input.time()->step(-1, -2);
+    EXPECT_EQ(typed.value(), "2026-04-01T09:28:00Z");
+}
+
 TEST(DateTimeInput, PagesAreMonthsAndHours) {
     Typed typed("en_US", "UTC", "2026-03-31T09:30Z");
     typed.input.day()->page(8, -1);

@@ -277,6 +277,20 @@ Item {
             compare(time.text, "8:59\u202fAM");
         }
 
+        function test_up_and_down_step_the_day_or_the_minute_of_a_field_that_was_just_reached() {
+            host.openNew();
+            opened();
+            keyClick(Qt.Key_Up);
+            compare(control("Start time").text, "9:01\u202fAM");
+            keyClick(Qt.Key_Up);
+            compare(control("Start time").text, "9:02\u202fAM");
+            keyClick(Qt.Key_Tab);
+            compare(focused(), "End date");
+            keyClick(Qt.Key_Down);
+            compare(control("End date").text, "3/1/2026");
+            compare(control("End date").selectedText, "1");
+        }
+
         function test_a_month_is_picked_from_by_keyboard_and_escape_leaves_the_sheet() {
             host.openNew();
             opened();
