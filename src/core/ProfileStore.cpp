@@ -46,7 +46,7 @@ std::optional<BusinessProfile> stored(const UserDefaults& defaults) {
 ProfileStore::ProfileStore(UserDefaults& defaults)
     : defaults_(defaults), profile_(stored(defaults).value_or(BusinessProfile())) {
     observation_ = defaults_.observe([this](std::string_view changedKey) {
-        if (changedKey == key) takeOver();
+        if (changedKey == key) reload();
     });
 }
 
@@ -87,7 +87,7 @@ void ProfileStore::settle(const std::function<bool(std::string_view evidence)>& 
     }
 }
 
-void ProfileStore::takeOver() {
+void ProfileStore::reload() {
     const auto profile =
         defaults_.contains(key) ? stored(defaults_) : std::optional(BusinessProfile());
     if (!profile || *profile == profile_) return;

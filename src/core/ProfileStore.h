@@ -13,8 +13,8 @@
 
 namespace elmworth {
 
-/// Holds the `BusinessProfile` and keeps it in the user defaults under "businessProfile", and takes
-/// it over when it changes there. One instance per run.
+/// Holds the `BusinessProfile` and keeps it in the user defaults under "businessProfile", and
+/// follows changes that others make there. One instance per run.
 class ProfileStore {
  public:
     /// Loads the profile. A missing or unreadable value gives the default profile. An unreadable
@@ -48,7 +48,7 @@ class ProfileStore {
 
  private:
     void store(const BusinessProfile& profile);
-    void takeOver();
+    void reload();
     void tell();
 
     UserDefaults& defaults_;

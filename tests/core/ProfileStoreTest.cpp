@@ -66,7 +66,7 @@ TEST_F(ProfileStoreTest, AnUnreadableProfileIsKeptInAFileOfItsOwnWhenAnotherIsSt
     }
 }
 
-TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTakenOverAndTold) {
+TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold) {
     ProfileStore store(defaults_);
     store.setProfile(BusinessProfile{.name = "X"});
     std::vector<std::string> seen;

@@ -254,7 +254,7 @@ TEST_F(UserDefaultsTest, AnObsoleteKeyGoesInTheWriteOfTheNewOne) {
     EXPECT_EQ(UserDefaults(file_).data("new"), "2");
 }
 
-TEST_F(UserDefaultsTest, ReloadingTakesOverEachChangeAndTellsOfIt) {
+TEST_F(UserDefaultsTest, ReloadingGivesEachChangeOfOthersAndTellsOfIt) {
     UserDefaults defaults(file_);
     defaults.setString("a", "1");
     defaults.setString("b", "2");
@@ -289,13 +289,13 @@ TEST_F(UserDefaultsTest, WhatCouldNotBeWrittenIsNotLostToAChangeOfOthers) {
 }
 
 /// What a file may become while the program runs, or before it starts.
-struct Misfortune {
+struct Damage {
     const char* name;
-    void (*befall)(const std::filesystem::path& file);
+    void (*inflict)(const std::filesystem::path& file);
     bool isKept = true;  ///< beside the new file
 };
 
-void PrintTo(const Misfortune& row, std::ostream* out) {
+void PrintTo(const Damage& row, std::ostream* out) {
     *out << row.name;
 }
 
@@ -308,7 +308,7 @@ constexpr char halfALine[] = "[General]\nappearance=dark\nbusinessProf";
 constexpr char latin1[] = "[General]\nappearance=dark\nname=Z\xFCrich\n";
 constexpr char nothing[] = "";
 
-class UnreadableSettings : public UserDefaultsTest, public testing::WithParamInterface<Misfortune> {
+class UnreadableSettings : public UserDefaultsTest, public testing::WithParamInterface<Damage> {
  protected:
     /// What was kept of the file, by name; the settings file is not among it.
     [[nodiscard]] std::vector<std::filesystem::path> kept() const {
@@ -331,7 +331,7 @@ class UnreadableSettings : public UserDefaultsTest, public testing::WithParamInt
 TEST_P(UnreadableSettings, AreKeptUnderADatedNameBeforeAnythingIsWritten) {
     writeFile("");
     std::filesystem::remove(file_);
-    GetParam().befall(file_);
+    GetParam().inflict(file_);
     const std::string before = readFile(file_);
     UserDefaults defaults(file_);
     EXPECT_THAT(kept(), IsEmpty());
@@ -346,7 +346,7 @@ TEST_P(UnreadableSettings, OfARunningProgramLoseNothingThatItKnows) {
     UserDefaults defaults(file_);
     defaults.setString("businessName", "Jane");
     std::filesystem::remove(file_);
-    GetParam().befall(file_);
+    GetParam().inflict(file_);
     const std::string before = readFile(file_);
     defaults.reload();
     EXPECT_EQ(defaults.string("businessName"), "Jane");
@@ -357,14 +357,13 @@ TEST_P(UnreadableSettings, OfARunningProgramLoseNothingThatItKnows) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Row, UnreadableSettings,
-                         testing::Values(Misfortune{"halfALine", &becomes<halfALine>},
-                                         Misfortune{"anotherEncoding", &becomes<latin1>},
-                                         Misfortune{"zeros",
-                                                    [](const std::filesystem::path& file) {
-                                                        std::ofstream(file)
-                                                            << std::string(512, '\0');
-                                                    }},
-                                         Misfortune{"nothing", &becomes<nothing>, false}),
+                         testing::Values(Damage{"halfALine", &becomes<halfALine>},
+                                         Damage{"anotherEncoding", &becomes<latin1>},
+                                         Damage{"zeros",
+                                                [](const std::filesystem::path& file) {
+                                                    std::ofstream(file) << std::string(512, '\0');
+                                                }},
+                                         Damage{"nothing", &becomes<nothing>, false}),
                          test::rowName);
 
 /// Somebody whose files have permissions that count, which those of root have not.

@@ -33,7 +33,7 @@ struct Content {
     State state = State::missing;
     QVariantMap values{};  ///< of a damaged file, those that can be read
 
-    [[nodiscard]] bool isAtRisk() const {
+    [[nodiscard]] bool mustBeKept() const {
         return state == State::damaged || state == State::unreadable;
     }
 };
@@ -86,7 +86,7 @@ struct UserDefaults::Impl {
     fs::path file;
     QVariantMap values;
     std::set<QString> unwritten;  ///< keys whose value, or absence, the file does not hold
-    bool isToBeKept = false;      ///< what the file holds now
+    bool keepsFile = false;       ///< what the file holds now
     bool lastWriteFailed = false;
     std::vector<std::weak_ptr<Observer>> observers;
 
@@ -104,7 +104,7 @@ struct UserDefaults::Impl {
     /// Makes all of `changes` over what the file holds now, in one write.
     void make(const std::vector<Change>& changes) {
         const Content content = readContent(file);
-        std::set<QString> changedKeys = takeOver(content);
+        std::set<QString> changedKeys = adopt(content);
         bool isNew = false;
         for (const Change& change : changes) {
             if (holds(change)) continue;
@@ -125,9 +125,9 @@ struct UserDefaults::Impl {
         }
     }
 
-    /// Takes over what a sound file holds, but for what could not be written to it, and gives the
-    /// keys that changed. Another file leaves all as it is.
-    std::set<QString> takeOver(const Content& content) {
+    /// Sets all values to those of a sound file, but for those that could not be written to it, and
+    /// gives the keys that changed. Any other file changes nothing.
+    std::set<QString> adopt(const Content& content) {
         std::set<QString> changedKeys;
         if (content.state != Content::State::sound) return changedKeys;
         auto keys = values.keys() + content.values.keys();
@@ -145,9 +145,9 @@ struct UserDefaults::Impl {
             createPrivateFolder(file.parent_path());
             AtomicFile target(file);
             target.write(formatSettings(values, file));
-            if (content.isAtRisk() || isToBeKept) keepAside(file);
+            if (content.mustBeKept() || keepsFile) keepAside(file);
             target.commit();
-            isToBeKept = false;
+            keepsFile = false;
             unwritten.clear();
             lastWriteFailed = false;
         } catch (const std::system_error&) {
@@ -252,12 +252,12 @@ void UserDefaults::removeAll() {
 }
 
 void UserDefaults::reload() {
-    for (const QString& key : impl_->takeOver(readContent(impl_->file)))
+    for (const QString& key : impl_->adopt(readContent(impl_->file)))
         impl_->tell(key.toStdString());
 }
 
 void UserDefaults::keepFile() {
-    impl_->isToBeKept = true;
+    impl_->keepsFile = true;
 }
 
 const fs::path& UserDefaults::file() const noexcept {
