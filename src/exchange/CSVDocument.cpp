@@ -27,13 +27,20 @@ bool standsAlone(std::string_view value, std::size_t position) {
     return isCharacterBoundary(value, position) && isCharacterBoundary(value, position + 1);
 }
 
+/// The first place from `position` on of what may need quotes. Nearly all values have none.
+std::size_t nextSpecial(std::string_view value, std::size_t position) {
+    const auto isSpecial = [](char c) { return c == '"' || c == ',' || c == '\r' || c == '\n'; };
+    while (position < value.size() && !isSpecial(value[position])) ++position;
+    return position < value.size() ? position : std::string_view::npos;
+}
+
 bool needsQuotes(std::string_view value) {
-    std::size_t position = value.find_first_of("\",\r\n");
+    std::size_t position = nextSpecial(value, 0);
     while (position != std::string_view::npos) {
         const char c = value[position];
         const bool isBreak = c == '\r' || c == '\n';
         if (isBreak ? isBreakOfItsOwn(value, position) : standsAlone(value, position)) return true;
-        position = value.find_first_of("\",\r\n", position + 1);
+        position = nextSpecial(value, position + 1);
     }
     return false;
 }

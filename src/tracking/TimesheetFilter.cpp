@@ -27,6 +27,19 @@ void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant n
     }
 }
 
+/// The entries that began before `from` and end after it, or run.
+std::vector<Ref<TimeEntry>> entriesReachingInto(ModelContext& context, Instant from) {
+    // Those that end after it may be all of the library, of which none began before.
+    const auto first =
+        context.fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::start>() < from,
+                                                 .sortBy = {sortedBy<&TimeEntry::start>()},
+                                                 .fetchLimit = 1});
+    if (first.empty()) return {};
+    return context.fetch(FetchDescriptor<TimeEntry>{
+        .predicate = (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
+                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+}
+
 }  // namespace
 
 bool TimesheetFilter::admits(const TimeEntry& entry, Instant now) const {
@@ -74,9 +87,7 @@ void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, 
     const auto projects = context.fetch<Project>();
     const auto clients = context.fetch<Client>();
     const auto& [from, to] = filter.range;
-    auto begunBefore = context.fetch(FetchDescriptor<TimeEntry>{
-        .predicate = (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
-                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+    auto begunBefore = entriesReachingInto(context, from);
     std::sort(begunBefore.begin(), begunBefore.end(), [](const auto& a, const auto& b) {
         return std::pair(a->start.get(), a->persistentModelID()) <
                std::pair(b->start.get(), b->persistentModelID());
