@@ -44,7 +44,8 @@ double ModelContext::totalSpan(const SpanFields& fields, const PersistentID& own
     if (kept == totals_.end()) kept = totals_.insert(kept, SpanTotals{fields});
     auto stored = kept->byOwner.find(owner);
     if (stored == kept->byOwner.end()) {
-        stored = kept->byOwner.emplace(owner, store_->totalSpan(fields, owner)).first;
+        const double inLibrary = reading([&] { return store_->totalSpan(fields, owner); });
+        stored = kept->byOwner.emplace(owner, inLibrary).first;
     }
     double total = stored->second;
     visitUnsavedSpans(fields, [&](const PersistentID& other, double span) {
