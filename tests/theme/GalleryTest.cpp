@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include <gtest/gtest.h>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "support/WindowPicture.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/gallery/GalleryModel.h"
 #include "theme/icons/AppIcon.h"
@@ -21,15 +19,6 @@ namespace elmworth {
 namespace {
 
 QStringList warnings;
-
-/// A picture of a window that was never shown; Qt 6.4's software renderer leaves its textures
-/// behind.
-QImage pictureOf(QQuickWindow& window) {
-#ifdef __SANITIZE_ADDRESS__
-    const __lsan::ScopedDisabler unwatched;
-#endif
-    return window.grabWindow();
-}
 
 void collect(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
     if (type == QtWarningMsg || type == QtCriticalMsg) warnings << message;
@@ -49,9 +38,9 @@ TEST(Gallery, ShowsEveryComponentWithoutAWarningInBothAppearances) {
     QImage light;
     if (!engine.rootObjects().isEmpty()) {
         auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
-        dark = pictureOf(*window);
+        dark = test::pictureOf(*window);
         model.setAppearance(2);
-        light = pictureOf(*window);
+        light = test::pictureOf(*window);
     }
     qInstallMessageHandler(usual);
     EXPECT_EQ(warnings.join(u'\n').toStdString(), "");

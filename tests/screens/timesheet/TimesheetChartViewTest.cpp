@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include <gtest/gtest.h>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
 
 #include <QAccessible>
 #include <QQmlComponent>
@@ -21,6 +18,7 @@
 #include "screens/timesheet/Listed.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "support/ScopedEnvironment.h"
+#include "support/WindowPicture.h"
 #include "theme/AppAppearance.h"
 #include "theme/Contrast.h"
 #include "theme/fonts/Fonts.h"
@@ -104,13 +102,7 @@ class TimesheetChartView : public testing::Test {
     [[nodiscard]] DailyChartPlot& plot() const {
         return *find<DailyChartPlot>(*window->contentItem());
     }
-    /// A picture of the window. Qt 6.4's software renderer leaves its textures behind.
-    [[nodiscard]] QImage picture() const {
-#ifdef __SANITIZE_ADDRESS__
-        const __lsan::ScopedDisabler unwatched;
-#endif
-        return window->grabWindow();
-    }
+    [[nodiscard]] QImage picture() const { return test::pictureOf(*window); }
     [[nodiscard]] QPoint inWindow(const QPointF& point) const {
         return plot().mapToScene(point).toPoint();
     }
@@ -131,9 +123,7 @@ class TimesheetChartView : public testing::Test {
         }
         return text;
     }
-    void press(Qt::Key key) {
-        QTest::keyClick(window.get(), key);
-    }
+    void press(Qt::Key key) { QTest::keyClick(window.get(), key); }
 
     template <class Item>
     [[nodiscard]] static Item* find(const QQuickItem& parent) {
