@@ -247,6 +247,7 @@ class Keys:
         self.wait_for_focus("Delete")
         self.key("Return")
         self.see("Early", "Wednesday", "Tuesday")
+        self.wait_for_focus("Entries")  # as long as the question closes, the window's keys do nothing
         self.assertEqual(offered(), {"Undo Delete Entry": "", "Redo": "Unavailable"})
         self.choose("Undo Delete Entry")
         self.see("Late", "Early", "Wednesday", "Tuesday")
