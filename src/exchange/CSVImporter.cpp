@@ -164,14 +164,17 @@ std::int64_t truncatedSeconds(Instant instant) {
 class Importer {
  public:
     explicit Importer(ModelContext& context) : context_(context) {
-        for (const auto& client : context.fetchQuietly<Client>()) {
+        // Time that can't be seen would be added a second time.
+        const CompleteReading reading(context);
+        for (const auto& client : context.fetch<Client>()) {
             clients_.try_emplace(lowerCased(client->name.get()), client);
         }
-        for (const auto& project : context.fetchQuietly<Project>()) {
+        for (const auto& project : context.fetch<Project>()) {
             const auto& client = project->client.get();
             projects_[projectKey(client ? client->name.get() : "", project->name)] = project;
         }
         noteEntries();
+        reading.check();
     }
 
     void add(const Row& row) {
@@ -199,16 +202,12 @@ class Importer {
     }
 
     void noteEntries() {
-        try {
-            context_.forEach<TimeEntry>(
-                {.predicate = key<&TimeEntry::end>() != absent}, [&](const TimeEntry& entry) {
-                    signatures_.insert({entry.project.id().value_or(PersistentID{}),
-                                        truncatedSeconds(entry.start),
-                                        truncatedSeconds(*entry.end.get())});
-                });
-        } catch (const StoreError&) {
-            return;  // a library that cannot be read counts as empty; the save will tell
-        }
+        context_.forEach<TimeEntry>(
+            {.predicate = key<&TimeEntry::end>() != absent}, [&](const TimeEntry& entry) {
+                signatures_.insert({entry.project.id().value_or(PersistentID{}),
+                                    truncatedSeconds(entry.start),
+                                    truncatedSeconds(*entry.end.get())});
+            });
     }
 
     Ref<Client> findClient(const std::string& name) {

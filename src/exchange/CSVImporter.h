@@ -56,7 +56,8 @@ struct Result {
 /// start and end (in whole seconds) as an entry that is there is skipped, so a second import of a
 /// file adds nothing. Names match without regard to case and to how characters are composed. Throws
 /// StoreError or Cancelled; the changes then stay pending, or are rolled back when there were so
-/// many that some had gone to the disk before the save.
+/// many that some had gone to the disk before the save. A library of which a part can't be read
+/// gets no change at all.
 Result apply(const std::vector<Row>& rows, ModelContext& context,
              Progress& progress = noProgress());
 

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "command/CommandLine.h"
 #include "support/DamagedTable.h"
 #include "support/Instants.h"
@@ -97,6 +99,15 @@ TEST_F(DamagedLibrary, BillsNothingOfWhichAPartIsMissing) {
 TEST_F(DamagedLibrary, IsNoBackupFromWhichAPartIsMissing) {
     expectRefusal({"backup", "backup.json"});
     EXPECT_FALSE(std::filesystem::exists(library_.folder.path() / "backup.json"));
+}
+
+TEST_F(DamagedLibrary, GetsNoTimeASecondTime) {
+    const auto file = library_.folder.path() / "time.csv";
+    std::ofstream(file)
+        << "Client,Project,Notes,Start,End,Hours\n"
+           "Acme,Website,Landing page,2026-03-03T09:00:00Z,2026-03-03T10:00:00Z,1\n";
+    expectRefusal({"import", file.string()});
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 3U);
 }
 
 TEST_F(DamagedLibrary, LosesNoClientOfWhoseWorkNothingIsKnown) {
