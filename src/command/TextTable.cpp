@@ -19,7 +19,7 @@ constexpr std::size_t gap = 2;
 void TextTable::add(std::vector<std::string> cells) {
     std::vector<Cell> row;
     row.reserve(cells.size());
-    for (const auto& cell : cells) row.push_back(Cell(oneLine(cell)));
+    for (const auto& cell : cells) row.emplace_back(oneLine(cell));
     rows_.push_back(std::move(row));
 }
 

@@ -34,10 +34,10 @@ const RecordSchema& TimeEntry::schema() {
     };
     static constexpr IndexDescription indexes[] = {
         {"TimeEntryByStart", {"start"}},
-        {"TimeEntryByEnd", {"end"}, "end"},
+        {"TimeEntryByEnd", {"end", "start"}, "end"},
         {"TimeEntryRunning", {"start"}, {}, "end"},
         {"TimeEntryUnbilled", {"start"}, "end", "invoice"},
-        {"TimeEntryByProject", {"project", "start"}},
+        {"TimeEntryByProject", {"project", "start", "end"}},
         {"TimeEntryByInvoice", {"invoice"}, "invoice"},
     };
     static constexpr RecordSchema schema{"TimeEntry", 2,       fields,

@@ -239,7 +239,8 @@ std::vector<Ref<Project>> TimerService::recentProjects(std::size_t limit) const 
 Ref<TimeEntry> TimerService::lastContinuableEntry() const {
     const auto entries = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
         .predicate = key<&TimeEntry::end>() != absent,
-        .sortBy = {sortedBy<&TimeEntry::end>(SortOrder::reverse)},
+        .sortBy = {sortedBy<&TimeEntry::end>(SortOrder::reverse),
+                   sortedBy<&TimeEntry::start>(SortOrder::reverse)},
         .fetchLimit = lastEntriesWindow,
     });
     const auto found = std::find_if(entries.begin(), entries.end(),

@@ -4,6 +4,7 @@
 #include "tracking/TimesheetFilter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -27,6 +28,13 @@ void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant n
     }
 }
 
+/// The entries that begin in `range`, in their order.
+FetchDescriptor<TimeEntry> begunWithin(const DateInterval& range) {
+    return {.predicate =
+                key<&TimeEntry::start>() >= range.start && key<&TimeEntry::start>() < range.end,
+            .sortBy = {sortedBy<&TimeEntry::start>()}};
+}
+
 /// The entries that began before `from` and end after it, or run.
 std::vector<Ref<TimeEntry>> entriesReachingInto(ModelContext& context, Instant from) {
     // Those that end after it may be all of the library, of which none began before.
@@ -35,9 +43,15 @@ std::vector<Ref<TimeEntry>> entriesReachingInto(ModelContext& context, Instant f
                                                  .sortBy = {sortedBy<&TimeEntry::start>()},
                                                  .fetchLimit = 1});
     if (first.empty()) return {};
-    return context.fetch(FetchDescriptor<TimeEntry>{
-        .predicate = (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
-                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+    // They are few among all that end later, of which only an index is read.
+    std::vector<PersistentID> ids;
+    context.forEachValues<&TimeEntry::start>(
+        std::optional(key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from),
+        [&](const PersistentID& id, Instant) { ids.push_back(id); });
+    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
+        .predicate = key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent});
+    for (const auto& id : ids) entries.push_back(context.record<TimeEntry>(id));
+    return entries;
 }
 
 }  // namespace
@@ -58,13 +72,8 @@ bool TimesheetFilter::passes(const TimeEntry& entry, Instant now) const {
 
 std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const TimesheetFilter& filter,
                                             Instant now) {
-    // Three ways to touch the period, each of which has its index; an order asked of the library
-    // would make it walk all entries.
-    const auto& [from, to] = filter.range;
-    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
-        .predicate = (key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to) ||
-                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from) ||
-                     (key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent)});
+    auto entries = entriesReachingInto(context, filter.range.start);
+    std::ranges::move(context.fetch(begunWithin(filter.range)), std::back_inserter(entries));
     const TimesheetSearch search(filter.search);
     std::erase_if(entries, [&](const auto& entry) {
         return !filter.admits(*entry, now) || !search.finds(entry->notes.get(), entry->project);
@@ -86,17 +95,13 @@ void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, 
     // Kept meanwhile, so that each is read once and not again for every entry.
     const auto projects = context.fetch<Project>();
     const auto clients = context.fetch<Client>();
-    const auto& [from, to] = filter.range;
-    auto begunBefore = entriesReachingInto(context, from);
+    auto begunBefore = entriesReachingInto(context, filter.range.start);
     std::sort(begunBefore.begin(), begunBefore.end(), [](const auto& a, const auto& b) {
         return std::pair(a->start.get(), a->persistentModelID()) <
                std::pair(b->start.get(), b->persistentModelID());
     });
     for (const auto& entry : begunBefore) visitIfShown(*entry);
-    context.forEach<TimeEntry>(
-        {.predicate = key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
-         .sortBy = {sortedBy<&TimeEntry::start>()}},
-        visitIfShown);
+    context.forEach<TimeEntry>(begunWithin(filter.range), visitIfShown);
 }
 
 std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,

@@ -85,7 +85,7 @@ const Question questions[] = {
          library.project->budgetHours = 1;
          (void)library.project->budgetFraction(TestTimer::today("09:00"));
      },
-     {"SEARCH TimeEntry USING INDEX TimeEntryByProject (project=?)"}},
+     {"SEARCH TimeEntry USING COVERING INDEX TimeEntryByProject (project=?)"}},
     {"theProjectsOfAClient",
      [](Library& library) { (void)library.client->projects(); },
      {"SEARCH Project USING INDEX ProjectByClient (client=?)"}},

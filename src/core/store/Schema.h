@@ -57,7 +57,7 @@ struct ToManyDescription {
 /// `absent` column has none. Empty names mean none.
 struct IndexDescription {
     std::string_view name;
-    std::array<std::string_view, 2> columns;
+    std::array<std::string_view, 3> columns;
     std::string_view present = {};
     std::string_view absent = {};
 };
@@ -81,8 +81,8 @@ struct RecordSchema {
 [[nodiscard]] std::span<const RecordSchema* const> librarySchema();
 inline constexpr std::size_t recordTypeCount = 4;
 
-/// The version of the schema, as stored in a library: 1.0.0.
-inline constexpr int librarySchemaVersion = 1'00'00;
+/// The version of the schema, as stored in a library: 1.1.0.
+inline constexpr int librarySchemaVersion = 1'01'00;
 
 /// Access to the values inside a record's members, for the functions below.
 struct FieldAccess {

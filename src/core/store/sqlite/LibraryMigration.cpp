@@ -20,7 +20,15 @@ namespace fs = std::filesystem;
 ///
 /// To add one: raise `librarySchemaVersion`, append a step, and put a library of the former version
 /// beside those in tests/data/library.
-constexpr std::span<const MigrationStep> steps{};
+constexpr MigrationStep steps[] = {
+    // The entries that reach into a period, and the time of a project, are found in an index alone.
+    {1'00'00, 1'01'00, R"(
+DROP INDEX "TimeEntryByEnd";
+CREATE INDEX "TimeEntryByEnd" ON "TimeEntry"("end", "start") WHERE "end" IS NOT NULL;
+DROP INDEX "TimeEntryByProject";
+CREATE INDEX "TimeEntryByProject" ON "TimeEntry"("project", "start", "end");
+)"},
+};
 
 /// Copies page by page what the connection sees, the log included. Whatever else opens the file in
 /// this process would end the connection's lock on it.

@@ -57,7 +57,9 @@ std::string createTableSQL(const RecordSchema& schema) {
 std::string createIndexSQL(const RecordSchema& schema, const IndexDescription& index) {
     std::string sql = "CREATE INDEX " + quoted(index.name) + " ON " + quoted(schema.name) + '(' +
                       quoted(index.columns[0]);
-    if (!index.columns[1].empty()) sql += ", " + quoted(index.columns[1]);
+    for (const auto column : std::span(index.columns).subspan(1)) {
+        if (!column.empty()) sql += ", " + quoted(column);
+    }
     sql += ')';
     if (!index.present.empty()) sql += " WHERE " + quoted(index.present) + " IS NOT NULL";
     if (!index.absent.empty()) {
