@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "TurningLoop.h"
-#include "core/store/ModelContainer.h"
+#include "core/store/Library.h"
 #include "platform/Calendar.h"
 #include "support/TemporaryFolder.h"
 #include "tracking/TimerService.h"
@@ -40,17 +40,17 @@ class LibraryCopy {
 class OpenLibrary {
  public:
     explicit OpenLibrary(std::int64_t entries)
-        : copy_(entries), container_(ModelConfiguration{copy_.file()}, loop) {
+        : copy_(entries), container_(LibraryOptions{copy_.file()}, loop) {
         timer.restore();
     }
-    [[nodiscard]] ModelContext& context() { return container_.mainContext(); }
+    [[nodiscard]] UnitOfWork& context() { return container_.mainContext(); }
 
     Instant now = libraryNow();
     TurningLoop loop;
 
  private:
     LibraryCopy copy_;
-    ModelContainer container_;
+    Library container_;
 
  public:
     TimerService timer{context(), [this] { return now; }, loop, &libraryCalendar};

@@ -18,12 +18,12 @@ constexpr std::size_t pickedCount = 10'000;
 /// The newest entries, none of them billed, as identities: no object of them is there.
 struct Desk {
     explicit Desk(const benchmark::State& state) : library(state.range(0)) {
-        for (const auto& entry : library.context().fetch(FetchDescriptor<TimeEntry>{
-                 .predicate = key<&TimeEntry::end>() != absent,
-     .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
-     .fetchLimit = pickedCount})) {
+        for (const auto& entry :
+             library.context().fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::end>() != absent,
+             .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
+             .fetchLimit = pickedCount})) {
             entry->invoice = nullptr;
-            picked.push_back(entry->persistentModelID());
+            picked.push_back(entry->id());
         }
         library.context().save();
         project = library.timer.recentProjects(1).at(0);

@@ -37,19 +37,19 @@ namespace fs = std::filesystem;
 /// An empty library to load into, thrown away afterwards.
 class EmptyLibrary {
  public:
-    EmptyLibrary() : container_(ModelConfiguration{file()}, loop_) {}
-    [[nodiscard]] ModelContext& context() { return container_.mainContext(); }
+    EmptyLibrary() : container_(LibraryOptions{file()}, loop_) {}
+    [[nodiscard]] UnitOfWork& context() { return container_.mainContext(); }
     [[nodiscard]] fs::path file() const { return folder_.path() / "library.sqlite"; }
 
  private:
     test::TemporaryFolder folder_;
     NoRunLoop loop_;
-    ModelContainer container_;
+    Library container_;
 };
 
 // --- backup ------------------------------------------------------------------------------------
 
-void backUp(ModelContext& context, const fs::path& file) {
+void backUp(UnitOfWork& context, const fs::path& file) {
     BackupExporter::writeFile(context, {}, libraryNow(), file);
 }
 
@@ -185,7 +185,7 @@ void loadBare(benchmark::State& state, const std::function<void()>& parse) {
         const auto file = folder.path() / "library.sqlite";
         {
             NoRunLoop loop;
-            const ModelContainer container(ModelConfiguration{file}, loop);
+            const Library container(LibraryOptions{file}, loop);
         }
         std::optional<BareLibrary> target(file);
         state.ResumeTiming();
@@ -214,7 +214,7 @@ void restoreBare(benchmark::State& state) {
 
 // --- CSV ---------------------------------------------------------------------------------------
 
-void exportTo(ModelContext& context, const fs::path& file) {
+void exportTo(UnitOfWork& context, const fs::path& file) {
     TimesheetFilter everything;
     everything.range = {Instant::min(), Instant::max()};
     AtomicFile target(file);
@@ -253,7 +253,7 @@ void exportBare(benchmark::State& state) {
     }
 }
 
-CSVImporter::Result import(const fs::path& file, ModelContext& context) {
+CSVImporter::Result import(const fs::path& file, UnitOfWork& context) {
     const auto text = decodeText(readFile(file));
     return CSVImporter::apply(CSVImporter::parse(*text, "Europe/Berlin"), context);
 }

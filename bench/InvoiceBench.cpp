@@ -24,7 +24,7 @@ const Instant periodStart = libraryNow() + 24h;
 const Instant periodEnd = periodStart + entryCount * 10min;
 
 /// Adds a client whose unbilled time is `entryCount` entries in the days after the library's end.
-Ref<Client> addUnbilledWork(ModelContext& context) {
+Ref<Client> addUnbilledWork(UnitOfWork& context) {
     const auto client = std::make_shared<Client>("Unbilled");
     context.insert(client);
     const auto project = std::make_shared<Project>("Unbilled work", client);
@@ -88,7 +88,7 @@ void createBare(benchmark::State& state) {
     const LibraryCopy copy(state.range(0));
     {
         NoRunLoop loop;
-        ModelContainer container(ModelConfiguration{copy.file()}, loop);
+        Library container(LibraryOptions{copy.file()}, loop);
         addUnbilledWork(container.mainContext());
     }
     BareLibrary library(copy.file());

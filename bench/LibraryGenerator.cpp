@@ -19,7 +19,7 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContainer.h"
+#include "core/store/Library.h"
 #include "platform/Calendar.h"
 
 namespace elmworth::bench {
@@ -89,7 +89,7 @@ struct WorkingDay {
 class Generator {
  public:
     Generator(const std::filesystem::path& file, const LibraryShape& shape)
-        : shape_(shape), container_(ModelConfiguration{file}, loop_) {
+        : shape_(shape), container_(LibraryOptions{file}, loop_) {
         profile_.name = "Ada Byron Design";
         profile_.resetNumberingYearly = true;
         clients_.resize(shape_.clients);
@@ -264,7 +264,7 @@ class Generator {
     Dice dice_;
     BusinessProfile profile_;
     TurningLoop loop_;
-    ModelContainer container_;
+    Library container_;
     std::vector<Customer> clients_;
     std::size_t firstBusy_ = 0;
     std::vector<Ref<TimeEntry>> month_;  ///< finished entries not yet billed

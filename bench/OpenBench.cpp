@@ -18,8 +18,7 @@ void openAndRestore(benchmark::State& state) {
     const LibraryCopy library(state.range(0));
     NoRunLoop loop;
     for (auto _ : state) {
-        std::optional<ModelContainer> container(std::in_place, ModelConfiguration{library.file()},
-                                                loop);
+        std::optional<Library> container(std::in_place, LibraryOptions{library.file()}, loop);
         TimerService timer(container->mainContext(), &libraryNow, loop, &libraryCalendar);
         timer.restore();
         if (!timer.running()) state.SkipWithError("no timer runs");

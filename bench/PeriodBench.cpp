@@ -20,7 +20,7 @@ DateInterval period(CalendarUnit unit) {
     return *libraryCalendar().interval(unit, libraryNow());
 }
 
-FetchDescriptor<TimeEntry> entriesOf(const DateInterval& interval) {
+Query<TimeEntry> entriesOf(const DateInterval& interval) {
     return {.predicate = key<&TimeEntry::start>() >= interval.start &&
                          key<&TimeEntry::start>() < interval.end,
             .sortBy = {sortedBy<&TimeEntry::start>()}};

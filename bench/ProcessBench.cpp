@@ -74,7 +74,7 @@ class Home {
     template <class Change>
     void change(Change make) {
         NoRunLoop loop;
-        ModelContainer container(ModelConfiguration{libraryFolder() / "library.sqlite"}, loop);
+        Library container(LibraryOptions{libraryFolder() / "library.sqlite"}, loop);
         make(container.mainContext());
         container.mainContext().save();
     }
@@ -113,16 +113,16 @@ void status(benchmark::State& state) {
     for (auto _ : state) home.elmworth({"status"});
 }
 
-void addProject(ModelContext& context) {
+void addProject(UnitOfWork& context) {
     const auto client = std::make_shared<Client>("Key binding");
     context.insert(client);
     context.insert(std::make_shared<Project>("Bench", client));
 }
 
 /// An entry younger than a second would be dropped and not stopped.
-void ageRunningEntry(ModelContext& context) {
+void ageRunningEntry(UnitOfWork& context) {
     for (const auto& entry :
-         context.fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent})) {
+         context.fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent})) {
         entry->start = entry->start.get() - 1h;
     }
 }

@@ -23,7 +23,7 @@
 
 #include "BenchLibrary.h"
 #include "core/DateRangePreset.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "theme/fonts/Fonts.h"
 
@@ -77,12 +77,12 @@ class TimesheetWindow {
  public:
     TimesheetWindow() {
         copyLibrary(entryCount, friday(), folder_.path());
-        container_ = std::make_unique<ModelContainer>(
-            ModelConfiguration{folder_.path() / "library.sqlite"}, loop_);
+        container_ =
+            std::make_unique<Library>(LibraryOptions{folder_.path() / "library.sqlite"}, loop_);
         timer_ = std::make_unique<TimerService>(container_->mainContext(), clock(), loop_,
                                                 &libraryCalendar);
         timer_->restore();
-        model_ = std::make_unique<TimesheetModel>(PanelServices{
+        model_ = std::make_unique<TimesheetModel>(AppServices{
             container_->mainContext(), *timer_, defaults_, loop_, clock(), &libraryCalendar});
         QQmlComponent component(&engine_);
         component.setData(source, QUrl());
@@ -138,8 +138,8 @@ class TimesheetWindow {
 
     test::TemporaryFolder folder_;
     TurningLoop loop_;
-    UserDefaults defaults_{folder_.path() / "defaults.ini"};
-    std::unique_ptr<ModelContainer> container_;
+    Settings defaults_{folder_.path() / "defaults.ini"};
+    std::unique_ptr<Library> container_;
     std::unique_ptr<TimerService> timer_;
     std::unique_ptr<TimesheetModel> model_;
     QQmlEngine engine_;

@@ -10,7 +10,7 @@ namespace elmworth {
 Activation::Activation(Windows windows, TimerService& timer)
     : windows_(std::move(windows)), timer_(timer) {}
 
-void Activation::carryOut(const std::string& action) {
+void Activation::run(const std::string& action) {
     if (action == "panel") {
         windows_.showPanel();
     } else if (action == "stop") {

@@ -28,7 +28,7 @@ class Activation {
     /// last, if anything did, and shows the panel with what runs while something does. A name that
     /// this version does not know brings the main window to the front, so that something is seen to
     /// happen.
-    void carryOut(const std::string& action);
+    void run(const std::string& action);
 
  private:
     void continueLast();

@@ -45,7 +45,7 @@ void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& pl
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
                                         const QVariantMap& platformData) {
     takeActivationToken(platformData);
-    service_.activation().carryOut(name.toStdString());
+    service_.activation().run(name.toStdString());
 }
 
 }  // namespace elmworth

@@ -31,7 +31,7 @@ void pointToNothing(int stream, int flags) {
     pointToNothing(STDIN_FILENO, O_RDONLY);
     pointToNothing(STDOUT_FILENO, O_WRONLY);
     ::dup2(pipe, STDERR_FILENO);
-    ::_exit(becomeSibling(name, arguments));
+    ::_exit(execSibling(name, arguments));
 }
 
 std::string readToEnd(int pipe) {

@@ -46,7 +46,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
     const auto showMain = [this] { showMainWindow(); };
-    menuBarExtra_.emplace(services_, runLoop_, engine_, MenuBarExtra::Ways{showMain, showMain});
+    trayItem_.emplace(services_, runLoop_, engine_, TrayItem::Ways{showMain, showMain});
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
@@ -62,7 +62,7 @@ void ElmworthApp::saveBeforeInterruptions() {
 }
 
 void ElmworthApp::showPanel() {
-    menuBarExtra_->showPanel();
+    trayItem_->showPanel();
 }
 
 void ElmworthApp::makeMainWindow() {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "app/CommandService.h"
-#include "app/LastSave.h"
 #include "app/LibraryServices.h"
 #include "app/LiveAppearance.h"
-#include "app/MenuBarExtra.h"
 #include "app/QtInvoicePainter.h"
+#include "app/SaveAtExit.h"
+#include "app/TrayItem.h"
 #include "exchange/AutoBackup.h"
 #include "platform/linux/FileWatch.h"
 #include "platform/linux/LogindPowerEvents.h"
@@ -34,7 +34,7 @@ class ElmworthApp {
     /// What shows at the start. Nothing is for a start by the bus, which then says what to show.
     enum class Opening { mainWindow, panel, nothing };
 
-    /// Throws ModelContainerError when the library cannot be opened. Requires the library's lock
+    /// Throws LibraryError when the library cannot be opened. Requires the library's lock
     /// unless it is a demo, and a QGuiApplication.
     ElmworthApp(bool isDemo, Opening opening);
     ElmworthApp(const ElmworthApp&) = delete;
@@ -64,10 +64,10 @@ class ElmworthApp {
     LiveAppearance appearance_;
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
-    std::optional<MenuBarExtra> menuBarExtra_;
+    std::optional<TrayItem> trayItem_;
     std::unique_ptr<QQuickWindow> mainWindow_;  ///< made when it is first shown
     std::optional<RememberedWindow> rememberedWindow_;
-    LastSave lastSave_;
+    SaveAtExit lastSave_;
 };
 
 }  // namespace elmworth

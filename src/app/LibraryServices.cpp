@@ -14,8 +14,7 @@ namespace elmworth {
 namespace {
 
 /// The demo's settings are a suite of its own that begins empty, so that every demo shows the same.
-UserDefaults& preparedForDemo(UserDefaults& defaults, ModelContext& context, const Clock& now,
-                              bool isDemo) {
+Settings& preparedForDemo(Settings& defaults, UnitOfWork& context, const Clock& now, bool isDemo) {
     if (isDemo) {
         defaults.removeAll();
         DemoData::seed(context, defaults, now(), Calendar::current());
@@ -31,8 +30,8 @@ bool isHostedRun() {
 
 LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
     : now_(std::move(now)),
-      container_(ModelConfiguration::standard(isDemo), runLoop),
-      defaults_(isDemo ? UserDefaults::suiteFile("ElmworthDemo") : UserDefaults::standardFile()),
+      container_(LibraryOptions::standard(isDemo), runLoop),
+      defaults_(isDemo ? Settings::namedFile("ElmworthDemo") : Settings::standardFile()),
       profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
       timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }) {
     if (!isDemo && !isHostedRun()) finishRestore(container_.mainContext(), profiles_);

@@ -8,32 +8,32 @@
 #include <vector>
 
 #include "core/ProfileStore.h"
-#include "core/store/ModelContainer.h"
-#include "platform/UserDefaults.h"
+#include "core/store/Library.h"
+#include "platform/Settings.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
 
 /// An open library with its long-lived services, made in the start order of the program: the demo
-/// library when it is asked for, the user defaults, the profile, the timer, and the timer's
+/// library when it is asked for, the settings, the profile, the timer, and the timer's
 /// restore.
 ///
 /// Whoever makes one holds the lock of the library (see LibraryLock), unless it is in memory.
 class LibraryServices {
  public:
-    /// Throws ModelContainerError when the library cannot be opened.
+    /// Throws LibraryError when the library cannot be opened.
     LibraryServices(bool isDemo, Clock now, RunLoop& runLoop);
 
-    [[nodiscard]] ModelContext& context() noexcept { return container_.mainContext(); }
-    [[nodiscard]] UserDefaults& defaults() noexcept { return defaults_; }
+    [[nodiscard]] UnitOfWork& context() noexcept { return container_.mainContext(); }
+    [[nodiscard]] Settings& defaults() noexcept { return defaults_; }
     [[nodiscard]] ProfileStore& profiles() noexcept { return profiles_; }
     [[nodiscard]] TimerService& timer() noexcept { return timer_; }
     [[nodiscard]] const Clock& clock() const noexcept { return now_; }
 
  private:
     Clock now_;
-    ModelContainer container_;
-    UserDefaults defaults_;
+    Library container_;
+    Settings defaults_;
     ProfileStore profiles_;
     TimerService timer_;
 };

@@ -13,7 +13,7 @@ constexpr std::string_view appearanceKey = "appearance";
 
 }  // namespace
 
-LiveAppearance::LiveAppearance(UserDefaults& defaults, ColorScheme& desktop)
+LiveAppearance::LiveAppearance(Settings& defaults, ColorScheme& desktop)
     : defaults_(defaults), desktop_(desktop) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == appearanceKey) takeSetting();

@@ -4,15 +4,15 @@
 #pragma once
 
 #include "platform/ColorScheme.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 
 namespace elmworth {
 
-/// Keeps the look of all windows in step with the user default "appearance" and with what the
+/// Keeps the look of all windows in step with the setting "appearance" and with what the
 /// desktop prefers, as long as it lives.
 class LiveAppearance {
  public:
-    LiveAppearance(UserDefaults& defaults, ColorScheme& desktop);
+    LiveAppearance(Settings& defaults, ColorScheme& desktop);
     LiveAppearance(const LiveAppearance&) = delete;
     LiveAppearance& operator=(const LiveAppearance&) = delete;
 
@@ -20,9 +20,9 @@ class LiveAppearance {
     void takeSetting();
     void takePreferences();
 
-    UserDefaults& defaults_;
+    Settings& defaults_;
     ColorScheme& desktop_;
-    UserDefaults::Observation defaultsObservation_;
+    Settings::Observation defaultsObservation_;
     ColorScheme::Observation desktopObservation_;
 };
 

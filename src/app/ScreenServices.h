@@ -4,12 +4,12 @@
 #pragma once
 
 #include "app/LibraryServices.h"
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
 /// What the models of screens work on, which lives in `services`.
-[[nodiscard]] inline PanelServices screenServices(LibraryServices& services, RunLoop& runLoop) {
+[[nodiscard]] inline AppServices screenServices(LibraryServices& services, RunLoop& runLoop) {
     return {services.context(),  services.timer(),
             services.defaults(), runLoop,
             services.clock(),    [] { return Calendar::current(); }};

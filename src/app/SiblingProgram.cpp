@@ -17,7 +17,7 @@ std::filesystem::path siblingPath(const std::string& name) {
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / name;
 }
 
-int becomeSibling(const std::string& name, const std::vector<std::string>& arguments) {
+int execSibling(const std::string& name, const std::vector<std::string>& arguments) {
     const auto sibling = siblingPath(name);
     std::vector<std::string> words{sibling.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());

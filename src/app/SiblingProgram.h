@@ -14,6 +14,6 @@ namespace elmworth {
 
 /// Makes this process the program called `name` that stands beside it. Returns only on failure,
 /// with the exit status, after a line on standard error.
-int becomeSibling(const std::string& name, const std::vector<std::string>& arguments);
+int execSibling(const std::string& name, const std::vector<std::string>& arguments);
 
 }  // namespace elmworth

@@ -38,8 +38,7 @@ constexpr const char* libraryInUse = "The library is in use by another Elmworth 
 bool needsPainter(const CommandLine& commandLine) {
     std::error_code ignored;
     return commandLine.needsPainter ||
-           (commandLine.countsPages &&
-            std::filesystem::exists(applicationSupportFolder() / "logo.png", ignored));
+           (commandLine.countsPages && std::filesystem::exists(dataFolder() / "logo.png", ignored));
 }
 
 CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInput& input,
@@ -61,7 +60,7 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInpu
                                        input.descriptor(),
                                        currentMoneyLocale()};
         return runCommand(commandLine, environment);
-    } catch (const ModelContainerError& error) {
+    } catch (const LibraryError& error) {
         return failedCommand(error.what());
     }
 }
@@ -75,7 +74,7 @@ std::optional<CommandResult> runWithLibrary(const CommandLine& commandLine,
 std::optional<CommandResult> runUnderLock(const CommandLine& commandLine,
                                           const std::vector<std::string>& arguments,
                                           const GatheredInput& input, InvoicePainter* painter) {
-    LibraryLock lock(applicationSupportFolder());
+    LibraryLock lock(dataFolder());
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (true) {
         if (lock.tryAcquire()) return runWithLibrary(commandLine, input, painter);
@@ -92,7 +91,7 @@ std::optional<CommandResult> runWithInput(const CommandLine& commandLine,
         if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, input, painter);
         return runUnderLock(commandLine, arguments, input, painter);
     } catch (const std::filesystem::filesystem_error& error) {
-        return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
+        return failedCommand("Could not create Library: " + error.path1().string() + ": " +
                              error.code().message());
     }
 }
@@ -119,7 +118,7 @@ int finishTerminalCommand(const CommandLine& commandLine, const std::vector<std:
     }
     std::vector<std::string> handedOn{"--command"};
     handedOn.insert(handedOn.end(), arguments.begin(), arguments.end());
-    return becomeSibling("elmworth-app", handedOn);
+    return execSibling("elmworth-app", handedOn);
 }
 
 int printResult(const CommandResult& result) {

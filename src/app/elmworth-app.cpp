@@ -89,7 +89,7 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
     const auto application = openDisplay(argc, argv);
     describeApplication();
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    LibraryLock lock(applicationSupportFolder());
+    LibraryLock lock(dataFolder());
     if (!isDemo && !isHostedRun()) {
         const bool isPanel = opening == ElmworthApp::Opening::panel;
         const Start start = takeLibrary(lock, isPanel ? "panel" : "");
@@ -118,10 +118,10 @@ int main(int argc, char** argv) {
             return showGallery(argc, argv, arguments);
         }
         return runApplication(argc, argv, arguments);
-    } catch (const ModelContainerError& error) {
+    } catch (const LibraryError& error) {
         std::fprintf(stderr, "%s\n", error.what());
     } catch (const std::filesystem::filesystem_error& error) {
-        std::fprintf(stderr, "Could not create ModelContainer: %s: %s\n", error.path1().c_str(),
+        std::fprintf(stderr, "Could not create Library: %s: %s\n", error.path1().c_str(),
                      error.code().message().c_str());
     }
     return 1;

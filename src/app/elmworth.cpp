@@ -18,7 +18,7 @@ int startApplication(const std::vector<std::string>& arguments) {
     if (!elmworth::hasDisplay()) {
         return elmworth::printResult(elmworth::failedCommand(elmworth::noDisplay));
     }
-    return elmworth::becomeSibling("elmworth-app", arguments);
+    return elmworth::execSibling("elmworth-app", arguments);
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ void addBackupCommand(CommandSyntax& syntax) {
         "backup", "Writes the whole library as a JSON document and prints its path");
     auto file = std::make_shared<std::string>();
     command.option("FILE", *file, "Where to write; - for standard output").required();
-    syntax.carriesOut(command, [file](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [file](CommandEnvironment& environment, CommandOutput& output) {
         backUp(*file, environment, output);
     });
 }

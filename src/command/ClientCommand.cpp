@@ -45,18 +45,18 @@ ClientSummary summarize(const Ref<Client>& client, const UnbilledByProject& unbi
     ClientSummary summary{client, 0, {}};
     for (const auto& project : client->projects()) {
         if (!project->isArchived) ++summary.activeProjects;
-        const auto found = unbilled.find(project->persistentModelID());
+        const auto found = unbilled.find(project->id());
         if (found != unbilled.end()) summary.unbilled += found->second;
     }
     return summary;
 }
 
-std::vector<ClientSummary> summaries(ModelContext& context) {
+std::vector<ClientSummary> summaries(UnitOfWork& context) {
     const auto unbilled = unbilledTimeByProject(context);
     std::vector<ClientSummary> clients;
-    for (const auto& client : context.fetch(FetchDescriptor<Client>{
-             .sortBy = {sortedBy<&Client::name>(SortOrder::forward,
-                                                SortComparison::localizedStandard)}})) {
+    for (const auto& client : context.fetch(
+             Query<Client>{.sortBy = {sortedBy<&Client::name>(
+                               SortOrder::forward, SortComparison::localizedStandard)}})) {
         clients.push_back(summarize(client, unbilled));
     }
     return clients;
@@ -65,7 +65,7 @@ std::vector<ClientSummary> summaries(ModelContext& context) {
 void writeClient(JSONOutput& json, const ClientSummary& summary) {
     const auto& client = *summary.client;
     json.beginObject();
-    json.field("id", client.persistentModelID().string());
+    json.field("id", client.id().string());
     json.field("name", client.name.get());
     json.field("email", client.email.get());
     json.field("address", client.address.get());
@@ -186,8 +186,7 @@ void addClientCommand(CommandSyntax& syntax) {
     client.requireSubcommand();
     auto arguments = std::make_shared<ClientArguments>();
 
-    syntax.carriesOut(client.subcommand("list", "Lists all clients with their unbilled time"),
-                      &list);
+    syntax.runs(client.subcommand("list", "Lists all clients with their unbilled time"), &list);
 
     auto adding = client.subcommand("add", "Adds a client");
     adding.option("NAME", arguments->name, "The new client's name").required();
@@ -203,7 +202,7 @@ void addClientCommand(CommandSyntax& syntax) {
         .typeName("N");
     adding.option("--tax", arguments->tax, "Tax rate like 8.25. Without it: the business default")
         .typeName("PERCENT");
-    syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
@@ -217,17 +216,16 @@ void addClientCommand(CommandSyntax& syntax) {
         .option("VALUE", arguments->value,
                 "As typed with \"client add\". Empty due-days or tax: the business default")
         .required();
-    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         change(*arguments, environment, output);
     });
 
     auto deleting = client.subcommand(
         "delete", "Deletes a client with its projects and their time, unless it has invoices");
     deleting.option("NAME", arguments->name, "The client's name").required();
-    syntax.carriesOut(deleting,
-                      [arguments](CommandEnvironment& environment, CommandOutput& output) {
-                          remove(arguments->name, environment, output);
-                      });
+    syntax.runs(deleting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+        remove(arguments->name, environment, output);
+    });
 }
 
 }  // namespace elmworth

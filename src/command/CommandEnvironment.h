@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "core/ProfileStore.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceRenderModel.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
@@ -33,7 +33,7 @@ class InvoicePainter {
 /// What a command works on: the open library and its services, and how the person who gave the
 /// command reads dates and amounts.
 struct CommandEnvironment {
-    ModelContext& context;
+    UnitOfWork& context;
     TimerService& timer;
     ProfileStore& profiles;
     Clock now;

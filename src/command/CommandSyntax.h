@@ -47,7 +47,7 @@ struct CommandSyntax {
     bool readsStandardInput = false;
 
     /// Declares that `command` does `run`.
-    void carriesOut(SubcommandSyntax command, CommandAction run, Drawing needed = Drawing::none) {
+    void runs(SubcommandSyntax command, CommandAction run, Drawing needed = Drawing::none) {
         command.whenGiven([this, run = std::move(run), needed] {
             action = run;
             drawing = needed;

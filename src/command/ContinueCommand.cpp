@@ -11,7 +11,7 @@ namespace elmworth {
 void addContinueCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "continue", "Starts the timer again on what ended last, with its notes");
-    syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [](CommandEnvironment& environment, CommandOutput& output) {
         requireReadable(environment);
         if (const auto& running = environment.timer.running()) {
             const auto& project = running->project.get();

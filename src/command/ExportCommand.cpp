@@ -58,10 +58,9 @@ void addExportCommand(CommandSyntax& syntax) {
     auto file = std::make_shared<std::string>();
     command.option("FILE", *file, "Where to write; - for standard output").required();
     arguments->addTo(command);
-    syntax.carriesOut(command,
-                      [arguments, file](CommandEnvironment& environment, CommandOutput& output) {
-                          exportCSV(*arguments, *file, environment, output);
-                      });
+    syntax.runs(command, [arguments, file](CommandEnvironment& environment, CommandOutput& output) {
+        exportCSV(*arguments, *file, environment, output);
+    });
 }
 
 }  // namespace elmworth

@@ -100,7 +100,7 @@ void addCommand(CommandSyntax& syntax, SubcommandSyntax invoice, const char* nam
     auto command = invoice.subcommand(name, help);
     auto arguments = std::make_shared<InvoiceArguments>();
     arguments->addTo(command);
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [arguments, action](CommandEnvironment& environment, CommandOutput& output) {
             action(*arguments, environment, output);

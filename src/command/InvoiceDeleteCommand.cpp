@@ -13,7 +13,7 @@ void addInvoiceDeleteCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
         invoice.subcommand("delete", "Deletes an invoice; its entries become unbilled again");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
-    syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
         const auto entries = found->entries().size();
         const InvoiceBuilder builder{environment.context, environment.now, environment.calendar};

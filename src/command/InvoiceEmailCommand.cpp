@@ -13,7 +13,7 @@ void addInvoiceEmailCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     auto command = invoice.subcommand("email", "Prints the e-mail text of an invoice");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
-    syntax.carriesOut(command, [number](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
         const auto model = renderModel(*found, environment, nullptr);
         const std::string text = emailText(model, model.billTo.name);

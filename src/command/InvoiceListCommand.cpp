@@ -33,7 +33,7 @@ void writeList(JSONOutput& json, const std::vector<Ref<Invoice>>& invoices,
 
 void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& output) {
     auto invoices = environment.context.fetch(
-        FetchDescriptor<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse)}});
+        Query<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse)}});
     std::erase_if(invoices, [&](const auto& invoice) {
         return !passes(*invoice, filter, environment.now(), environment.calendar);
     });
@@ -72,7 +72,7 @@ void addInvoiceListCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
                {"paid", InvoiceFilter::paid}},
               "Which of them: ")
         .typeName("STATUS");
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [filter](CommandEnvironment& environment, CommandOutput& output) {
             list(*filter, environment, output);

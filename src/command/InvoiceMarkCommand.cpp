@@ -19,7 +19,7 @@ void addInvoiceMarkCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
                {"paid", InvoiceStatus::paid}},
               "What it becomes: ")
         .required();
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [number, status](CommandEnvironment& environment, CommandOutput& output) {
             const auto found = findInvoice(environment.context, *number);

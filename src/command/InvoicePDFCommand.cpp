@@ -70,7 +70,7 @@ void addInvoicePDFCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     command
         .option("--paper", arguments->paper, "letter or a4. Without it: as in the business profile")
         .typeName("PAPER");
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [arguments](CommandEnvironment& environment, CommandOutput& output) {
             renderPDF(*arguments, environment, output);

@@ -14,7 +14,7 @@ void addInvoiceRenameCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     auto newNumber = std::make_shared<std::string>();
     addNumber(command, *number);
     command.option("NEW", *newNumber, "Its new number, used by no other invoice").required();
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [number, newNumber](CommandEnvironment& environment, CommandOutput& output) {
             const auto found = findInvoice(environment.context, *number);

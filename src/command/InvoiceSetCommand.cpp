@@ -64,7 +64,7 @@ void addInvoiceSetCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
         .required();
     command.option("VALUE", arguments->value, "Text, true or false, or a day like 2026-03-01")
         .required();
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [arguments](CommandEnvironment& environment, CommandOutput& output) {
             const auto found = findInvoice(environment.context, arguments->number);

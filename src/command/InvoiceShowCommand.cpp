@@ -11,7 +11,7 @@ void addInvoiceShowCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     auto command = invoice.subcommand("show", "Shows an invoice with every figure");
     auto number = std::make_shared<std::string>();
     addNumber(command, *number);
-    syntax.carriesOut(
+    syntax.runs(
         command,
         [number](CommandEnvironment& environment, CommandOutput& output) {
             printInvoice(*findInvoice(environment.context, *number), environment, output);

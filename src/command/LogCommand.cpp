@@ -43,7 +43,7 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
     }
     JSONOutput json;
     json.beginObject();
-    json.field("id", entry->persistentModelID().string());
+    json.field("id", entry->id().string());
     json.field("start", entry->start.get());
     json.field("end", entry->end.get());
     json.field("seconds", entry->duration(environment.now()));
@@ -71,7 +71,7 @@ void addLogCommand(CommandSyntax& syntax) {
         .required()
         .typeName("TIME");
     command.option("--notes", arguments->notes, "What was done").typeName("TEXT");
-    syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         log(*arguments, environment, output);
     });
 }

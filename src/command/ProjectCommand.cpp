@@ -39,7 +39,7 @@ struct ProjectSummary {
 };
 
 ProjectSummary summary(const Ref<Project>& project, const ProjectTimes& times) {
-    const auto found = times.find(project->persistentModelID());
+    const auto found = times.find(project->id());
     const ProjectTime time = found == times.end() ? ProjectTime{} : found->second;
     ProjectSummary result{project, time.tracked, time.unbilled, std::nullopt};
     const auto budget = project->budgetHours.get();
@@ -60,8 +60,8 @@ std::vector<ProjectSummary> summaries(const std::vector<Ref<Project>>& projects,
 
 std::vector<ProjectSummary> listed(CommandEnvironment& environment, bool withArchived) {
     auto projects = environment.context.fetch(
-        FetchDescriptor<Project>{.sortBy = {sortedBy<&Project::name>(
-                                     SortOrder::forward, SortComparison::localizedStandard)}});
+        Query<Project>{.sortBy = {sortedBy<&Project::name>(SortOrder::forward,
+                                                           SortComparison::localizedStandard)}});
     std::erase_if(projects,
                   [&](const auto& project) { return project->isArchived && !withArchived; });
     return summaries(projects, environment);
@@ -70,7 +70,7 @@ std::vector<ProjectSummary> listed(CommandEnvironment& environment, bool withArc
 void writeProject(JSONOutput& json, const ProjectSummary& summary) {
     const auto& project = *summary.project;
     json.beginObject();
-    json.field("id", project.persistentModelID().string());
+    json.field("id", project.id().string());
     json.field("name", project.name.get());
     if (const auto& client = project.client.get()) json.field("client", client->name.get());
     json.field("colorHex", project.colorHex.get());
@@ -166,7 +166,7 @@ void add(const ProjectArguments& arguments, CommandEnvironment& environment,
 }
 
 /// Another client only while no time of the project is on an invoice of the present one.
-void moveToClient(Project& project, const std::string& name, ModelContext& context) {
+void moveToClient(Project& project, const std::string& name, UnitOfWork& context) {
     if (hasInvoicedTime(project)) {
         throw CommandError("Projects with invoiced time stay with their client.");
     }
@@ -216,10 +216,9 @@ SubcommandSyntax addNamed(CommandSyntax& syntax, SubcommandSyntax parent, const 
     command.option("NAME", arguments->name, "The project's name").required();
     command.option("--client", arguments->client, "The client whose project it is")
         .typeName("CLIENT");
-    syntax.carriesOut(command,
-                      [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
-                          run(*arguments, environment, output);
-                      });
+    syntax.runs(command, [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
+        run(*arguments, environment, output);
+    });
     return command;
 }
 
@@ -233,7 +232,7 @@ void addProjectCommand(CommandSyntax& syntax) {
 
     auto listing = project.subcommand("list", "Lists the projects with their tracked time");
     listing.flag("--all", arguments->all, "Archived projects too");
-    syntax.carriesOut(listing, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(listing, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         list(arguments->all, environment, output);
     });
 
@@ -248,7 +247,7 @@ void addProjectCommand(CommandSyntax& syntax) {
     adding.option("--budget", arguments->budget, "Its budget like 40").typeName("HOURS");
     adding.option("--color", arguments->color, "Its color. Without it: #7C6CFF")
         .typeName("#RRGGBB");
-    syntax.carriesOut(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);
     });
 
@@ -262,7 +261,7 @@ void addProjectCommand(CommandSyntax& syntax) {
         .option("VALUE", arguments->value,
                 "As typed with \"project add\". Empty rate: the client's; empty budget: none")
         .required();
-    syntax.carriesOut(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(setting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         change(*arguments, environment, output);
     });
 

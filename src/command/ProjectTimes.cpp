@@ -9,7 +9,7 @@
 
 namespace elmworth {
 
-ProjectTimes projectTimes(ModelContext& context, const std::vector<Ref<Project>>& projects,
+ProjectTimes projectTimes(UnitOfWork& context, const std::vector<Ref<Project>>& projects,
                           Instant now) {
     ProjectTimes times;
     const auto read = [&](const std::optional<Predicate<TimeEntry>>& predicate) {

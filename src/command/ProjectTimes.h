@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Instant.h"
 
 namespace elmworth {
@@ -23,7 +23,7 @@ using ProjectTimes = std::unordered_map<PersistentID, ProjectTime>;
 
 /// The time of `projects`, which are some of the library's, in one pass that makes no records of
 /// entries. Those without any time are left out. Throws StoreError.
-[[nodiscard]] ProjectTimes projectTimes(ModelContext& context,
+[[nodiscard]] ProjectTimes projectTimes(UnitOfWork& context,
                                         const std::vector<Ref<Project>>& projects, Instant now);
 
 }  // namespace elmworth

@@ -65,8 +65,8 @@ Ref<T> findByName(const std::vector<Ref<T>>& records, const std::string& name,
 }
 
 template <class T, auto Name>
-std::vector<Ref<T>> allByName(ModelContext& context) {
-    return context.fetch(FetchDescriptor<T>{
+std::vector<Ref<T>> allByName(UnitOfWork& context) {
+    return context.fetch(Query<T>{
         .sortBy = {sortedBy<Name>(SortOrder::forward, SortComparison::localizedStandard)}});
 }
 
@@ -77,13 +77,13 @@ std::string fullName(const Project& project) {
     return client ? project.name.get() + " — " + client->name.get() : project.name.get();
 }
 
-Ref<Client> findClient(ModelContext& context, const std::string& name) {
+Ref<Client> findClient(UnitOfWork& context, const std::string& name) {
     return findByName<Client>(allByName<Client, &Client::name>(context), name, "client",
                               " Rename one of them first.",
                               [](const Client& client) { return client.name.get(); });
 }
 
-Ref<Project> findProject(ModelContext& context, const std::string& name,
+Ref<Project> findProject(UnitOfWork& context, const std::string& name,
                          const std::string& clientName) {
     auto projects = allByName<Project, &Project::name>(context);
     if (!clientName.empty()) {
@@ -95,9 +95,9 @@ Ref<Project> findProject(ModelContext& context, const std::string& name,
                                &fullName);
 }
 
-Ref<Invoice> findInvoice(ModelContext& context, const std::string& number) {
+Ref<Invoice> findInvoice(UnitOfWork& context, const std::string& number) {
     auto found = context.fetch(
-        FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number, .fetchLimit = 1});
+        Query<Invoice>{.predicate = key<&Invoice::number>() == number, .fetchLimit = 1});
     if (found.empty()) {
         found = context.fetch<Invoice>();
         std::erase_if(found, [wanted = canonical(number)](const auto& invoice) {

@@ -8,22 +8,22 @@
 #include "core/Client.h"
 #include "core/Invoice.h"
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth {
 
 /// Finds records by the names that people type, without regard to case and to how characters are
 /// composed. A name that fits none or
 /// several throws CommandError with the candidates.
-[[nodiscard]] Ref<Client> findClient(ModelContext& context, const std::string& name);
+[[nodiscard]] Ref<Client> findClient(UnitOfWork& context, const std::string& name);
 
 /// The project called `name`; `clientName` narrows the search unless it is empty.
-[[nodiscard]] Ref<Project> findProject(ModelContext& context, const std::string& name,
+[[nodiscard]] Ref<Project> findProject(UnitOfWork& context, const std::string& name,
                                        const std::string& clientName = {});
 
 /// The invoice with exactly that number, however its characters are composed. Throws CommandError
 /// when there is none.
-[[nodiscard]] Ref<Invoice> findInvoice(ModelContext& context, const std::string& number);
+[[nodiscard]] Ref<Invoice> findInvoice(UnitOfWork& context, const std::string& number);
 
 /// "{project} — {client}", or the project's name alone without a client.
 [[nodiscard]] std::string fullName(const Project& project);

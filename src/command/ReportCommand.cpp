@@ -41,7 +41,7 @@ Report makeReport(const TimesheetArguments& arguments, CommandEnvironment& envir
 void writeEntry(JSONOutput& json, const TimeEntry& entry, Instant now) {
     const auto& project = entry.project.get();
     json.beginObject();
-    json.field("id", entry.persistentModelID().string());
+    json.field("id", entry.id().string());
     json.field("start", entry.start.get());
     json.field("end", entry.end.get());
     json.field("seconds", entry.duration(now));
@@ -63,7 +63,7 @@ void writeDay(JSONOutput& json, const DayGroup& group, const Calendar& calendar)
     json.field("seconds", group.seconds);
     json.key("entries");
     json.beginArray();
-    for (const auto& entry : group.entries) json.value(entry->persistentModelID().string());
+    for (const auto& entry : group.entries) json.value(entry->id().string());
     json.endArray();
     json.endObject();
 }
@@ -149,7 +149,7 @@ void addReportCommand(CommandSyntax& syntax) {
         syntax.program.subcommand("report", "Shows the time of a period by day, with its totals");
     auto arguments = std::make_shared<TimesheetArguments>();
     arguments->addTo(command);
-    syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         const auto report = makeReport(*arguments, environment);
         if (output.isJSON()) {
             printJSON(report, environment, output);

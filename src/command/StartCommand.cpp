@@ -25,7 +25,7 @@ void addStartCommand(CommandSyntax& syntax) {
     command.option("--client", arguments->client, "The client whose project it is")
         .typeName("CLIENT");
     command.option("--notes", arguments->notes, "What you are working on");
-    syntax.carriesOut(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         const auto project =
             findProject(environment.context, arguments->project, arguments->client);
         environment.timer.start(project, arguments->notes);

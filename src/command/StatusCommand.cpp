@@ -22,7 +22,7 @@ std::string snapshotProblem(CommandEnvironment& environment) {
                               environment.calendar.zoneID());
     return "The snapshot of " + dates.string(failed->date) +
            " failed its check and was removed: " + oneLine(failed->reason) +
-           " Earlier ones are in " + (applicationSupportFolder() / "Backups").string() + ".";
+           " Earlier ones are in " + (dataFolder() / "Backups").string() + ".";
 }
 
 void printText(CommandEnvironment& environment, CommandOutput& output) {
@@ -49,7 +49,7 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
 void addStatusCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "status", "Shows what runs now, and the time of today and this week");
-    syntax.carriesOut(command, [](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [](CommandEnvironment& environment, CommandOutput& output) {
         requireReadable(environment);
         if (output.isJSON()) {
             output.text += timerJSON(environment, snapshotProblem(environment));

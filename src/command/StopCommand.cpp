@@ -44,7 +44,7 @@ void addStopCommand(CommandSyntax& syntax) {
     auto at = std::make_shared<std::string>();
     command.option("--at", *at, "When it ended: 14:30 today, 2026-03-01T14:30, or with an offset")
         .typeName("TIME");
-    syntax.carriesOut(command, [at](CommandEnvironment& environment, CommandOutput& output) {
+    syntax.runs(command, [at](CommandEnvironment& environment, CommandOutput& output) {
         stop(environment, output, *at);
     });
 }

@@ -50,14 +50,14 @@ void printTimer(CommandEnvironment& environment, CommandOutput& output,
     }
 }
 
-void requireSaved(ModelContext& context) {
+void requireSaved(UnitOfWork& context) {
     if (context.hasChanges()) context.save();
 }
 
 void requireReadable(CommandEnvironment& environment) {
     if (environment.timer.running()) return;
-    std::ignore = environment.context.fetch(
-        FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent});
+    std::ignore =
+        environment.context.fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent});
 }
 
 }  // namespace elmworth

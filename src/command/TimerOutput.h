@@ -21,7 +21,7 @@ void printTimer(CommandEnvironment& environment, CommandOutput& output,
 /// Throws StoreError when the last save of `context` failed and a second try fails as well: the
 /// timer itself goes on with its changes in memory, but a command must not claim what is not on
 /// disk.
-void requireSaved(ModelContext& context);
+void requireSaved(UnitOfWork& context);
 
 /// Throws StoreError when the running entry can't be looked up: the timer itself takes a damaged
 /// library for one in which nothing runs, but a command must not say so.

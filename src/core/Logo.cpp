@@ -94,7 +94,7 @@ QImage makeLogo(QImage picture) {
 }  // namespace
 
 std::filesystem::path logoFileURL() {
-    return createPrivateFolder(applicationSupportFolder()) / "logo.png";
+    return createPrivateFolder(dataFolder()) / "logo.png";
 }
 
 LogoImage loadLogo() try {

@@ -24,7 +24,7 @@ class LogoError : public std::runtime_error {
     Code code_;
 };
 
-/// The place of the logo: "logo.png" in `applicationSupportFolder()`, which is created when
+/// The place of the logo: "logo.png" in `dataFolder()`, which is created when
 /// missing. Throws std::filesystem::filesystem_error.
 [[nodiscard]] std::filesystem::path logoFileURL();
 

@@ -26,7 +26,7 @@ struct Announcement {
     }
 };
 
-std::optional<Announcement> announcement(const UserDefaults& defaults) {
+std::optional<Announcement> announcement(const Settings& defaults) {
     const auto text = defaults.data(announcedKey);
     if (!text) return std::nullopt;
     std::istringstream lines(*text);
@@ -37,13 +37,13 @@ std::optional<Announcement> announcement(const UserDefaults& defaults) {
     return found;
 }
 
-std::optional<BusinessProfile> stored(const UserDefaults& defaults) {
+std::optional<BusinessProfile> stored(const Settings& defaults) {
     return decodeProfile(defaults.data(key).value_or(""));
 }
 
 }  // namespace
 
-ProfileStore::ProfileStore(UserDefaults& defaults)
+ProfileStore::ProfileStore(Settings& defaults)
     : defaults_(defaults), profile_(stored(defaults).value_or(BusinessProfile())) {
     observation_ = defaults_.observe([this](std::string_view changedKey) {
         if (changedKey == key) reload();

@@ -9,18 +9,18 @@
 #include <vector>
 
 #include "core/BusinessProfile.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 
 namespace elmworth {
 
-/// Holds the `BusinessProfile` and keeps it in the user defaults under "businessProfile", and
+/// Holds the `BusinessProfile` and keeps it in the settings under "businessProfile", and
 /// follows changes that others make there. One instance per run.
 class ProfileStore {
  public:
     /// Loads the profile. A missing or unreadable value gives the default profile. An unreadable
     /// one stays in the defaults until the next change, which keeps their file as it was under
     /// another name. One that becomes unreadable later leaves the profile as it is.
-    explicit ProfileStore(UserDefaults& defaults);
+    explicit ProfileStore(Settings& defaults);
     ProfileStore(const ProfileStore&) = delete;
     ProfileStore& operator=(const ProfileStore&) = delete;
 
@@ -44,17 +44,17 @@ class ProfileStore {
     /// Calls `changed` after each `setProfile`, and each change by others, until the handle dies.
     [[nodiscard]] Observation observe(std::function<void()> changed);
 
-    [[nodiscard]] UserDefaults& defaults() noexcept { return defaults_; }
+    [[nodiscard]] Settings& defaults() noexcept { return defaults_; }
 
  private:
     void store(const BusinessProfile& profile);
     void reload();
     void tell();
 
-    UserDefaults& defaults_;
+    Settings& defaults_;
     BusinessProfile profile_;
     std::vector<std::weak_ptr<std::function<void()>>> observers_;
-    UserDefaults::Observation observation_;
+    Settings::Observation observation_;
 };
 
 }  // namespace elmworth

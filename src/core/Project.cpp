@@ -5,7 +5,7 @@
 
 #include "core/Client.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth {
 
@@ -24,13 +24,13 @@ std::optional<double> Project::budgetFraction(Instant now) const {
     const auto hours = budgetHours.get();
     if (!hours || *hours < 1) return std::nullopt;
     double seconds = 0;
-    if (auto* context = modelContext()) {
-        const auto& id = persistentModelID();
+    if (auto* context = unitOfWork()) {
+        const PersistentID& ownID = id();
         seconds =
-            context->totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(id);
+            context->totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(ownID);
         for (const auto& entry :
              context->fetch<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent})) {
-            if (entry->project.id() == id) seconds += secondsBetween(entry->start, now);
+            if (entry->project.id() == ownID) seconds += secondsBetween(entry->start, now);
         }
     }
     return seconds / (static_cast<double>(*hours) * 3600);

@@ -23,7 +23,7 @@ struct TimesheetEntry {
     bool isBilled = false;
 
     [[nodiscard]] static TimesheetEntry of(const TimeEntry& entry) {
-        return {entry.persistentModelID(),
+        return {entry.id(),
                 entry.start,
                 entry.end,
                 entry.project,

@@ -13,8 +13,8 @@
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/SnapshotJob.h"
-#include "platform/AbandonedFiles.h"
 #include "platform/ISO8601.h"
+#include "platform/StaleTempFiles.h"
 #include "platform/StandardFolders.h"
 #include "platform/SystemLog.h"
 
@@ -64,7 +64,7 @@ void prune(const fs::path& folder) {
 }
 
 /// The file of the snapshot that is due now in `folder`; absent when none is.
-std::optional<fs::path> dueFile(ModelContext& context, Instant now, const fs::path& folder) {
+std::optional<fs::path> dueFile(UnitOfWork& context, Instant now, const fs::path& folder) {
     const auto existing = AutoBackup::snapshots(folder);
     if (!existing.empty() && now - existing.front().date < minimumAge) return std::nullopt;
     if (context.fetchCount<TimeEntry>() < 1) return std::nullopt;
@@ -73,12 +73,12 @@ std::optional<fs::path> dueFile(ModelContext& context, Instant now, const fs::pa
 
 void tidy(const fs::path& folder, Instant now) {
     prune(folder);
-    removeAbandonedFiles(folder, now - longestWrite);
+    removeStaleTempFiles(folder, now - longestWrite);
 }
 
 }  // namespace
 
-AutoBackup::AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
+AutoBackup::AutoBackup(UnitOfWork& context, Settings& defaults, Clock now, RunLoop& runLoop,
                        PowerEvents& powerEvents, Check check)
     : context_(context),
       defaults_(defaults),
@@ -115,7 +115,7 @@ void AutoBackup::noteFailedCheck(Instant date, const std::string& reason) noexce
     }
 }
 
-std::optional<AutoBackup::FailedCheck> AutoBackup::failedCheck(const UserDefaults& defaults) {
+std::optional<AutoBackup::FailedCheck> AutoBackup::failedCheck(const Settings& defaults) {
     const auto text = defaults.string(failedCheckKey);
     const auto space = text ? text->find(' ') : std::string::npos;
     if (space == std::string::npos) return std::nullopt;
@@ -165,7 +165,7 @@ void AutoBackup::drop() noexcept {
     snapshot_.reset();
 }
 
-std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const BusinessProfile& profile,
+std::optional<fs::path> AutoBackup::runIfDue(UnitOfWork& context, const BusinessProfile& profile,
                                              Instant now, const std::optional<fs::path>& given,
                                              const Check& check) {
     const fs::path target = given ? *given : folder();
@@ -179,7 +179,7 @@ std::optional<fs::path> AutoBackup::runIfDue(ModelContext& context, const Busine
 }
 
 fs::path AutoBackup::folder() {
-    return createPrivateFolder(applicationSupportFolder() / "Backups");
+    return createPrivateFolder(dataFolder() / "Backups");
 }
 
 std::vector<AutoBackup::Snapshot> AutoBackup::snapshots(const fs::path& folder) {

@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "core/BusinessProfile.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 
 namespace elmworth {
 
@@ -49,7 +49,7 @@ class AutoBackup {
     /// wake. One that does not verify goes into the system log and into `defaults` until a later
     /// one does; other failures are dropped. `check` is for tests; absent means what runs
     /// otherwise.
-    AutoBackup(ModelContext& context, UserDefaults& defaults, Clock now, RunLoop& runLoop,
+    AutoBackup(UnitOfWork& context, Settings& defaults, Clock now, RunLoop& runLoop,
                PowerEvents& powerEvents, Check check = nullptr);
     ~AutoBackup();
 
@@ -61,12 +61,12 @@ class AutoBackup {
     /// BackupDecodeError (the snapshot did not verify, and is gone) or
     /// std::filesystem::filesystem_error; older snapshots are then all there.
     static std::optional<std::filesystem::path> runIfDue(
-        ModelContext& context, const BusinessProfile& profile, Instant now,
+        UnitOfWork& context, const BusinessProfile& profile, Instant now,
         const std::optional<std::filesystem::path>& folder = std::nullopt,
         const Check& check = nullptr);
 
     /// The last snapshot, when it did not verify.
-    [[nodiscard]] static std::optional<FailedCheck> failedCheck(const UserDefaults& defaults);
+    [[nodiscard]] static std::optional<FailedCheck> failedCheck(const Settings& defaults);
 
     /// The folder of the snapshots, created when missing. Throws std::filesystem::filesystem_error.
     [[nodiscard]] static std::filesystem::path folder();
@@ -82,8 +82,8 @@ class AutoBackup {
     void step();
     void drop() noexcept;
 
-    ModelContext& context_;
-    UserDefaults& defaults_;
+    UnitOfWork& context_;
+    Settings& defaults_;
     Clock now_;
     Check check_;
     RunLoop& runLoop_;
@@ -91,7 +91,7 @@ class AutoBackup {
     std::filesystem::path file_;             ///< its name at the end
     Instant begun_;
     bool hasChanged_ = false;  ///< the library, since that was begun
-    ModelContext::Observation changes_;
+    UnitOfWork::Observation changes_;
     RunLoop::Handle steps_;
     RunLoop::Handle anew_;
     RunLoop::Handle first_;

@@ -50,7 +50,7 @@ void write(const ClientDTO& client, BackupReceiver& receiver) {
 
 }  // namespace
 
-Backup makeBackup(ModelContext& context, const BusinessProfile& profile, Instant now) {
+Backup makeBackup(UnitOfWork& context, const BusinessProfile& profile, Instant now) {
     Collector collector;
     BackupWalk walk(context, profile, now, collector);
     while (walk.advance()) {
@@ -69,8 +69,8 @@ std::string encode(const Backup& backup) {
     return json;
 }
 
-Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
-             const ByteSink& sink, Progress& progress) {
+Counts write(UnitOfWork& context, const BusinessProfile& profile, Instant now, const ByteSink& sink,
+             Progress& progress) {
     const std::size_t total = context.fetchCount<TimeEntry>();
     std::size_t done = 0;
     BackupWriter writer([&](std::string_view bytes) {
@@ -84,7 +84,7 @@ Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
     return counts;
 }
 
-Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
+Counts writeFile(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                  const std::filesystem::path& file, Progress& progress, FileAccess access) {
     AtomicFile target(file, access);
     const Counts counts = write(

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "exchange/BackupWriter.h"
 #include "platform/AtomicFile.h"
@@ -19,19 +19,19 @@ using Counts = BackupCounts;
 /// The whole library of `context` as a document, with `profile`, as of `now`. Clients and invoices
 /// stand in the localized standard order of their names and numbers, projects in the order of the
 /// code points of theirs, entries by start. Throws StoreError.
-[[nodiscard]] Backup makeBackup(ModelContext& context, const BusinessProfile& profile, Instant now);
+[[nodiscard]] Backup makeBackup(UnitOfWork& context, const BusinessProfile& profile, Instant now);
 
 /// The document as JSON in UTF-8.
 [[nodiscard]] std::string encode(const Backup& backup);
 
 /// Writes what `encode(makeBackup(…))` would give to `sink`, without holding the library in memory.
 /// Throws StoreError, Cancelled, and whatever the sink throws.
-Counts write(ModelContext& context, const BusinessProfile& profile, Instant now,
-             const ByteSink& sink, Progress& progress = noProgress());
+Counts write(UnitOfWork& context, const BusinessProfile& profile, Instant now, const ByteSink& sink,
+             Progress& progress = noProgress());
 
 /// Writes the same to `file`, which has either its old content or the whole document at any time.
 /// Throws StoreError, Cancelled or std::filesystem::filesystem_error.
-Counts writeFile(ModelContext& context, const BusinessProfile& profile, Instant now,
+Counts writeFile(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                  const std::filesystem::path& file, Progress& progress = noProgress(),
                  FileAccess access = FileAccess::ownerOnly());
 

@@ -71,7 +71,7 @@ InvoiceDTO makeInvoice(const Invoice& invoice,
     const auto& snapshot = invoice.businessSnapshot.get();
     if (snapshot) dto.business = frozenProfile(snapshot->bytes, repaired);
     if (client) {
-        const auto found = clientIndexes.find(client->persistentModelID());
+        const auto found = clientIndexes.find(client->id());
         if (found != clientIndexes.end()) dto.clientIndex = found->second;
     }
     return dto;
@@ -84,7 +84,7 @@ bool BackupWalk::Before::operator()(const Place& a, const Place& b) const {
     return order != 0 ? order < 0 : a.second < b.second;
 }
 
-BackupWalk::BackupWalk(ModelContext& context, const BusinessProfile& profile, Instant now,
+BackupWalk::BackupWalk(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                        BackupReceiver& receiver)
     : context_(context), profile_(profile), now_(now), receiver_(receiver) {}
 
@@ -97,11 +97,11 @@ bool BackupWalk::advance() {
 }
 
 void BackupWalk::begin() {
-    clients_ = context_.fetch(
-        FetchDescriptor<Client>{.sortBy = {sortedBy<&Client::name>(
-                                    SortOrder::forward, SortComparison::localizedStandard)}});
+    clients_ =
+        context_.fetch(Query<Client>{.sortBy = {sortedBy<&Client::name>(
+                                         SortOrder::forward, SortComparison::localizedStandard)}});
     std::int64_t index = 0;
-    for (const auto& client : clients_) clientIndexes_[client->persistentModelID()] = index++;
+    for (const auto& client : clients_) clientIndexes_[client->id()] = index++;
     context_.forEachValues<&Invoice::number>(
         std::optional<Predicate<Invoice>>(),
         [&](const PersistentID& id, const std::string& number) { invoiceNumbers_[id] = number; });

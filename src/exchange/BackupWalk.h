@@ -15,7 +15,7 @@
 
 #include "core/Client.h"
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "exchange/BackupReceiver.h"
 
 namespace elmworth {
@@ -29,7 +29,7 @@ class BackupWalk {
     /// that began at the same instant may double it.
     static constexpr std::size_t entriesPerStep = 512;
 
-    BackupWalk(ModelContext& context, const BusinessProfile& profile, Instant now,
+    BackupWalk(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                BackupReceiver& receiver);
 
     /// Goes on by one step. False once the document has ended. Throws StoreError, and what the
@@ -56,7 +56,7 @@ class BackupWalk {
     void visitInvoices();
     void end();
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     BusinessProfile profile_;
     Instant now_;
     BackupReceiver& receiver_;

@@ -163,7 +163,7 @@ std::int64_t truncatedSeconds(Instant instant) {
 /// Adds rows to one library, unsaved.
 class Importer {
  public:
-    explicit Importer(ModelContext& context) : context_(context) {
+    explicit Importer(UnitOfWork& context) : context_(context) {
         // Time that can't be seen would be added a second time.
         const CompleteReading reading(context);
         for (const auto& client : context.fetch<Client>()) {
@@ -179,7 +179,7 @@ class Importer {
 
     void add(const Row& row) {
         const auto project = findProject(row);
-        const Signature signature{project->persistentModelID(), truncatedSeconds(row.start),
+        const Signature signature{project->id(), truncatedSeconds(row.start),
                                   truncatedSeconds(row.end)};
         if (!signatures_.insert(signature).second) {
             ++result.skipped;
@@ -189,7 +189,7 @@ class Importer {
         entry->end = row.end;
         entry->notes = row.notes;
         context_.insert(entry);
-        if (++result.imported % entriesBetweenSpills == 0) context_.spillInsertions();
+        if (++result.imported % entriesBetweenSpills == 0) context_.flushInserts();
     }
 
     Result result;
@@ -233,7 +233,7 @@ class Importer {
         return project;
     }
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     std::unordered_map<std::string, Ref<Client>> clients_;
     std::unordered_map<std::string, Ref<Project>> projects_;
     std::unordered_set<Signature, SignatureHash> signatures_;
@@ -268,7 +268,7 @@ std::vector<Row> parse(std::string_view text, const std::string& zoneID, Progres
     return rows;
 }
 
-Result apply(const std::vector<Row>& rows, ModelContext& context, Progress& progress) {
+Result apply(const std::vector<Row>& rows, UnitOfWork& context, Progress& progress) {
     Importer importer(context);
     std::size_t done = 0;
     for (const auto& row : rows) {

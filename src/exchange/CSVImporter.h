@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Instant.h"
 #include "platform/Progress.h"
 
@@ -58,8 +58,7 @@ struct Result {
 /// StoreError or Cancelled; the changes then stay pending, or are rolled back when there were so
 /// many that some had gone to the disk before the save. A library of which a part can't be read
 /// gets no change at all.
-Result apply(const std::vector<Row>& rows, ModelContext& context,
-             Progress& progress = noProgress());
+Result apply(const std::vector<Row>& rows, UnitOfWork& context, Progress& progress = noProgress());
 
 /// What to tell after an import.
 [[nodiscard]] std::string message(const Result& result);

@@ -37,7 +37,7 @@ std::string message(RestoreError::Code code, const std::string& place) {
 /// Puts one document into one context, unsaved.
 class Restorer {
  public:
-    Restorer(const Backup& backup, ModelContext& context, Progress& progress)
+    Restorer(const Backup& backup, UnitOfWork& context, Progress& progress)
         : backup_(backup), context_(context), progress_(progress) {
         for (const auto& client : backup.clients) {
             for (const auto& project : client.projects) entryCount_ += project.entries.size();
@@ -91,7 +91,7 @@ class Restorer {
         entry->billedRateCents = dto.billedRateCents;
         if (dto.invoiceNumber) link(*entry, *dto.invoiceNumber);
         context_.insert(entry);
-        if (++entries_ % entriesBetweenSpills == 0) context_.spillInsertions();
+        if (++entries_ % entriesBetweenSpills == 0) context_.flushInserts();
         progress_.advance("Restoring", entries_, entryCount_);
     }
 
@@ -143,7 +143,7 @@ class Restorer {
     static constexpr std::size_t entriesBetweenSpills = 4096;
 
     const Backup& backup_;
-    ModelContext& context_;
+    UnitOfWork& context_;
     Progress& progress_;
     std::vector<Ref<Client>> clients_;
     // By names and numbers in canonical form.
@@ -166,7 +166,7 @@ void refuseNegativeIndexes(const Backup& backup) {
 
 /// Loads `backup` and saves. `beforeSave` gets the first client that the library will hold; null
 /// when it will hold none.
-RestoreResult load(const Backup& backup, ModelContext& context, Progress& progress,
+RestoreResult load(const Backup& backup, UnitOfWork& context, Progress& progress,
                    const std::function<void(const Client*)>& beforeSave) {
     if (context.fetchCount<Client>() > 0 || context.fetchCount<TimeEntry>() > 0) {
         throw RestoreError(RestoreError::Code::notEmpty);
@@ -189,7 +189,7 @@ RestoreResult load(const Backup& backup, ModelContext& context, Progress& progre
 RestoreError::RestoreError(Code code, const std::string& place)
     : std::runtime_error(message(code, place)), code_(code) {}
 
-RestoreResult restore(const Backup& backup, ModelContext& context, Progress& progress) {
+RestoreResult restore(const Backup& backup, UnitOfWork& context, Progress& progress) {
     return load(backup, context, progress, [](const Client* /*first*/) {});
 }
 
@@ -197,10 +197,10 @@ RestoreResult restore(const Backup& backup, ModelContext& context, Progress& pro
 // it. A save that fails may be durable all the same: the next start looks at what the library
 // holds.
 
-RestoreResult restore(const Backup& backup, ModelContext& context, ProfileStore& profiles,
+RestoreResult restore(const Backup& backup, UnitOfWork& context, ProfileStore& profiles,
                       Progress& progress) {
     const auto result = load(backup, context, progress, [&](const Client* first) {
-        const std::string evidence = first ? first->persistentModelID().string() : "";
+        const std::string evidence = first ? first->id().string() : "";
         if (!profiles.announce(backup.profile, evidence)) {
             throw RestoreError(RestoreError::Code::profileNotWritten);
         }
@@ -211,12 +211,12 @@ RestoreResult restore(const Backup& backup, ModelContext& context, ProfileStore&
     return result;
 }
 
-void finishRestore(ModelContext& context, ProfileStore& profiles) {
+void finishRestore(UnitOfWork& context, ProfileStore& profiles) {
     try {
         profiles.settle([&](std::string_view evidence) {
             const auto clients = context.fetch<Client>();
             return std::any_of(clients.begin(), clients.end(), [&](const auto& client) {
-                return client->persistentModelID().string() == evidence;
+                return client->id().string() == evidence;
             });
         });
     } catch (const StoreError&) {

@@ -9,7 +9,7 @@
 
 #include "core/BusinessProfile.h"
 #include "core/ProfileStore.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "platform/Progress.h"
 
@@ -37,18 +37,17 @@ struct RestoreResult {
 
 /// Loads `backup` without its profile into the empty library of `context` and saves: all of it or
 /// nothing. No restored entry runs. Throws RestoreError, StoreError or Cancelled.
-RestoreResult restore(const Backup& backup, ModelContext& context,
-                      Progress& progress = noProgress());
+RestoreResult restore(const Backup& backup, UnitOfWork& context, Progress& progress = noProgress());
 
 /// As above, and gives `profiles` the profile of the document. Both hold the document, or neither
 /// does and the restore can be repeated: also when the process ends, or a disk fails, at any
 /// moment, once `finishRestore` was called at the next start.
-RestoreResult restore(const Backup& backup, ModelContext& context, ProfileStore& profiles,
+RestoreResult restore(const Backup& backup, UnitOfWork& context, ProfileStore& profiles,
                       Progress& progress = noProgress());
 
 /// Brings the profile in line with the library where a restore ended between the two. For each
 /// start, before anything else changes either. A profile that was set since then stays.
-void finishRestore(ModelContext& context, ProfileStore& profiles);
+void finishRestore(UnitOfWork& context, ProfileStore& profiles);
 
 /// What to tell after a restore.
 [[nodiscard]] std::string restoreMessage(const Backup& backup, const RestoreResult& result);

@@ -27,7 +27,7 @@ class SnapshotJob::StopFlag final : public Progress {
     std::atomic<bool> isSet_ = false;
 };
 
-SnapshotJob::SnapshotJob(ModelContext& context, const BusinessProfile& profile, Instant now,
+SnapshotJob::SnapshotJob(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                          const std::filesystem::path& file, Check check)
     : checkInstead_(std::move(check)),
       target_(file),

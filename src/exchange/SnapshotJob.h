@@ -8,7 +8,7 @@
 #include <future>
 #include <memory>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "exchange/BackupWalk.h"
 #include "exchange/BackupWriter.h"
 #include "platform/AtomicFile.h"
@@ -28,7 +28,7 @@ class SnapshotJob {
         std::function<void(const std::filesystem::path& file, const BackupCounts& written)>;
 
     /// `check` is for tests; absent means that the document is read as a restore would read it.
-    SnapshotJob(ModelContext& context, const BusinessProfile& profile, Instant now,
+    SnapshotJob(UnitOfWork& context, const BusinessProfile& profile, Instant now,
                 const std::filesystem::path& file, Check check = nullptr);
     SnapshotJob(const SnapshotJob&) = delete;
     SnapshotJob& operator=(const SnapshotJob&) = delete;

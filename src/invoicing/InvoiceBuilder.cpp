@@ -30,7 +30,7 @@ const char* message(BuildError::Code code) {
 
 /// The numbers of all invoices, to be asked in canonical form. A library that cannot be read must
 /// not stand in the way of the operation, and has none.
-std::unordered_set<std::string> takenNumbers(ModelContext& context) {
+std::unordered_set<std::string> takenNumbers(UnitOfWork& context) {
     try {
         std::unordered_set<std::string> numbers;
         context.forEach<Invoice>(
@@ -42,7 +42,7 @@ std::unordered_set<std::string> takenNumbers(ModelContext& context) {
 }
 
 /// Moves the counter of `profile` on to a number that is free, and gives it.
-std::string takeNumber(ModelContext& context, BusinessProfile& profile, std::int64_t year) {
+std::string takeNumber(UnitOfWork& context, BusinessProfile& profile, std::int64_t year) {
     const auto taken = takenNumbers(context);
     std::string candidate = profile.formattedInvoiceNumber(year);
     while (taken.contains(canonical(candidate))) {
@@ -76,7 +76,7 @@ BuildError::BuildError(Code code) : std::runtime_error(message(code)), code_(cod
 std::vector<Ref<TimeEntry>> InvoiceBuilder::unbilledEntries(const Ref<Client>& client, Instant from,
                                                             Instant to) const {
     const CompleteReading reading(context);
-    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
+    auto entries = context.fetch(Query<TimeEntry>{
         .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent &&
                      key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
         .sortBy = {sortedBy<&TimeEntry::start>()},

@@ -11,7 +11,7 @@
 #include "core/Client.h"
 #include "core/Invoice.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 
 namespace elmworth {
@@ -31,7 +31,7 @@ class BuildError : public std::runtime_error {
 /// Binds entries to invoices: the only writer of `TimeEntry.invoice` and
 /// `TimeEntry.billedRateCents`, so that no entry is ever billed twice.
 struct InvoiceBuilder {
-    ModelContext& context;
+    UnitOfWork& context;
     Clock now;
     Calendar calendar;
 

@@ -9,7 +9,7 @@
 #include <map>
 
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Collator.h"
 
 namespace elmworth {
@@ -96,7 +96,7 @@ std::vector<Item> items(const std::vector<Ref<TimeEntry>>& entries) {
         const auto& project = entry->project.get();
         if (entry->isRunning() || !project) continue;
         const std::int64_t rate = entry->effectiveRateCents();
-        items.push_back({{project->persistentModelID(), rate},
+        items.push_back({{project->id(), rate},
                          project->name,
                          rate,
                          entry->start,
@@ -134,8 +134,8 @@ Totals price(std::vector<Item> items, std::int64_t roundingMinutes, std::int64_t
 
 /// What can't be read must not make an invoice look cheaper.
 std::vector<Item> itemsOf(const Invoice& invoice) {
-    if (!invoice.modelContext()) return {};
-    const CompleteReading reading(*invoice.modelContext());
+    if (!invoice.unitOfWork()) return {};
+    const CompleteReading reading(*invoice.unitOfWork());
     auto all = items(invoice.entries());
     reading.check();
     return all;

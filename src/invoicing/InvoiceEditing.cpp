@@ -28,19 +28,19 @@ bool canChangeDates(const Invoice& invoice) {
     return invoice.status() == InvoiceStatus::draft;
 }
 
-void setIssueDate(const Ref<Invoice>& invoice, Instant date, ModelContext& context) {
+void setIssueDate(const Ref<Invoice>& invoice, Instant date, UnitOfWork& context) {
     const auto shift = date - invoice->issueDate.get();
     invoice->dueDate = std::max(invoice->dueDate.get() + shift, date);
     invoice->issueDate = date;
     context.saveQuietly();
 }
 
-void setDueDate(const Ref<Invoice>& invoice, Instant date, ModelContext& context) {
+void setDueDate(const Ref<Invoice>& invoice, Instant date, UnitOfWork& context) {
     invoice->dueDate = std::max(date, invoice->issueDate.get());
     context.saveQuietly();
 }
 
-void setInvoiceNotes(const Ref<Invoice>& invoice, std::string_view notes, ModelContext& context) {
+void setInvoiceNotes(const Ref<Invoice>& invoice, std::string_view notes, UnitOfWork& context) {
     invoice->notes = std::string(firstCharacters(notes, longestInvoiceNotes));
     context.saveQuietly();
 }

@@ -20,13 +20,13 @@ inline constexpr std::size_t longestInvoiceNotes = 600;
 [[nodiscard]] bool canChangeDates(const Invoice& invoice);
 
 /// Moves the issue date and with it the due date, so that the payment term stays the same; saves.
-void setIssueDate(const Ref<Invoice>& invoice, Instant date, ModelContext& context);
+void setIssueDate(const Ref<Invoice>& invoice, Instant date, UnitOfWork& context);
 
 /// Moves the due date, but not before the issue date; saves.
-void setDueDate(const Ref<Invoice>& invoice, Instant date, ModelContext& context);
+void setDueDate(const Ref<Invoice>& invoice, Instant date, UnitOfWork& context);
 
 /// Sets the notes, cut to `longestInvoiceNotes`; saves.
-void setInvoiceNotes(const Ref<Invoice>& invoice, std::string_view notes, ModelContext& context);
+void setInvoiceNotes(const Ref<Invoice>& invoice, std::string_view notes, UnitOfWork& context);
 
 /// Renumbers a draft as InvoiceBuilder does, and deletes the stored PDF of the old number. Throws
 /// as InvoiceBuilder::renumber; a file that cannot be deleted is no failure.

@@ -17,7 +17,7 @@ constexpr std::int64_t longestStepMinutes = 1'000'000'000;
 
 }  // namespace
 
-InvoiceFigures::InvoiceFigures(ModelContext& context, const std::vector<Ref<Invoice>>& invoices) {
+InvoiceFigures::InvoiceFigures(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices) {
     try {
         const CompleteReading reading(context);
         readRates(context);
@@ -29,20 +29,20 @@ InvoiceFigures::InvoiceFigures(ModelContext& context, const std::vector<Ref<Invo
     }
 }
 
-void InvoiceFigures::readRates(ModelContext& context) {
+void InvoiceFigures::readRates(UnitOfWork& context) {
     for (const auto& project : context.fetch<Project>()) {
-        rates_[project->persistentModelID()] = project->effectiveRateCents();
+        rates_[project->id()] = project->effectiveRateCents();
     }
 }
 
 void InvoiceFigures::expect(const Invoice& invoice) {
-    auto& billed = billed_[invoice.persistentModelID()];
+    auto& billed = billed_[invoice.id()];
     billed.isExact = invoice.roundingMinutes <= longestStepMinutes;
     if (billed.isExact)
         billed.stepSeconds = InvoiceCalculator::stepSeconds(invoice.roundingMinutes);
 }
 
-void InvoiceFigures::readTime(ModelContext& context, const std::vector<Ref<Invoice>>& invoices) {
+void InvoiceFigures::readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices) {
     const auto read = [&](const std::optional<Predicate<TimeEntry>>& predicate) {
         context.forEachValues<&TimeEntry::invoice, &TimeEntry::project, &TimeEntry::start,
                               &TimeEntry::end, &TimeEntry::billedRateCents>(
@@ -74,7 +74,7 @@ void InvoiceFigures::add(const PersistentID& invoice, const PersistentID& projec
 }
 
 InvoiceCalculator::Totals InvoiceFigures::totals(const Invoice& invoice) const {
-    const auto found = billed_.find(invoice.persistentModelID());
+    const auto found = billed_.find(invoice.id());
     if (found == billed_.end() || !found->second.isExact) return InvoiceCalculator::totals(invoice);
     std::vector<InvoiceCalculator::Line> lines;
     lines.reserve(found->second.groups.size());
@@ -92,7 +92,7 @@ InvoiceCalculator::Totals InvoiceFigures::totals(const Invoice& invoice) const {
 std::size_t InvoiceFigures::rowCount(const Invoice& invoice) const {
     std::size_t lines = 0;
     std::size_t entries = 0;
-    if (const auto found = billed_.find(invoice.persistentModelID()); found != billed_.end()) {
+    if (const auto found = billed_.find(invoice.id()); found != billed_.end()) {
         lines = found->second.groups.size();
         for (const auto& [key, group] : found->second.groups) entries += group.entryCount;
     } else {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "core/Invoice.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceCalculator.h"
 
 namespace elmworth {
@@ -21,7 +21,7 @@ class InvoiceFigures {
  public:
     /// Reads the time on `invoices`, which are some of the library's. Where a part of the library
     /// can't be read, the calculator is asked for each of them.
-    InvoiceFigures(ModelContext& context, const std::vector<Ref<Invoice>>& invoices);
+    InvoiceFigures(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices);
 
     /// As InvoiceCalculator::totals of one of the invoices, and fails as that does; but its lines
     /// have no names and no entries, and stand in any order.
@@ -43,9 +43,9 @@ class InvoiceFigures {
         std::map<InvoiceCalculator::ProjectKey, Group> groups;
     };
 
-    void readRates(ModelContext& context);
+    void readRates(UnitOfWork& context);
     void expect(const Invoice& invoice);
-    void readTime(ModelContext& context, const std::vector<Ref<Invoice>>& invoices);
+    void readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices);
     void add(const PersistentID& invoice, const PersistentID& project, Instant start, Instant end,
              const std::optional<std::int64_t>& billedRateCents);
 

@@ -56,7 +56,7 @@ std::string readableName(std::string_view number) {
 }  // namespace
 
 std::filesystem::path invoicesFolder() {
-    return createPrivateFolder(applicationSupportFolder() / "Invoices");
+    return createPrivateFolder(dataFolder() / "Invoices");
 }
 
 std::string safeFileName(std::string_view number) {

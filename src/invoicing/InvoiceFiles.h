@@ -9,7 +9,7 @@
 
 namespace elmworth {
 
-/// The folder of stored invoice PDFs, "Invoices" in `applicationSupportFolder()`, created when
+/// The folder of stored invoice PDFs, "Invoices" in `dataFolder()`, created when
 /// missing. Throws std::filesystem::filesystem_error.
 [[nodiscard]] std::filesystem::path invoicesFolder();
 

@@ -23,7 +23,7 @@ double TimesheetSums::periodSeconds(Instant start, Instant end) const {
 }
 
 void TimesheetSums::noteCurrency(const Project& project) {
-    if (!projects_.insert(project.persistentModelID()).second) return;
+    if (!projects_.insert(project.id()).second) return;
     if (const auto& client = project.client.get()) currencyCodes_.insert(client->currencyCode);
 }
 

@@ -7,10 +7,10 @@
 
 namespace elmworth {
 
-std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(ModelContext& context) {
+std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(UnitOfWork& context) {
     std::unordered_map<PersistentID, UnbilledTime> byProject;
     // The order leads SQLite to the index that holds just these entries, and not all that ended.
-    for (const auto& entry : context.fetch(FetchDescriptor<TimeEntry>{
+    for (const auto& entry : context.fetch(Query<TimeEntry>{
              .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent,
  .sortBy = {sortedBy<&TimeEntry::start>()},
          })) {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <unordered_map>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceCalculator.h"
 
 namespace elmworth {
@@ -26,6 +26,6 @@ struct UnbilledTime {
 
 /// The unbilled time of each project that has any, by the project's identity. Throws StoreError.
 [[nodiscard]] std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(
-    ModelContext& context);
+    UnitOfWork& context);
 
 }  // namespace elmworth

@@ -27,7 +27,7 @@ class LiveListModel : public LiveRowModel<Row> {
     void setRows(std::vector<Row> rows) {
         std::unordered_set<decltype(Row::id)> seen;
         std::erase_if(rows, [&](const Row& row) { return !seen.insert(row.id).second; });
-        this->takeOver(std::move(rows));
+        this->applyDiff(std::move(rows));
     }
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {

@@ -39,7 +39,7 @@ class LiveRowModel : public QAbstractListModel {
  protected:
     /// Shows `rows`, of which no two have the same id. Whoever hears of a step on the way does not
     /// call this again meanwhile.
-    void takeOver(std::vector<Row> rows) { replaceRows(0, rows_.size(), std::move(rows)); }
+    void applyDiff(std::vector<Row> rows) { replaceRows(0, rows_.size(), std::move(rows)); }
 
     /// The same for the `count` rows from `first` on, whatever the others are: none of those has an
     /// id of `rows`.

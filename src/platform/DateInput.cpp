@@ -12,8 +12,8 @@
 #include <cmath>
 #include <new>
 
+#include "platform/DigitRuns.h"
 #include "platform/Text.h"
-#include "platform/TypedNumbers.h"
 
 namespace elmworth {
 namespace {
@@ -108,7 +108,7 @@ struct DateInput::Impl {
         for (const auto& span : spansOf(anyDay)) order.push_back(span.part);
         icu::UnicodeString text = format(anyDay, nullptr);
         std::string utf8;
-        ownWords = TypedNumbers::of(text.toUTF8String(utf8)).words;
+        ownWords = DigitRuns::of(text.toUTF8String(utf8)).words;
         hasOwnDashes = text.indexOf(u'-') >= 0;
     }
 
@@ -142,7 +142,7 @@ struct DateInput::Impl {
     }
 
     [[nodiscard]] std::optional<DateComponents> isoDay(
-        const std::vector<TypedNumbers::Number>& numbers) const {
+        const std::vector<DigitRuns::Number>& numbers) const {
         const Calendar gregorian(Locale("en_US"), zone);
         const auto day = checked(gregorian, {numbers[0].value, numbers[1].value, numbers[2].value});
         if (!day) return std::nullopt;
@@ -151,7 +151,7 @@ struct DateInput::Impl {
     }
 
     [[nodiscard]] std::optional<DateComponents> numericDay(
-        const std::vector<TypedNumbers::Number>& numbers, const DateComponents& reference) const {
+        const std::vector<DigitRuns::Number>& numbers, const DateComponents& reference) const {
         DateComponents day = reference;
         const bool hasYear = numbers.size() == 3;
         auto number = numbers.begin();
@@ -225,7 +225,7 @@ std::vector<DatePartSpan> DateInput::parts(const DateComponents& day) const {
 std::optional<DateComponents> DateInput::day(std::string_view typed,
                                              const DateComponents& reference) const {
     const std::string_view text = trimmedWhitespace(typed);
-    const auto [numbers, words, isReadable] = TypedNumbers::of(text);
+    const auto [numbers, words, isReadable] = DigitRuns::of(text);
     if (!isReadable || numbers.empty() || numbers.size() > 3) return std::nullopt;
     const bool isNumeric = std::all_of(words.begin(), words.end(), [&](const auto& word) {
         return std::find(impl_->ownWords.begin(), impl_->ownWords.end(), word) !=

@@ -39,7 +39,7 @@ constexpr PlatformWordings table[] = {
     {PlatformText::firstProject,
      "Create a project to start tracking time against it from the menu bar.",
      "Create a project to start tracking time against it from the system tray."},
-    {PlatformText::menuBarStyleLabel,
+    {PlatformText::trayLabelStyleLabel,
      "Menu bar while tracking",
      "System tray while tracking"},
     {PlatformText::everythingStays,

@@ -11,21 +11,21 @@ namespace elmworth {
 /// The texts that name the platform: its machines, its programs, or the keys of its keyboards. All
 /// of them stand in one table, in both wordings; every other text reads the same everywhere.
 enum class PlatformText {
-    awayQuestion,        ///< with {duration}
-    startRowHint,        ///< with {n}, the digit that starts a row of the panel
-    stopTimerHelp,       ///< of the stop button in the window
-    newInvoiceHelp,      ///< of the button "New" above the invoices
-    exportPDFHelp,       ///< of the button "Export PDF…"
-    revealPDF,           ///< an item of an invoice's menu
-    renumberHelp,        ///< of the field of a draft's number
-    nothingTrackedYet,   ///< in a timesheet without any entry
-    firstProject,        ///< in the projects while there are none
-    menuBarStyleLabel,   ///< of the setting "menuBarStyle"
-    everythingStays,     ///< title of the row for backups in the settings
-    showBackups,         ///< button that opens the folder of the snapshots
-    restoreBackupNote,   ///< under the row for restoring in the settings
-    welcomeTrackAccent,  ///< the end of the first welcome page's title "Track from the "
-    welcomeTrackText,    ///< the first welcome page
+    awayQuestion,         ///< with {duration}
+    startRowHint,         ///< with {n}, the digit that starts a row of the panel
+    stopTimerHelp,        ///< of the stop button in the window
+    newInvoiceHelp,       ///< of the button "New" above the invoices
+    exportPDFHelp,        ///< of the button "Export PDF…"
+    revealPDF,            ///< an item of an invoice's menu
+    renumberHelp,         ///< of the field of a draft's number
+    nothingTrackedYet,    ///< in a timesheet without any entry
+    firstProject,         ///< in the projects while there are none
+    trayLabelStyleLabel,  ///< of the setting "menuBarStyle"
+    everythingStays,      ///< title of the row for backups in the settings
+    showBackups,          ///< button that opens the folder of the snapshots
+    restoreBackupNote,    ///< under the row for restoring in the settings
+    welcomeTrackAccent,   ///< the end of the first welcome page's title "Track from the "
+    welcomeTrackText,     ///< the first welcome page
 };
 
 /// A text as it reads on macOS, where the program was first thought out, and on this desktop.

@@ -9,7 +9,7 @@ namespace elmworth {
 
 /// The user's folder for this program's data: "Elmworth" in XDG_DATA_HOME (else ~/.local/share);
 /// see "base directories" at freedesktop.org. Not created.
-[[nodiscard]] std::filesystem::path applicationSupportFolder();
+[[nodiscard]] std::filesystem::path dataFolder();
 
 /// The user's folder for this program's settings: "Elmworth" in XDG_CONFIG_HOME (else ~/.config).
 [[nodiscard]] std::filesystem::path settingsFolder();

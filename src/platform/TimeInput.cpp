@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <new>
 
+#include "platform/DigitRuns.h"
 #include "platform/Text.h"
-#include "platform/TypedNumbers.h"
 
 namespace elmworth {
 namespace {
@@ -55,11 +55,11 @@ std::u16string joined(const std::vector<std::u16string>& words) {
 
 std::u16string wordsOf(const icu::UnicodeString& text) {
     std::string utf8;
-    return joined(TypedNumbers::of(text.toUTF8String(utf8)).words);
+    return joined(DigitRuns::of(text.toUTF8String(utf8)).words);
 }
 
 /// Two numbers are hours and minutes; one is hours, or both without a separator.
-std::optional<ClockTime> clockTime(const std::vector<TypedNumbers::Number>& numbers,
+std::optional<ClockTime> clockTime(const std::vector<DigitRuns::Number>& numbers,
                                    int fewestDigits) {
     constexpr int mostDigits = 4;
     ClockTime time;
@@ -84,7 +84,7 @@ struct TimeInput::Impl {
         : shortFormat(makeShort(icu::Locale(locale.identifier().c_str()))) {
         std::string utf8;
         fewestDigits =
-            TypedNumbers::of(format({0, 5}, nullptr).toUTF8String(utf8)).numbers.back().digits;
+            DigitRuns::of(format({0, 5}, nullptr).toUTF8String(utf8)).numbers.back().digits;
         int count = 0;
         const auto* halves = shortFormat->getDateFormatSymbols()->getAmPmStrings(count);
         morning = {u"am", u"a"};
@@ -146,7 +146,7 @@ std::vector<DatePartSpan> TimeInput::parts(ClockTime time) const {
 
 std::optional<ClockTime> TimeInput::time(std::string_view typed) const {
     const std::string_view text = trimmedWhitespace(typed);
-    const auto [numbers, words, isReadable] = TypedNumbers::of(text);
+    const auto [numbers, words, isReadable] = DigitRuns::of(text);
     if (!isReadable) return std::nullopt;
     const auto isOneOf = [word = joined(words)](const auto& known) {
         return std::find(known.begin(), known.end(), word) != known.end();

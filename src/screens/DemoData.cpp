@@ -12,7 +12,7 @@
 #include "core/ProfileStore.h"
 #include "core/Project.h"
 #include "invoicing/InvoiceBuilder.h"
-#include "platform/StopProgram.h"
+#include "platform/FatalError.h"
 
 namespace elmworth::DemoData {
 
@@ -85,7 +85,7 @@ BusinessProfile sampleProfile() {
 /// Fills one library; remembers the records by their names.
 class Seeder {
  public:
-    Seeder(ModelContext& context, Instant now, const Calendar& calendar)
+    Seeder(UnitOfWork& context, Instant now, const Calendar& calendar)
         : context_(context), now_(now), calendar_(calendar) {}
 
     void addClients() {
@@ -114,7 +114,7 @@ class Seeder {
         for (const auto& row : entryRows) {
             const Instant day = daysBefore(calendar_.startOfDay(now_), row.daysAgo);
             const auto start = calendar_.settingTime(row.startHour, 0, 0, day);
-            if (!start) stopProgram("the calendar lacks an hour of the demo library");
+            if (!start) fatalError("the calendar lacks an hour of the demo library");
             if (*start >= now_) continue;
             const Instant end = std::min<Instant>(*start + row.minutes * 1min, now_ - 60s);
             addEntry(row.project, *start, end, row.notes);
@@ -140,7 +140,7 @@ class Seeder {
 
     [[nodiscard]] Instant daysBefore(Instant instant, int days) const {
         const auto date = calendar_.adding(-days, CalendarUnit::day, instant);
-        if (!date) stopProgram("the calendar lacks a day of the demo library");
+        if (!date) fatalError("the calendar lacks a day of the demo library");
         return *date;
     }
 
@@ -153,7 +153,7 @@ class Seeder {
         context_.insert(entry);
     }
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     Instant now_;
     const Calendar& calendar_;
     std::map<std::string, Ref<Client>> clients_;
@@ -162,7 +162,7 @@ class Seeder {
 
 }  // namespace
 
-void seed(ModelContext& context, UserDefaults& defaults, Instant now, const Calendar& calendar) {
+void seed(UnitOfWork& context, Settings& defaults, Instant now, const Calendar& calendar) {
     Seeder seeder(context, now, calendar);
     seeder.addClients();
     seeder.addProjects();

@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 
 namespace elmworth::DemoData {
 
 /// Fills the empty library of `context` with a believable sample: three clients, five projects,
 /// entries of the ten days before `now`, a running timer and two invoices. Writes the sample
 /// business profile to `defaults`.
-void seed(ModelContext& context, UserDefaults& defaults, Instant now, const Calendar& calendar);
+void seed(UnitOfWork& context, Settings& defaults, Instant now, const Calendar& calendar);
 
 }  // namespace elmworth::DemoData

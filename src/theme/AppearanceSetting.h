@@ -7,7 +7,7 @@
 
 namespace elmworth {
 
-/// Whether the windows are dark, bright, or as the rest of the desktop. The user default
+/// Whether the windows are dark, bright, or as the rest of the desktop. The setting
 /// "appearance" holds the raw value.
 enum class AppearanceSetting { system, dark, light };
 
@@ -18,7 +18,7 @@ enum class AppearanceSetting { system, dark, light };
     return AppearanceSetting::system;
 }
 
-/// The text that stands for `setting` in the user defaults.
+/// The text that stands for `setting` in the settings.
 [[nodiscard]] constexpr std::string_view rawValue(AppearanceSetting setting) noexcept {
     switch (setting) {
         case AppearanceSetting::dark:

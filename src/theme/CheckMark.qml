@@ -38,7 +38,7 @@ Basic.CheckBox {
         color: box.checked ? Theme.inverseText : box.looksHovered ? Theme.cardFillHover : Theme.cardFill
         border { width: box.checked ? 0 : 1; color: Theme.tertiaryText }
 
-        SystemImage {
+        Icon {
             anchors.centerIn: parent
             visible: box.checked
             name: "checkmark"

@@ -28,7 +28,7 @@ Rectangle {
         y: 2.5
         spacing: 3
 
-        SystemImage {
+        Icon {
             visible: chip.icon.length > 0
             anchors.verticalCenter: parent.verticalCenter
             name: chip.icon

@@ -10,7 +10,7 @@ PressButton {
 
     property var colors: Theme.primaryGradient
     property real size: 28
-    property string systemImage: ""
+    property string iconName: ""
 
     implicitWidth: size
     implicitHeight: size
@@ -18,9 +18,9 @@ PressButton {
     scale: looksPressed ? 0.94 : 1
 
     contentItem: Item {
-        SystemImage {
+        Icon {
             anchors.centerIn: parent
-            name: button.systemImage
+            name: button.iconName
             size: Math.round(button.size * 0.56)
             color: Tint.inkOn(button.colors)
         }

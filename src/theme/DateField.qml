@@ -30,7 +30,7 @@ StepField {
     IconButton {
         anchors { right: parent.right; rightMargin: 3; verticalCenter: parent.verticalCenter }
         size: 26
-        systemImage: "calendar"
+        iconName: "calendar"
         label: field.label + " calendar"
         help: "Choose from a calendar (Alt+Down)"
         focusPolicy: Qt.NoFocus

@@ -25,7 +25,7 @@ ClockTime clockTime(const DateComponents& components) {
 
 }  // namespace
 
-class DateTimeInput::DayField final : public TypedField {
+class DateTimeInput::DayField final : public DateTextField {
  public:
     DayField(DateTimeInput& owner, const Locale& locale) : owner_(owner), input_(locale) {}
 
@@ -65,7 +65,7 @@ class DateTimeInput::DayField final : public TypedField {
     DateInput input_;
 };
 
-class DateTimeInput::TimeField final : public TypedField {
+class DateTimeInput::TimeField final : public DateTextField {
  public:
     TimeField(DateTimeInput& owner, const Locale& locale) : owner_(owner), input_(locale) {}
 
@@ -123,19 +123,19 @@ DateTimeInput::DateTimeInput(std::function<Calendar()> calendar, Clock now, cons
 DateTimeInput::~DateTimeInput() = default;
 
 template <class Field>
-TypedField* DateTimeInput::made(std::unique_ptr<Field>& field) {
+DateTextField* DateTimeInput::made(std::unique_ptr<Field>& field) {
     if (!field) {
         field = std::make_unique<Field>(*this, locale_);
-        connect(field.get(), &TypedField::validityChanged, this, &DateTimeInput::changed);
+        connect(field.get(), &DateTextField::validityChanged, this, &DateTimeInput::changed);
     }
     return field.get();
 }
 
-TypedField* DateTimeInput::day() {
+DateTextField* DateTimeInput::day() {
     return made(day_);
 }
 
-TypedField* DateTimeInput::time() {
+DateTextField* DateTimeInput::time() {
     return made(time_);
 }
 
@@ -149,19 +149,19 @@ MonthCalendarModel* DateTimeInput::month() {
     return month_.get();
 }
 
-std::vector<TypedField*> DateTimeInput::seen() const {
-    std::vector<TypedField*> fields;
+std::vector<DateTextField*> DateTimeInput::seen() const {
+    std::vector<DateTextField*> fields;
     if (day_) fields.push_back(day_.get());
     if (time_) fields.push_back(time_.get());
     return fields;
 }
 
 bool DateTimeInput::isValid() const {
-    return std::ranges::all_of(seen(), &TypedField::isValid);
+    return std::ranges::all_of(seen(), &DateTextField::isValid);
 }
 
 bool DateTimeInput::isTyped() const {
-    return std::ranges::any_of(seen(), &TypedField::isTyped);
+    return std::ranges::any_of(seen(), &DateTextField::isTyped);
 }
 
 void DateTimeInput::finish() {

@@ -11,8 +11,8 @@
 
 #include "platform/Calendar.h"
 #include "platform/TimeInput.h"
+#include "theme/DateTextField.h"
 #include "theme/MonthCalendarModel.h"
-#include "theme/TypedField.h"
 
 namespace elmworth {
 
@@ -26,8 +26,8 @@ class DateTimeInput final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A screen's model has it")
-    Q_PROPERTY(elmworth::TypedField* day READ day CONSTANT FINAL)
-    Q_PROPERTY(elmworth::TypedField* time READ time CONSTANT FINAL)
+    Q_PROPERTY(elmworth::DateTextField* day READ day CONSTANT FINAL)
+    Q_PROPERTY(elmworth::DateTextField* time READ time CONSTANT FINAL)
     Q_PROPERTY(elmworth::MonthCalendarModel* month READ month CONSTANT FINAL)
 
  public:
@@ -37,8 +37,8 @@ class DateTimeInput final : public QObject {
     ~DateTimeInput() override;
 
     // Made when they are first asked for: most inputs of a window are not seen.
-    [[nodiscard]] TypedField* day();
-    [[nodiscard]] TypedField* time();
+    [[nodiscard]] DateTextField* day();
+    [[nodiscard]] DateTextField* time();
     [[nodiscard]] MonthCalendarModel* month();
 
     /// What was last understood.
@@ -67,9 +67,9 @@ class DateTimeInput final : public QObject {
     bool misread();
     void moveTo(std::optional<Instant> value);
     template <class Field>
-    [[nodiscard]] TypedField* made(std::unique_ptr<Field>& field);
+    [[nodiscard]] DateTextField* made(std::unique_ptr<Field>& field);
     /// The fields that somebody has seen.
-    [[nodiscard]] std::vector<TypedField*> seen() const;
+    [[nodiscard]] std::vector<DateTextField*> seen() const;
     [[nodiscard]] std::optional<Instant> onDay(const DateComponents& day) const;
 
     std::function<Calendar()> calendar_;

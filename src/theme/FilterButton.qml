@@ -8,7 +8,7 @@ import Elmworth.Theme
 PressButton {
     id: button
 
-    property string systemImage: ""
+    property string iconName: ""
     /// Narrows what is shown down.
     property bool active: false
     property bool opensList: true
@@ -19,11 +19,11 @@ PressButton {
 
     // qmllint disable deferred-property-id
     contentItem: Item {
-        SystemImage {
+        Icon {
             id: icon
 
             anchors { left: parent.left; leftMargin: 11; verticalCenter: parent.verticalCenter }
-            name: button.systemImage
+            name: button.iconName
             color: button.active ? Theme.accentText : Theme.secondaryText
         }
 
@@ -43,7 +43,7 @@ PressButton {
             Accessible.ignored: true
         }
 
-        SystemImage {
+        Icon {
             id: chevron
 
             anchors { right: parent.right; rightMargin: 9; verticalCenter: parent.verticalCenter }

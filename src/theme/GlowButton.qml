@@ -13,7 +13,7 @@ PressButton {
     /// The gradient of a prominent button; without any it is the plain contrast to the ground.
     property var colors: []
     property bool expands: false
-    property string systemImage: ""
+    property string iconName: ""
 
     readonly property bool isColored: prominent && colors.length > 0
     readonly property color foreground: isColored ? "#FFFFFF" : prominent ? Theme.inverseFill : Theme.primaryText
@@ -33,10 +33,10 @@ PressButton {
 
         Item { Layout.fillWidth: true }
 
-        SystemImage {
+        Icon {
             Layout.rightMargin: 6
-            visible: button.systemImage.length > 0
-            name: button.systemImage
+            visible: button.iconName.length > 0
+            name: button.iconName
             color: button.foreground
         }
 

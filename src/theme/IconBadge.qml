@@ -18,7 +18,7 @@ Rectangle {
     color: Theme.cardFillHover
     border { width: 1; color: Theme.cardBorderStrong }
 
-    SystemImage {
+    Icon {
         anchors.centerIn: parent
         name: badge.icon
         size: Math.round(badge.size * 0.56)

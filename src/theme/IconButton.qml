@@ -9,7 +9,7 @@ PressButton {
     id: button
 
     property real size: 28
-    property string systemImage: ""
+    property string iconName: ""
     property color tint: Theme.secondaryText
 
     implicitWidth: size
@@ -17,9 +17,9 @@ PressButton {
     opacity: !enabled ? 0.35 : looksPressed ? 0.8 : 1
 
     contentItem: Item {
-        SystemImage {
+        Icon {
             anchors.centerIn: parent
-            name: button.systemImage
+            name: button.iconName
             size: Math.round(button.size * 0.62)
             color: button.looksHovered || button.looksFocused ? Theme.primaryText : button.tint
         }

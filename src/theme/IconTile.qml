@@ -15,7 +15,7 @@ GradientFill {
     implicitHeight: size
     radius: Math.round(size * 0.28)
 
-    SystemImage {
+    Icon {
         anchors.centerIn: parent
         name: tile.icon
         size: Math.round(tile.size * 0.58)

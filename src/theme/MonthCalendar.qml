@@ -78,13 +78,13 @@ FocusScope {
             }
 
             IconButton {
-                systemImage: "chevron.left"
+                iconName: "chevron.left"
                 label: "Previous month"
                 onClicked: calendar.model.moveByMonths(-1)
             }
 
             IconButton {
-                systemImage: "chevron.right"
+                iconName: "chevron.right"
                 label: "Next month"
                 onClicked: calendar.model.moveByMonths(1)
             }

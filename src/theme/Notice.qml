@@ -96,7 +96,7 @@ Rectangle {
             id: dismissal
 
             size: 24
-            systemImage: "xmark"
+            iconName: "xmark"
             label: "Dismiss"
             onClicked: notice.dismissed()
         }

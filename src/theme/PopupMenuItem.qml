@@ -10,7 +10,7 @@ import Elmworth.Theme
 Basic.MenuItem {
     id: item
 
-    property string systemImage: ""
+    property string iconName: ""
     /// The keys that do the same.
     property string hint: ""
     /// Whether it is the one that holds of several to choose from, which are checkable.
@@ -59,9 +59,9 @@ Basic.MenuItem {
     contentItem: RowLayout {
         spacing: 8
 
-        SystemImage {
-            visible: item.checkable || item.systemImage.length > 0
-            name: item.checkable ? "checkmark" : item.systemImage
+        Icon {
+            visible: item.checkable || item.iconName.length > 0
+            name: item.checkable ? "checkmark" : item.iconName
             opacity: !item.checkable || item.chosen ? 1 : 0
             color: item.foreground
         }
@@ -83,7 +83,7 @@ Basic.MenuItem {
             Accessible.ignored: true
         }
 
-        SystemImage {
+        Icon {
             visible: item.subMenu !== null
             name: "chevron.right"
             color: Theme.secondaryText

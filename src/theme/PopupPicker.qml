@@ -32,7 +32,7 @@ Basic.ComboBox {
         Accessible.ignored: true
     }
 
-    indicator: SystemImage {
+    indicator: Icon {
         x: picker.width - width - 8
         y: Math.round((picker.height - height) / 2)
         name: "chevron.up.chevron.down"

@@ -81,7 +81,7 @@ Item {
         Accessible.ignored: true
     }
 
-    SystemImage {
+    Icon {
         id: arrows
 
         anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }

@@ -42,7 +42,7 @@ FocusScope {
         }
     }
 
-    SystemImage {
+    Icon {
         id: glass
 
         anchors { left: parent.left; leftMargin: 11; verticalCenter: parent.verticalCenter }
@@ -81,7 +81,7 @@ FocusScope {
         anchors { right: parent.right; rightMargin: 7; verticalCenter: parent.verticalCenter }
         visible: pill.text.length > 0
         size: 20
-        systemImage: "xmark.circle.fill"
+        iconName: "xmark.circle.fill"
         label: "Clear search"
         onClicked: { pill.clear(); field.forceActiveFocus(Qt.OtherFocusReason); }
     }

@@ -29,7 +29,7 @@ GlassCard {
             Layout.fillWidth: true
             spacing: 6
 
-            SystemImage {
+            Icon {
                 name: card.icon
                 size: 14
                 color: Tint.legible(card.colors[0], Theme.cardFill, Theme.backgroundTop)

@@ -9,7 +9,7 @@ import Elmworth.Theme
 InputField {
     id: field
 
-    required property TypedField input
+    required property DateTextField input
 
     function show(): void {
         if (text !== input.text)

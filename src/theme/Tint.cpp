@@ -5,8 +5,8 @@
 
 #include "theme/Contrast.h"
 #include "theme/HexColor.h"
+#include "theme/Icons.h"
 #include "theme/NameTile.h"
-#include "theme/SystemImages.h"
 
 namespace elmworth {
 
@@ -32,8 +32,8 @@ QString Tint::initials(const QString& text) {
     return elmworth::initials(text);
 }
 
-QString Tint::glyph(const QString& systemImage) {
-    return systemImageGlyph(systemImage);
+QString Tint::glyph(const QString& iconName) {
+    return iconGlyph(iconName);
 }
 
 QColor Tint::legible(const QColor& color, const QColor& ground, const QColor& behind) {

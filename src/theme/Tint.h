@@ -25,8 +25,8 @@ class Tint final : public QObject {
     /// See NameTile.h.
     Q_INVOKABLE [[nodiscard]] static int nameHash(const QString& text);
     Q_INVOKABLE [[nodiscard]] static QString initials(const QString& text);
-    /// See SystemImages.h.
-    Q_INVOKABLE [[nodiscard]] static QString glyph(const QString& systemImage);
+    /// See Icons.h.
+    Q_INVOKABLE [[nodiscard]] static QString glyph(const QString& iconName);
     /// See Contrast.h. `ground` may be translucent over the opaque `behind`.
     Q_INVOKABLE [[nodiscard]] static QColor legible(const QColor& color, const QColor& ground,
                                                     const QColor& behind);

@@ -23,7 +23,7 @@ Basic.SpinBox {
     component StepSign: Rectangle {
         id: sign
 
-        property string systemImage: ""
+        property string iconName: ""
         property bool looksHovered: false
         property bool looksPressed: false
 
@@ -32,22 +32,22 @@ Basic.SpinBox {
         radius: Theme.fieldRadius
         color: looksPressed ? Theme.cardBorderStrong : looksHovered ? Theme.cardFillHover : "transparent"
 
-        SystemImage {
+        Icon {
             anchors.centerIn: parent
-            name: sign.systemImage
+            name: sign.iconName
             opacity: sign.enabled ? 1 : 0.35
         }
     }
 
     down.indicator: StepSign {
-        systemImage: "minus"
+        iconName: "minus"
         looksHovered: stepper.down.hovered
         looksPressed: stepper.down.pressed
     }
 
     up.indicator: StepSign {
         x: stepper.width - width
-        systemImage: "plus"
+        iconName: "plus"
         looksHovered: stepper.up.hovered
         looksPressed: stepper.up.pressed
     }

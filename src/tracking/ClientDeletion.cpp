@@ -11,8 +11,8 @@
 namespace elmworth {
 
 bool hasInvoices(const Client& client) {
-    if (!client.modelContext()) return false;
-    const CompleteReading reading(*client.modelContext());
+    if (!client.unitOfWork()) return false;
+    const CompleteReading reading(*client.unitOfWork());
     if (!client.invoices().empty()) return true;
     const auto projects = client.projects();
     reading.check();
@@ -20,7 +20,7 @@ bool hasInvoices(const Client& client) {
                        [](const auto& project) { return hasInvoicedTime(*project); });
 }
 
-void deleteClient(const Ref<Client>& client, ModelContext& context, TimerService& timer) {
+void deleteClient(const Ref<Client>& client, UnitOfWork& context, TimerService& timer) {
     const auto& running = timer.running();
     const auto runningProject = running ? running->project.get() : nullptr;
     if (runningProject && runningProject->client.get() == client) timer.stop();

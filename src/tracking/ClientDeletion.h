@@ -4,7 +4,7 @@
 #pragma once
 
 #include "core/Client.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -15,6 +15,6 @@ namespace elmworth {
 
 /// Deletes `client` with its projects and their entries and saves. A timer on one of them stops
 /// first. A failed save stays pending. Requires `hasInvoices` to be false.
-void deleteClient(const Ref<Client>& client, ModelContext& context, TimerService& timer);
+void deleteClient(const Ref<Client>& client, UnitOfWork& context, TimerService& timer);
 
 }  // namespace elmworth

@@ -38,7 +38,7 @@ std::optional<std::string_view> EntryForm::timeProblem(Instant now) const {
     return std::nullopt;
 }
 
-Ref<TimeEntry> EntryForm::save(Ref<TimeEntry> entry, ModelContext& context,
+Ref<TimeEntry> EntryForm::save(Ref<TimeEntry> entry, UnitOfWork& context,
                                TimerService& timer) const {
     if (!entry) {
         entry = std::make_shared<TimeEntry>(start, project);

@@ -9,7 +9,7 @@
 
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "tracking/TimerService.h"
 
@@ -38,7 +38,7 @@ struct EntryForm {
 
     /// Writes the form into `entry`, or into a new one when that is null, saves, and brings the
     /// timer in line. A failed save stays pending in `context`. Requires `problem` to be absent.
-    Ref<TimeEntry> save(Ref<TimeEntry> entry, ModelContext& context, TimerService& timer) const;
+    Ref<TimeEntry> save(Ref<TimeEntry> entry, UnitOfWork& context, TimerService& timer) const;
 
     friend bool operator==(const EntryForm&, const EntryForm&) = default;
 };

@@ -20,7 +20,7 @@ std::string textOf(const std::string& verb, const std::deque<EntryStep>& steps) 
 /// Entries and their states before a change. Holding them makes looking them up again cheap.
 class Snapshot {
  public:
-    Snapshot(std::span<const PersistentID> ids, ModelContext& context) {
+    Snapshot(std::span<const PersistentID> ids, UnitOfWork& context) {
         entries_.reserve(ids.size());
         for (const auto& id : ids) {
             auto entry = context.record<TimeEntry>(id);
@@ -34,9 +34,9 @@ class Snapshot {
         for (auto& [entry, former] : entries_) {
             auto left = stateOf(entry);
             if (left == former) continue;
-            changes.push_back({entry->persistentModelID(), std::move(former), std::move(left)});
+            changes.push_back({entry->id(), std::move(former), std::move(left)});
         }
-        if (made) changes.push_back({made->persistentModelID(), std::nullopt, stateOf(made)});
+        if (made) changes.push_back({made->id(), std::nullopt, stateOf(made)});
         return changes;
     }
 
@@ -46,10 +46,10 @@ class Snapshot {
 
 }  // namespace
 
-EntryHistory::EntryHistory(ModelContext& context, TimerService& timer, Clock now)
+EntryHistory::EntryHistory(UnitOfWork& context, TimerService& timer, Clock now)
     : EntryHistory(context, timer, std::move(now), Limits{}) {}
 
-EntryHistory::EntryHistory(ModelContext& context, TimerService& timer, Clock now, Limits limits)
+EntryHistory::EntryHistory(UnitOfWork& context, TimerService& timer, Clock now, Limits limits)
     : context_(context), timer_(timer), now_(std::move(now)), limits_(limits) {}
 
 Ref<TimeEntry> EntryHistory::perform(EntryAction action, std::span<const PersistentID> touched,
@@ -91,7 +91,7 @@ UndoResult EntryHistory::reverse(Steps& from, Steps& to) {
     if (!reversed.changes.empty()) to.push_back(std::move(reversed));
     context_.saveQuietly();
     timer_.refresh();
-    if (reversal.revived()) timer_.takeUp(reversal.revived());
+    if (reversal.revived()) timer_.resume(reversal.revived());
     notify();
     return reversal.result();
 }

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "tracking/EntryStep.h"
 #include "tracking/TimerService.h"
 #include "tracking/UndoResult.h"
@@ -27,8 +27,8 @@ class EntryHistory {
         std::size_t bytes = 16 << 20;
     };
 
-    EntryHistory(ModelContext& context, TimerService& timer, Clock now);
-    EntryHistory(ModelContext& context, TimerService& timer, Clock now, Limits limits);
+    EntryHistory(UnitOfWork& context, TimerService& timer, Clock now);
+    EntryHistory(UnitOfWork& context, TimerService& timer, Clock now, Limits limits);
     EntryHistory(const EntryHistory&) = delete;
     EntryHistory& operator=(const EntryHistory&) = delete;
 
@@ -67,7 +67,7 @@ class EntryHistory {
     void keep(EntryStep step);
     void notify();
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     TimerService& timer_;
     Clock now_;
     Limits limits_;

@@ -57,7 +57,7 @@ bool getsReversed(const EntryChange& change, const std::optional<EntryState>& go
 
 }  // namespace
 
-EntryReversal::EntryReversal(const EntryStep& step, ModelContext& context)
+EntryReversal::EntryReversal(const EntryStep& step, UnitOfWork& context)
     : step_(step), context_(context) {
     items_.reserve(step.changes.size());
     for (const auto& change : step.changes) plan(change);
@@ -128,15 +128,15 @@ void EntryReversal::settle(Item& item) {
 
 bool EntryReversal::runsBeside(const Item* stopped) const {
     const auto running = context_.fetch(
-        FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent,
-                                   .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}});
+        Query<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent,
+                         .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}});
     return std::any_of(running.begin(), running.end(), [&](const auto& entry) {
-        return !stopped || entry->persistentModelID() != stopped->change.id;
+        return !stopped || entry->id() != stopped->change.id;
     });
 }
 
 bool EntryReversal::wasTrackedSince() const {
-    const auto newest = context_.fetch(FetchDescriptor<TimeEntry>{
+    const auto newest = context_.fetch(Query<TimeEntry>{
         .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}, .fetchLimit = 1});
     return !newest.empty() && newest[0]->start.get() > step_.at;
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "tracking/EntryStep.h"
 #include "tracking/UndoResult.h"
 
@@ -29,7 +29,7 @@ namespace elmworth {
 class EntryReversal {
  public:
     /// Plans it. Changes nothing. Throws StoreError.
-    EntryReversal(const EntryStep& step, ModelContext& context);
+    EntryReversal(const EntryStep& step, UnitOfWork& context);
 
     /// Changes the records, without a save, and gives the step that takes this back; one without
     /// changes when everything was left alone.
@@ -59,7 +59,7 @@ class EntryReversal {
     [[nodiscard]] bool wasTrackedSince() const;
 
     const EntryStep& step_;
-    ModelContext& context_;
+    UnitOfWork& context_;
     std::vector<Item> items_;
     std::unordered_map<PersistentID, Ref<Project>> projects_;
     UndoResult result_;

@@ -6,15 +6,14 @@
 namespace elmworth {
 
 bool hasInvoicedTime(const Project& project) {
-    if (!project.modelContext()) return false;
-    const PersistentID id = project.persistentModelID();
-    return project.modelContext()->fetchCount(FetchDescriptor<TimeEntry>{
-               .predicate = key<&TimeEntry::project>() == std::optional(id) &&
-                            key<&TimeEntry::invoice>() != absent}) > 0;
+    if (!project.unitOfWork()) return false;
+    const PersistentID id = project.id();
+    return project.unitOfWork()->fetchCount(
+               Query<TimeEntry>{.predicate = key<&TimeEntry::project>() == std::optional(id) &&
+                                             key<&TimeEntry::invoice>() != absent}) > 0;
 }
 
-bool deleteOrArchiveProject(const Ref<Project>& project, ModelContext& context,
-                            TimerService& timer) {
+bool deleteOrArchiveProject(const Ref<Project>& project, UnitOfWork& context, TimerService& timer) {
     const bool keeps = hasInvoicedTime(*project);
     if (keeps) {
         project->isArchived = true;

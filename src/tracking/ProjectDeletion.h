@@ -4,7 +4,7 @@
 #pragma once
 
 #include "core/Project.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -14,7 +14,6 @@ namespace elmworth {
 
 /// Deletes `project` with its entries, or archives it when it has invoiced time, and saves. A
 /// failed save stays pending. Gives whether it was deleted.
-bool deleteOrArchiveProject(const Ref<Project>& project, ModelContext& context,
-                            TimerService& timer);
+bool deleteOrArchiveProject(const Ref<Project>& project, UnitOfWork& context, TimerService& timer);
 
 }  // namespace elmworth

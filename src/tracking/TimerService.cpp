@@ -29,14 +29,14 @@ bool isListed(const Ref<Project>& project) {
 
 }  // namespace
 
-TimerService::TimerService(ModelContext& context, Clock now, RunLoop& runLoop,
+TimerService::TimerService(UnitOfWork& context, Clock now, RunLoop& runLoop,
                            std::function<Calendar()> calendar)
     : context_(context), now_(std::move(now)), runLoop_(runLoop), calendar_(std::move(calendar)) {}
 
 // --- control -----------------------------------------------------------------------------------
 
 void TimerService::restore() {
-    const auto open = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+    const auto open = context_.fetchQuietly(Query<TimeEntry>{
         .predicate = key<&TimeEntry::end>() == absent,
         .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
     });
@@ -106,7 +106,7 @@ void TimerService::stop(Instant at) {
 
 void TimerService::refresh() {
     const bool stillRuns =
-        running_ && !running_->isDeleted() && running_->modelContext() && running_->isRunning();
+        running_ && !running_->isDeleted() && running_->unitOfWork() && running_->isRunning();
     if (running_ && !stillRuns) {
         setRunning(nullptr);
         stopTicker();
@@ -114,7 +114,7 @@ void TimerService::refresh() {
     tick();
 }
 
-void TimerService::takeUp(const Ref<TimeEntry>& entry) {
+void TimerService::resume(const Ref<TimeEntry>& entry) {
     setRunning(entry);
     startTicker();
 }
@@ -220,14 +220,14 @@ std::vector<Ref<Project>> TimerService::recentProjects(std::size_t limit) const 
         if (std::find(projects.begin(), projects.end(), project) != projects.end()) return;
         projects.push_back(project);
     };
-    for (const auto& entry : context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+    for (const auto& entry : context_.fetchQuietly(Query<TimeEntry>{
              .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
  .fetchLimit = recentEntriesWindow,
          })) {
         take(entry->project);
     }
     if (projects.size() >= limit) return projects;
-    for (const auto& project : context_.fetchQuietly(FetchDescriptor<Project>{
+    for (const auto& project : context_.fetchQuietly(Query<Project>{
              .sortBy = {sortedBy<&Project::name>(SortOrder::forward,
                                                  SortComparison::localizedStandard)},
          })) {
@@ -237,7 +237,7 @@ std::vector<Ref<Project>> TimerService::recentProjects(std::size_t limit) const 
 }
 
 Ref<TimeEntry> TimerService::lastContinuableEntry() const {
-    const auto entries = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+    const auto entries = context_.fetchQuietly(Query<TimeEntry>{
         .predicate = key<&TimeEntry::end>() != absent,
         .sortBy = {sortedBy<&TimeEntry::end>(SortOrder::reverse),
                    sortedBy<&TimeEntry::start>(SortOrder::reverse)},
@@ -259,7 +259,7 @@ double TimerService::thisWeekSeconds() const {
 }
 
 double TimerService::trackedSeconds(Instant from, Instant to) const {
-    const auto entries = context_.fetchQuietly(FetchDescriptor<TimeEntry>{
+    const auto entries = context_.fetchQuietly(Query<TimeEntry>{
         .predicate =
             key<&TimeEntry::start>() < to && (key<&TimeEntry::start>() >= from - overlapLookBack ||
                                               key<&TimeEntry::end>() == absent),

@@ -10,7 +10,7 @@
 
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
@@ -27,7 +27,7 @@ namespace elmworth {
 class TimerService {
  public:
     /// `calendar` gives the user's current calendar at each call.
-    TimerService(ModelContext& context, Clock now, RunLoop& runLoop,
+    TimerService(UnitOfWork& context, Clock now, RunLoop& runLoop,
                  std::function<Calendar()> calendar);
     TimerService(const TimerService&) = delete;
     TimerService& operator=(const TimerService&) = delete;
@@ -55,7 +55,7 @@ class TimerService {
     void refresh();
 
     /// Runs on with `entry`, which has no end and came back into the library. Nothing else may run.
-    void takeUp(const Ref<TimeEntry>& entry);
+    void resume(const Ref<TimeEntry>& entry);
 
     /// Counts the sleeps in `awayIntervals` as worked time.
     void keepAwayTime();
@@ -116,7 +116,7 @@ class TimerService {
     void setAwayIntervals(std::vector<DateInterval> intervals);
     void notify(Property property);
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     Clock now_;
     RunLoop& runLoop_;
     std::function<Calendar()> calendar_;

@@ -24,8 +24,7 @@ std::optional<Instant> startToday(Instant start, Instant::duration length, Insta
 
 }  // namespace
 
-std::vector<Ref<TimeEntry>> pickedEntries(std::span<const PersistentID> ids,
-                                          ModelContext& context) {
+std::vector<Ref<TimeEntry>> pickedEntries(std::span<const PersistentID> ids, UnitOfWork& context) {
     std::vector<Ref<TimeEntry>> entries;
     entries.reserve(ids.size());
     for (const auto& id : ids) {
@@ -34,7 +33,7 @@ std::vector<Ref<TimeEntry>> pickedEntries(std::span<const PersistentID> ids,
     return entries;
 }
 
-EntryTally deleteEntries(std::span<const PersistentID> ids, ModelContext& context,
+EntryTally deleteEntries(std::span<const PersistentID> ids, UnitOfWork& context,
                          TimerService& timer) {
     const auto entries = pickedEntries(ids, context);
     if (entries.empty()) return {};
@@ -53,13 +52,13 @@ EntryTally deleteEntries(std::span<const PersistentID> ids, ModelContext& contex
 }
 
 EntryTally moveEntries(std::span<const PersistentID> ids, const Ref<Project>& project,
-                       ModelContext& context) {
+                       UnitOfWork& context) {
     if (project->isDeleted()) return {};
     EntryTally tally;
     for (const auto& entry : pickedEntries(ids, context)) {
         if (entry->invoice) {
             ++tally.billed;
-        } else if (entry->project.id() != project->persistentModelID()) {
+        } else if (entry->project.id() != project->id()) {
             entry->project = project;
             ++tally.changed;
         }
@@ -69,7 +68,7 @@ EntryTally moveEntries(std::span<const PersistentID> ids, const Ref<Project>& pr
 }
 
 Ref<TimeEntry> duplicateEntryToToday(const Ref<TimeEntry>& entry, Instant now,
-                                     const Calendar& calendar, ModelContext& context) {
+                                     const Calendar& calendar, UnitOfWork& context) {
     if (entry->isDeleted() || entry->isRunning()) return nullptr;
     const auto length = *entry->end.get() - entry->start.get();
     if (length < minimumLength) return nullptr;

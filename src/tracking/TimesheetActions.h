@@ -9,7 +9,7 @@
 
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "tracking/TimerService.h"
 
@@ -30,20 +30,20 @@ struct EntryTally {
 
 /// The entries among `ids` that the library still has, in the order of `ids`.
 [[nodiscard]] std::vector<Ref<TimeEntry>> pickedEntries(std::span<const PersistentID> ids,
-                                                        ModelContext& context);
+                                                        UnitOfWork& context);
 
 /// Deletes those that are not billed, and brings the timer in line.
-EntryTally deleteEntries(std::span<const PersistentID> ids, ModelContext& context,
+EntryTally deleteEntries(std::span<const PersistentID> ids, UnitOfWork& context,
                          TimerService& timer);
 
 /// Gives those that are not billed to `project`. Does nothing when that was deleted meanwhile.
 EntryTally moveEntries(std::span<const PersistentID> ids, const Ref<Project>& project,
-                       ModelContext& context);
+                       UnitOfWork& context);
 
 /// Adds an unbilled entry with the length, project and notes of `entry` on the day of `now`: at the
 /// same time of the day, or so much earlier that it ends at `now`. Null, and nothing is added, when
 /// `entry` runs, is shorter than a second or deleted.
 Ref<TimeEntry> duplicateEntryToToday(const Ref<TimeEntry>& entry, Instant now,
-                                     const Calendar& calendar, ModelContext& context);
+                                     const Calendar& calendar, UnitOfWork& context);
 
 }  // namespace elmworth

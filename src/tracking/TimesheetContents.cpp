@@ -24,7 +24,7 @@ bool differOnlyInSearch(TimesheetFilter a, const TimesheetFilter& b) {
 
 }  // namespace
 
-TimesheetContents::TimesheetContents(ModelContext& context, RunLoop& runLoop, Clock now,
+TimesheetContents::TimesheetContents(UnitOfWork& context, RunLoop& runLoop, Clock now,
                                      std::function<Calendar()> calendar, Handlers handlers,
                                      std::size_t entriesOfTurn)
     : context_(context),

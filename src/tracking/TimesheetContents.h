@@ -30,7 +30,7 @@ class TimesheetContents {
     };
 
     /// About `entriesOfTurn` entries are read in one turn, the first one included.
-    TimesheetContents(ModelContext& context, RunLoop& runLoop, Clock now,
+    TimesheetContents(UnitOfWork& context, RunLoop& runLoop, Clock now,
                       std::function<Calendar()> calendar, Handlers handlers,
                       std::size_t entriesOfTurn = 2'000);
 
@@ -63,7 +63,7 @@ class TimesheetContents {
     void show();
     void showAnew();
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     RunLoop& runLoop_;
     Clock now_;
     std::function<Calendar()> calendar_;

@@ -9,12 +9,12 @@ namespace {
 
 /// The identity of `entry`, or none of null.
 std::vector<PersistentID> identityOf(const Ref<TimeEntry>& entry) {
-    return entry ? std::vector{entry->persistentModelID()} : std::vector<PersistentID>{};
+    return entry ? std::vector{entry->id()} : std::vector<PersistentID>{};
 }
 
 }  // namespace
 
-TimesheetEditing::TimesheetEditing(ModelContext& context, TimerService& timer, Clock now,
+TimesheetEditing::TimesheetEditing(UnitOfWork& context, TimerService& timer, Clock now,
                                    std::function<Calendar()> calendar)
     : context_(context),
       timer_(timer),

@@ -17,7 +17,7 @@ namespace elmworth {
 class TimesheetEditing {
  public:
     /// `calendar` gives the user's current calendar at each call.
-    TimesheetEditing(ModelContext& context, TimerService& timer, Clock now,
+    TimesheetEditing(UnitOfWork& context, TimerService& timer, Clock now,
                      std::function<Calendar()> calendar);
 
     EntryTally deleteEntries(std::span<const PersistentID> ids);
@@ -34,7 +34,7 @@ class TimesheetEditing {
     [[nodiscard]] const EntryHistory& history() const noexcept { return history_; }
 
  private:
-    ModelContext& context_;
+    UnitOfWork& context_;
     TimerService& timer_;
     Clock now_;
     std::function<Calendar()> calendar_;

@@ -29,27 +29,26 @@ void addToDays(const Ref<TimeEntry>& entry, const DateInterval& range, Instant n
 }
 
 /// The entries that begin in `range`, in their order.
-FetchDescriptor<TimeEntry> begunWithin(const DateInterval& range) {
+Query<TimeEntry> begunWithin(const DateInterval& range) {
     return {.predicate =
                 key<&TimeEntry::start>() >= range.start && key<&TimeEntry::start>() < range.end,
             .sortBy = {sortedBy<&TimeEntry::start>()}};
 }
 
 /// The entries that began before `from` and end after it, or run.
-std::vector<Ref<TimeEntry>> entriesReachingInto(ModelContext& context, Instant from) {
+std::vector<Ref<TimeEntry>> entriesReachingInto(UnitOfWork& context, Instant from) {
     // Those that end after it may be all of the library, of which none began before.
-    const auto first =
-        context.fetch(FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::start>() < from,
-                                                 .sortBy = {sortedBy<&TimeEntry::start>()},
-                                                 .fetchLimit = 1});
+    const auto first = context.fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::start>() < from,
+                                                      .sortBy = {sortedBy<&TimeEntry::start>()},
+                                                      .fetchLimit = 1});
     if (first.empty()) return {};
     // They are few among all that end later, of which only an index is read.
     std::vector<PersistentID> ids;
     context.forEachValues<&TimeEntry::start>(
         std::optional(key<&TimeEntry::start>() < from && key<&TimeEntry::end>() > from),
         [&](const PersistentID& id, Instant) { ids.push_back(id); });
-    auto entries = context.fetch(FetchDescriptor<TimeEntry>{
-        .predicate = key<&TimeEntry::start>() < from && key<&TimeEntry::end>() == absent});
+    auto entries = context.fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::start>() < from &&
+                                                               key<&TimeEntry::end>() == absent});
     for (const auto& id : ids) entries.push_back(context.record<TimeEntry>(id));
     return entries;
 }
@@ -70,7 +69,7 @@ bool TimesheetFilter::passes(const TimeEntry& entry, Instant now) const {
     return admits(entry, now) && TimesheetSearch(search).finds(entry.notes.get(), entry.project);
 }
 
-std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const TimesheetFilter& filter,
+std::vector<Ref<TimeEntry>> filteredEntries(UnitOfWork& context, const TimesheetFilter& filter,
                                             Instant now) {
     auto entries = entriesReachingInto(context, filter.range.start);
     std::ranges::move(context.fetch(begunWithin(filter.range)), std::back_inserter(entries));
@@ -79,13 +78,12 @@ std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context, const Timeshe
         return !filter.admits(*entry, now) || !search.finds(entry->notes.get(), entry->project);
     });
     std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
-        return std::pair(b->start.get(), b->persistentModelID()) <
-               std::pair(a->start.get(), a->persistentModelID());
+        return std::pair(b->start.get(), b->id()) < std::pair(a->start.get(), a->id());
     });
     return entries;
 }
 
-void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, Instant now,
+void forEachFilteredEntry(UnitOfWork& context, const TimesheetFilter& filter, Instant now,
                           const std::function<void(const TimeEntry&)>& visit) {
     const TimesheetSearch search(filter.search);
     const auto visitIfShown = [&](const TimeEntry& entry) {
@@ -97,8 +95,7 @@ void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, 
     const auto clients = context.fetch<Client>();
     auto begunBefore = entriesReachingInto(context, filter.range.start);
     std::sort(begunBefore.begin(), begunBefore.end(), [](const auto& a, const auto& b) {
-        return std::pair(a->start.get(), a->persistentModelID()) <
-               std::pair(b->start.get(), b->persistentModelID());
+        return std::pair(a->start.get(), a->id()) < std::pair(b->start.get(), b->id());
     });
     for (const auto& entry : begunBefore) visitIfShown(*entry);
     context.forEach<TimeEntry>(begunWithin(filter.range), visitIfShown);

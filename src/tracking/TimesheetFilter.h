@@ -11,7 +11,7 @@
 #include "core/DateRangePreset.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth {
 
@@ -36,13 +36,13 @@ struct TimesheetFilter {
 };
 
 /// The entries that pass, newest start first. Throws StoreError.
-[[nodiscard]] std::vector<Ref<TimeEntry>> filteredEntries(ModelContext& context,
+[[nodiscard]] std::vector<Ref<TimeEntry>> filteredEntries(UnitOfWork& context,
                                                           const TimesheetFilter& filter,
                                                           Instant now);
 
 /// Hands out the same, oldest start first, without making an object for each; see
-/// ModelContext::forEach. Throws StoreError, and what `visit` throws.
-void forEachFilteredEntry(ModelContext& context, const TimesheetFilter& filter, Instant now,
+/// UnitOfWork::forEach. Throws StoreError, and what `visit` throws.
+void forEachFilteredEntry(UnitOfWork& context, const TimesheetFilter& filter, Instant now,
                           const std::function<void(const TimeEntry&)>& visit);
 
 /// One day of a timesheet.

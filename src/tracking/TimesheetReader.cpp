@@ -27,16 +27,16 @@ Instant boundBefore(Instant instant) {
 }
 
 /// The start of the first entry that began before `end`, but not before `start`; `end` without one.
-Instant firstStart(ModelContext& context, Instant start, Instant end) {
-    const auto first = context.fetch(FetchDescriptor<TimeEntry>{
+Instant firstStart(UnitOfWork& context, Instant start, Instant end) {
+    const auto first = context.fetch(Query<TimeEntry>{
         .predicate = key<&TimeEntry::start>() >= start && key<&TimeEntry::start>() < end,
         .sortBy = {sortedBy<&TimeEntry::start>()},
         .fetchLimit = 1});
     return first.empty() ? end : first.front()->start.get();
 }
 
-Instant lastStart(ModelContext& context, Instant start, Instant end) {
-    const auto last = context.fetch(FetchDescriptor<TimeEntry>{
+Instant lastStart(UnitOfWork& context, Instant start, Instant end) {
+    const auto last = context.fetch(Query<TimeEntry>{
         .predicate = key<&TimeEntry::start>() >= start && key<&TimeEntry::start>() < end,
         .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
         .fetchLimit = 1});
@@ -44,8 +44,7 @@ Instant lastStart(ModelContext& context, Instant start, Instant end) {
 }
 
 bool startsLater(const Ref<TimeEntry>& a, const Ref<TimeEntry>& b) {
-    return std::pair(b->start.get(), b->persistentModelID()) <
-           std::pair(a->start.get(), a->persistentModelID());
+    return std::pair(b->start.get(), b->id()) < std::pair(a->start.get(), a->id());
 }
 
 }  // namespace
@@ -105,7 +104,7 @@ TimesheetPiece TimesheetPiece::edited(const IDs& ids, std::vector<Ref<TimeEntry>
     return piece;
 }
 
-TimesheetReader::TimesheetReader(ModelContext& context, TimesheetFilter filter, Instant now)
+TimesheetReader::TimesheetReader(UnitOfWork& context, TimesheetFilter filter, Instant now)
     : context_(context), filter_(std::move(filter)), now_(now) {
     if (filter_.client && !filter_.project) clientProjects_ = filter_.client->projects();
     const auto [from, to] = filter_.range;
@@ -174,7 +173,7 @@ void TimesheetReader::addBegunBefore(Predicate<TimeEntry> reaching, Entries& ent
     const auto predicate =
         narrowed(key<&TimeEntry::start>() < filter_.range.start && std::move(reaching));
     if (!predicate) return;
-    for (auto& entry : context_.fetch(FetchDescriptor<TimeEntry>{.predicate = predicate})) {
+    for (auto& entry : context_.fetch(Query<TimeEntry>{.predicate = predicate})) {
         if (filter_.admits(*entry, now_)) entries.push_back(std::move(entry));
     }
 }

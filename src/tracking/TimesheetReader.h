@@ -58,7 +58,7 @@ class TimesheetReader {
     using Entries = std::vector<Ref<TimeEntry>>;
 
     /// Looks only at how far back the library goes. Throws StoreError.
-    TimesheetReader(ModelContext& context, TimesheetFilter filter, Instant now);
+    TimesheetReader(UnitOfWork& context, TimesheetFilter filter, Instant now);
 
     /// At least two.
     [[nodiscard]] std::size_t pieceCount() const noexcept { return bounds_.size(); }
@@ -86,7 +86,7 @@ class TimesheetReader {
         Predicate<TimeEntry> predicate) const;
     void addBegunBefore(Predicate<TimeEntry> reaching, Entries& entries) const;
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     TimesheetFilter filter_;
     Instant now_;
     std::vector<Ref<Project>> clientProjects_;

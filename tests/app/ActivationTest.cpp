@@ -27,7 +27,7 @@ class ActivationTest : public testing::Test {
 };
 
 TEST_F(ActivationTest, ContinueStartsTheTimerOnWhatEndedLast) {
-    activation.carryOut("continue");
+    activation.run("continue");
     ASSERT_TRUE(timer.service->running());
     EXPECT_EQ(timer.service->running()->project.get(), website);
     EXPECT_EQ(shown, "");
@@ -36,13 +36,13 @@ TEST_F(ActivationTest, ContinueStartsTheTimerOnWhatEndedLast) {
 TEST_F(ActivationTest, ContinueShowsWhatRunsAndLeavesItRunning) {
     timer.service->start(timer.library.addProject("App", nullptr));
     const auto running = timer.service->running();
-    activation.carryOut("continue");
+    activation.run("continue");
     EXPECT_EQ(timer.service->running(), running);
     EXPECT_EQ(shown, "panel ");
 }
 
 TEST_F(ActivationTest, AnUnknownActionBringsTheWindow) {
-    activation.carryOut("fly");
+    activation.run("fly");
     EXPECT_EQ(shown, "window ");
 }
 

@@ -39,7 +39,7 @@ class LiveAppearanceTest : public testing::Test {
     }
 
     test::TemporaryFolder folder;
-    UserDefaults defaults{folder.path() / "defaults.ini"};
+    Settings defaults{folder.path() / "defaults.ini"};
     ManualColorScheme desktop;
     LiveAppearance live{defaults, desktop};
     AppAppearance& appearance = AppAppearance::instance();
@@ -53,7 +53,7 @@ TEST_F(LiveAppearanceTest, TheDesktopIsFollowedLive) {
     EXPECT_TRUE(appearance.hasReducedMotion());
 }
 
-TEST_F(LiveAppearanceTest, TheUserDefaultOverrulesTheDesktopLive) {
+TEST_F(LiveAppearanceTest, TheSettingOverrulesTheDesktopLive) {
     desktop.prefer({true, false});
     defaults.setString("appearance", "light");
     EXPECT_FALSE(appearance.isDark());

@@ -95,7 +95,7 @@ class CommandTest : public testing::Test {
 
     Ref<Invoice> invoice(const std::string& number) {
         const auto found = library_.context().fetch(
-            FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number});
+            Query<Invoice>{.predicate = key<&Invoice::number>() == number});
         return found.empty() ? nullptr : found.front();
     }
 
@@ -109,7 +109,7 @@ class CommandTest : public testing::Test {
     Ref<Project> website_ = library_.addProject("Website", acme_);
     Ref<Project> design_ = library_.addProject("Design", acme_);
     Ref<Project> otherWebsite_ = library_.addProject("Website", globex_);
-    UserDefaults defaults_{library_.folder.path() / "Elmworth.ini"};
+    Settings defaults_{library_.folder.path() / "Elmworth.ini"};
     ProfileStore profiles_{defaults_};
     TimerService timer_{library_.context(), [this] { return now_; }, library_.runLoop,
                         [] { return Calendar::current(); }};

@@ -39,7 +39,7 @@ class DamagedLibrary : public testing::Test {
     }
 
     CommandResult run(const std::vector<std::string>& arguments) {
-        UserDefaults defaults(library_.folder.path() / "Elmworth.ini");
+        Settings defaults(library_.folder.path() / "Elmworth.ini");
         ProfileStore profiles(defaults);
         const Calendar calendar(Locale("en_US"), "UTC");
         const Clock now = [] { return at("2026-03-31T12:00Z"); };

@@ -45,7 +45,7 @@ TEST_F(ReportCommand, TellsThePeriodTheEntriesTheDaysAndTheStatistics) {
     const auto& entry = report["entries"][0];
     EXPECT_THAT(keys(entry),
                 ElementsAre("id", "start", "end", "seconds", "project", "client", "notes"));
-    EXPECT_EQ(entry["id"].GetString(), first_->persistentModelID().string());
+    EXPECT_EQ(entry["id"].GetString(), first_->id().string());
     EXPECT_STREQ(entry["start"].GetString(), "2026-03-30T21:00:00Z");
     EXPECT_STREQ(entry["end"].GetString(), "2026-03-30T23:00:00Z");
     EXPECT_EQ(entry["seconds"].GetInt(), 7200);
@@ -58,7 +58,7 @@ TEST_F(ReportCommand, TellsThePeriodTheEntriesTheDaysAndTheStatistics) {
     EXPECT_THAT(keys(day), ElementsAre("day", "seconds", "entries"));
     EXPECT_STREQ(day["day"].GetString(), "2026-03-31");
     EXPECT_EQ(day["seconds"].GetInt(), 3600);
-    EXPECT_EQ(day["entries"][0].GetString(), first_->persistentModelID().string());
+    EXPECT_EQ(day["entries"][0].GetString(), first_->id().string());
     EXPECT_STREQ(report["days"][1]["day"].GetString(), "2026-03-30");
     EXPECT_STREQ(report["days"][2]["day"].GetString(), "2026-03-29");
 

@@ -20,12 +20,12 @@ using testing::UnorderedElementsAre;
 class ProfileStoreTest : public testing::Test {
  protected:
     [[nodiscard]] std::optional<std::string> stored() const {
-        return UserDefaults(file_).data("businessProfile");
+        return Settings(file_).data("businessProfile");
     }
 
     test::TemporaryFolder folder_;
     std::filesystem::path file_ = folder_.path() / "Elmworth.ini";
-    UserDefaults defaults_{file_};
+    Settings defaults_{file_};
 };
 
 TEST_F(ProfileStoreTest, WithoutAStoredProfileAllIsDefault) {
@@ -38,7 +38,7 @@ TEST_F(ProfileStoreTest, AChangeIsThereAtTheNextStart) {
     const BusinessProfile profile{.name = "X", .nextInvoiceNumber = 8};
     ProfileStore(defaults_).setProfile(profile);
     EXPECT_EQ(stored(), encodeProfile(profile));
-    UserDefaults again(file_);
+    Settings again(file_);
     EXPECT_EQ(ProfileStore(again).profile(), profile);
 }
 
@@ -71,12 +71,12 @@ TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold
     store.setProfile(BusinessProfile{.name = "X"});
     std::vector<std::string> seen;
     const auto observation = store.observe([&] { seen.push_back(store.profile().name); });
-    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
+    Settings(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
     defaults_.reload();
-    UserDefaults(file_).setString("appearance", "dark");
+    Settings(file_).setString("appearance", "dark");
     defaults_.reload();
     EXPECT_THAT(seen, ElementsAre("Y"));
-    UserDefaults(file_).remove("businessProfile");
+    Settings(file_).remove("businessProfile");
     defaults_.reload();
     EXPECT_EQ(store.profile(), BusinessProfile());
 }
@@ -84,7 +84,7 @@ TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold
 TEST_F(ProfileStoreTest, AProfileThatBecomesUnreadableInTheFileLeavesTheOneThatIsThere) {
     ProfileStore store(defaults_);
     store.setProfile(BusinessProfile{.name = "X"});
-    UserDefaults(file_).setString("businessProfile", "@ByteArray({\"name\":");
+    Settings(file_).setString("businessProfile", "@ByteArray({\"name\":");
     defaults_.reload();
     EXPECT_EQ(store.profile().name, "X");
     store.setProfile(BusinessProfile{.name = "Y"});
@@ -94,7 +94,7 @@ TEST_F(ProfileStoreTest, AProfileThatBecomesUnreadableInTheFileLeavesTheOneThatI
 
 TEST_F(ProfileStoreTest, AProfileThatIsSetWinsOverOneThatIsInTheFileByThen) {
     ProfileStore store(defaults_);
-    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
+    Settings(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
     std::vector<std::string> seen;
     const auto observation = store.observe([&] { seen.push_back(store.profile().name); });
     store.setProfile(BusinessProfile{.name = "X"});
@@ -150,7 +150,7 @@ class AnnouncedProfile : public ProfileStoreTest {
     }
     /// The profile after a start that finds `evidence` in the library.
     [[nodiscard]] BusinessProfile settled(const std::string& evidence) const {
-        UserDefaults defaults(file_);
+        Settings defaults(file_);
         ProfileStore store(defaults);
         store.settle([&](std::string_view wanted) { return wanted == evidence; });
         return store.profile();
@@ -177,7 +177,7 @@ TEST_F(AnnouncedProfile, LosesToOneThatIsSetLater) {
 }
 
 TEST_F(AnnouncedProfile, LosesToOneThatSomebodyElseStoresLater) {
-    UserDefaults(file_).setData("businessProfile", encodeProfile({.name = "Later"}));
+    Settings(file_).setData("businessProfile", encodeProfile({.name = "Later"}));
     EXPECT_EQ(settled("client 7").name, "Later");
 }
 

@@ -28,7 +28,7 @@ using namespace std::chrono_literals;
 using test::at;
 using test::TestLibrary;
 using Time = std::chrono::steady_clock;
-using Work = std::function<void(ModelContext&, ProfileStore&)>;
+using Work = std::function<void(UnitOfWork&, ProfileStore&)>;
 
 int killCount() {
     const char* text = std::getenv("ELMWORTH_KILLS");
@@ -78,8 +78,8 @@ class WorkingProcess {
     [[noreturn]] static void run(const std::filesystem::path& library, const Work& work,
                                  int report) {
         test::ManualRunLoop runLoop;
-        ModelContainer container({library}, runLoop);
-        UserDefaults defaults(settingsOf(library));
+        Library container({library}, runLoop);
+        Settings defaults(settingsOf(library));
         ProfileStore profiles(defaults);
         if (::write(report, "r", 1) != 1) ::_exit(1);
         work(container.mainContext(), profiles);
@@ -91,14 +91,14 @@ class WorkingProcess {
     int report_ = -1;
 };
 
-std::string documentOf(ModelContext& context, const BusinessProfile& profile) {
+std::string documentOf(UnitOfWork& context, const BusinessProfile& profile) {
     return BackupExporter::encode(
         BackupExporter::makeBackup(context, profile, at("2026-07-01T12:00Z")));
 }
 
 /// What a start of the program finds.
 std::string documentOf(TestLibrary& library) {
-    UserDefaults defaults(settingsOf(library.file()));
+    Settings defaults(settingsOf(library.file()));
     ProfileStore profiles(defaults);
     finishRestore(library.context(), profiles);
     return documentOf(library.context(), profiles.profile());
@@ -186,7 +186,7 @@ TEST_F(ExchangeKill, leavesAllOfARestoreAndItsProfileOrNothing) {
         backup = BackupExporter::makeBackup(library.context(), profile, at("2026-07-01T12:00Z"));
     }
     killAtRandomMoments(
-        [&](ModelContext& context, ProfileStore& profiles) { restore(backup, context, profiles); },
+        [&](UnitOfWork& context, ProfileStore& profiles) { restore(backup, context, profiles); },
         BackupExporter::encode(backup));
 }
 
@@ -205,7 +205,7 @@ TEST_F(ExchangeKill, leavesAllOfAnImportOrNothing) {
     prepare(library);
     CSVImporter::apply(rows, library.context());
     killAtRandomMoments(
-        [&](ModelContext& context, ProfileStore&) { CSVImporter::apply(rows, context); },
+        [&](UnitOfWork& context, ProfileStore&) { CSVImporter::apply(rows, context); },
         documentOf(library));
 }
 

@@ -145,7 +145,7 @@ bool isWhole(const Promise& promise, const LibraryState& after) {
 }
 
 /// An invoice has entries, and those with an invoice are those with a frozen rate.
-void expectWholeInvoices(ModelContext& context) {
+void expectWholeInvoices(UnitOfWork& context) {
     for (const auto& invoice : context.fetch<Invoice>()) {
         EXPECT_FALSE(invoice->entries().empty()) << invoice->number.get();
         for (const auto& entry : invoice->entries()) EXPECT_TRUE(entry->billedRateCents.get());
@@ -164,11 +164,11 @@ class KillTest : public testing::Test {
     LibraryState inspect() {
         LibraryState state;
         {
-            ModelContainer container({file()}, runLoop_);
+            Library container({file()}, runLoop_);
             auto& context = container.mainContext();
             state = LibraryState(test::libraryText(context));
             expectWholeInvoices(context);
-            const FetchDescriptor<TimeEntry> open{.predicate = key<&TimeEntry::end>() == absent};
+            const Query<TimeEntry> open{.predicate = key<&TimeEntry::end>() == absent};
             EXPECT_LE(context.fetchCount(open), 1U);
             TimerService timer(context, currentInstant, runLoop_, &Calendar::current);
             timer.restore();

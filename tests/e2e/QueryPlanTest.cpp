@@ -19,8 +19,8 @@ using test::TestTimer;
 using Plan = std::vector<std::string>;
 
 /// A library with some of everything.
-struct Library {
-    Library() {
+struct SmallLibrary {
+    SmallLibrary() {
         auto& library = timer.library;
         client = library.addClient("Acme");
         project = library.addProject("Website", client);
@@ -41,27 +41,27 @@ struct Library {
 
 struct Question {
     const char* name;
-    void (*ask)(Library&);
+    void (*ask)(SmallLibrary&);
     Plan plan;
 };
 
 const Question questions[] = {
     {"theOpenEntriesAtTheStart",
-     [](Library& library) { library.timer.service->restore(); },
+     [](SmallLibrary& library) { library.timer.service->restore(); },
      {"SCAN TimeEntry USING INDEX TimeEntryRunning"}},
     {"theRecentProjects",
-     [](Library& library) { (void)library.timer.service->recentProjects(1); },
+     [](SmallLibrary& library) { (void)library.timer.service->recentProjects(1); },
      {"SCAN TimeEntry USING INDEX TimeEntryByStart"}},
     {"theEntryToContinue",
-     [](Library& library) { (void)library.timer.service->lastContinuableEntry(); },
+     [](SmallLibrary& library) { (void)library.timer.service->lastContinuableEntry(); },
      {"SEARCH TimeEntry USING INDEX TimeEntryByEnd (end>?)"}},
     {"theTotals",
-     [](Library& library) { (void)library.timer.service->todaySeconds(); },
+     [](SmallLibrary& library) { (void)library.timer.service->todaySeconds(); },
      {"MULTI-INDEX OR", "INDEX 1",
       "SEARCH TimeEntry USING INDEX TimeEntryByStart (start>? AND start<?)", "INDEX 2",
       "SEARCH TimeEntry USING INDEX TimeEntryRunning (start<?)"}},
     {"theUnbilledEntries",
-     [](Library& library) {
+     [](SmallLibrary& library) {
          const InvoiceBuilder builder{library.timer.library.context(), currentInstant,
                                       library.timer.calendar};
          (void)builder.unbilledEntries(library.client, TestTimer::today("00:00"),
@@ -69,35 +69,35 @@ const Question questions[] = {
      },
      {"SEARCH TimeEntry USING INDEX TimeEntryUnbilled (start>? AND start<?)"}},
     {"theUseOfANumber",
-     [](Library& library) {
+     [](SmallLibrary& library) {
          (void)library.timer.library.context().fetchCount(
-             FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == std::string("1")});
+             Query<Invoice>{.predicate = key<&Invoice::number>() == std::string("1")});
      },
      {"SEARCH Invoice USING COVERING INDEX sqlite_autoindex_Invoice_2 (number=?)"}},
     {"theEntriesOfAnInvoice",
-     [](Library& library) { (void)library.invoice->entries(); },
+     [](SmallLibrary& library) { (void)library.invoice->entries(); },
      {"SEARCH TimeEntry USING INDEX TimeEntryByInvoice (invoice=?)"}},
     {"theEntriesOfAProject",
-     [](Library& library) { (void)library.project->entries(); },
+     [](SmallLibrary& library) { (void)library.project->entries(); },
      {"SEARCH TimeEntry USING INDEX TimeEntryByProject (project=?)"}},
     {"theTimeOfAProject",
-     [](Library& library) {
+     [](SmallLibrary& library) {
          library.project->budgetHours = 1;
          (void)library.project->budgetFraction(TestTimer::today("09:00"));
      },
      {"SEARCH TimeEntry USING COVERING INDEX TimeEntryByProject (project=?)"}},
     {"theProjectsOfAClient",
-     [](Library& library) { (void)library.client->projects(); },
+     [](SmallLibrary& library) { (void)library.client->projects(); },
      {"SEARCH Project USING INDEX ProjectByClient (client=?)"}},
     {"theInvoicesOfAClient",
-     [](Library& library) { (void)library.client->invoices(); },
+     [](SmallLibrary& library) { (void)library.client->invoices(); },
      {"SEARCH Invoice USING INDEX InvoiceByClient (client=?)"}},
 };
 
 class QueryPlan : public testing::TestWithParam<Question> {};
 
 TEST_P(QueryPlan, usesAnIndexAndSortsNothing) {
-    Library library;
+    SmallLibrary library;
     (void)StatementTrace::take();
     GetParam().ask(library);
     const auto statements = StatementTrace::take();

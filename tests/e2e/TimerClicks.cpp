@@ -13,7 +13,7 @@
 
 #include "core/Client.h"
 #include "core/Project.h"
-#include "core/store/ModelContainer.h"
+#include "core/store/Library.h"
 #include "platform/Calendar.h"
 #include "support/TestLibrary.h"
 #include "tracking/TimerService.h"
@@ -28,7 +28,7 @@ void announce(const std::string& step) {
     if (::write(STDOUT_FILENO, line.data(), line.size()) < 0) std::terminate();
 }
 
-Ref<Project> addProject(ModelContext& context, const char* name) {
+Ref<Project> addProject(UnitOfWork& context, const char* name) {
     const auto project = std::make_shared<Project>(name, nullptr);
     context.insert(project);
     return project;
@@ -38,7 +38,7 @@ void click(const std::filesystem::path& file) {
     test::ManualRunLoop loop;
     Instant now = currentInstant();
     announce("open");
-    ModelContainer container(ModelConfiguration{file}, loop);
+    Library container(LibraryOptions{file}, loop);
     auto& context = container.mainContext();
     TimerService timer(
         context, [&] { return now; }, loop, &Calendar::current);

@@ -57,7 +57,7 @@ class Worker {
         void (Worker::*perform)();
     };
 
-    [[nodiscard]] ModelContext& context() { return container_.mainContext(); }
+    [[nodiscard]] UnitOfWork& context() { return container_.mainContext(); }
     int pick(std::size_t count) {
         return std::uniform_int_distribution<int>(0, static_cast<int>(count) - 1)(random_);
     }
@@ -149,7 +149,7 @@ class Worker {
     };
 
     ManualRunLoop runLoop_;
-    ModelContainer container_;
+    Library container_;
     std::mt19937 random_;
     int report_;
     Instant now_;

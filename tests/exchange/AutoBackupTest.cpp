@@ -220,7 +220,7 @@ class AutoBackupTriggers : public AutoBackupTest {
     }
 
     test::ScopedEnvironment data_{"XDG_DATA_HOME", folder_.path().string()};
-    UserDefaults defaults_{folder_.path() / "Elmworth.ini"};
+    Settings defaults_{folder_.path() / "Elmworth.ini"};
     test::ManualPowerEvents power_;
     Instant clock_ = now;
     std::unique_ptr<AutoBackup> backup_;
@@ -276,7 +276,7 @@ TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
     EXPECT_THAT(log.take(),
                 testing::StartsWith("Elmworth: the snapshot of 2026-03-10T12:00:00Z failed its "
                                     "check: clients[0]: not an object (line 3).\n"));
-    const UserDefaults elsewhere(defaults_.file());
+    const Settings elsewhere(defaults_.file());
     const auto failed = AutoBackup::failedCheck(elsewhere);
     ASSERT_TRUE(failed);
     EXPECT_EQ(failed->date, now);
@@ -318,8 +318,8 @@ TEST_F(AutoBackupTriggers, aChangeMeanwhileBeginsItAnewSoThatItShowsOneState) {
         library_.runLoop.fire();
         for (int i = 0; i < 8; ++i) library_.runLoop.fire();
         ASSERT_TRUE(isWorking());
-        const auto entries = library_.context().fetch(
-            FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}});
+        const auto entries =
+            library_.context().fetch(Query<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}});
         entries.front()->notes = "changed";
         library_.context().deleteRecord(entries.back());
         if (isSaved) library_.context().save();

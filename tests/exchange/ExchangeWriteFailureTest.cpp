@@ -148,7 +148,7 @@ TEST_P(ExchangeWriteFailure, inARestoreWithItsProfileLeavesBothOrNeither) {
         bool isRestored = true;
         failAt(disk, n);
         {
-            UserDefaults defaults(settings);
+            Settings defaults(settings);
             ProfileStore profiles(defaults);
             try {
                 restore(backup, library.context(), profiles);
@@ -161,7 +161,7 @@ TEST_P(ExchangeWriteFailure, inARestoreWithItsProfileLeavesBothOrNeither) {
         library.close();
         disk.heal();
         library.open();
-        UserDefaults defaults(settings);
+        Settings defaults(settings);
         ProfileStore profiles(defaults);
         finishRestore(library.context(), profiles);
         const std::string found = documentOf(library);
@@ -265,7 +265,7 @@ TEST_P(LargeExchangeWriteFailure, leavesNothingOfARestore) {
     for (int i = 0; i < entryCount; ++i) {
         entries.push_back({start(i), start(i) + 1h, "notes", std::nullopt, std::nullopt});
     }
-    atSomeOperations([&](ModelContext& context) { restore(backup, context); });
+    atSomeOperations([&](UnitOfWork& context) { restore(backup, context); });
 }
 
 TEST_P(LargeExchangeWriteFailure, leavesNothingOfAnImport) {
@@ -273,7 +273,7 @@ TEST_P(LargeExchangeWriteFailure, leavesNothingOfAnImport) {
     for (int i = 0; i < entryCount; ++i) {
         rows.push_back({"Acme", "Web", "notes", start(i), start(i) + 1h});
     }
-    atSomeOperations([&](ModelContext& context) { CSVImporter::apply(rows, context); });
+    atSomeOperations([&](UnitOfWork& context) { CSVImporter::apply(rows, context); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Disk, LargeExchangeWriteFailure,

@@ -54,7 +54,7 @@ class RestoreWithProfile : public testing::Test {
     Backup backup_;
 
  private:
-    std::optional<UserDefaults> defaults_;
+    std::optional<Settings> defaults_;
     std::optional<ProfileStore> profiles_;
 };
 

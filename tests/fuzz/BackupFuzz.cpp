@@ -8,8 +8,8 @@
 
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
-#include "fuzz/Law.h"
-#include "fuzz/NaiveBackup.h"
+#include "fuzz/Property.h"
+#include "fuzz/ReferenceBackup.h"
 #include "platform/Text.h"
 
 using namespace elmworth;
@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto json = fuzz::textOf(data, size);
     const auto backup = decode(json);
     const fuzz::JSONTree tree(json);
-    const auto expected = fuzz::readBackupNaively(tree);
+    const auto expected = fuzz::readBackupByReference(tree);
     if (!backup) {
         // Of two equal keys both must be right here, and only the last there.
         require(!expected || tree.repeatsKeys(), "what a simple reader takes is read");

@@ -8,8 +8,8 @@
 
 #include "exchange/CSVDocument.h"
 #include "exchange/CSVImporter.h"
-#include "exchange/NaiveTokenizer.h"
-#include "fuzz/Law.h"
+#include "exchange/ReferenceTokenizer.h"
+#include "fuzz/Property.h"
 #include "platform/Text.h"
 #include "platform/TextEncoding.h"
 

@@ -3,7 +3,7 @@
 
 // What is read as a date is written and read again as the same instant, in the one strict form.
 
-#include "fuzz/Law.h"
+#include "fuzz/Property.h"
 #include "platform/Calendar.h"
 #include "platform/ISO8601.h"
 

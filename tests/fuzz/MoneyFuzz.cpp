@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "fuzz/Law.h"
+#include "fuzz/Property.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/Text.h"
 

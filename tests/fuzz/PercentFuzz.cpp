@@ -8,7 +8,7 @@
 #include <cstring>
 #include <limits>
 
-#include "fuzz/Law.h"
+#include "fuzz/Property.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/Text.h"
 
@@ -24,7 +24,7 @@ bool isDecimal(std::string_view text) {
 }
 
 /// A hundred times a short decimal number, by arithmetic of whole numbers; halves up.
-std::int64_t scaledNaively(std::string_view text) {
+std::int64_t scaledByReference(std::string_view text) {
     const auto point = std::min(text.find('.'), text.size());
     std::int64_t number = 0;
     std::int64_t unit = 1;
@@ -42,7 +42,7 @@ void checkDecimal(std::string_view text) {
     require(isDecimal(text) || !scaled, "only a decimal number is read");
     if (!scaled) return;
     require(*scaled >= 0, "there is no sign");
-    if (text.size() <= 14) require(*scaled == scaledNaively(text), "rounding is exact");
+    if (text.size() <= 14) require(*scaled == scaledByReference(text), "rounding is exact");
     const bool hasPoint = text.find('.') != std::string_view::npos;
     require(parseScaledDecimal(std::string(text) + (hasPoint ? "0" : ".0"), most) == scaled,
             "a zero at the end changes nothing");

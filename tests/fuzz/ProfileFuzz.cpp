@@ -7,8 +7,8 @@
 #include "core/BusinessProfile.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
-#include "fuzz/Law.h"
-#include "fuzz/NaiveBackup.h"
+#include "fuzz/Property.h"
+#include "fuzz/ReferenceBackup.h"
 #include "platform/Text.h"
 
 using namespace elmworth;
@@ -16,12 +16,12 @@ using fuzz::require;
 
 namespace {
 
-std::optional<BusinessProfile> readNaively(std::string_view json) {
+std::optional<BusinessProfile> readByReference(std::string_view json) {
     const fuzz::JSONTree tree(json);
     if (!tree.isValid) return std::nullopt;
     try {
         BusinessProfile profile;
-        fuzz::NaiveBackup::take(tree.document, profile);
+        fuzz::ReferenceBackup::take(tree.document, profile);
         return profile;
     } catch (const fuzz::Refused&) {
         return std::nullopt;
@@ -33,7 +33,7 @@ std::optional<BusinessProfile> readNaively(std::string_view json) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto json = fuzz::textOf(data, size);
     const auto profile = decodeProfile(json);
-    require(profile == readNaively(json), "what is read is what a simple reader reads");
+    require(profile == readByReference(json), "what is read is what a simple reader reads");
     if (!profile) return 0;
     const std::string written = encodeProfile(*profile);
     require(validUTF8(written) == written, "what is written is UTF-8");

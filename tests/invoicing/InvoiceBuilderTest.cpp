@@ -119,7 +119,7 @@ TEST_F(InvoiceBuilderTest, AnInvoiceIsADraftWithThePeriodAsGiven) {
 
 TEST_F(InvoiceBuilderTest, AnInvoiceIsOnDisk) {
     addHour("2026-03-02T09:00Z");
-    const auto id = create()->persistentModelID();
+    const auto id = create()->id();
     library_.reopen();
     const auto invoice = library_.context().record<Invoice>(id);
     ASSERT_TRUE(invoice);

@@ -65,7 +65,7 @@ TEST_F(InvoiceCalculatorRecords, AnItemHasTheRateOfItsEntryAndTheExactLength) {
     const auto item = InvoiceCalculator::items({entry}).front();
     EXPECT_EQ(item.seconds, 1.5);
     EXPECT_EQ(item.rateCents, 7);
-    EXPECT_EQ(item.projectKey, std::pair(website_->persistentModelID(), std::int64_t{7}));
+    EXPECT_EQ(item.projectKey, std::pair(website_->id(), std::int64_t{7}));
     EXPECT_EQ(item.notes, "Fix");
 }
 

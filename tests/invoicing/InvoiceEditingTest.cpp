@@ -21,7 +21,7 @@ using test::at;
 
 class InvoiceEditing : public testing::Test {
  protected:
-    [[nodiscard]] ModelContext& context() { return march_.library.context(); }
+    [[nodiscard]] UnitOfWork& context() { return march_.library.context(); }
 
     std::filesystem::path storeFile(const std::string& number) {
         const auto file = storedInvoiceFile(number);

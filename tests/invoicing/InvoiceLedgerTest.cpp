@@ -105,9 +105,8 @@ class InvoiceLedger : public testing::TestWithParam<unsigned> {
     std::map<PersistentID, std::string> billing() {
         std::map<PersistentID, std::string> found;
         for (const auto& entry : library_.context().fetch<TimeEntry>()) {
-            found[entry->persistentModelID()] =
-                (entry->invoice ? entry->invoice->number.get() : "-") + " " +
-                std::to_string(entry->billedRateCents->value_or(-1));
+            found[entry->id()] = (entry->invoice ? entry->invoice->number.get() : "-") + " " +
+                                 std::to_string(entry->billedRateCents->value_or(-1));
         }
         return found;
     }
@@ -129,10 +128,10 @@ class InvoiceLedger : public testing::TestWithParam<unsigned> {
             billed += entries.size();
         }
         const auto marked = library_.context().fetchCount(
-            FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::invoice>() != absent});
+            Query<TimeEntry>{.predicate = key<&TimeEntry::invoice>() != absent});
         ASSERT_EQ(billed, marked) << "an entry stands on more than one invoice, or on none";
         const auto frozen = library_.context().fetchCount(
-            FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::billedRateCents>() != absent});
+            Query<TimeEntry>{.predicate = key<&TimeEntry::billedRateCents>() != absent});
         ASSERT_EQ(frozen, marked);
     }
 

@@ -23,7 +23,7 @@ class UnbilledTimeTest : public testing::Test {
         return library_.addEntry(project, start_, start_ + length);
     }
     UnbilledTime of(const Ref<Project>& project) {
-        return unbilledTimeByProject(library_.context())[project->persistentModelID()];
+        return unbilledTimeByProject(library_.context())[project->id()];
     }
 
     const Instant start_ = at("2026-03-02T09:00Z");

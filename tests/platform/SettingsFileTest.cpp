@@ -11,7 +11,7 @@
 #include <fstream>
 
 #include "platform/AtomicFile.h"
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 #include "support/FileSizeLimit.h"
 #include "support/Rows.h"
 #include "support/SystemLogCapture.h"
@@ -37,14 +37,14 @@ class SettingsFileTest : public testing::Test {
 
 TEST_F(SettingsFileTest, AChangeWritesItsOwnKeyOverWhatTheFileHoldsByThen) {
     writeFile("[General]\nappearance=dark\nweeklyGoalHours=32\nmainSection=clients\n");
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     writeFile("[General]\nappearance=light\nweeklyGoalHours=30\nmenuBarStyle=icon\n");
     std::vector<std::string> heard;
     const auto observation =
         defaults.observe([&](std::string_view key) { heard.emplace_back(key); });
     defaults.setInteger("weeklyGoalHours", 40);
 
-    const UserDefaults written(file_);
+    const Settings written(file_);
     EXPECT_EQ(written.integer("weeklyGoalHours"), 40);
     EXPECT_EQ(written.string("appearance"), "light");
     EXPECT_EQ(written.string("menuBarStyle"), "icon");
@@ -55,38 +55,38 @@ TEST_F(SettingsFileTest, AChangeWritesItsOwnKeyOverWhatTheFileHoldsByThen) {
 }
 
 TEST_F(SettingsFileTest, AValueThatOthersHaveChangedIsWrittenAgainWhenItIsSetToWhatItWas) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("appearance", "dark");
-    UserDefaults(file_).setString("appearance", "light");
+    Settings(file_).setString("appearance", "light");
     defaults.setString("appearance", "dark");
-    EXPECT_EQ(UserDefaults(file_).string("appearance"), "dark");
+    EXPECT_EQ(Settings(file_).string("appearance"), "dark");
 }
 
 TEST_F(SettingsFileTest, ARemovalLeavesWhatOthersHaveWritten) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("a", "1");
-    UserDefaults(file_).setString("b", "2");
+    Settings(file_).setString("b", "2");
     defaults.remove("a");
-    EXPECT_EQ(UserDefaults(file_).string("a"), std::nullopt);
-    EXPECT_EQ(UserDefaults(file_).string("b"), "2");
+    EXPECT_EQ(Settings(file_).string("a"), std::nullopt);
+    EXPECT_EQ(Settings(file_).string("b"), "2");
 }
 
 TEST_F(SettingsFileTest, AnObsoleteKeyGoesInTheWriteOfTheNewOne) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("old", "1");
     {
         const test::FileSizeLimit limit(0);
         defaults.setData("new", "2", "old");
     }
-    EXPECT_EQ(UserDefaults(file_).string("old"), "1");
+    EXPECT_EQ(Settings(file_).string("old"), "1");
     EXPECT_EQ(defaults.string("old"), std::nullopt);
     defaults.setString("other", "3");
-    EXPECT_EQ(UserDefaults(file_).string("old"), std::nullopt);
-    EXPECT_EQ(UserDefaults(file_).data("new"), "2");
+    EXPECT_EQ(Settings(file_).string("old"), std::nullopt);
+    EXPECT_EQ(Settings(file_).data("new"), "2");
 }
 
 TEST_F(SettingsFileTest, ReloadingGivesEachChangeOfOthersAndTellsOfIt) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("a", "1");
     defaults.setString("b", "2");
     writeFile("[General]\nb=3\nc=4\n");
@@ -105,7 +105,7 @@ TEST_F(SettingsFileTest, ReloadingGivesEachChangeOfOthersAndTellsOfIt) {
 }
 
 TEST_F(SettingsFileTest, WhatCouldNotBeWrittenIsNotLostToAChangeOfOthers) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("a", "1");
     {
         const test::FileSizeLimit limit(0);
@@ -116,7 +116,7 @@ TEST_F(SettingsFileTest, WhatCouldNotBeWrittenIsNotLostToAChangeOfOthers) {
     EXPECT_EQ(defaults.string("a"), "2");
     EXPECT_EQ(defaults.string("b"), "4");
     defaults.setString("c", "5");
-    EXPECT_EQ(UserDefaults(file_).string("a"), "2");
+    EXPECT_EQ(Settings(file_).string("a"), "2");
 }
 
 /// What a file may become while the program runs, or before it starts.
@@ -164,17 +164,17 @@ TEST_P(UnreadableSettings, AreKeptUnderADatedNameBeforeAnythingIsWritten) {
     std::filesystem::remove(file_);
     GetParam().inflict(file_);
     const std::string before = readFile(file_);
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     EXPECT_THAT(kept(), IsEmpty());
     defaults.setString("mainSection", "clients");
     defaults.setString("mainSection", "projects");
     EXPECT_FALSE(defaults.lastWriteFailed());
-    EXPECT_EQ(UserDefaults(file_).string("mainSection"), "projects");
+    EXPECT_EQ(Settings(file_).string("mainSection"), "projects");
     expectKept(before);
 }
 
 TEST_P(UnreadableSettings, OfARunningProgramLoseNothingThatItKnows) {
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     defaults.setString("businessName", "Jane");
     std::filesystem::remove(file_);
     GetParam().inflict(file_);
@@ -182,8 +182,8 @@ TEST_P(UnreadableSettings, OfARunningProgramLoseNothingThatItKnows) {
     defaults.reload();
     EXPECT_EQ(defaults.string("businessName"), "Jane");
     defaults.setString("mainSection", "clients");
-    EXPECT_EQ(UserDefaults(file_).string("businessName"), "Jane");
-    EXPECT_EQ(UserDefaults(file_).string("mainSection"), "clients");
+    EXPECT_EQ(Settings(file_).string("businessName"), "Jane");
+    EXPECT_EQ(Settings(file_).string("mainSection"), "clients");
     expectKept(before);
 }
 
@@ -224,11 +224,11 @@ TEST_F(SettingsFileTest, AFileThatMayNotBeReadIsKeptUnderADatedName) {
     std::filesystem::permissions(file_, std::filesystem::perms::none);
     {
         const OrdinaryUser user(folder_.path());
-        UserDefaults defaults(file_);
+        Settings defaults(file_);
         EXPECT_EQ(defaults.string("appearance"), std::nullopt);
         defaults.setString("mainSection", "clients");
         EXPECT_FALSE(defaults.lastWriteFailed());
-        EXPECT_EQ(UserDefaults(file_).string("mainSection"), "clients");
+        EXPECT_EQ(Settings(file_).string("mainSection"), "clients");
     }
     std::vector<std::string> texts;
     for (const auto& entry : std::filesystem::directory_iterator(file_.parent_path())) {
@@ -241,16 +241,16 @@ TEST_F(SettingsFileTest, AFileThatMayNotBeReadIsKeptUnderADatedName) {
 
 TEST_F(SettingsFileTest, OfADamagedFileWhatCanBeReadStays) {
     writeFile(halfALine);
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     EXPECT_EQ(defaults.string("appearance"), "dark");
     defaults.setString("mainSection", "clients");
-    EXPECT_EQ(UserDefaults(file_).string("appearance"), "dark");
+    EXPECT_EQ(Settings(file_).string("appearance"), "dark");
 }
 
 TEST_F(SettingsFileTest, SeveralDamagedFilesOfOneMomentAreAllKept) {
     for (const char* value : {"1", "2", "3"}) {
         writeFile((std::string("damaged ") + value).c_str());
-        UserDefaults(file_).setString("key", value);
+        Settings(file_).setString("key", value);
     }
     std::vector<std::string> texts;
     for (const auto& entry : std::filesystem::directory_iterator(file_.parent_path())) {
@@ -261,7 +261,7 @@ TEST_F(SettingsFileTest, SeveralDamagedFilesOfOneMomentAreAllKept) {
 
 TEST_F(SettingsFileTest, TheSystemLogSaysWhereADamagedFileIs) {
     writeFile(halfALine);
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     const test::SystemLogCapture log;
     defaults.setString("mainSection", "clients");
     EXPECT_THAT(log.take(),
@@ -271,7 +271,7 @@ TEST_F(SettingsFileTest, TheSystemLogSaysWhereADamagedFileIs) {
 
 TEST_F(SettingsFileTest, ADamagedFileStaysWhereItIsWhenNoneCanTakeItsPlace) {
     writeFile(halfALine);
-    UserDefaults defaults(file_);
+    Settings defaults(file_);
     {
         const test::FileSizeLimit limit(0);
         defaults.setString("mainSection", "clients");

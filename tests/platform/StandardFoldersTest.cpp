@@ -18,7 +18,7 @@ using test::ScopedEnvironment;
 TEST(StandardFolders, FollowTheBaseDirectories) {
     const ScopedEnvironment data("XDG_DATA_HOME", "/data");
     const ScopedEnvironment config("XDG_CONFIG_HOME", "/config");
-    EXPECT_EQ(applicationSupportFolder(), "/data/Elmworth");
+    EXPECT_EQ(dataFolder(), "/data/Elmworth");
     EXPECT_EQ(settingsFolder(), "/config/Elmworth");
 }
 
@@ -26,20 +26,20 @@ TEST(StandardFolders, LieInTheHomeFolderWithoutBaseDirectories) {
     const ScopedEnvironment home("HOME", "/home/someone");
     const ScopedEnvironment data("XDG_DATA_HOME", std::nullopt);
     const ScopedEnvironment config("XDG_CONFIG_HOME", "");
-    EXPECT_EQ(applicationSupportFolder(), "/home/someone/.local/share/Elmworth");
+    EXPECT_EQ(dataFolder(), "/home/someone/.local/share/Elmworth");
     EXPECT_EQ(settingsFolder(), "/home/someone/.config/Elmworth");
 }
 
 TEST(StandardFolders, RelativeBaseDirectoriesDoNotCount) {
     const ScopedEnvironment home("HOME", "/home/someone");
     const ScopedEnvironment data("XDG_DATA_HOME", "data");
-    EXPECT_EQ(applicationSupportFolder(), "/home/someone/.local/share/Elmworth");
+    EXPECT_EQ(dataFolder(), "/home/someone/.local/share/Elmworth");
 }
 
 TEST(StandardFolders, AreAbsoluteAlsoWithoutAHomeFolder) {
     const ScopedEnvironment home("HOME", std::nullopt);
     const ScopedEnvironment data("XDG_DATA_HOME", std::nullopt);
-    EXPECT_TRUE(applicationSupportFolder().is_absolute());
+    EXPECT_TRUE(dataFolder().is_absolute());
 }
 
 TEST(StandardFolders, CreatedFoldersAreForTheUserAlone) {

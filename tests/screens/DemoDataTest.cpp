@@ -27,16 +27,16 @@ class DemoDataTest : public testing::Test {
     }
     void seed(const char* now = "2026-03-19T15:00-04:00") { seed(at(now)); }
 
-    [[nodiscard]] ModelContext& context() { return library_.context(); }
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
 
     std::vector<Ref<TimeEntry>> finishedEntries() {
-        return context().fetch(FetchDescriptor<TimeEntry>{
-            .predicate = key<&TimeEntry::end>() != absent,
-            .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}});
+        return context().fetch(
+            Query<TimeEntry>{.predicate = key<&TimeEntry::end>() != absent,
+                             .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}});
     }
     Ref<Invoice> invoice(const std::string& number) {
         return context()
-            .fetch(FetchDescriptor<Invoice>{.predicate = key<&Invoice::number>() == number})
+            .fetch(Query<Invoice>{.predicate = key<&Invoice::number>() == number})
             .at(0);
     }
     static std::vector<std::string> notes(const std::vector<Ref<TimeEntry>>& entries) {
@@ -48,7 +48,7 @@ class DemoDataTest : public testing::Test {
     Instant now_;
     Calendar calendar_{Locale("en_US"), "America/New_York"};
     test::TestLibrary library_;
-    UserDefaults defaults_{library_.folder.path() / "ElmworthDemo.ini"};
+    Settings defaults_{library_.folder.path() / "ElmworthDemo.ini"};
 };
 
 TEST_F(DemoDataTest, HoldsClientsProjectsEntriesATimerAndInvoices) {
@@ -137,7 +137,7 @@ TEST_F(DemoDataTest, ThereAreTwoInvoicesAtWhateverHourOfTheYear) {
         DemoData::seed(library.context(), defaults_, now, calendar_);
         ASSERT_EQ(library.context().fetchCount<Invoice>(), 2U) << test::iso(now);
         const auto finished = library.context().fetchCount(
-            FetchDescriptor<TimeEntry>{.predicate = key<&TimeEntry::end>() != absent});
+            Query<TimeEntry>{.predicate = key<&TimeEntry::end>() != absent});
         ASSERT_GE(finished, 10U) << test::iso(now);
     }
 }

@@ -10,8 +10,8 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContext.h"
 #include "core/store/Schema.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth::test {
 
@@ -24,10 +24,10 @@ inline std::string valueText(const Value& value) {
 }
 
 template <class T>
-std::string recordsText(ModelContext& context) {
+std::string recordsText(UnitOfWork& context) {
     std::string text;
     for (const auto& record : context.fetch<T>()) {
-        text += std::string(T::schema().name) + ' ' + record->persistentModelID().string();
+        text += std::string(T::schema().name) + ' ' + record->id().string();
         for (const auto& field : T::schema().fields) text += ' ' + valueText(field.read(*record));
         text += '\n';
     }
@@ -35,7 +35,7 @@ std::string recordsText(ModelContext& context) {
 }
 
 /// All records with all their fields: equal texts mean equal libraries.
-inline std::string libraryText(ModelContext& context) {
+inline std::string libraryText(UnitOfWork& context) {
     return recordsText<Client>(context) + recordsText<Project>(context) +
            recordsText<TimeEntry>(context) + recordsText<Invoice>(context);
 }

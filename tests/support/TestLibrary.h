@@ -18,7 +18,7 @@
 #include "core/Invoice.h"
 #include "core/Project.h"
 #include "core/TimeEntry.h"
-#include "core/store/ModelContainer.h"
+#include "core/store/Library.h"
 #include "platform/AtomicFile.h"
 #include "platform/RunLoop.h"
 #include "support/TemporaryFolder.h"
@@ -92,7 +92,7 @@ class TestLibrary {
 
     void open() {
         const auto url = isInMemory_ ? std::nullopt : std::optional(file());
-        container_ = std::make_unique<ModelContainer>(ModelConfiguration{url}, runLoop);
+        container_ = std::make_unique<Library>(LibraryOptions{url}, runLoop);
     }
     void close() { container_.reset(); }
     void reopen() {
@@ -100,7 +100,7 @@ class TestLibrary {
         open();
     }
 
-    [[nodiscard]] ModelContext& context() { return container_->mainContext(); }
+    [[nodiscard]] UnitOfWork& context() { return container_->mainContext(); }
     [[nodiscard]] std::filesystem::path file() const { return folder.path() / "library.sqlite"; }
 
     Ref<Client> addClient(const std::string& name) {
@@ -132,7 +132,7 @@ class TestLibrary {
 
  private:
     bool isInMemory_ = false;
-    std::unique_ptr<ModelContainer> container_;
+    std::unique_ptr<Library> container_;
 };
 
 }  // namespace elmworth::test

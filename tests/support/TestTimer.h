@@ -85,8 +85,8 @@ class TestTimer {
     /// All entries as "09:00:00-10:00:00", or "09:00:00-" for a running one, by start.
     [[nodiscard]] std::vector<std::string> spans() {
         std::vector<std::string> texts;
-        for (const auto& entry : library.context().fetch(
-                 FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
+        for (const auto& entry :
+             library.context().fetch(Query<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
             texts.push_back(timeText(entry->start) + '-' +
                             (entry->end.get() ? timeText(*entry->end.get()) : ""));
         }

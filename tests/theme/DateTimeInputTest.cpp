@@ -24,7 +24,7 @@ struct Typed {
                 locale) {
         QObject::connect(&input, &DateTimeInput::changed, [this] { ++changes; });
     }
-    void type(TypedField* field, const char* text) {
+    void type(DateTextField* field, const char* text) {
         field->edit(QString::fromUtf8(text));
         field->finish();
     }

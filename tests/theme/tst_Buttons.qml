@@ -13,8 +13,8 @@ Item {
 
     Component { id: glow; GlowButton { text: "Save"; help: "Saves it" } }
     Component { id: glowColored; GlowButton { text: "Delete"; prominent: true; colors: Theme.amberGradient } }
-    Component { id: circle; CircleIconButton { systemImage: "play.fill"; label: "Start" } }
-    Component { id: icon; IconButton { systemImage: "plus"; label: "Add" } }
+    Component { id: circle; CircleIconButton { iconName: "play.fill"; label: "Start" } }
+    Component { id: icon; IconButton { iconName: "plus"; label: "Add" } }
     Component { id: link; LinkButton { text: "Open Settings" } }
     Component { id: listRow; ListRow { title: "Website" } }
     Component { id: clicks; SignalSpy { signalName: "clicked" } }

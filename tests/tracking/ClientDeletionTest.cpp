@@ -17,7 +17,7 @@ using test::at;
 
 class ClientDeletionTest : public testing::Test {
  protected:
-    [[nodiscard]] ModelContext& context() { return library_.context(); }
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
 
     Instant now_ = at("2026-03-02T12:00Z");
     test::TestLibrary library_;

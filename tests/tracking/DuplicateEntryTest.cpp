@@ -111,8 +111,7 @@ TEST(DuplicateEntryFields, projectAndNotesAreTheSameAndNothingIsBilled) {
     entry->invoice = library.addInvoice("INV-1", client);
     const Calendar calendar(Locale("en_US"), "UTC");
     const auto id =
-        duplicateEntryToToday(entry, at("2026-03-04T17:00Z"), calendar, library.context())
-            ->persistentModelID();
+        duplicateEntryToToday(entry, at("2026-03-04T17:00Z"), calendar, library.context())->id();
     library.reopen();
     const auto made = library.context().record<TimeEntry>(id);
     ASSERT_TRUE(made);

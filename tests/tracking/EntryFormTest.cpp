@@ -138,7 +138,7 @@ TEST_F(EntryFormTest, TimesThatABackupCannotHoldCannotBeSaved) {
 }
 
 TEST_F(EntryFormTest, ANewEntryIsOnDisk) {
-    const auto id = form().save(nullptr, library_.context(), timer_)->persistentModelID();
+    const auto id = form().save(nullptr, library_.context(), timer_)->id();
     library_.reopen();
     const auto entry = library_.context().record<TimeEntry>(id);
     ASSERT_TRUE(entry);

@@ -19,7 +19,7 @@ class HistoryTest : public testing::Test {
     HistoryTest() { context().save(); }
     explicit HistoryTest(InMemory place) : timer_(place) { context().save(); }
 
-    [[nodiscard]] ModelContext& context() { return timer_.library.context(); }
+    [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     [[nodiscard]] TimerService& service() { return *timer_.service; }
     [[nodiscard]] EntryHistory& history() { return editing_.history(); }
 
@@ -48,18 +48,18 @@ class HistoryTest : public testing::Test {
     }
     [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
         std::vector<PersistentID> ids;
-        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        for (const auto& entry : entries) ids.push_back(entry->id());
         return ids;
     }
     /// The entry of an identity, which may be another object after an undo.
     [[nodiscard]] Ref<TimeEntry> again(const Ref<TimeEntry>& entry) {
-        return context().record<TimeEntry>(entry->persistentModelID());
+        return context().record<TimeEntry>(entry->id());
     }
     /// All entries as "06:00-06:30 Website a", by start; "09:00- …" for a running one.
     [[nodiscard]] Rows rows() {
         Rows rows;
-        for (const auto& entry : context().fetch(
-                 FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
+        for (const auto& entry :
+             context().fetch(Query<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}})) {
             rows.push_back(
                 time(entry->start) + '-' + (entry->end.get() ? time(*entry->end.get()) : "") + ' ' +
                 (entry->project ? entry->project->name.get() : "none") + ' ' + entry->notes.get());

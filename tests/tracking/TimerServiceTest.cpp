@@ -221,7 +221,7 @@ TEST_F(TimerServiceTest, refreshGoesOnWithARunningEntry) {
 
 struct OutsideChange {
     const char* name;
-    void (*perform)(ModelContext&, const Ref<TimeEntry>&);
+    void (*perform)(UnitOfWork&, const Ref<TimeEntry>&);
 };
 class RefreshAfter : public TimerServiceTest, public testing::WithParamInterface<OutsideChange> {};
 
@@ -239,21 +239,21 @@ TEST_P(RefreshAfter, stopsTheTickerAndClearsTheTexts) {
 INSTANTIATE_TEST_SUITE_P(
     Changes, RefreshAfter,
     testing::Values(OutsideChange{"anEndInTheEditor",
-                                  [](ModelContext& context, const Ref<TimeEntry>& entry) {
+                                  [](UnitOfWork& context, const Ref<TimeEntry>& entry) {
                                       entry->end = TestTimer::today("09:30");
                                       context.save();
                                   }},
                     OutsideChange{"aDeletionThatIsNotSaved",
-                                  [](ModelContext& context, const Ref<TimeEntry>& entry) {
+                                  [](UnitOfWork& context, const Ref<TimeEntry>& entry) {
                                       context.deleteRecord(entry);
                                   }},
                     OutsideChange{"aDeletionOfTheProject",
-                                  [](ModelContext& context, const Ref<TimeEntry>& entry) {
+                                  [](UnitOfWork& context, const Ref<TimeEntry>& entry) {
                                       context.deleteRecord(entry->project.get());
                                       context.save();
                                   }},
                     OutsideChange{"aDeletionOfTheClient",
-                                  [](ModelContext& context, const Ref<TimeEntry>& entry) {
+                                  [](UnitOfWork& context, const Ref<TimeEntry>& entry) {
                                       context.deleteRecord(entry->project->client.get());
                                       context.save();
                                   }}),

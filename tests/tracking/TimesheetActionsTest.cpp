@@ -17,7 +17,7 @@ using test::TestTimer;
 
 class TimesheetActionsTest : public testing::Test {
  protected:
-    [[nodiscard]] ModelContext& context() { return timer_.library.context(); }
+    [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     Ref<TimeEntry> add(const std::string& from, const std::string& to) {
         return timer_.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
     }
@@ -33,7 +33,7 @@ class TimesheetActionsTest : public testing::Test {
     }
     [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
         std::vector<PersistentID> ids;
-        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        for (const auto& entry : entries) ids.push_back(entry->id());
         return ids;
     }
     [[nodiscard]] static std::size_t commits() {
@@ -109,10 +109,10 @@ TEST_F(TimesheetActionsTest, ADeletionThatCannotBeSavedStaysPending) {
 
 TEST_F(TimesheetActionsTest, MovedEntriesBelongToTheOtherProjectOnDisk) {
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
-    const auto app = app_->persistentModelID();
+    const auto app = app_->id();
     timer_.restart();
-    EXPECT_EQ(context().fetchCount(FetchDescriptor<TimeEntry>{
-                  .predicate = key<&TimeEntry::project>() == std::optional(app)}),
+    EXPECT_EQ(context().fetchCount(
+                  Query<TimeEntry>{.predicate = key<&TimeEntry::project>() == std::optional(app)}),
               2U);
 }
 

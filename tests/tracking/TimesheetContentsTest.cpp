@@ -13,7 +13,7 @@
 #include "support/ScopedEnvironment.h"
 #include "support/StatementTrace.h"
 #include "support/TestLibrary.h"
-#include "tracking/NaiveListing.h"
+#include "tracking/ReferenceListing.h"
 
 namespace elmworth {
 namespace {
@@ -53,7 +53,7 @@ class TimesheetContentsTest : public testing::Test {
         for (const auto& place : shown_->entries) ids.push_back(place.entry().id);
         return ids;
     }
-    [[nodiscard]] ModelContext& context() { return library_.context(); }
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
     [[nodiscard]] static TimesheetFilter between(const char* from, const char* to) {
         TimesheetFilter filter;
         filter.range = {at(from), at(to)};
@@ -207,7 +207,7 @@ TEST_F(TimesheetContentsTest, aChangeOfTheNewestYearShowsBeforeTheOthersAreReadA
     EXPECT_TRUE(contents_.isReading());
     const auto ids = shownIDs();
     EXPECT_EQ(ids.size(), 1'201U);
-    EXPECT_EQ(ids.front(), added->persistentModelID());
+    EXPECT_EQ(ids.front(), added->id());
     readAll();
     EXPECT_EQ(test::linesOf(*shown_, now_), expected());
 }
@@ -217,7 +217,7 @@ TEST_F(TimesheetContentsTest, anEntryThatMovesBetweenYearsNeverStandsTwice) {
     contents_.setFilter(twentyYears);
     readAll();
     const auto entry = context().fetch(
-        FetchDescriptor<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}, .fetchLimit = 1})[0];
+        Query<TimeEntry>{.sortBy = {sortedBy<&TimeEntry::start>()}, .fetchLimit = 1})[0];
     for (const char* start : {"2026-10-01T09:00+02:00", "2021-05-05T09:00+02:00"}) {
         entry->start = at(start);
         entry->end = at(start) + hours(1);
@@ -276,7 +276,7 @@ class FollowedTimesheetContents : public TimesheetContentsTest {
     }
 
     Ref<TimeEntry> running_;
-    const ModelContext::Observation observation_ =
+    const UnitOfWork::Observation observation_ =
         context().observeAll([this](const RecordChanges& changes) { contents_.follow(changes); });
 };
 

@@ -69,7 +69,7 @@ class TimesheetListed : public testing::Test {
         const auto listing = listed(filter);
         ASSERT_EQ(listing.entries.size(), entries.size());
         for (std::size_t i = 0; i < entries.size(); ++i) {
-            EXPECT_EQ(listing.entries[i].entry().id, entries[i]->persistentModelID());
+            EXPECT_EQ(listing.entries[i].entry().id, entries[i]->id());
             EXPECT_EQ(listing.entries[i].notes(), entries[i]->notes.get());
         }
         ASSERT_EQ(listing.days.size(), groups.size());
@@ -81,7 +81,7 @@ class TimesheetListed : public testing::Test {
         EXPECT_NEAR(day.seconds(now_), group.seconds, 1e-3);
         ASSERT_EQ(day.entries.size(), group.entries.size());
         for (std::size_t i = 0; i < group.entries.size(); ++i) {
-            EXPECT_EQ(day.entries[i].entry().id, group.entries[i]->persistentModelID());
+            EXPECT_EQ(day.entries[i].entry().id, group.entries[i]->id());
         }
     }
 

@@ -35,7 +35,7 @@ struct Desk {
     }
     static Instant time(const char* text) { return TestTimer::today(text); }
 
-    [[nodiscard]] ModelContext& context() { return timer.library.context(); }
+    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
     [[nodiscard]] std::string running() const {
         const auto& entry = timer.service->running();
         return entry ? entry->project->name.get() : "nothing";
@@ -226,15 +226,15 @@ TEST(WriteFailureAtTheCreation, isRefusedAndTheNextTrySucceeds) {
         FaultyVfs disk;
         const test::TemporaryFolder folder;
         test::ManualRunLoop runLoop;
-        const ModelConfiguration configuration{folder.path() / "library.sqlite"};
+        const LibraryOptions configuration{folder.path() / "library.sqlite"};
         disk.failAt(n, SQLITE_FULL, Duration::lasting);
         try {
-            const ModelContainer container(configuration, runLoop);
-        } catch (const ModelContainerError&) {
+            const Library container(configuration, runLoop);
+        } catch (const LibraryError&) {
         }
         const bool isDone = !disk.hasFailed();
         disk.heal();
-        ModelContainer container(configuration, runLoop);
+        Library container(configuration, runLoop);
         ASSERT_EQ(container.mainContext().fetchCount<Client>(), 0U);
         container.mainContext().insert(std::make_shared<Client>("Acme"));
         container.mainContext().save();
@@ -253,7 +253,7 @@ TEST(WriteFailureAtTheOpening, losesNothing) {
         desk.disk.failAt(n, SQLITE_FULL, Duration::lasting);
         try {
             desk.timer.library.open();
-        } catch (const ModelContainerError&) {
+        } catch (const LibraryError&) {
         }
         const bool isDone = !desk.disk.hasFailed();
         desk.timer.library.close();

@@ -81,7 +81,7 @@ class ToOne {
     }
 
     ToOne& operator=(Ref<T> target) {
-        const PersistentID id = target ? target->persistentModelID() : PersistentID{};
+        const PersistentID id = target ? target->id() : PersistentID{};
         if (id == id_) return *this;
         owner_.willChange();
         assign(std::move(target));
@@ -106,7 +106,7 @@ class ToOne {
     }
 
     void assign(Ref<T> target) {
-        id_ = target ? target->persistentModelID() : PersistentID{};
+        id_ = target ? target->id() : PersistentID{};
         target_ = std::move(target);
     }
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth {
 
@@ -21,7 +21,7 @@ class LiveQuery {
  public:
     using Handler = std::function<void(const std::vector<Ref<T>>&)>;
 
-    LiveQuery(ModelContext& context, FetchDescriptor<T> descriptor, Handler changed)
+    LiveQuery(UnitOfWork& context, Query<T> descriptor, Handler changed)
         : state_(std::make_shared<State>(context, std::move(descriptor), std::move(changed))) {
         observation_ = context.observe(T::schema(), [state = state_] { evaluate(state); });
         evaluate(state_);
@@ -34,11 +34,11 @@ class LiveQuery {
  private:
     using Records = std::vector<Ref<T>>;
     struct State {
-        State(ModelContext& owner, FetchDescriptor<T> what, Handler handler)
+        State(UnitOfWork& owner, Query<T> what, Handler handler)
             : context(owner), descriptor(std::move(what)), changed(std::move(handler)) {}
 
-        ModelContext& context;
-        FetchDescriptor<T> descriptor;
+        UnitOfWork& context;
+        Query<T> descriptor;
         Handler changed;
         std::shared_ptr<const Records> records = std::make_shared<Records>();
     };
@@ -53,7 +53,7 @@ class LiveQuery {
     }
 
     std::shared_ptr<State> state_;
-    ModelContext::Observation observation_;
+    UnitOfWork::Observation observation_;
 };
 
 }  // namespace elmworth

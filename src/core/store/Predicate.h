@@ -119,8 +119,8 @@ class KeyPath {
     static Value valueOf(Absent /*absent*/) { return {}; }
     template <class V>
     static Value valueOf(const V& value) {
-        if constexpr (requires { value->persistentModelID(); }) {
-            return value ? Value{value->persistentModelID()} : Value{};
+        if constexpr (requires { value->id(); }) {
+            return value ? Value{value->id()} : Value{};
         } else {
             return FieldTraits<typename Field::ValueType>::toValue(value);
         }

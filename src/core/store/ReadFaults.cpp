@@ -30,7 +30,7 @@ void ReadFaults::tell() const {
 
 std::string unreadableLibraryText() {
     return "Part of the library can't be read. Snapshots of it are in “" +
-           (applicationSupportFolder() / "Backups").string() + "”.";
+           (dataFolder() / "Backups").string() + "”.";
 }
 
 }  // namespace elmworth

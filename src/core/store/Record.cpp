@@ -4,8 +4,8 @@
 #include "core/store/Record.h"
 
 #include "core/store/Attribute.h"
-#include "core/store/ModelContext.h"
 #include "core/store/Schema.h"
+#include "core/store/UnitOfWork.h"
 
 namespace elmworth {
 
@@ -36,14 +36,14 @@ std::vector<Value> Record::capture() const {
 }
 
 Ref<Record> resolveRecord(const Record& owner, const RecordSchema& target, const PersistentID& id) {
-    return owner.modelContext() ? owner.modelContext()->recordQuietly(target, id) : nullptr;
+    return owner.unitOfWork() ? owner.unitOfWork()->recordQuietly(target, id) : nullptr;
 }
 
 std::vector<Ref<Record>> relatedRecords(const Record& owner, const RecordSchema& target,
                                         std::string_view inverse) {
-    if (!owner.modelContext()) return {};
+    if (!owner.unitOfWork()) return {};
     try {
-        return owner.modelContext()->related(target, inverse, owner.persistentModelID());
+        return owner.unitOfWork()->related(target, inverse, owner.id());
     } catch (const StoreError&) {
         return {};
     }

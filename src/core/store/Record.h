@@ -13,7 +13,7 @@
 
 namespace elmworth {
 
-class ModelContext;
+class UnitOfWork;
 struct RecordSchema;
 
 /// A reference to a record. Two references are equal when they are the same stored record.
@@ -33,7 +33,7 @@ class Record : public std::enable_shared_from_this<Record> {
     virtual ~Record();
 
     /// The stable identity, from creation on.
-    [[nodiscard]] const PersistentID& persistentModelID() const noexcept { return id_; }
+    [[nodiscard]] const PersistentID& id() const noexcept { return id_; }
 
     /// True once the record is deleted in its context, also before the deletion is saved.
     [[nodiscard]] bool isDeleted() const noexcept {
@@ -41,7 +41,7 @@ class Record : public std::enable_shared_from_this<Record> {
     }
 
     /// The context that owns the record: null before it is inserted, and once it has left.
-    [[nodiscard]] ModelContext* modelContext() const noexcept { return context_; }
+    [[nodiscard]] UnitOfWork* unitOfWork() const noexcept { return context_; }
 
     /// The declaration of this record's type.
     [[nodiscard]] virtual const RecordSchema& recordSchema() const noexcept = 0;
@@ -53,7 +53,7 @@ class Record : public std::enable_shared_from_this<Record> {
     explicit Record(const PersistentID& id) : id_(id) {}
 
  private:
-    friend class ModelContext;
+    friend class UnitOfWork;
     template <class T>
     friend class Attribute;
     template <class T>
@@ -78,7 +78,7 @@ class Record : public std::enable_shared_from_this<Record> {
     [[nodiscard]] std::vector<Value> capture() const;
 
     PersistentID id_;
-    ModelContext* context_ = nullptr;
+    UnitOfWork* context_ = nullptr;
     State state_ = State::detached;
     bool stored_ = false;                        ///< the library holds a row of this record
     std::unique_ptr<std::vector<Value>> saved_;  ///< the values at the last save, while they differ

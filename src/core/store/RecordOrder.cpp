@@ -43,8 +43,7 @@ bool RecordOrder::precedes(const Record& a, const Record& b) const {
         if (result != 0) return key.order == SortOrder::forward ? result < 0 : result > 0;
     }
     const bool reverse = !keys_.empty() && keys_.back().order == SortOrder::reverse;
-    return reverse ? b.persistentModelID() < a.persistentModelID()
-                   : a.persistentModelID() < b.persistentModelID();
+    return reverse ? b.id() < a.id() : a.id() < b.id();
 }
 
 }  // namespace elmworth

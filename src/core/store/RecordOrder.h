@@ -5,7 +5,7 @@
 
 #include <span>
 
-#include "core/store/FetchDescriptor.h"
+#include "core/store/Query.h"
 
 namespace elmworth {
 

@@ -13,7 +13,7 @@
 #include <fstream>
 #include <utility>
 
-#include "platform/AbandonedFiles.h"
+#include "platform/StaleTempFiles.h"
 
 namespace elmworth {
 namespace {

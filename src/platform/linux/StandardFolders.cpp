@@ -32,7 +32,7 @@ std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
 
 }  // namespace
 
-std::filesystem::path applicationSupportFolder() {
+std::filesystem::path dataFolder() {
     return baseFolder("XDG_DATA_HOME", ".local/share") / "Elmworth";
 }
 

@@ -32,7 +32,7 @@ PopupMenu {
             PopupMenuItem {
                 required property int index
                 required property string title
-                required systemImage
+                required iconName
                 required hint
 
                 text: title

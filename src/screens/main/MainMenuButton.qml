@@ -14,7 +14,7 @@ IconButton {
 
     signal closeRequested()
 
-    systemImage: "line.3.horizontal"
+    iconName: "line.3.horizontal"
     label: "Menu"
     help: "Menu (" + menuKeys.nativeText + ")"
     Accessible.role: Accessible.ButtonMenu

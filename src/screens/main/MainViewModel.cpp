@@ -15,7 +15,7 @@ constexpr std::string_view sectionKey = "mainSection";
 
 }  // namespace
 
-MainViewModel::MainViewModel(const PanelServices& services)
+MainViewModel::MainViewModel(const AppServices& services)
     : readFaults_(services.context.readFaults()),
       defaults_(services.defaults),
       timer_(services.timer),

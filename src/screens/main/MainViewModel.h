@@ -7,14 +7,14 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 #include "screens/main/SidebarModel.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "tracking/ui/RunningEntryModel.h"
 
 namespace elmworth {
 
-/// The main window: which section it shows, what runs, and what its menus do. The user default
+/// The main window: which section it shows, what runs, and what its menus do. The setting
 /// "mainSection" alone decides about the section, whoever writes it.
 class MainViewModel final : public QObject {
     Q_OBJECT
@@ -29,7 +29,7 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(QString libraryProblem READ libraryProblem NOTIFY libraryProblemChanged FINAL)
 
  public:
-    explicit MainViewModel(const PanelServices& services);
+    explicit MainViewModel(const AppServices& services);
 
     [[nodiscard]] SidebarModel* sections() { return &sections_; }
     /// The position of the section that shows. A "mainSection" that names none is the timesheet.
@@ -57,12 +57,12 @@ class MainViewModel final : public QObject {
 
  private:
     ReadFaults& readFaults_;
-    UserDefaults& defaults_;
+    Settings& defaults_;
     TimerService& timer_;
     SidebarModel sections_;
     RunningEntryModel running_;
     TimesheetModel timesheet_;
-    UserDefaults::Observation defaultsObservation_;
+    Settings::Observation defaultsObservation_;
     ReadFaults::Observation faultsObservation_;
 };
 

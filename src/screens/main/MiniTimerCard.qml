@@ -75,7 +75,7 @@ GlassCard {
 
             CircleIconButton {
                 size: 32
-                systemImage: "stop.fill"
+                iconName: "stop.fill"
                 colors: Theme.coralGradient
                 label: "Stop timer"
                 help: card.stopHelp

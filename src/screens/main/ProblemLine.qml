@@ -20,7 +20,7 @@ Rectangle {
         anchors { fill: parent; leftMargin: 20; rightMargin: 20; topMargin: 8; bottomMargin: 8 }
         spacing: 10
 
-        SystemImage {
+        Icon {
             name: "exclamationmark.triangle.fill"
             size: 16
             color: Theme.warningText

@@ -22,7 +22,7 @@ QList<QRect> freeAreas() {
 
 }  // namespace
 
-RememberedWindow::RememberedWindow(QWindow& window, UserDefaults& defaults, std::string key)
+RememberedWindow::RememberedWindow(QWindow& window, Settings& defaults, std::string key)
     : window_(window), defaults_(defaults), key_(std::move(key)) {
     restore();
     settled_.setSingleShot(true);

@@ -8,20 +8,20 @@
 #include <QWindow>
 #include <string>
 
-#include "platform/UserDefaults.h"
+#include "platform/Settings.h"
 #include "screens/main/WindowFrame.h"
 
 namespace elmworth {
 
 /// Gives a window the place and size that it had when the program ran last, as far as the screens
-/// can show them; without any it becomes no larger than its screen. Notes them in the user defaults
+/// can show them; without any it becomes no larger than its screen. Notes them in the settings
 /// while they change: a moment after the last change, and at the end.
 class RememberedWindow final : public QObject {
     Q_OBJECT
 
  public:
-    /// Both outlive this object. `key` is the name of the user default.
-    RememberedWindow(QWindow& window, UserDefaults& defaults, std::string key);
+    /// Both outlive this object. `key` is the name of the setting.
+    RememberedWindow(QWindow& window, Settings& defaults, std::string key);
     ~RememberedWindow() override;
 
  private:
@@ -29,7 +29,7 @@ class RememberedWindow final : public QObject {
     void note();
 
     QWindow& window_;
-    UserDefaults& defaults_;
+    Settings& defaults_;
     std::string key_;
     WindowFrame frame_;
     QTimer settled_;

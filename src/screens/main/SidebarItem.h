@@ -9,11 +9,11 @@
 
 namespace elmworth {
 
-/// A section of the main window. Its raw value is what the user default "mainSection" holds, and
+/// A section of the main window. Its raw value is what the setting "mainSection" holds, and
 /// the label that people see.
 struct SidebarItem {
     std::string_view rawValue;
-    std::string_view systemImage;
+    std::string_view iconName;
     std::string_view shortcut;
 };
 

@@ -27,8 +27,8 @@ QVariant SidebarModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case TitleRole:
             return text(item.rawValue);
-        case SystemImageRole:
-            return text(item.systemImage);
+        case IconRole:
+            return text(item.iconName);
         case ShortcutRole:
             return text(item.shortcut);
         case HintRole:
@@ -40,7 +40,7 @@ QVariant SidebarModel::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> SidebarModel::roleNames() const {
     return {{TitleRole, "title"},
-            {SystemImageRole, "systemImage"},
+            {IconRole, "iconName"},
             {ShortcutRole, "shortcut"},
             {HintRole, "hint"}};
 }

@@ -14,7 +14,7 @@ class SidebarModel : public QAbstractListModel {
     QML_ANONYMOUS
 
  public:
-    enum Role { TitleRole = Qt::UserRole + 1, SystemImageRole, ShortcutRole, HintRole };
+    enum Role { TitleRole = Qt::UserRole + 1, IconRole, ShortcutRole, HintRole };
 
     using QAbstractListModel::QAbstractListModel;
 

@@ -13,7 +13,7 @@ T.TabButton {
 
     required property int index
     required property string title
-    required property string systemImage
+    required property string iconName
     required property string shortcut
     required property string hint
     property bool selected: false
@@ -58,8 +58,8 @@ T.TabButton {
     contentItem: RowLayout {
         spacing: 10
 
-        SystemImage {
-            name: row.systemImage
+        Icon {
+            name: row.iconName
             size: 18
             color: row.selected ? Theme.accentText : Theme.secondaryText
         }

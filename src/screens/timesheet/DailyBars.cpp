@@ -67,7 +67,7 @@ NameCounts nameCounts(std::span<const TimesheetEntry> entries) {
     std::unordered_set<PersistentID> seen;
     for (const auto& entry : entries) {
         const auto& project = entry.project;
-        if (project && seen.insert(project->persistentModelID()).second) ++counts[project->name];
+        if (project && seen.insert(project->id()).second) ++counts[project->name];
     }
     return counts;
 }

@@ -61,7 +61,7 @@ Item {
 
         anchors { right: parent.right; rightMargin: head.margin + 10; verticalCenter: line.verticalCenter }
         focusPolicy: Qt.NoFocus
-        systemImage: "plus"
+        iconName: "plus"
         help: "Add time on this day"
         label: "Add entry on this day"
         onClicked: head.addRequested(head.index)

@@ -19,7 +19,7 @@ QString countOfEntries(std::size_t count) {
 
 }  // namespace
 
-EntryCommandsModel::EntryCommandsModel(const PanelServices& services)
+EntryCommandsModel::EntryCommandsModel(const AppServices& services)
     : context_(services.context),
       editing_(services.context, services.timer, services.now, services.calendar) {
     historyObservation_ = editing_.history().observe([this] {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "tracking/TimesheetEditing.h"
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -35,7 +35,7 @@ class EntryCommandsModel final : public QObject {
  public:
     using IDs = std::vector<PersistentID>;
 
-    explicit EntryCommandsModel(const PanelServices& services);
+    explicit EntryCommandsModel(const AppServices& services);
 
     [[nodiscard]] bool isDeletePending() const noexcept { return !pendingDelete_.empty(); }
     [[nodiscard]] QString pendingDeleteTitle() const;
@@ -80,7 +80,7 @@ class EntryCommandsModel final : public QObject {
     void setNotice(const QString& sentence, bool offersUndo);
     void tellOfBilled(const EntryTally& tally);
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     TimesheetEditing editing_;
     IDs pendingDelete_;
     QString notice_;

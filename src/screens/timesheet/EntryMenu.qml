@@ -15,7 +15,7 @@ PopupMenu {
 
     PopupMenuItem {
         text: "Edit"
-        systemImage: "pencil"
+        iconName: "pencil"
         onTriggered: menu.model.menuEdit()
     }
 
@@ -23,7 +23,7 @@ PopupMenu {
         visible: menu.model.menuOffersContinue
         height: visible ? implicitHeight : 0
         text: "Continue Tracking"
-        systemImage: "play.fill"
+        iconName: "play.fill"
         onTriggered: menu.model.menuContinue()
     }
 
@@ -31,13 +31,13 @@ PopupMenu {
         visible: menu.model.menuOffersContinue
         height: visible ? implicitHeight : 0
         text: "Duplicate to Today"
-        systemImage: "doc.on.doc"
+        iconName: "doc.on.doc"
         onTriggered: menu.model.menuDuplicate()
     }
 
     PopupMenuItem {
         text: "Move to Project"
-        systemImage: "folder"
+        iconName: "folder"
         enabled: menu.model.menuOffersMove
         onTriggered: menu.moveRequested()
     }
@@ -46,7 +46,7 @@ PopupMenu {
 
     PopupMenuItem {
         text: "Delete"
-        systemImage: "trash"
+        iconName: "trash"
         destructive: true
         onTriggered: menu.model.menuDelete()
     }

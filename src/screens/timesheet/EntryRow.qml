@@ -151,7 +151,7 @@ Item {
                 // qmllint disable unqualified
                 sourceComponent: CircleIconButton {
                     focusPolicy: Qt.NoFocus
-                    systemImage: "play.fill"
+                    iconName: "play.fill"
                     help: "Continue tracking this"
                     label: "Continue tracking"
                     onClicked: row.continueRequested(row.index)

@@ -23,7 +23,7 @@ Flow {
     FilterButton {
         id: range
 
-        systemImage: "calendar"
+        iconName: "calendar"
         text: bar.model.presetTitle
         label: "Range: " + bar.model.presetTitle
         onClicked: {
@@ -63,21 +63,21 @@ Flow {
     }
 
     ChoiceFilter {
-        systemImage: "person.2"
+        iconName: "person.2"
         name: "Client"
         prompt: "Search clients"
         choice: bar.model.client
     }
 
     ChoiceFilter {
-        systemImage: "folder"
+        iconName: "folder"
         name: "Project"
         prompt: "Search projects"
         choice: bar.model.project
     }
 
     FilterButton {
-        systemImage: "tray.full"
+        iconName: "tray.full"
         opensList: false
         text: "Unbilled"
         help: "Show only time that isn't on an invoice yet"

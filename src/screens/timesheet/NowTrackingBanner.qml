@@ -78,7 +78,7 @@ GlassCard {
 
         GlowButton {
             text: "Stop"
-            systemImage: "stop"
+            iconName: "stop"
             prominent: true
             onClicked: banner.model.stop()
         }

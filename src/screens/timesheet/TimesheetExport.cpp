@@ -11,7 +11,7 @@ namespace elmworth {
 
 namespace {
 
-void write(ModelContext& context, const TimesheetFilter& filter, Instant now,
+void write(UnitOfWork& context, const TimesheetFilter& filter, Instant now,
            const Calendar& calendar, const std::filesystem::path& file) {
     AtomicFile target(file, FileAccess::forUmask(currentUmask()));
     CSVDocument document(calendar.zoneID(), [&](std::string_view text) { target.write(text); });
@@ -23,7 +23,7 @@ void write(ModelContext& context, const TimesheetFilter& filter, Instant now,
 
 }  // namespace
 
-std::optional<std::string> exportTimesheet(ModelContext& context, const TimesheetFilter& filter,
+std::optional<std::string> exportTimesheet(UnitOfWork& context, const TimesheetFilter& filter,
                                            Instant now, const Calendar& calendar,
                                            const std::filesystem::path& file) {
     try {

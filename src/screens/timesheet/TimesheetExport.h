@@ -14,7 +14,7 @@ namespace elmworth {
 
 /// Writes the finished entries that pass `filter` to `file` as CSV, oldest start first, in the
 /// calendar's time zone. Gives what went wrong as a sentence; the file is then as it was.
-[[nodiscard]] std::optional<std::string> exportTimesheet(ModelContext& context,
+[[nodiscard]] std::optional<std::string> exportTimesheet(UnitOfWork& context,
                                                          const TimesheetFilter& filter, Instant now,
                                                          const Calendar& calendar,
                                                          const std::filesystem::path& file);

@@ -20,13 +20,13 @@ QString text(std::string_view utf8) {
 }
 
 template <class T>
-FetchDescriptor<T> byName() {
+Query<T> byName() {
     return {.sortBy = {sortedBy<&T::name>(SortOrder::forward, SortComparison::localizedStandard)}};
 }
 
 }  // namespace
 
-TimesheetFilterModel::TimesheetFilterModel(PanelServices services)
+TimesheetFilterModel::TimesheetFilterModel(AppServices services)
     : services_(std::move(services)),
       customFrom_(services_.calendar, services_.now),
       customTo_(services_.calendar, services_.now),
@@ -151,9 +151,9 @@ void offer(ChoiceModel& model, const char* none, const std::vector<Ref<T>>& reco
            const Ref<T>& chosen) {
     std::vector<Choice> choices{{{}, text(none), false}};
     for (const auto& record : records) {
-        choices.push_back({record->persistentModelID(), text(record->name.get()), false});
+        choices.push_back({record->id(), text(record->name.get()), false});
     }
-    model.offer(std::move(choices), chosen ? chosen->persistentModelID() : PersistentID{},
+    model.offer(std::move(choices), chosen ? chosen->id() : PersistentID{},
                 chosen ? text(chosen->name.get()) : text(none));
 }
 

@@ -11,13 +11,13 @@
 #include "core/store/LiveQuery.h"
 #include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
+#include "tracking/ui/AppServices.h"
 #include "tracking/ui/ChoiceModel.h"
-#include "tracking/ui/PanelServices.h"
 
 namespace elmworth {
 
 /// The bar that decides what a timesheet shows. The period's name and "Unbilled" are kept in the
-/// user defaults, whoever writes them; all else lasts as long as the window.
+/// settings, whoever writes them; all else lasts as long as the window.
 class TimesheetFilterModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -39,7 +39,7 @@ class TimesheetFilterModel final : public QObject {
     Q_PROPERTY(bool canClear READ canClear NOTIFY changed FINAL)
 
  public:
-    explicit TimesheetFilterModel(PanelServices services);
+    explicit TimesheetFilterModel(AppServices services);
 
     [[nodiscard]] static QStringList presets();
     [[nodiscard]] int preset() const;
@@ -84,7 +84,7 @@ class TimesheetFilterModel final : public QObject {
     void offerChoices();
     void tell();
 
-    PanelServices services_;
+    AppServices services_;
     ChoiceModel client_;
     ChoiceModel project_;
     Ref<Client> clientFilter_;
@@ -95,7 +95,7 @@ class TimesheetFilterModel final : public QObject {
     bool isReady_ = false;  ///< the queries below tell of their first answer before that
     LiveQuery<Client> clients_;
     LiveQuery<Project> projects_;
-    UserDefaults::Observation defaultsObservation_;
+    Settings::Observation defaultsObservation_;
 };
 
 }  // namespace elmworth

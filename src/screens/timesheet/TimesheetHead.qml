@@ -37,7 +37,7 @@ Item {
 
             GlowButton {
                 text: "Export CSV"
-                systemImage: "tablecells"
+                iconName: "tablecells"
                 help: "Export the filtered entries as CSV"
                 enabled: !head.model.isEmpty
                 onClicked: head.exportRequested()
@@ -45,7 +45,7 @@ Item {
 
             GlowButton {
                 text: "New Entry"
-                systemImage: "plus"
+                iconName: "plus"
                 help: "Ctrl+N"
                 prominent: true
                 onClicked: head.model.addEntry()

@@ -35,7 +35,7 @@ QString pathOf(const QUrl& file) {
 
 }  // namespace
 
-EntryEditorServices TimesheetModel::editorServices(const PanelServices& services,
+EntryEditorServices TimesheetModel::editorServices(const AppServices& services,
                                                    EntryCommandsModel& commands) {
     return {.context = services.context,
             .timer = services.timer,
@@ -47,7 +47,7 @@ EntryEditorServices TimesheetModel::editorServices(const PanelServices& services
             }};
 }
 
-TimesheetModel::TimesheetModel(const PanelServices& services)
+TimesheetModel::TimesheetModel(const AppServices& services)
     : services_(services),
       filter_(services),
       commands_(services),
@@ -101,7 +101,7 @@ void TimesheetModel::followLibrary(const RecordChanges& changes) {
 }
 
 bool TimesheetModel::isLibraryEmpty() {
-    return services_.context.fetchQuietly(FetchDescriptor<TimeEntry>{.fetchLimit = 1}).empty();
+    return services_.context.fetchQuietly(Query<TimeEntry>{.fetchLimit = 1}).empty();
 }
 
 void TimesheetModel::libraryChanged(bool renamed) {

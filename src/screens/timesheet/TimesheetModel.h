@@ -26,7 +26,7 @@ namespace elmworth {
 
 /// The screen on which tracked time is reviewed and corrected.
 ///
-/// Follows the library, the timer and the user defaults while it is shown; a save elsewhere shows
+/// Follows the library, the timer and the settings while it is shown; a save elsewhere shows
 /// at once. A tick costs what shows the running entry. While it is not shown it does nothing, and
 /// catches up when it is.
 class TimesheetModel final : public QObject {
@@ -61,7 +61,7 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
 
  public:
-    explicit TimesheetModel(const PanelServices& services);
+    explicit TimesheetModel(const AppServices& services);
 
     [[nodiscard]] TimesheetFilterModel* filter() noexcept { return &filter_; }
     [[nodiscard]] EntryCommandsModel* commands() noexcept { return &commands_; }
@@ -136,7 +136,7 @@ class TimesheetModel final : public QObject {
     void replacedNameChanged();
 
  private:
-    [[nodiscard]] static EntryEditorServices editorServices(const PanelServices& services,
+    [[nodiscard]] static EntryEditorServices editorServices(const AppServices& services,
                                                             EntryCommandsModel& commands);
     void observe();
     void followLibrary(const RecordChanges& changes);
@@ -156,7 +156,7 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] std::vector<PersistentID> shownSelection() const;
     [[nodiscard]] TimesheetRowsModel::Setting setting() const;
 
-    PanelServices services_;
+    AppServices services_;
     TimesheetFilterModel filter_;
     EntryCommandsModel commands_;
     RunningEntryModel running_;
@@ -183,7 +183,7 @@ class TimesheetModel final : public QObject {
     QUrl replacedFile_;
     RunLoop::Handle trim_;
     std::optional<Instant> awaited_;  ///< after it what runs stands in a day where it does not yet
-    ModelContext::Observation libraryObservation_;
+    UnitOfWork::Observation libraryObservation_;
     TimerService::Observation timerObservation_;
 };
 

@@ -113,7 +113,7 @@ void TimesheetModel::continueEntry(int row) {
 bool TimesheetModel::openMenu(int row) {
     const auto entry = entryAt(row);
     if (!entry) return false;
-    menuEntry_ = entry->persistentModelID();
+    menuEntry_ = entry->id();
     menuSpot_ = {rows_.rowAt(row)->id, entry->start};
     menuIDs_ = {menuEntry_};
     if (selection_.ids().contains(menuEntry_)) {
@@ -133,7 +133,7 @@ void TimesheetModel::offerMenuProjects() {
         if (const auto client = project->client.get()) {
             name += QStringLiteral(" — ") + QString::fromStdString(client->name);
         }
-        choices.push_back({project->persistentModelID(), name, false});
+        choices.push_back({project->id(), name, false});
     }
     menuProjects_.offer(std::move(choices), {}, {});
 }

@@ -64,7 +64,7 @@ void TimesheetRowsModel::show(std::shared_ptr<const TimesheetListing> listing, S
     // The rows that stand refer to the former listing until the last one has changed.
     const auto former = std::exchange(listing_, std::move(listing));
     growing_.clear();
-    takeOverDays(former ? former->days : decltype(former->days){});
+    reuseDays(former ? former->days : decltype(former->days){});
     noteGrowing();
     if ((renamed || otherPlace || otherDay) && !rows().empty()) {
         Q_EMIT dataChanged(index(0), index(static_cast<int>(rows().size()) - 1));
@@ -72,8 +72,7 @@ void TimesheetRowsModel::show(std::shared_ptr<const TimesheetListing> listing, S
 }
 
 /// Days that are the same as before have the same lines.
-void TimesheetRowsModel::takeOverDays(
-    const std::vector<std::shared_ptr<const TimesheetDay>>& former) {
+void TimesheetRowsModel::reuseDays(const std::vector<std::shared_ptr<const TimesheetDay>>& former) {
     const TimesheetDays before(former);
     const TimesheetDays days(listing_->days);
     const std::size_t shorter = std::min(before.size(), days.size());

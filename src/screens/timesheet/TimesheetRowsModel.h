@@ -91,7 +91,7 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
     [[nodiscard]] QString headSummary(const TimesheetRow& row) const;
     [[nodiscard]] QString entrySummary(const TimesheetRow& row) const;
     [[nodiscard]] std::string duration(const TimesheetEntry& entry) const;
-    void takeOverDays(const std::vector<std::shared_ptr<const TimesheetDay>>& former);
+    void reuseDays(const std::vector<std::shared_ptr<const TimesheetDay>>& former);
     void noteGrowing();
     void tellGrown(int row);
 

@@ -44,17 +44,17 @@ GallerySection {
         rowSpacing: 16
         columnSpacing: 40
 
-        States { button: GlowButton { text: "Plain"; systemImage: "tablecells" } }
-        States { button: GlowButton { text: "Prominent"; prominent: true; systemImage: "plus" } }
+        States { button: GlowButton { text: "Plain"; iconName: "tablecells" } }
+        States { button: GlowButton { text: "Prominent"; prominent: true; iconName: "plus" } }
         States { button: GlowButton { text: "Primary"; prominent: true; colors: Theme.primaryGradient } }
         States { button: GlowButton { text: "Delete"; prominent: true; colors: Theme.dangerGradient } }
         States { button: GlowButton { text: "Mint"; prominent: true; colors: Theme.mintGradient } }
         States { button: GlowButton { text: "Amber"; prominent: true; colors: Theme.amberGradient } }
-        States { button: FilterButton { text: "This Week"; systemImage: "calendar" } }
-        States { button: FilterButton { text: "Unbilled"; systemImage: "tray.full"; opensList: false; active: true } }
-        States { button: CircleIconButton { systemImage: "play.fill"; label: "Start" } }
-        States { button: CircleIconButton { systemImage: "stop.fill"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
-        States { button: IconButton { systemImage: "plus"; label: "Add" } }
+        States { button: FilterButton { text: "This Week"; iconName: "calendar" } }
+        States { button: FilterButton { text: "Unbilled"; iconName: "tray.full"; opensList: false; active: true } }
+        States { button: CircleIconButton { iconName: "play.fill"; label: "Start" } }
+        States { button: CircleIconButton { iconName: "stop.fill"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
+        States { button: IconButton { iconName: "plus"; label: "Add" } }
         States { button: LinkButton { text: "Open Settings" } }
         States { button: CheckMark { text: "Check box" } }
         States { button: CheckMark { text: "Ticked"; checked: true } }

@@ -44,7 +44,7 @@ GallerySection {
             ListRow { Layout.fillWidth: true; title: "Website Redesign"; subtitle: "Acme Co"; mark: "#7C6CFF" }
             ListRow { Layout.fillWidth: true; title: "Hovered, with a name that is far too long for its row"; subtitle: "Globex"; mark: "#2EC4B6"; looksHovered: true
                 PlainText { text: "Ctrl+2"; color: Theme.secondaryText }
-                SystemImage { name: "play.fill" }
+                Icon { name: "play.fill" }
             }
             ListRow { Layout.fillWidth: true; title: "Focused"; subtitle: "Initech"; mark: "#FFB400"; looksFocused: true }
             ListRow { Layout.fillWidth: true; title: "Pressed"; mark: "#4AA8FF"; looksPressed: true }

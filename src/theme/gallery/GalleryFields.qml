@@ -46,14 +46,14 @@ GallerySection {
 
         GlowButton {
             text: "Open Menu"
-            systemImage: "line.3.horizontal"
+            iconName: "line.3.horizontal"
             help: "Shows the menu"
             onClicked: menu.popup(this, 0, height + 4)
 
             PopupMenu {
                 id: menu
 
-                PopupMenuItem { text: "Edit…"; systemImage: "pencil"; hint: "Ctrl+E" }
+                PopupMenuItem { text: "Edit…"; iconName: "pencil"; hint: "Ctrl+E" }
                 PopupMenuItem { text: "Archive"; enabled: false }
                 PopupMenu {
                     title: "Move to Project"
@@ -62,7 +62,7 @@ GallerySection {
                     PopupMenuItem { text: "App"; checkable: true }
                 }
                 PopupMenuSeparator {}
-                PopupMenuItem { text: "Delete…"; systemImage: "trash"; destructive: true }
+                PopupMenuItem { text: "Delete…"; iconName: "trash"; destructive: true }
             }
         }
 

@@ -32,7 +32,7 @@ GallerySection {
                 Layout.preferredWidth: 1
                 spacing: 8
 
-                SystemImage { name: row.modelData; size: 20 }
+                Icon { name: row.modelData; size: 20 }
                 PlainText {
                     Layout.fillWidth: true
                     text: row.modelData

@@ -4,7 +4,7 @@
 #include "theme/gallery/GalleryModel.h"
 
 #include "theme/AppAppearance.h"
-#include "theme/SystemImages.h"
+#include "theme/Icons.h"
 
 namespace elmworth {
 
@@ -23,7 +23,7 @@ void GalleryModel::setAppearance(int position) {
 }
 
 QStringList GalleryModel::imageNames() {
-    return systemImageNames();
+    return iconNames();
 }
 
 }  // namespace elmworth

@@ -17,7 +17,7 @@ ColumnLayout {
     RowLayout {
         spacing: 8
 
-        SystemImage {
+        Icon {
             name: "moon.zzz.fill"
             color: Theme.accentText
         }

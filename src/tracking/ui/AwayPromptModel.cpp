@@ -30,7 +30,7 @@ QString helpAbout(const Sleeps& sleeps) {
 
 }  // namespace
 
-AwayPromptModel::AwayPromptModel(const PanelServices& services) : services_(services) {
+AwayPromptModel::AwayPromptModel(const AppServices& services) : services_(services) {
     update();
 }
 

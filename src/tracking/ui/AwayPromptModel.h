@@ -7,7 +7,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -23,7 +23,7 @@ class AwayPromptModel final : public QObject {
     Q_PROPERTY(QString discardHelp READ discardHelp NOTIFY changed FINAL)
 
  public:
-    explicit AwayPromptModel(const PanelServices& services);
+    explicit AwayPromptModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return !text_.isEmpty(); }
     [[nodiscard]] const QString& text() const noexcept { return text_; }
@@ -39,7 +39,7 @@ class AwayPromptModel final : public QObject {
     void changed();
 
  private:
-    const PanelServices& services_;
+    const AppServices& services_;
     QString text_;
     QString discardHelp_;
 };

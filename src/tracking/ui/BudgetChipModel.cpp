@@ -17,7 +17,7 @@ std::optional<double> fractionUsed(const Project& project, Instant now) {
 
 }  // namespace
 
-BudgetChipModel::BudgetChipModel(const PanelServices& services) : services_(services) {}
+BudgetChipModel::BudgetChipModel(const AppServices& services) : services_(services) {}
 
 void BudgetChipModel::setPanelOpen(bool isOpen) {
     isPanelOpen_ = isOpen;

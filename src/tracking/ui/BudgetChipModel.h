@@ -7,7 +7,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -22,7 +22,7 @@ class BudgetChipModel final : public QObject {
     Q_PROPERTY(QString text READ text NOTIFY textChanged FINAL)
 
  public:
-    explicit BudgetChipModel(const PanelServices& services);
+    explicit BudgetChipModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return !text_.isEmpty(); }
     [[nodiscard]] const QString& text() const noexcept { return text_; }
@@ -42,7 +42,7 @@ class BudgetChipModel final : public QObject {
     void textChanged();
 
  private:
-    const PanelServices& services_;
+    const AppServices& services_;
     bool isPanelOpen_ = false;
     std::optional<double> fraction_;  ///< at `askedAt_`; absent without a budget
     double budgetSeconds_ = 0;

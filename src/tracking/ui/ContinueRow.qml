@@ -16,7 +16,7 @@ ListRow {
     help: "Ctrl+Shift+R"
     onClicked: row.model.continueEntry()
 
-    SystemImage {
+    Icon {
         name: "arrow.clockwise"
         color: row.raised ? Theme.primaryText : Theme.secondaryText
     }

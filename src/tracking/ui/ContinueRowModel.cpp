@@ -24,7 +24,7 @@ QString subtitleOf(const Ref<TimeEntry>& entry) {
 
 }  // namespace
 
-ContinueRowModel::ContinueRowModel(const PanelServices& services) : services_(services) {
+ContinueRowModel::ContinueRowModel(const AppServices& services) : services_(services) {
     update();
 }
 

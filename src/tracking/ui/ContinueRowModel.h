@@ -7,7 +7,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -23,7 +23,7 @@ class ContinueRowModel final : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)
 
  public:
-    explicit ContinueRowModel(const PanelServices& services);
+    explicit ContinueRowModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return !title_.isEmpty(); }
     [[nodiscard]] const QString& title() const noexcept { return title_; }
@@ -39,7 +39,7 @@ class ContinueRowModel final : public QObject {
     void changed();
 
  private:
-    const PanelServices& services_;
+    const AppServices& services_;
     QString title_;
     QString subtitle_;
 };

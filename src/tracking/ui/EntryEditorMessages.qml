@@ -19,7 +19,7 @@ ColumnLayout {
         visible: messages.model.isBilled
         spacing: 8
 
-        SystemImage {
+        Icon {
             name: "lock.fill"
             color: Theme.secondaryText
         }

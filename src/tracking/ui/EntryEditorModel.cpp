@@ -167,12 +167,12 @@ void EntryEditorModel::recordsChanged() {
     if (entry_ && entry_->isDeleted()) {
         loseEntry();
     } else if (entry_) {
-        takeOver(EntryForm::of(*entry_, services_.now()));
+        follow(EntryForm::of(*entry_, services_.now()));
     }
     refresh();
 }
 
-void EntryEditorModel::takeOver(const EntryForm& fresh) {
+void EntryEditorModel::follow(const EntryForm& fresh) {
     const EntryForm here = form();
     const EntryForm before = std::exchange(seen_, fresh);
     if (here.project == before.project) projects_.setChosen(fresh.project);

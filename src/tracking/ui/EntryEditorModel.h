@@ -96,7 +96,7 @@ class EntryEditorModel final : public QObject {
     void fill(const EntryForm& form);
     void observe();
     void recordsChanged();
-    void takeOver(const EntryForm& fresh);
+    void follow(const EntryForm& fresh);
     void loseEntry();
     void refresh();
 
@@ -112,7 +112,7 @@ class EntryEditorModel final : public QObject {
     DateTimeInput start_;
     DateTimeInput end_;
     LiveListModel<DurationChip> chips_;
-    std::vector<ModelContext::Observation> observations_;
+    std::vector<UnitOfWork::Observation> observations_;
     RunLoop::Handle wait_;  ///< for a start in the future
 };
 

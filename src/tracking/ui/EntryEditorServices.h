@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "platform/Locale.h"
 #include "platform/RunLoop.h"
@@ -18,7 +18,7 @@ namespace elmworth {
 struct EntryEditorServices {
     using Save = std::function<Ref<TimeEntry>(const EntryForm&, Ref<TimeEntry>)>;
 
-    ModelContext& context;
+    UnitOfWork& context;
     TimerService& timer;
     RunLoop& runLoop;
     Clock now;                           ///< the timer's

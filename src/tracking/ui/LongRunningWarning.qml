@@ -17,7 +17,7 @@ ColumnLayout {
     RowLayout {
         spacing: 8
 
-        SystemImage {
+        Icon {
             name: "exclamationmark.triangle.fill"
             color: Theme.warningText
         }

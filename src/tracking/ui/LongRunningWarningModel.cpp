@@ -24,7 +24,7 @@ QString choiceText(int hours, Instant start) {
 
 }  // namespace
 
-LongRunningWarningModel::LongRunningWarningModel(const PanelServices& services)
+LongRunningWarningModel::LongRunningWarningModel(const AppServices& services)
     : services_(services) {
     update();
 }

@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <QtQmlIntegration>
 
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -23,7 +23,7 @@ class LongRunningWarningModel final : public QObject {
     Q_PROPERTY(QStringList choices READ choices NOTIFY changed FINAL)
 
  public:
-    explicit LongRunningWarningModel(const PanelServices& services);
+    explicit LongRunningWarningModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return start_.has_value(); }
     [[nodiscard]] QString text() const;
@@ -40,7 +40,7 @@ class LongRunningWarningModel final : public QObject {
     void changed();
 
  private:
-    const PanelServices& services_;
+    const AppServices& services_;
     std::optional<Instant> start_;  ///< of the entry that has run long
     QStringList choices_;
 };

@@ -10,7 +10,7 @@ import Elmworth.Tracking
 ColumnLayout {
     id: footer
 
-    required property MenuBarPanelModel model
+    required property PanelModel model
 
     signal done()
 
@@ -24,21 +24,21 @@ ColumnLayout {
 
         GlowButton {
             text: "Open Elmworth"
-            systemImage: "macwindow"
+            iconName: "macwindow"
             onClicked: { footer.model.openElmworth(); footer.done(); }
         }
 
         Item { Layout.fillWidth: true }
 
         IconButton {
-            systemImage: "gearshape.fill"
+            iconName: "gearshape.fill"
             label: "Settings"
             help: "Settings"
             onClicked: { footer.model.openSettings(); footer.done(); }
         }
 
         IconButton {
-            systemImage: "power"
+            iconName: "power"
             label: "Quit Elmworth"
             help: "Quit Elmworth (Ctrl+Q)"
             onClicked: footer.model.quit()

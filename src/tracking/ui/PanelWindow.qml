@@ -11,13 +11,13 @@ import Elmworth.Tracking
 Window {
     id: window
 
-    required property MenuBarPanelModel model
+    required property PanelModel model
 
     property bool hasBeenActive: false
     /// When a click elsewhere closed it, in milliseconds since 1970.
     property double leftAt: 0
 
-    readonly property MenuBarPanel panel: content.item as MenuBarPanel
+    readonly property Panel panel: content.item as Panel
 
     function openAt(point: point, isKnown: bool): void {
         if (isKnown)
@@ -84,7 +84,7 @@ Window {
         active: false
         // The panel doesn't outlive its window.
         // qmllint disable unqualified
-        sourceComponent: MenuBarPanel {
+        sourceComponent: Panel {
             model: window.model
             onDone: window.close()
         }

@@ -11,7 +11,7 @@ namespace elmworth {
 
 namespace {
 
-FetchDescriptor<Project> byName() {
+Query<Project> byName() {
     return {
         .sortBy = {sortedBy<&Project::name>(SortOrder::forward, SortComparison::localizedStandard)},
     };
@@ -25,7 +25,7 @@ QString labelOf(const Project& project) {
 
 }  // namespace
 
-ProjectChoicesModel::ProjectChoicesModel(ModelContext& context) : context_(context) {
+ProjectChoicesModel::ProjectChoicesModel(UnitOfWork& context) : context_(context) {
     connect(this, &ChoiceModel::picked, this, [this](const PersistentID& id) {
         setChosen(id.isNil() ? nullptr : context_.recordQuietly<Project>(id));
     });
@@ -36,7 +36,7 @@ void ProjectChoicesModel::show(Ref<Project> chosen, const Ref<Project>& entrysOw
     stop();
     setSearch({});
     chosen_ = std::move(chosen);
-    entrysOwn_ = entrysOwn ? std::optional(entrysOwn->persistentModelID()) : std::nullopt;
+    entrysOwn_ = entrysOwn ? std::optional(entrysOwn->id()) : std::nullopt;
     projects_.emplace(context_, byName(), [this](const auto&) {
         if (projects_) projectsChanged();
     });
@@ -61,7 +61,7 @@ void ProjectChoicesModel::projectsChanged() {
 }
 
 bool ProjectChoicesModel::isListed(const Project& project) const {
-    return !project.isArchived || project.persistentModelID() == entrysOwn_;
+    return !project.isArchived || project.id() == entrysOwn_;
 }
 
 void ProjectChoicesModel::offerProjects() {
@@ -69,11 +69,10 @@ void ProjectChoicesModel::offerProjects() {
     std::vector<Choice> choices{{{}, none, false}};
     if (projects_) {
         for (const auto& project : projects_->records()) {
-            if (isListed(*project))
-                choices.push_back({project->persistentModelID(), labelOf(*project), false});
+            if (isListed(*project)) choices.push_back({project->id(), labelOf(*project), false});
         }
     }
-    offer(std::move(choices), chosen_ ? chosen_->persistentModelID() : PersistentID{},
+    offer(std::move(choices), chosen_ ? chosen_->id() : PersistentID{},
           chosen_ ? labelOf(*chosen_) : none);
 }
 

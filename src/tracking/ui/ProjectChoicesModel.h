@@ -17,7 +17,7 @@ class ProjectChoicesModel final : public ChoiceModel {
     Q_OBJECT
 
  public:
-    explicit ProjectChoicesModel(ModelContext& context);
+    explicit ProjectChoicesModel(UnitOfWork& context);
 
     /// Shows the projects with `chosen` chosen. An archived one is among them only when it is
     /// `entrysOwn`.
@@ -33,9 +33,9 @@ class ProjectChoicesModel final : public ChoiceModel {
     void offerProjects();
     [[nodiscard]] bool isListed(const Project& project) const;
 
-    ModelContext& context_;
+    UnitOfWork& context_;
     std::optional<LiveQuery<Project>> projects_;
-    ModelContext::Observation clientObservation_;
+    UnitOfWork::Observation clientObservation_;
     Ref<Project> chosen_;
     std::optional<PersistentID> entrysOwn_;
 };

@@ -48,7 +48,7 @@ ListRow {
         Accessible.ignored: true
     }
 
-    SystemImage {
+    Icon {
         visible: name.length > 0
         name: row.image
         color: row.raised ? Theme.primaryText : Theme.secondaryText

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t rowsShown = 6;
 
-FetchDescriptor<Project> listedByName() {
+Query<Project> listedByName() {
     return {
         .predicate = key<&Project::isArchived>() == false,
         .sortBy = {sortedBy<&Project::name>(SortOrder::forward, SortComparison::localizedStandard)},
@@ -39,7 +39,7 @@ std::vector<ProjectStartRow> rowsOf(const std::vector<Ref<Project>>& projects,
 
 }  // namespace
 
-ProjectSectionModel::ProjectSectionModel(const PanelServices& services)
+ProjectSectionModel::ProjectSectionModel(const AppServices& services)
     : services_(services), projects_(services.context, listedByName(), nullptr) {
     update();
 }
@@ -121,9 +121,8 @@ void ProjectSectionModel::start(int row) {
 }
 
 void ProjectSectionModel::startProject(PersistentID id) {
-    const auto found = std::find_if(projects().begin(), projects().end(), [&](const auto& project) {
-        return project->persistentModelID() == id;
-    });
+    const auto found = std::find_if(projects().begin(), projects().end(),
+                                    [&](const auto& project) { return project->id() == id; });
     if (found == projects().end() || *found == runningProject()) return;
     services_.timer.start(*found);
     setSearch({});

@@ -10,7 +10,7 @@
 
 #include "core/store/LiveQuery.h"
 #include "livelist/LiveListModel.h"
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 #include "tracking/ui/ProjectStartRow.h"
 
 namespace elmworth {
@@ -33,7 +33,7 @@ class ProjectSectionModel final : public QObject {
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY projectsChanged FINAL)
 
  public:
-    explicit ProjectSectionModel(const PanelServices& services);
+    explicit ProjectSectionModel(const AppServices& services);
 
     [[nodiscard]] const QString& search() const noexcept { return search_; }
     [[nodiscard]] const QString& title() const noexcept { return title_; }
@@ -76,7 +76,7 @@ class ProjectSectionModel final : public QObject {
     void countProjects();
     void showRows();
 
-    const PanelServices& services_;
+    const AppServices& services_;
     LiveQuery<Project> projects_;
     std::vector<Ref<Project>> quickStart_;
     LiveListModel<ProjectStartRow> rows_;

@@ -23,7 +23,7 @@ QString hintOf(int shortcut) {
 
 ProjectStartRow ProjectStartRow::of(const Project& project, std::size_t position, bool isRunning) {
     ProjectStartRow row;
-    row.id = project.persistentModelID();
+    row.id = project.id();
     row.name = QString::fromStdString(project.name);
     if (const auto& client = project.client.get())
         row.client = QString::fromStdString(client->name);

@@ -8,7 +8,7 @@
 
 namespace elmworth {
 
-RunningCardModel::RunningCardModel(const PanelServices& services)
+RunningCardModel::RunningCardModel(const AppServices& services)
     : services_(services), budget_(services), warning_(services), away_(services) {
     update();
 }

@@ -8,10 +8,10 @@
 #include <QString>
 #include <QtQmlIntegration>
 
+#include "tracking/ui/AppServices.h"
 #include "tracking/ui/AwayPromptModel.h"
 #include "tracking/ui/BudgetChipModel.h"
 #include "tracking/ui/LongRunningWarningModel.h"
-#include "tracking/ui/PanelServices.h"
 
 namespace elmworth {
 
@@ -35,7 +35,7 @@ class RunningCardModel final : public QObject {
     Q_PROPERTY(elmworth::AwayPromptModel* away READ away CONSTANT FINAL)
 
  public:
-    explicit RunningCardModel(const PanelServices& services);
+    explicit RunningCardModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return look_.isShown; }
     [[nodiscard]] const QColor& color() const noexcept { return look_.color; }
@@ -78,7 +78,7 @@ class RunningCardModel final : public QObject {
     [[nodiscard]] static Look lookOf(const Ref<TimeEntry>& entry);
     void showNotes(QString notes);
 
-    const PanelServices& services_;
+    const AppServices& services_;
     BudgetChipModel budget_;
     LongRunningWarningModel warning_;
     AwayPromptModel away_;

@@ -16,7 +16,7 @@ QString text(const std::string& utf8) {
 
 }  // namespace
 
-RunningEntryModel::RunningEntryModel(ModelContext& context, TimerService& timer)
+RunningEntryModel::RunningEntryModel(UnitOfWork& context, TimerService& timer)
     : context_(context), timer_(timer) {
     timerObservation_ = timer_.observe([this](TimerService::Property property) {
         if (property == TimerService::Property::running) Q_EMIT runningChanged();
@@ -61,7 +61,7 @@ void RunningEntryModel::setNotes(const QString& notes) {
 
 void RunningEntryModel::saveNotes() {
     const auto entry = timer_.running();
-    if (entry && entry->modelContext() != nullptr) context_.saveQuietly();
+    if (entry && entry->unitOfWork() != nullptr) context_.saveQuietly();
 }
 
 void RunningEntryModel::stop() {

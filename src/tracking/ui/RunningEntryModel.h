@@ -7,7 +7,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -32,7 +32,7 @@ class RunningEntryModel final : public QObject {
     Q_PROPERTY(QString elapsed READ elapsed NOTIFY elapsedChanged FINAL)
 
  public:
-    RunningEntryModel(ModelContext& context, TimerService& timer);
+    RunningEntryModel(UnitOfWork& context, TimerService& timer);
 
     [[nodiscard]] bool isRunning() const { return timer_.running() != nullptr; }
     [[nodiscard]] QString projectName() const;
@@ -57,12 +57,12 @@ class RunningEntryModel final : public QObject {
     void elapsedChanged();
 
  private:
-    ModelContext& context_;
+    UnitOfWork& context_;
     TimerService& timer_;
     TimerService::Observation timerObservation_;
-    ModelContext::Observation projectObservation_;
-    ModelContext::Observation entryObservation_;
-    ModelContext::Observation clientObservation_;
+    UnitOfWork::Observation projectObservation_;
+    UnitOfWork::Observation entryObservation_;
+    UnitOfWork::Observation clientObservation_;
 };
 
 }  // namespace elmworth

@@ -7,7 +7,7 @@
 
 namespace elmworth {
 
-TodayChipModel::TodayChipModel(const PanelServices& services)
+TodayChipModel::TodayChipModel(const AppServices& services)
     : total_(services, TrackedTotal::Span::day) {
     update();
 }

@@ -20,7 +20,7 @@ class TodayChipModel final : public QObject {
     Q_PROPERTY(QString text READ text NOTIFY textChanged FINAL)
 
  public:
-    explicit TodayChipModel(const PanelServices& services);
+    explicit TodayChipModel(const AppServices& services);
 
     [[nodiscard]] const QString& text() const noexcept { return text_; }
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 
@@ -13,7 +13,7 @@ class TrackedTotal {
  public:
     enum class Span { day, week };
 
-    TrackedTotal(const PanelServices& services, Span span) : services_(services), span_(span) {}
+    TrackedTotal(const AppServices& services, Span span) : services_(services), span_(span) {}
 
     /// Asks the library. To be called first, and after entries changed.
     void update();
@@ -25,7 +25,7 @@ class TrackedTotal {
  private:
     [[nodiscard]] double growth(Instant now) const;
 
-    const PanelServices& services_;
+    const AppServices& services_;
     Span span_;
     Instant askedAt_;
     Instant spanEnd_;

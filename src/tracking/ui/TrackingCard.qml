@@ -105,7 +105,7 @@ GlassCard {
         GlowButton {
             Layout.fillWidth: true
             text: "Stop"
-            systemImage: "stop.fill"
+            iconName: "stop.fill"
             prominent: true
             help: "Ctrl+Alt+."
             onClicked: card.model.stop()

@@ -4,8 +4,8 @@
 #include "tracking/ui/TrayMenu.h"
 
 #include "platform/Text.h"
-#include "tracking/ui/MenuBarLabel.h"
-#include "tracking/ui/MenuBarPanelModel.h"
+#include "tracking/ui/PanelModel.h"
+#include "tracking/ui/TrayLabel.h"
 
 namespace elmworth {
 
@@ -68,7 +68,7 @@ void addQuestion(TrayMenu& menu, AwayPromptModel& away) {
     menu.push_back(offered(QStringLiteral("Discard"), [&away] { away.discard(); }));
 }
 
-void addTimer(TrayMenu& menu, MenuBarPanelModel& panel) {
+void addTimer(TrayMenu& menu, PanelModel& panel) {
     RunningCardModel& card = *panel.running();
     ContinueRowModel& last = *panel.continueRow();
     if (card.isShown()) {
@@ -104,13 +104,13 @@ void addProjects(TrayMenu& menu, ProjectSectionModel& section) {
         menu.push_back(opening(QStringLiteral("All projects"), allProjects(section)));
 }
 
-void addEmptyState(TrayMenu& menu, MenuBarPanelModel& panel) {
+void addEmptyState(TrayMenu& menu, PanelModel& panel) {
     menu.push_back(told(QStringLiteral("No projects yet"), "title"));
     menu.push_back(
         offered(QStringLiteral("Create a Project"), [&panel] { panel.createProject(); }));
 }
 
-void addFooter(TrayMenu& menu, MenuBarPanelModel& panel) {
+void addFooter(TrayMenu& menu, PanelModel& panel) {
     menu.push_back(TrayMenuItem::separator());
     menu.push_back(offered(QStringLiteral("Open Panel"), [&panel] { panel.openPanel(); }));
     menu.push_back(offered(QStringLiteral("Open Elmworth"), [&panel] { panel.openElmworth(); }));
@@ -120,7 +120,7 @@ void addFooter(TrayMenu& menu, MenuBarPanelModel& panel) {
 
 }  // namespace
 
-TrayMenu makeTrayMenu(MenuBarPanelModel& panel, const MenuBarLabel& label) {
+TrayMenu makeTrayMenu(PanelModel& panel, const TrayLabel& label) {
     TrayMenu menu{told(label.summary(), "summary")};
     addTimer(menu, panel);
     menu.push_back(TrayMenuItem::separator());

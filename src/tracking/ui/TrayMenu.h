@@ -9,8 +9,8 @@
 
 namespace elmworth {
 
-class MenuBarLabel;
-class MenuBarPanelModel;
+class TrayLabel;
+class PanelModel;
 
 /// The context menu of the tray item: everything that the panel can do, for desktops whose tray
 /// hands no click to the program. The first line says what runs. Each text is one line of at most
@@ -20,6 +20,6 @@ using TrayMenu = std::vector<TrayMenuItem>;
 /// The menu as it is now. To be made again when the panel's offers or the label changed. Its
 /// actions work on `panel`, which has to be there when they are called; one whose offer is gone by
 /// then does nothing.
-[[nodiscard]] TrayMenu makeTrayMenu(MenuBarPanelModel& panel, const MenuBarLabel& label);
+[[nodiscard]] TrayMenu makeTrayMenu(PanelModel& panel, const TrayLabel& label);
 
 }  // namespace elmworth

@@ -20,7 +20,7 @@ QString goalText(double seconds, std::int64_t hours) {
 
 }  // namespace
 
-WeeklyGoalBarModel::WeeklyGoalBarModel(const PanelServices& services)
+WeeklyGoalBarModel::WeeklyGoalBarModel(const AppServices& services)
     : services_(services), total_(services, TrackedTotal::Span::week) {
     goalObservation_ = services.defaults.observe([this](std::string_view key) {
         if (key == goalKey) update();

@@ -11,7 +11,7 @@
 
 namespace elmworth {
 
-/// This week's time beside the goal in the user default "weeklyGoalHours", which is followed live.
+/// This week's time beside the goal in the setting "weeklyGoalHours", which is followed live.
 class WeeklyGoalBarModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -25,7 +25,7 @@ class WeeklyGoalBarModel final : public QObject {
     Q_PROPERTY(bool isReached READ isReached NOTIFY changed FINAL)
 
  public:
-    explicit WeeklyGoalBarModel(const PanelServices& services);
+    explicit WeeklyGoalBarModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const noexcept { return goalHours_ >= 1; }
     [[nodiscard]] const QString& text() const noexcept { return text_; }
@@ -41,12 +41,12 @@ class WeeklyGoalBarModel final : public QObject {
     void changed();
 
  private:
-    const PanelServices& services_;
+    const AppServices& services_;
     TrackedTotal total_;
     std::int64_t goalHours_ = 0;
     QString text_;
     double ratio_ = 0;
-    UserDefaults::Observation goalObservation_;
+    Settings::Observation goalObservation_;
 };
 
 }  // namespace elmworth

@@ -25,7 +25,7 @@ class FailingView : public testing::Test {
     }
     void expectSaved() {
         EXPECT_FALSE(library.context().hasChanges());
-        EXPECT_EQ(client->modelContext(), &library.context());
+        EXPECT_EQ(client->unitOfWork(), &library.context());
         EXPECT_EQ(seen, 1);
         failing_.reset();
         other_.reset();

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "support/Instants.h"
 #include "support/RawDatabase.h"
 #include "support/TestLibrary.h"
@@ -68,7 +68,7 @@ TEST_F(DeleteRules, anInvoiceOnlySetsItsEntriesFree) {
     EXPECT_FALSE(finished->isDeleted());
     library.context().save();
     library.reopen();
-    const auto read = library.context().record<TimeEntry>(finished->persistentModelID());
+    const auto read = library.context().record<TimeEntry>(finished->id());
     ASSERT_TRUE(read);
     EXPECT_FALSE(read->invoice);
     EXPECT_EQ(read->billedRateCents.get(), 5000);
@@ -130,7 +130,7 @@ TEST_F(DeleteRules, reachRecordsThatAreNotSavedYet) {
     elsewhere->project = project;
     library.context().deleteRecord(project);
     EXPECT_TRUE(added->isDeleted());
-    EXPECT_EQ(added->modelContext(), nullptr);
+    EXPECT_EQ(added->unitOfWork(), nullptr);
     EXPECT_TRUE(elsewhere->isDeleted());
     library.context().save();
     EXPECT_EQ(library.context().fetchCount<TimeEntry>(), 0U);
@@ -155,12 +155,12 @@ TEST_F(DeleteRules, deletingTwiceIsDeletingOnce) {
 TEST_F(DeleteRules, aReferenceKeptAfterDeletionSaysSo) {
     library.context().deleteRecord(finished);
     EXPECT_TRUE(finished->isDeleted());
-    EXPECT_EQ(finished->modelContext(), &library.context());
+    EXPECT_EQ(finished->unitOfWork(), &library.context());
     library.context().save();
     EXPECT_TRUE(finished->isDeleted());
-    EXPECT_EQ(finished->modelContext(), nullptr);
+    EXPECT_EQ(finished->unitOfWork(), nullptr);
     EXPECT_EQ(finished->start.get(), at("2026-03-01T09:00Z"));
-    EXPECT_FALSE(library.context().record<TimeEntry>(finished->persistentModelID()));
+    EXPECT_FALSE(library.context().record<TimeEntry>(finished->id()));
     finished->notes = "written to nothing";
     EXPECT_FALSE(library.context().hasChanges());
 }

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <random>
 
-#include "core/store/ModelContainer.h"
+#include "core/store/Library.h"
 #include "platform/AtomicFile.h"
 #include "support/Instants.h"
 #include "support/RawDatabase.h"
@@ -39,15 +39,15 @@ class LibraryFile : public testing::Test {
     /// The message of the refusal; empty when the library opens.
     [[nodiscard]] std::string open() {
         try {
-            const ModelContainer container({file()}, runLoop);
+            const Library container({file()}, runLoop);
             return {};
-        } catch (const ModelContainerError& error) {
+        } catch (const LibraryError& error) {
             return error.what();
         }
     }
     /// Makes a library that holds the client "Acme".
     void makeLibrary() {
-        ModelContainer container({file()}, runLoop);
+        Library container({file()}, runLoop);
         container.mainContext().insert(std::make_shared<Client>("Acme"));
         container.mainContext().save();
     }
@@ -66,7 +66,7 @@ TEST_F(LibraryFile, aNewerVersionThatStandsInTheLogAloneIsRefused) {
         sqlite3_db_config(raw.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
         ASSERT_EQ(raw.run("PRAGMA user_version = 20000"), SQLITE_OK);
     }
-    EXPECT_EQ(open(), "Could not create ModelContainer: The library " + file().string() +
+    EXPECT_EQ(open(), "Could not create Library: The library " + file().string() +
                           " has version 2.0.0, which needs a newer Elmworth than this one.");
 }
 
@@ -86,14 +86,14 @@ TEST_F(LibraryFile, anUnknownVersionThatStandsInTheLogAloneIsRefusedAndStays) {
 
 TEST_F(LibraryFile, aLinkToADriveThatIsAwayIsNotReplacedByAnEmptyLibrary) {
     fs::create_symlink(folder.path() / "away" / "library.sqlite", file());
-    EXPECT_EQ(open(), "Could not create ModelContainer: " + file().string() +
-                          ": No such file or directory");
+    EXPECT_EQ(open(),
+              "Could not create Library: " + file().string() + ": No such file or directory");
     EXPECT_TRUE(fs::is_symlink(file()));
 }
 
 TEST_F(LibraryFile, isForTheUserAlone) {
     const auto home = folder.path() / "data" / "Elmworth";
-    const ModelContainer container({home / "library.sqlite"}, runLoop);
+    const Library container({home / "library.sqlite"}, runLoop);
     EXPECT_EQ(modeOf(home), 0700U);
     for (const auto& entry : fs::directory_iterator(home)) {
         EXPECT_EQ(modeOf(entry.path()), 0600U) << entry.path();
@@ -121,14 +121,14 @@ TEST_F(LibraryFile, isReadTogetherWithALeftOverLog) {
     const auto copy = folder.path() / "copy" / "library.sqlite";
     fs::create_directory(copy.parent_path());
     {
-        ModelContainer container({file()}, runLoop);
+        Library container({file()}, runLoop);
         container.mainContext().insert(std::make_shared<Client>("Globex"));
         container.mainContext().save();
         // As a crash would leave it: the log is not moved into the library.
         fs::copy_file(file(), copy);
         fs::copy_file(file() += "-wal", fs::path(copy) += "-wal");
     }
-    ModelContainer container({copy}, runLoop);
+    Library container({copy}, runLoop);
     EXPECT_EQ(container.mainContext().fetchCount<Client>(), 2U);
 }
 
@@ -137,13 +137,13 @@ TEST_F(LibraryFile, ignoresTheTornEndOfALog) {
     const auto log = file() += "-wal";
     const auto wholeSize = fs::file_size(log);
     {
-        ModelContainer container({file()}, runLoop);
+        Library container({file()}, runLoop);
         container.mainContext().insert(std::make_shared<Client>("Globex"));
         container.mainContext().save();
     }
     ASSERT_GT(fs::file_size(log), wholeSize);
     fs::resize_file(log, fs::file_size(log) - 100);
-    ModelContainer container({file()}, runLoop);
+    Library container({file()}, runLoop);
     ASSERT_EQ(container.mainContext().fetchCount<Client>(), 1U);
     EXPECT_EQ(container.mainContext().fetch<Client>().at(0)->name.get(), "Acme");
 }
@@ -152,7 +152,7 @@ TEST_F(LibraryFile, doesNotTakeTheLogOfOneThatWasMovedAway) {
     makeLibrary();
     fs::rename(file(), folder.path() / "moved.sqlite");
     const auto log = readFile(file() += "-wal");
-    ModelContainer container({file()}, runLoop);
+    Library container({file()}, runLoop);
     EXPECT_EQ(container.mainContext().fetchCount<Client>(), 0U);
     EXPECT_EQ(readFile(file() += "-wal.orphaned"), log);
 }
@@ -168,17 +168,17 @@ TEST_F(LibraryFile, isMadeAgainAfterACreationThatWasCutShort) {
 
 TEST_F(LibraryFile, isLockedForOthersWhileItIsOpen) {
     makeLibrary();
-    const ModelContainer container({file()}, runLoop);
+    const Library container({file()}, runLoop);
     EXPECT_EQ(RawDatabase(file()).run("SELECT count(*) FROM Client"), SQLITE_BUSY);
 }
 
 TEST_F(LibraryFile, cannotBeMadeInAFolderThatIsAFile) {
     std::ofstream(folder.path() / "file") << "text";
     try {
-        const ModelContainer container({folder.path() / "file" / "library.sqlite"}, runLoop);
+        const Library container({folder.path() / "file" / "library.sqlite"}, runLoop);
         FAIL();
-    } catch (const ModelContainerError& error) {
-        EXPECT_EQ(std::string(error.what()).find("Could not create ModelContainer: "), 0U);
+    } catch (const LibraryError& error) {
+        EXPECT_EQ(std::string(error.what()).find("Could not create Library: "), 0U);
     }
 }
 
@@ -188,7 +188,7 @@ std::string libraryOfVersion(int version) {
     test::TemporaryFolder folder;
     test::ManualRunLoop runLoop;
     const auto file = folder.path() / "library.sqlite";
-    { const ModelContainer container({file}, runLoop); }
+    { const Library container({file}, runLoop); }
     auto bytes = readFile(file);
     for (std::size_t i = 0; i < 4; ++i)  // user_version, the last byte at 63
         bytes[63 - i] = static_cast<char>(static_cast<unsigned>(version) >> (8 * i));
@@ -216,7 +216,7 @@ TEST_P(RefusedFile, isLeftAsItWasAndNamedInOneSentence) {
     const auto bytes = GetParam().content();
     write(bytes);
     const auto message = open();
-    EXPECT_EQ(message, "Could not create ModelContainer: The " +
+    EXPECT_EQ(message, "Could not create Library: The " +
                            std::string(GetParam().reason == foreign ? "file " : "library ") +
                            file().string() + GetParam().reason);
     EXPECT_EQ(readFile(file()), bytes);
@@ -253,7 +253,7 @@ TEST_F(LibraryFile, thatIsAFolderIsRefused) {
 /// Reads all that a library holds and tries to write; it may fail, but only with a store error.
 void useAll(const fs::path& file, RunLoop& runLoop) {
     try {
-        ModelContainer container({file}, runLoop);
+        Library container({file}, runLoop);
         auto& context = container.mainContext();
         for (const auto& entry : context.fetchQuietly<TimeEntry>())
             (void)entry->effectiveRateCents();
@@ -262,7 +262,7 @@ void useAll(const fs::path& file, RunLoop& runLoop) {
         context.insert(std::make_shared<Client>("New"));
         context.save();
     } catch (const StoreError&) {
-    } catch (const ModelContainerError&) {
+    } catch (const LibraryError&) {
     }
 }
 
@@ -310,30 +310,30 @@ TEST_F(DamagedLibrary, withRandomBytesNeverCrashes) {
 TEST_F(DamagedLibrary, isAnErrorAndNotAnEmptyAnswer) {
     write(whole.substr(0, 8192));
     try {
-        ModelContainer container({file()}, runLoop);
+        Library container({file()}, runLoop);
         (void)container.mainContext().fetch<TimeEntry>();
         FAIL() << "most of the library is missing";
     } catch (const StoreError& error) {
         EXPECT_EQ(error.code(), StoreError::Code::corrupt);
-    } catch (const ModelContainerError&) {
+    } catch (const LibraryError&) {
     }
 }
 
 // --- where the user's library is -----------------------------------------------------------------
 
-TEST(ModelConfiguration, isTheLibraryInTheUsersFolder) {
+TEST(LibraryOptions, isTheLibraryInTheUsersFolder) {
     const test::ScopedEnvironment data("XDG_DATA_HOME", "/home/ada/data");
     const test::ScopedEnvironment hosted("XCTestConfigurationFilePath", std::nullopt);
-    EXPECT_EQ(ModelConfiguration::standard(false).url, "/home/ada/data/Elmworth/library.sqlite");
+    EXPECT_EQ(LibraryOptions::standard(false).url, "/home/ada/data/Elmworth/library.sqlite");
 }
 
-TEST(ModelConfiguration, isInMemoryForADemo) {
-    EXPECT_FALSE(ModelConfiguration::standard(true).url);
+TEST(LibraryOptions, isInMemoryForADemo) {
+    EXPECT_FALSE(LibraryOptions::standard(true).url);
 }
 
-TEST(ModelConfiguration, isInMemoryForAHostedRunWhateverTheVariableHolds) {
+TEST(LibraryOptions, isInMemoryForAHostedRunWhateverTheVariableHolds) {
     const test::ScopedEnvironment hosted("XCTestConfigurationFilePath", "");
-    EXPECT_FALSE(ModelConfiguration::standard(false).url);
+    EXPECT_FALSE(LibraryOptions::standard(false).url);
 }
 
 }  // namespace

@@ -64,9 +64,9 @@ TEST_F(LibraryLog, isCutBackInALaterTurnAfterAnImport) {
 
 TEST_F(LibraryLog, isCutBackInALaterTurnAfterAnImportThatWasGivenUp) {
     addMuch();
-    library.context().spillInsertions();
+    library.context().flushInserts();
     library.addClient("Globex")->address = std::string(longestKeptLog, 'a');
-    library.context().spillInsertions();
+    library.context().flushInserts();
     library.context().rollback();
     EXPECT_GT(size(), longestKeptLog);
     library.runLoop.turn();

@@ -17,7 +17,7 @@ class LiveQueryTest : public testing::Test {
  protected:
     /// Counts its calls in `calls`.
     [[nodiscard]] std::unique_ptr<LiveQuery<Client>> observe() {
-        return std::make_unique<LiveQuery<Client>>(library.context(), FetchDescriptor<Client>{},
+        return std::make_unique<LiveQuery<Client>>(library.context(), Query<Client>{},
                                                    [this](const Clients&) { ++calls; });
     }
 
@@ -148,8 +148,7 @@ TEST_F(LiveQueryTest, aHandlerMayEndItsOwnQuery) {
         query.reset();
         seen = clients.size() + text.size();
     };
-    query =
-        std::make_unique<LiveQuery<Client>>(library.context(), FetchDescriptor<Client>{}, handler);
+    query = std::make_unique<LiveQuery<Client>>(library.context(), Query<Client>{}, handler);
     library.addClient("Acme");
     library.runLoop.turn();
     EXPECT_EQ(seen, 101U);

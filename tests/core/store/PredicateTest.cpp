@@ -7,7 +7,7 @@
 
 #include <random>
 
-#include "core/store/ModelContext.h"
+#include "core/store/UnitOfWork.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 
@@ -84,8 +84,7 @@ class RandomLibrary {
         if (field.name == "billedRateCents") return std::int64_t{pick(4)};
         if (field.storage == StorageClass::integer) return FieldTraits<Instant>::toValue(instant());
         const auto target = static_cast<std::size_t>(pick(3));
-        return field.name == "project" ? projects_[target]->persistentModelID()
-                                       : invoices_[target]->persistentModelID();
+        return field.name == "project" ? projects_[target]->id() : invoices_[target]->id();
     }
 
     std::mt19937 random_;
@@ -105,7 +104,7 @@ TEST_P(RandomPredicate, meansTheSameInSQLAsInMemory) {
         for (const auto& entry : context.fetch<TimeEntry>()) {
             if (condition.node()->matches(TimeEntry::schema(), *entry)) expected.push_back(entry);
         }
-        const FetchDescriptor<TimeEntry> descriptor{.predicate = condition};
+        const Query<TimeEntry> descriptor{.predicate = condition};
         ASSERT_EQ(context.fetch(descriptor), expected) << "condition " << i;
         ASSERT_EQ(context.fetchCount(descriptor), expected.size()) << "condition " << i;
     }

@@ -30,14 +30,14 @@ class ObservedChanges : public testing::Test {
         observation_ = context().observeAll(
             [this](const RecordChanges& changes) { told_.push_back(changes); });
     }
-    [[nodiscard]] ModelContext& context() { return library_.context(); }
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
     /// What the one telling since the last call says of a record; absent when it is not named.
     std::optional<RecordChange> toldOf(const Ref<Record>& record) {
         library_.runLoop.turn();
         EXPECT_EQ(told_.size(), 1U);
         const auto* named = told_.empty() ? nullptr : told_.back().of(record->recordSchema());
-        if (named == nullptr || !named->contains(record->persistentModelID())) return std::nullopt;
-        return named->at(record->persistentModelID());
+        if (named == nullptr || !named->contains(record->id())) return std::nullopt;
+        return named->at(record->id());
     }
     [[nodiscard]] static RecordChange changed(std::initializer_list<std::string_view> names) {
         return {Kind::changed, fieldsOf(TimeEntry::schema(), names)};
@@ -48,7 +48,7 @@ class ObservedChanges : public testing::Test {
     Ref<Project> project_ = library_.addProject("Website", client_);
     Ref<TimeEntry> entry_ = library_.addEntry(project_, at("2026-03-02T08:00Z"), std::nullopt);
     std::vector<RecordChanges> told_;
-    ModelContext::Observation observation_;
+    UnitOfWork::Observation observation_;
 };
 
 TEST_F(ObservedChanges, nameTheFieldsOfAChangedRecord) {
@@ -84,13 +84,12 @@ TEST_F(ObservedChanges, sayWhatCameAndWent) {
     added->notes = "new";
     context().deleteRecord(entry_);
     EXPECT_EQ(toldOf(added)->kind, Kind::came);
-    EXPECT_EQ(told_.back().of(TimeEntry::schema())->at(entry_->persistentModelID()).kind,
-              Kind::went);
+    EXPECT_EQ(told_.back().of(TimeEntry::schema())->at(entry_->id()).kind, Kind::went);
 }
 
 TEST_F(ObservedChanges, ofARecordThatWentAndCameBackMayBeOfAnyField) {
     context().deleteRecord(entry_);
-    context().reinsert<TimeEntry>(entry_->persistentModelID());
+    context().reinsert<TimeEntry>(entry_->id());
     const auto told = toldOf(entry_);
     EXPECT_EQ(told->kind, Kind::changed);
     EXPECT_EQ(told->fields & fieldsOf(TimeEntry::schema(), {"start", "notes"}),
@@ -117,10 +116,8 @@ TEST_F(ObservedChanges, thatAreRolledBackAreToldAsTheirReverse) {
     project_->name = "Shop";
     context().rollback();
     EXPECT_EQ(toldOf(entry_)->kind, Kind::came);
-    EXPECT_EQ(told_.back().of(TimeEntry::schema())->at(added->persistentModelID()).kind,
-              Kind::went);
-    EXPECT_EQ(told_.back().of(Project::schema())->at(project_->persistentModelID()).kind,
-              Kind::changed);
+    EXPECT_EQ(told_.back().of(TimeEntry::schema())->at(added->id()).kind, Kind::went);
+    EXPECT_EQ(told_.back().of(Project::schema())->at(project_->id()).kind, Kind::changed);
 }
 
 TEST_F(ObservedChanges, thatAreTooManyAreNotNamed) {

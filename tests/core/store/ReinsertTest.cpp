@@ -15,7 +15,7 @@ using test::at;
 
 class ReinsertTest : public testing::Test {
  protected:
-    [[nodiscard]] ModelContext& context() { return library_.context(); }
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
     Ref<TimeEntry> reinsert() { return context().reinsert<TimeEntry>(id_); }
     void deleteAndSave() {
         context().deleteRecord(entry_);
@@ -37,7 +37,7 @@ class ReinsertTest : public testing::Test {
     test::StatementTrace trace_;
     test::TestLibrary library_;
     Ref<TimeEntry> entry_ = makeEntry(library_);
-    PersistentID id_ = entry_->persistentModelID();
+    PersistentID id_ = entry_->id();
 };
 
 TEST_F(ReinsertTest, ADeletionThatWaitsForTheSaveIsTakenBackWithItsValues) {
@@ -95,7 +95,7 @@ TEST_F(ReinsertTest, AfterTheSaveANewObjectHasTheIdentity) {
     const auto again = reinsert();
     EXPECT_NE(again, entry_);
     EXPECT_TRUE(entry_->isDeleted());
-    EXPECT_EQ(again->persistentModelID(), id_);
+    EXPECT_EQ(again->id(), id_);
     EXPECT_EQ(again->notes.get(), "");
     again->notes = "Again";
     EXPECT_EQ(context().record<TimeEntry>(id_), again);
@@ -115,7 +115,7 @@ TEST_F(ReinsertTest, TheObjectThatWentMayDieWithoutTakingTheNewOneWithIt) {
 
 TEST_F(ReinsertTest, ARecordThatWasNeverSavedComesBackAsANewOne) {
     context().deleteRecord(entry_);
-    EXPECT_EQ(reinsert()->persistentModelID(), id_);
+    EXPECT_EQ(reinsert()->id(), id_);
     context().save();
     EXPECT_EQ(storedNotes(), std::vector<std::string>{""});
 }

@@ -32,8 +32,7 @@ class TotalSeconds : public testing::Test {
     }
     double total(const Ref<Project>& project) {
         return library.context()
-            .totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(
-                project->persistentModelID());
+            .totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(project->id());
     }
     /// The same, entry by entry.
     static double counted(const Ref<Project>& project) {
@@ -92,7 +91,7 @@ TEST_F(TotalSeconds, AreThoseOfTheLibraryAgainAfterSpilledEntriesAreRolledBack) 
     library.context().save();
     EXPECT_EQ(total(website), 3600);
     add(website, 30min);
-    library.context().spillInsertions();
+    library.context().flushInserts();
     add(website, 10min);
     EXPECT_EQ(total(website), 6000);
     library.context().rollback();
@@ -106,8 +105,7 @@ TEST(TotalSecondsOnDisk, StayWhereASaveFails) {
     library.context().save();
     const auto total = [&] {
         return library.context()
-            .totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(
-                website->persistentModelID());
+            .totalSeconds<&TimeEntry::project, &TimeEntry::start, &TimeEntry::end>(website->id());
     };
     EXPECT_EQ(total(), 0);
     library.addEntry(website, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));

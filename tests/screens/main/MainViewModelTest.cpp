@@ -18,11 +18,11 @@ namespace {
 class MainView : public testing::Test {
  protected:
     [[nodiscard]] TimerService& service() { return *timer.service; }
-    [[nodiscard]] ModelContext& context() { return timer.library.context(); }
+    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
     [[nodiscard]] std::string stored() { return defaults.string("mainSection").value_or("none"); }
 
     test::TestTimer timer;
-    UserDefaults defaults{timer.library.folder.path() / "defaults.ini"};
+    Settings defaults{timer.library.folder.path() / "defaults.ini"};
     MainViewModel model{{context(), service(), defaults, timer.library.runLoop,
                          [this] { return timer.now; }, [this] { return timer.calendar; }}};
 };
@@ -73,8 +73,8 @@ TEST_F(MainView, SectionsAreInOrderWithTheirShortcuts) {
         const auto text = [&](SidebarModel::Role role) {
             return sections.data(sections.index(row), role).toString().toStdString();
         };
-        rows.push_back(text(SidebarModel::TitleRole) + ' ' + text(SidebarModel::SystemImageRole) +
-                       ' ' + text(SidebarModel::ShortcutRole));
+        rows.push_back(text(SidebarModel::TitleRole) + ' ' + text(SidebarModel::IconRole) + ' ' +
+                       text(SidebarModel::ShortcutRole));
     }
     EXPECT_EQ(rows, (std::vector<std::string>{
                         "Timesheet clock.fill Ctrl+1", "Clients person.2.fill Ctrl+2",

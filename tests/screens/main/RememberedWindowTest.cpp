@@ -22,7 +22,7 @@ class Remembered : public testing::Test {
     [[nodiscard]] std::string stored() const { return defaults.string("frame").value_or("none"); }
 
     test::TemporaryFolder folder;
-    UserDefaults defaults{folder.path() / "defaults.ini"};
+    Settings defaults{folder.path() / "defaults.ini"};
     QWindow window;
 };
 

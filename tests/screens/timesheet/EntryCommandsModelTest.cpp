@@ -21,11 +21,11 @@ class EntryCommands : private test::FailingReads, public test::TimesheetTest {
     [[nodiscard]] static EntryCommandsModel::IDs ids(
         std::initializer_list<Ref<TimeEntry>> entries) {
         EntryCommandsModel::IDs ids;
-        for (const auto& entry : entries) ids.push_back(entry->persistentModelID());
+        for (const auto& entry : entries) ids.push_back(entry->id());
         return ids;
     }
     [[nodiscard]] bool exists(const Ref<TimeEntry>& entry) {
-        return context().record<TimeEntry>(entry->persistentModelID()) != nullptr;
+        return context().record<TimeEntry>(entry->id()) != nullptr;
     }
     Ref<TimeEntry> a = add(website, "2026-03-02T06:00Z", "2026-03-02T06:30Z", "a");
     Ref<TimeEntry> b = add(website, "2026-03-02T07:00Z", "2026-03-02T07:30Z", "b");
@@ -91,7 +91,7 @@ TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
 
 TEST_F(EntryCommands, theNoticeOfADeletionGoesWhenItIsNoLongerTheNewestStep) {
     commands().deleteEntries(ids({a}));
-    commands().moveEntries(ids({b}), shop->persistentModelID());
+    commands().moveEntries(ids({b}), shop->id());
     EXPECT_EQ(utf8(commands().notice()), "") << "its undo would take the move back";
     EXPECT_FALSE(commands().noticeOffersUndo());
     commands().deleteEntries(ids({b}));
@@ -109,7 +109,7 @@ TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
 }
 
 TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
-    commands().moveEntries(ids({a}), shop->persistentModelID());
+    commands().moveEntries(ids({a}), shop->id());
     bill(a);
     commands().undo();
     EXPECT_EQ(a->project.get(), shop);
@@ -121,19 +121,19 @@ TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
 
 TEST_F(EntryCommands, moveTakesTheUnbilledAndTellsOfTheOthers) {
     bill(billed);
-    commands().moveEntries(ids({a, billed}), shop->persistentModelID());
+    commands().moveEntries(ids({a, billed}), shop->id());
     EXPECT_EQ(a->project.get(), shop);
     EXPECT_EQ(billed->project.get(), website);
     EXPECT_EQ(billedNotices.size(), 1);
     EXPECT_FALSE(context().hasChanges());
-    commands().moveEntries(ids({b}), shop->persistentModelID());
+    commands().moveEntries(ids({b}), shop->id());
     EXPECT_EQ(billedNotices.size(), 1);
 }
 
 TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothingAndSaysSo) {
     const auto gone = project("Gone");
     deleteElsewhere(gone);
-    commands().moveEntries(ids({a}), gone->persistentModelID());
+    commands().moveEntries(ids({a}), gone->id());
     EXPECT_EQ(a->project.get(), website);
     EXPECT_EQ(utf8(commands().notice()),
               "The project was deleted meanwhile. Nothing was moved: choose another one.");
@@ -143,9 +143,9 @@ TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothingAndSaysSo
 TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
     timer.setTime("10:00");
     const auto day = add(shop, "2026-02-20T09:00Z", "2026-02-20T17:00Z", "long");
-    commands().duplicateToToday(day->persistentModelID());
-    const auto made = context().fetch(FetchDescriptor<TimeEntry>{
-        .predicate = key<&TimeEntry::start>() == test::at("2026-03-02T02:00Z")});
+    commands().duplicateToToday(day->id());
+    const auto made = context().fetch(
+        Query<TimeEntry>{.predicate = key<&TimeEntry::start>() == test::at("2026-03-02T02:00Z")});
     ASSERT_EQ(made.size(), 1U);
     EXPECT_EQ(iso(*made[0]->end.get()), "2026-03-02T10:00:00Z");
     EXPECT_EQ(made[0]->notes.get(), "long");
@@ -157,8 +157,8 @@ TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothin
     const auto zero = add(shop, "2026-03-02T08:00Z", "2026-03-02T08:00Z");
     service().start(website);
     const auto count = entryCount();
-    commands().duplicateToToday(zero->persistentModelID());
-    commands().duplicateToToday(service().running()->persistentModelID());
+    commands().duplicateToToday(zero->id());
+    commands().duplicateToToday(service().running()->id());
     EXPECT_EQ(entryCount(), count);
     EXPECT_EQ(utf8(commands().notice()), "");
 }
@@ -166,9 +166,9 @@ TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothin
 TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
     deleteElsewhere(a);
     const auto count = entryCount();
-    commands().duplicateToToday(a->persistentModelID());
-    commands().continueEntry(a->persistentModelID());
-    commands().moveEntries(ids({a}), shop->persistentModelID());
+    commands().duplicateToToday(a->id());
+    commands().continueEntry(a->id());
+    commands().moveEntries(ids({a}), shop->id());
     EXPECT_EQ(entryCount(), count);
     EXPECT_EQ(service().running(), nullptr);
     EXPECT_FALSE(commands().canUndo());
@@ -176,7 +176,7 @@ TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
 }
 
 TEST_F(EntryCommands, continueStartsTheTimerWithTheProjectAndNotes) {
-    commands().continueEntry(a->persistentModelID());
+    commands().continueEntry(a->id());
     ASSERT_NE(service().running(), nullptr);
     EXPECT_EQ(service().running()->project.get(), website);
     EXPECT_EQ(service().running()->notes.get(), "a");
@@ -195,7 +195,7 @@ TEST_F(EntryCommands, inALibraryThatCannotBeReadSayOneSentenceAndChangeNothing) 
     test::FailingReads::fail();
     commands().deleteEntries(entry);
     expectRefusal("delete");
-    commands().moveEntries(entry, shop->persistentModelID());
+    commands().moveEntries(entry, shop->id());
     expectRefusal("move");
     commands().duplicateToToday(entry[0]);
     expectRefusal("duplicate");

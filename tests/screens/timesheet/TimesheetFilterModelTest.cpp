@@ -125,7 +125,7 @@ TEST_F(TimesheetFilterBar, thePeriodAndUnbilledSurviveARestartAndNothingElse) {
     EXPECT_FALSE(filter().canClear());
 }
 
-TEST_F(TimesheetFilterBar, followsTheUserDefaultsWhoeverWritesThem) {
+TEST_F(TimesheetFilterBar, followsTheSettingsWhoeverWritesThem) {
     QSignalSpy changed(&filter(), &TimesheetFilterModel::changed);
     defaults.setString("timesheetRange", "Yesterday");
     defaults.setBoolean("timesheetUnbilledOnly", true);

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 class TimesheetMenu : public test::TimesheetTest {
  protected:
     [[nodiscard]] bool exists(const Ref<TimeEntry>& entry) {
-        return context().record<TimeEntry>(entry->persistentModelID()) != nullptr;
+        return context().record<TimeEntry>(entry->id()) != nullptr;
     }
 
     Ref<TimeEntry> a = add(website, "2026-03-02T06:00Z", "2026-03-02T06:30Z", "a");

@@ -144,7 +144,7 @@ class Mirror : public QObject {
     Lines lines_;
 };
 
-class TimesheetRowsLaw : public TimesheetRows, public testing::WithParamInterface<unsigned> {
+class TimesheetRowsProperty : public TimesheetRows, public testing::WithParamInterface<unsigned> {
  protected:
     [[nodiscard]] int upTo(int last) { return std::uniform_int_distribution(0, last)(random_); }
     [[nodiscard]] Instant someInstant() {
@@ -218,7 +218,7 @@ class TimesheetRowsLaw : public TimesheetRows, public testing::WithParamInterfac
     std::mt19937 random_{GetParam()};  // NOLINT: the same steps in each run
 };
 
-TEST_P(TimesheetRowsLaw, viewsThatHearOfTheStepsShowWhatAFreshScreenWould) {
+TEST_P(TimesheetRowsProperty, viewsThatHearOfTheStepsShowWhatAFreshScreenWould) {
     auto& rows = static_cast<TimesheetRowsModel&>(*model->rowsModel());
     const QAbstractItemModelTester tester(&rows,
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -237,7 +237,7 @@ TEST_P(TimesheetRowsLaw, viewsThatHearOfTheStepsShowWhatAFreshScreenWould) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, TimesheetRowsLaw, testing::Values(1U, 2U, 3U, 4U));
+INSTANTIATE_TEST_SUITE_P(, TimesheetRowsProperty, testing::Values(1U, 2U, 3U, 4U));
 
 }  // namespace
 }  // namespace elmworth

@@ -175,9 +175,9 @@ TEST_F(SelectionInTimesheet, theCurrentRowFollowsItsEntry) {
 }
 
 /// Lines of days in which some entries run over midnight, as a selection sees them.
-class SelectionLaw : public testing::TestWithParam<unsigned> {
+class SelectionProperty : public testing::TestWithParam<unsigned> {
  protected:
-    SelectionLaw() {
+    SelectionProperty() {
         auto piece = std::make_shared<TimesheetPiece>();
         const Instant monday = test::at("2026-03-02T00:00Z");
         for (int hour = 24 * 6; hour > 0; hour -= 3 + upTo(4)) {
@@ -203,7 +203,7 @@ class SelectionLaw : public testing::TestWithParam<unsigned> {
     TimesheetSelection selection_;
 };
 
-TEST_P(SelectionLaw, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShrank) {
+TEST_P(SelectionProperty, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShrank) {
     for (int round = 0; round < 100; ++round) {
         const std::size_t from = someEntry();
         if (upTo(1) == 0) {
@@ -225,7 +225,7 @@ TEST_P(SelectionLaw, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShrank) 
     }
 }
 
-TEST_P(SelectionLaw, findsEachLineWhereItStands) {
+TEST_P(SelectionProperty, findsEachLineWhereItStands) {
     for (std::size_t row = 0; row < rows_.size(); ++row) {
         EXPECT_EQ(positionOf(rows_[row].id, rows_), row);
     }
@@ -233,7 +233,7 @@ TEST_P(SelectionLaw, findsEachLineWhereItStands) {
     EXPECT_EQ(positionOf({Instant(), {}}, rows_), std::nullopt);
 }
 
-INSTANTIATE_TEST_SUITE_P(, SelectionLaw, testing::Values(1U, 2U, 3U));
+INSTANTIATE_TEST_SUITE_P(, SelectionProperty, testing::Values(1U, 2U, 3U));
 
 // --- Return
 // --------------------------------------------------------------------------------------------
@@ -348,8 +348,8 @@ TEST_F(SelectionInTimesheet, deleteTakesOnlyWhatIsStillShownAndTheRestStaysSelec
     EXPECT_EQ(utf8(commands().pendingDeleteTitle()), "Delete this entry?");
     EXPECT_TRUE(isSelected(yesterday));
     commands().confirmDelete();
-    EXPECT_EQ(context().record<TimeEntry>(noon->persistentModelID()), nullptr);
-    EXPECT_NE(context().record<TimeEntry>(yesterday->persistentModelID()), nullptr);
+    EXPECT_EQ(context().record<TimeEntry>(noon->id()), nullptr);
+    EXPECT_NE(context().record<TimeEntry>(yesterday->id()), nullptr);
     EXPECT_EQ(selectedCount(), 0U);
 }
 

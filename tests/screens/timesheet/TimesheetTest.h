@@ -102,7 +102,7 @@ class TimesheetTest : public PanelTest {
     /// The first row of an entry, or -1.
     [[nodiscard]] int rowOf(const Ref<TimeEntry>& entry) const {
         for (int row = 0; row < rowCount(); ++row) {
-            if (model->rows().rowAt(row)->id.entry == entry->persistentModelID()) return row;
+            if (model->rows().rowAt(row)->id.entry == entry->id()) return row;
         }
         return -1;
     }
@@ -111,7 +111,7 @@ class TimesheetTest : public PanelTest {
     }
     [[nodiscard]] std::size_t selectedCount() const { return model->selection().ids().size(); }
     [[nodiscard]] bool isSelected(const Ref<TimeEntry>& entry) const {
-        return model->selection().ids().contains(entry->persistentModelID());
+        return model->selection().ids().contains(entry->id());
     }
     [[nodiscard]] std::size_t entryCount() { return context().fetchCount<TimeEntry>(); }
 

@@ -178,8 +178,7 @@ TEST_F(EntryElsewhere, DeletedMeanwhileItIsSavedAsANewOneAndSaysSo) {
               "This entry was deleted elsewhere. Save adds it as a new one.");
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"07:00:00-08:00:00"});
-    EXPECT_EQ(context().fetch(FetchDescriptor<TimeEntry>{}).at(0)->notes.get(),
-              "Typed for an hour");
+    EXPECT_EQ(context().fetch(Query<TimeEntry>{}).at(0)->notes.get(), "Typed for an hour");
 }
 
 TEST_F(EntryElsewhere, DeletedInTheTurnOfTheSaveItIsANewOne) {

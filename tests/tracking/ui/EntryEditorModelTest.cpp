@@ -68,7 +68,7 @@ TEST_F(EntryEditor, SaveAddsTheEntryAndClosesTheSheet) {
     EXPECT_FALSE(editor.isOpen());
     EXPECT_EQ(timer.spans(), Spans{"09:00:00-10:00:00"});
     EXPECT_FALSE(context().hasChanges());
-    const auto saved = context().fetch(FetchDescriptor<TimeEntry>{}).at(0);
+    const auto saved = context().fetch(Query<TimeEntry>{}).at(0);
     EXPECT_EQ(saved->notes.get(), "Landing page");
     EXPECT_EQ(saved->project.get(), website);
 }
@@ -207,7 +207,7 @@ TEST_F(EntryEditor, NotesOfAHundredThousandCharactersAreSaved) {
     editor.open(nullptr);
     editor.setNotes(QString(100'000, QChar(0x00E4)));
     editor.save();
-    const auto saved = context().fetch(FetchDescriptor<TimeEntry>{}).at(0);
+    const auto saved = context().fetch(Query<TimeEntry>{}).at(0);
     EXPECT_EQ(saved->notes->size(), 200'000U);
 }
 

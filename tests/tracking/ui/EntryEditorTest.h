@@ -26,7 +26,7 @@ class EntryEditorTest : public PanelTest {
                 {}};
     }
     /// Types into a field and leaves it.
-    static void type(TypedField* field, const char* text) {
+    static void type(DateTextField* field, const char* text) {
         field->edit(QString::fromUtf8(text));
         field->finish();
     }

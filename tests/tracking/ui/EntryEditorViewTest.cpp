@@ -74,14 +74,14 @@ class EditorHost : public QObject {
  private:
     Ref<Client> client(const std::string& name) {
         const auto known = timer_.library.context().fetch(
-            FetchDescriptor<Client>{.predicate = key<&Client::name>() == name});
+            Query<Client>{.predicate = key<&Client::name>() == name});
         return known.empty() ? timer_.library.addClient(name) : known.front();
     }
     std::vector<Ref<Project>> projects() {
-        return timer_.library.context().fetch(FetchDescriptor<Project>{});
+        return timer_.library.context().fetch(Query<Project>{});
     }
     std::vector<Ref<TimeEntry>> entries() {
-        return timer_.library.context().fetch(FetchDescriptor<TimeEntry>{});
+        return timer_.library.context().fetch(Query<TimeEntry>{});
     }
     Ref<Project> anyProject() { return projects().empty() ? nullptr : projects().front(); }
     Ref<TimeEntry> addEntry(const QString& notes) {

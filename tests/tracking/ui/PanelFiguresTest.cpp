@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "support/Rows.h"
-#include "tracking/ui/MenuBarPanelModel.h"
+#include "tracking/ui/PanelModel.h"
 #include "tracking/ui/PanelTest.h"
 
 namespace elmworth {
@@ -18,7 +18,7 @@ using test::utf8;
 class TodayChipTest : public test::PanelTest {
  protected:
     [[nodiscard]] std::string today() { return utf8(panel.today()->text()); }
-    MenuBarPanelModel panel{services()};
+    PanelModel panel{services()};
 };
 
 TEST_F(TodayChipTest, countsFinishedAndRunningTime) {
@@ -77,7 +77,7 @@ class WeeklyGoalBarTest : public test::PanelTest {
                                    at("2026-03-01T00:00Z") + std::chrono::hours(hours));
         context().save();
     }
-    MenuBarPanelModel panel{services()};
+    PanelModel panel{services()};
     WeeklyGoalBarModel& bar = *panel.weeklyGoal();
 };
 
@@ -176,7 +176,7 @@ class BudgetChipTest : public test::PanelTest {
         timer.library.addEntry(website, begin, begin + used);
         service().start(website);
     }
-    MenuBarPanelModel panel{services()};
+    PanelModel panel{services()};
     BudgetChipModel& chip = *panel.running()->budget();
 };
 

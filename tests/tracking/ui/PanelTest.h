@@ -13,7 +13,7 @@
 
 #include "support/StatementTrace.h"
 #include "support/TestTimer.h"
-#include "tracking/ui/PanelServices.h"
+#include "tracking/ui/AppServices.h"
 
 namespace elmworth::test {
 
@@ -21,12 +21,12 @@ inline std::string utf8(const QString& text) {
     return text.toStdString();
 }
 
-/// A timer, a library and user defaults for models of the panel. It is Monday, 2026-03-02, 09:00.
+/// A timer, a library and settings for models of the panel. It is Monday, 2026-03-02, 09:00.
 class PanelTest : public testing::Test {
  protected:
     [[nodiscard]] TimerService& service() { return *timer.service; }
-    [[nodiscard]] ModelContext& context() { return timer.library.context(); }
-    [[nodiscard]] PanelServices services() {
+    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
+    [[nodiscard]] AppServices services() {
         return {context(),
                 service(),
                 defaults,
@@ -81,7 +81,7 @@ class PanelTest : public testing::Test {
 
  protected:
     TestTimer timer;
-    UserDefaults defaults{timer.library.folder.path() / "Elmworth.ini"};
+    Settings defaults{timer.library.folder.path() / "Elmworth.ini"};
 
  private:
     Ref<Client> acme_;

@@ -5,7 +5,7 @@
 
 #include <QAbstractItemModelTester>
 
-#include "tracking/ui/MenuBarPanelModel.h"
+#include "tracking/ui/PanelModel.h"
 #include "tracking/ui/PanelTest.h"
 
 namespace elmworth {
@@ -21,9 +21,7 @@ class ProjectSectionTest : public test::PanelTest {
         for (int i = 0; i < count; ++i) project(std::string(1, static_cast<char>('A' + i)));
     }
     [[nodiscard]] Ref<Project> named(const std::string& name) {
-        return context()
-            .fetch(FetchDescriptor<Project>{.predicate = key<&Project::name>() == name})
-            .at(0);
+        return context().fetch(Query<Project>{.predicate = key<&Project::name>() == name}).at(0);
     }
     [[nodiscard]] Texts rows(QString ProjectStartRow::*text) const {
         Texts texts;
@@ -38,7 +36,7 @@ class ProjectSectionTest : public test::PanelTest {
         return names();
     }
 
-    MenuBarPanelModel panel{services()};
+    PanelModel panel{services()};
     ProjectSectionModel& section = *panel.projects();
     QAbstractItemModelTester tester{section.rowsModel(),
                                     QAbstractItemModelTester::FailureReportingMode::Fatal};
@@ -269,7 +267,7 @@ TEST_F(ProjectSectionTest, theFirstThatASearchFoundAndThatDoesNotRunIsStarted) {
     EXPECT_EQ(service().running()->project.get(), named("G"));
     EXPECT_EQ(utf8(section.search()), "");
     find("acme");
-    section.startProject(named("A")->persistentModelID());
+    section.startProject(named("A")->id());
     find("acme");
     section.startFirstFound();
     EXPECT_EQ(service().running()->project.get(), named("B"));

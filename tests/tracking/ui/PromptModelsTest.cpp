@@ -4,7 +4,7 @@
 #include "support/StatementTrace.h"
 #include "tracking/ui/AwayPromptModel.h"
 #include "tracking/ui/LongRunningWarningModel.h"
-#include "tracking/ui/MenuBarPanelModel.h"
+#include "tracking/ui/PanelModel.h"
 #include "tracking/ui/PanelTest.h"
 
 namespace elmworth {
@@ -19,7 +19,7 @@ class PromptTest : public test::PanelTest {
  protected:
     PromptTest() { service().start(project("Website")); }
 
-    MenuBarPanelModel panel{services()};
+    PanelModel panel{services()};
     LongRunningWarningModel& warning = *panel.running()->warning();
     AwayPromptModel& away = *panel.running()->away();
 };

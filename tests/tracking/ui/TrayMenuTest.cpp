@@ -3,9 +3,9 @@
 
 #include "tracking/ui/TrayMenu.h"
 
-#include "tracking/ui/MenuBarLabel.h"
-#include "tracking/ui/MenuBarPanelModel.h"
+#include "tracking/ui/PanelModel.h"
 #include "tracking/ui/PanelTest.h"
+#include "tracking/ui/TrayLabel.h"
 
 namespace elmworth {
 namespace {
@@ -46,8 +46,8 @@ class TrayMenuTest : public test::PanelTest {
         item->action();
     }
 
-    MenuBarPanelModel panel{services()};
-    MenuBarLabel label{context(), service(), defaults, timer.library.runLoop};
+    PanelModel panel{services()};
+    TrayLabel label{context(), service(), defaults, timer.library.runLoop};
 };
 
 TEST_F(TrayMenuTest, withoutProjectsItOffersToCreateOne) {
@@ -175,13 +175,13 @@ TEST_F(TrayMenuTest, aLineKeepsItsIdentityWhileItsTextChanges) {
     EXPECT_EQ(before.at(0).identity, after.at(0).identity);
     const auto* shop = find(after, "Shop · Acme Co");
     ASSERT_TRUE(shop);
-    EXPECT_EQ(shop->identity, website->persistentModelID().string());
+    EXPECT_EQ(shop->identity, website->id().string());
 }
 
 TEST_F(TrayMenuTest, thePanelTellsWhenItsOffersChangedAndNotAtATick) {
     const auto website = project("Website");
     int told = 0;
-    QObject::connect(&panel, &MenuBarPanelModel::offersChanged, [&] { ++told; });
+    QObject::connect(&panel, &PanelModel::offersChanged, [&] { ++told; });
     const auto tells = [&](auto&& change) {
         told = 0;
         change();

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/store/FetchDescriptor.h"
+#include "core/store/Query.h"
 #include "core/store/Schema.h"
 #include "core/store/SpanTotals.h"
 

@@ -194,7 +194,7 @@ void RecordStore::dropSpilled() noexcept {
 void RecordStore::insertRow(const Record& record) {
     const auto& schema = record.recordSchema();
     StatementUse statement(prepared(insertSQL(schema)));
-    statement->bind(0, record.persistentModelID());
+    statement->bind(0, record.id());
     int parameter = 1;
     for (const auto& field : schema.fields) statement->bind(parameter++, field.read(record));
     statement->step();
@@ -208,8 +208,7 @@ void RecordStore::releaseRow(const ChangeSet::Update& update) {
         const bool mayBlock = fields[i].target != nullptr || fields[i].unique;
         if (!mayBlock || saved == Value{} || fields[i].read(*update.record) == saved) continue;
         // The identity stands in where a value is needed that no other row has.
-        released.set(
-            i, fields[i].unique ? Value{update.record->persistentModelID().string()} : Value{});
+        released.set(i, fields[i].unique ? Value{update.record->id().string()} : Value{});
     }
     updateColumns(*update.record, released);
 }
@@ -229,7 +228,7 @@ void RecordStore::updateColumns(const Record& record, const ColumnValues& column
     StatementUse statement(prepared(updateSQL(record.recordSchema(), columns.mask)));
     int parameter = 0;
     for (const auto& value : columns.values) statement->bind(parameter++, value);
-    statement->bind(parameter, record.persistentModelID());
+    statement->bind(parameter, record.id());
     statement->step();
     if (sqlite3_changes(database_.handle()) != 1) {
         throw StoreError(StoreError::Code::corrupt, "The library has lost a record.");
@@ -239,7 +238,7 @@ void RecordStore::updateColumns(const Record& record, const ColumnValues& column
 void RecordStore::deleteRow(const Record& record) {
     StatementUse statement(prepared("DELETE FROM \"" + std::string(record.recordSchema().name) +
                                     "\" WHERE \"id\" = ?"));
-    statement->bind(0, record.persistentModelID());
+    statement->bind(0, record.id());
     statement->step();
 }
 

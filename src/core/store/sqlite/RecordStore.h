@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/store/FetchDescriptor.h"
+#include "core/store/Query.h"
 #include "core/store/SpanTotals.h"
 #include "core/store/sqlite/Database.h"
 #include "platform/Progress.h"

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/store/UnitOfWork.h"
+
+namespace elmworth {
+
+/// The last save of the process: when this object dies, and also when the process ends through
+/// exit() before, as Qt ends it when the display goes away. One object at a time, and none of the
+/// context's may die before it.
+class SaveAtExit {
+ public:
+    explicit SaveAtExit(UnitOfWork& context);
+    SaveAtExit(const SaveAtExit&) = delete;
+    SaveAtExit& operator=(const SaveAtExit&) = delete;
+    ~SaveAtExit();
+};
+
+}  // namespace elmworth

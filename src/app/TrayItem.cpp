@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/TrayItem.h"
+
+#include <QGuiApplication>
+#include <QPointF>
+#include <QQmlEngine>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "app/MakeWindow.h"
+#include "app/ScreenServices.h"
+#include "theme/Icons.h"
+#include "theme/fonts/Fonts.h"
+#include "tracking/ui/TrayMenu.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+
+namespace elmworth {
+
+namespace {
+
+TrayIconStyle iconStyle() {
+    TrayIconStyle style;
+    style.iconFamily = QStringLiteral("Material Icons");
+    style.idleGlyph = iconGlyph(u"clock");
+    style.runningGlyph = iconGlyph(u"record.circle");
+    style.textFamily = tabularFontFamily();
+    return style;
+}
+
+}  // namespace
+
+TrayItem::TrayItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
+                   const Ways& ways)
+    : engine_(engine),
+      label_(services.context(), services.timer(), services.defaults(), runLoop),
+      panel_(screenServices(services, runLoop)),
+      tray_(iconStyle()) {
+    leadOn(ways);
+    watchTray();
+    updateFace();
+    updateMenu();
+}
+
+void TrayItem::leadOn(const Ways& ways) {
+    QObject::connect(&panel_, &PanelModel::mainWindowRequested, ways.toMainWindow);
+    QObject::connect(&panel_, &PanelModel::settingsRequested, ways.toSettings);
+    QObject::connect(&panel_, &PanelModel::panelRequested, [this] { showPanel(); });
+    QObject::connect(&panel_, &PanelModel::quitRequested, [] { QGuiApplication::quit(); });
+}
+
+void TrayItem::watchTray() {
+    QObject::connect(&label_, &TrayLabel::changed, [this] {
+        updateFace();
+        updateMenu();
+    });
+    QObject::connect(&panel_, &PanelModel::offersChanged, [this] { updateMenu(); });
+    const auto press = [this](TrayPoint place) {
+        QMetaObject::invokeMethod(panelWindow(), "toggleAt",
+                                  Q_ARG(QPointF, QPointF(place.x, place.y)));
+    };
+    tray_.setEvents({press, press, [this] { updateMenu(); }, {}});
+}
+
+void TrayItem::updateFace() {
+    tray_.setFace(label_.trayFace());
+}
+
+void TrayItem::updateMenu() {
+    tray_.setMenu(makeTrayMenu(panel_, label_));
+}
+
+QQuickWindow* TrayItem::panelWindow() {
+    if (!window_) {
+        window_ = makeWindow(
+            engine_,
+            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Tracking/PanelWindow.qml")),
+            QVariant::fromValue(&panel_));
+    }
+    return window_.get();
+}
+
+void TrayItem::showPanel() {
+    QMetaObject::invokeMethod(panelWindow(), "openAt", Q_ARG(QPointF, QPointF()),
+                              Q_ARG(bool, false));
+}
+
+}  // namespace elmworth

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QQuickWindow>
+#include <functional>
+#include <memory>
+
+#include "app/LibraryServices.h"
+#include "platform/linux/StatusNotifierItem.h"
+#include "tracking/ui/PanelModel.h"
+#include "tracking/ui/TrayLabel.h"
+
+class QQmlEngine;
+
+namespace elmworth {
+
+/// The item in the desktop's tray and the panel that it opens. Without a tray there is the panel
+/// alone.
+class TrayItem {
+ public:
+    struct Ways {
+        std::function<void()> toMainWindow;
+        std::function<void()> toSettings;
+    };
+
+    /// Shows the item. `engine` makes the panel when it is first opened, and outlives this object.
+    TrayItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, const Ways& ways);
+    TrayItem(const TrayItem&) = delete;
+    TrayItem& operator=(const TrayItem&) = delete;
+
+    /// Opens the panel in the corner of the screen. A press on the item opens it beside the item,
+    /// or closes it.
+    void showPanel();
+
+ private:
+    void leadOn(const Ways& ways);
+    void watchTray();
+    void updateFace();
+    void updateMenu();
+    [[nodiscard]] QQuickWindow* panelWindow();
+
+    QQmlEngine& engine_;
+    TrayLabel label_;
+    PanelModel panel_;
+    StatusNotifierItem tray_;
+    std::unique_ptr<QQuickWindow> window_;
+};
+
+}  // namespace elmworth

@@ -1,0 +1,276 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/Settings.h"
+
+#include <QVariantMap>
+#include <algorithm>
+#include <cerrno>
+#include <set>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/AtomicFile.h"
+#include "platform/ISO8601.h"
+#include "platform/StandardFolders.h"
+#include "platform/SystemLog.h"
+#include "platform/linux/SettingsText.h"
+
+namespace elmworth {
+namespace {
+
+namespace fs = std::filesystem;
+using Observer = std::function<void(std::string_view key)>;
+
+QString toQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// What stands on the disk under the name of a settings file.
+struct Content {
+    enum class State { missing, sound, damaged, unreadable };
+    State state = State::missing;
+    QVariantMap values{};  ///< of a damaged file, those that can be read
+
+    [[nodiscard]] bool mustBeKept() const {
+        return state == State::damaged || state == State::unreadable;
+    }
+};
+
+Content readContent(const fs::path& file) {
+    try {
+        const std::string text = readFile(file);
+        // Who does not replace a file but writes it anew leaves it empty for a moment.
+        if (text.empty()) return {};
+        auto [values, isSound] = parseSettings(text);
+        return {isSound ? Content::State::sound : Content::State::damaged, std::move(values)};
+    } catch (const std::system_error& error) {
+        const bool isMissing = error.code() == std::errc::no_such_file_or_directory;
+        return {isMissing ? Content::State::missing : Content::State::unreadable};
+    }
+}
+
+/// "2026-03-01T09-30-00": file systems elsewhere allow no colons.
+std::string dateForFileName() {
+    std::string date = formatISO8601(currentInstant()).substr(0, 19);
+    std::replace(date.begin(), date.end(), ':', '-');
+    return date;
+}
+
+/// Gives `file` a second name, or a new one where files cannot have two. False when that name is
+/// taken. Throws std::system_error.
+bool keepAs(const fs::path& file, const fs::path& name) {
+    std::error_code error;
+    fs::create_hard_link(file, name, error);
+    if (!error) return true;
+    if (fs::exists(fs::symlink_status(name))) return false;
+    fs::rename(file, name);
+    return true;
+}
+
+/// Keeps what stands under the name of `settings` under a dated name, whatever is written next.
+void keepAside(const fs::path& settings) {
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(settings, error))) return;
+    const fs::path file = fs::canonical(settings);  // where a link leads to
+    const std::string stem = file.string() + ".damaged-" + dateForFileName();
+    std::string name = stem;
+    for (int i = 2; !keepAs(file, name); ++i) name = stem + '-' + std::to_string(i);
+    writeSystemLog("Elmworth: the settings file can't be read; it is kept as " + name);
+}
+
+}  // namespace
+
+struct Settings::Impl {
+    fs::path file;
+    QVariantMap values;
+    std::set<QString> unwritten;  ///< keys whose value, or absence, the file does not hold
+    bool keepsFile = false;       ///< what the file holds now
+    bool lastWriteFailed = false;
+    std::vector<std::weak_ptr<Observer>> observers;
+
+    /// A new value, or none.
+    struct Change {
+        QString key;
+        QVariant value;
+    };
+
+    [[nodiscard]] bool holds(const Change& change) const {
+        const auto found = values.find(change.key);
+        return found == values.end() ? !change.value.isValid() : *found == change.value;
+    }
+
+    /// Makes all of `changes` over what the file holds now, in one write.
+    void make(const std::vector<Change>& changes) {
+        const Content content = readContent(file);
+        std::set<QString> changedKeys = adopt(content);
+        bool isNew = false;
+        for (const Change& change : changes) {
+            if (holds(change)) continue;
+            isNew = true;
+            set(change);
+            unwritten.insert(change.key);
+            changedKeys.insert(change.key);
+        }
+        if (isNew) write(content);
+        for (const QString& key : changedKeys) tell(key.toStdString());
+    }
+
+    void set(const Change& change) {
+        if (change.value.isValid()) {
+            values.insert(change.key, change.value);
+        } else {
+            values.remove(change.key);
+        }
+    }
+
+    /// Sets all values to those of a sound file, but for those that could not be written to it, and
+    /// gives the keys that changed. Any other file changes nothing.
+    std::set<QString> adopt(const Content& content) {
+        std::set<QString> changedKeys;
+        if (content.state != Content::State::sound) return changedKeys;
+        auto keys = values.keys() + content.values.keys();
+        for (const QString& key : keys) {
+            const Change change{key, content.values.value(key)};
+            if (unwritten.contains(key) || holds(change)) continue;
+            set(change);
+            changedKeys.insert(key);
+        }
+        return changedKeys;
+    }
+
+    void write(const Content& content) {
+        try {
+            createPrivateFolder(file.parent_path());
+            AtomicFile target(file);
+            target.write(formatSettings(values, file));
+            if (content.mustBeKept() || keepsFile) keepAside(file);
+            target.commit();
+            keepsFile = false;
+            unwritten.clear();
+            lastWriteFailed = false;
+        } catch (const std::system_error&) {
+            lastWriteFailed = true;
+        }
+    }
+
+    /// Handlers may add and drop observations; a dropped one hears nothing more, so that only its
+    /// function is kept while it runs.
+    void tell(std::string_view key) {
+        std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
+        const auto present = observers;
+        for (const auto& observer : present) {
+            Observer changed;
+            if (const auto alive = observer.lock()) changed = *alive;
+            if (changed) changed(key);
+        }
+    }
+
+    [[nodiscard]] std::optional<QString> text(std::string_view key) const {
+        const QVariant value = values.value(toQString(key));
+        if (value.typeId() != QMetaType::QString) return std::nullopt;
+        return value.toString();
+    }
+};
+
+Settings::Settings(fs::path file) : impl_(std::make_unique<Impl>()) {
+    impl_->file = std::move(file);
+    impl_->values = readContent(impl_->file).values;
+}
+
+Settings::~Settings() = default;
+
+fs::path Settings::standardFile() {
+    return settingsFolder() / "Elmworth.ini";
+}
+
+fs::path Settings::namedFile(std::string_view name) {
+    return settingsFolder() / (std::string(name) + ".ini");
+}
+
+std::optional<std::string> Settings::string(std::string_view key) const {
+    const auto text = impl_->text(key);
+    return text ? std::optional(text->toStdString()) : std::nullopt;
+}
+
+std::optional<std::int64_t> Settings::integer(std::string_view key) const {
+    bool isNumber = false;
+    const auto number = impl_->text(key).value_or(QString()).toLongLong(&isNumber);
+    return isNumber ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+std::optional<bool> Settings::boolean(std::string_view key) const {
+    const auto text = impl_->text(key);
+    if (text == QStringLiteral("true")) return true;
+    if (text == QStringLiteral("false")) return false;
+    return std::nullopt;
+}
+
+std::optional<std::string> Settings::data(std::string_view key) const {
+    const QVariant value = impl_->values.value(toQString(key));
+    if (value.typeId() != QMetaType::QByteArray) return std::nullopt;
+    return value.toByteArray().toStdString();
+}
+
+bool Settings::contains(std::string_view key) const {
+    return impl_->values.contains(toQString(key));
+}
+
+void Settings::setString(std::string_view key, std::string_view value) {
+    impl_->make({{toQString(key), toQString(value)}});
+}
+
+void Settings::setInteger(std::string_view key, std::int64_t value) {
+    impl_->make({{toQString(key), QString::number(value)}});
+}
+
+void Settings::setBoolean(std::string_view key, bool value) {
+    const auto text = value ? QStringLiteral("true") : QStringLiteral("false");
+    impl_->make({{toQString(key), text}});
+}
+
+void Settings::setData(std::string_view key, std::string_view bytes, std::string_view obsoleteKey) {
+    std::vector<Impl::Change> changes{
+        {toQString(key), QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))}};
+    if (!obsoleteKey.empty()) changes.push_back({toQString(obsoleteKey), {}});
+    impl_->make(changes);
+}
+
+void Settings::remove(std::string_view key) {
+    impl_->make({{toQString(key), {}}});
+}
+
+void Settings::removeAll() {
+    const QVariantMap removed = std::exchange(impl_->values, {});
+    impl_->unwritten.clear();
+    std::error_code error;
+    fs::remove(impl_->file, error);
+    impl_->lastWriteFailed = static_cast<bool>(error);
+    for (const QString& key : removed.keys()) impl_->tell(key.toStdString());
+}
+
+void Settings::reload() {
+    for (const QString& key : impl_->adopt(readContent(impl_->file)))
+        impl_->tell(key.toStdString());
+}
+
+void Settings::keepFile() {
+    impl_->keepsFile = true;
+}
+
+const fs::path& Settings::file() const noexcept {
+    return impl_->file;
+}
+
+bool Settings::lastWriteFailed() const noexcept {
+    return impl_->lastWriteFailed;
+}
+
+Settings::Observation Settings::observe(std::function<void(std::string_view key)> changed) {
+    auto observer = std::make_shared<Observer>(std::move(changed));
+    impl_->observers.push_back(observer);
+    return observer;
+}
+
+}  // namespace elmworth

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "theme/Icons.h"
+
+#include <gtest/gtest.h>
+
+#include <QRawFont>
+
+#include "theme/fonts/Fonts.h"
+
+namespace elmworth {
+namespace {
+
+TEST(Icons, EachNameHasAGlyphOfTheIconFont) {
+    loadEmbeddedFonts();
+    const QRawFont font = QRawFont::fromFont(QFont(QStringLiteral("Material Icons")));
+    ASSERT_EQ(font.familyName(), QStringLiteral("Material Icons"));
+    for (const QString& name : iconNames()) {
+        EXPECT_TRUE(font.supportsCharacter(iconGlyph(name))) << name.toStdString();
+    }
+}
+
+TEST(Icons, AnUnknownNameGivesAnEmptySquareThatNoOtherHas) {
+    loadEmbeddedFonts();
+    const QChar square = iconGlyph(u"no.such.image");
+    EXPECT_TRUE(
+        QRawFont::fromFont(QFont(QStringLiteral("Material Icons"))).supportsCharacter(square));
+    EXPECT_EQ(iconGlyph(u""), square);
+    EXPECT_EQ(iconGlyph(u"clock.fil"), square);
+    for (const QString& name : iconNames()) EXPECT_NE(iconGlyph(name), square);
+}
+
+TEST(Icons, StatesThatMustNotBeMixedUpLookDifferent) {
+    EXPECT_NE(iconGlyph(u"play.fill"), iconGlyph(u"stop.fill"));
+    EXPECT_NE(iconGlyph(u"circle"), iconGlyph(u"checkmark.circle.fill"));
+    EXPECT_NE(iconGlyph(u"clock"), iconGlyph(u"record.circle"));
+    EXPECT_NE(iconGlyph(u"tray"), iconGlyph(u"tray.full"));
+}
+
+}  // namespace
+}  // namespace elmworth
