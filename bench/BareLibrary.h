@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <string_view>
 
-#include "core/store/sqlite/Database.h"
 #include "platform/Instant.h"
+#include "store/sqlite/Database.h"
 
 namespace elmworth::bench {
 

@@ -8,8 +8,8 @@
 #include <filesystem>
 
 #include "TurningLoop.h"
-#include "core/store/Library.h"
 #include "platform/Calendar.h"
+#include "records/Library.h"
 #include "support/TemporaryFolder.h"
 #include "tracking/TimerService.h"
 

@@ -14,7 +14,7 @@
 #include <array>
 #include <memory>
 
-#include "core/DateRangePreset.h"
+#include "records/DateRangePreset.h"
 #include "screens/timesheet/DailyChartModel.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "theme/fonts/Fonts.h"

@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
         import Elmworth.Main
         import Elmworth.Theme
         import Elmworth.Timesheet
-        import Elmworth.Tracking
+        import Elmworth.Panel
         ApplicationWindow {
             visible: true
             width: 1080

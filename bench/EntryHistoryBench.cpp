@@ -7,7 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include "BenchLibrary.h"
-#include "core/Invoice.h"
+#include "records/Invoice.h"
 #include "tracking/TimesheetEditing.h"
 
 namespace elmworth::bench {

@@ -10,9 +10,9 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
-#include "core/Client.h"
-#include "core/Project.h"
 #include "invoicing/InvoiceBuilder.h"
+#include "records/Client.h"
+#include "records/Project.h"
 
 namespace elmworth::bench {
 namespace {

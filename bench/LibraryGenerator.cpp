@@ -14,13 +14,13 @@
 #include <vector>
 
 #include "TurningLoop.h"
-#include "core/BusinessProfile.h"
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/Library.h"
 #include "platform/Calendar.h"
+#include "records/BusinessProfile.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/Library.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth::bench {
 

@@ -10,8 +10,8 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth::bench {
 namespace {

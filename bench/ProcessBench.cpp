@@ -18,9 +18,9 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
-#include "core/Client.h"
-#include "core/Project.h"
 #include "platform/LibraryLock.h"
+#include "records/Client.h"
+#include "records/Project.h"
 
 namespace elmworth::bench {
 namespace {

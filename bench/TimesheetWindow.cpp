@@ -22,8 +22,8 @@
 #include <vector>
 
 #include "BenchLibrary.h"
-#include "core/DateRangePreset.h"
 #include "platform/Settings.h"
+#include "records/DateRangePreset.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "theme/fonts/Fonts.h"
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "core/ProfileStore.h"
-#include "core/store/Library.h"
 #include "platform/Settings.h"
+#include "records/Library.h"
+#include "records/ProfileStore.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {

@@ -3,8 +3,8 @@
 
 #include "app/QtInvoicePainter.h"
 
-#include "core/Logo.h"
 #include "invoicing/InvoicePDFRenderer.h"
+#include "records/Logo.h"
 
 namespace elmworth {
 

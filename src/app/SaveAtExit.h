@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "core/store/UnitOfWork.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

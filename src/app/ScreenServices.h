@@ -4,7 +4,7 @@
 #pragma once
 
 #include "app/LibraryServices.h"
-#include "tracking/ui/AppServices.h"
+#include "screens/panel/AppServices.h"
 
 namespace elmworth {
 

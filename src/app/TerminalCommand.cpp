@@ -19,10 +19,10 @@
 #include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
 #include "command/CommandError.h"
-#include "core/Logo.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"
+#include "records/Logo.h"
 
 namespace elmworth {
 

@@ -10,9 +10,9 @@
 
 #include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
+#include "screens/panel/TrayMenu.h"
 #include "theme/Icons.h"
 #include "theme/fonts/Fonts.h"
-#include "tracking/ui/TrayMenu.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
 
@@ -75,7 +75,7 @@ QQuickWindow* TrayItem::panelWindow() {
     if (!window_) {
         window_ = makeWindow(
             engine_,
-            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Tracking/PanelWindow.qml")),
+            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Panel/PanelWindow.qml")),
             QVariant::fromValue(&panel_));
     }
     return window_.get();

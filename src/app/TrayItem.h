@@ -9,8 +9,8 @@
 
 #include "app/LibraryServices.h"
 #include "platform/linux/StatusNotifierItem.h"
-#include "tracking/ui/PanelModel.h"
-#include "tracking/ui/TrayLabel.h"
+#include "screens/panel/PanelModel.h"
+#include "screens/panel/TrayLabel.h"
 
 class QQmlEngine;
 

@@ -5,14 +5,14 @@
 
 #include <filesystem>
 
-#include "core/ProfileStore.h"
-#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceRenderModel.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
 #include "platform/Locale.h"
 #include "platform/Progress.h"
+#include "records/ProfileStore.h"
+#include "store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {

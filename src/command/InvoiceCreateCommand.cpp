@@ -6,8 +6,8 @@
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
 #include "command/TypedValue.h"
-#include "core/Client.h"
 #include "invoicing/InvoiceBuilder.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

@@ -6,12 +6,12 @@
 #include "command/InvoiceCommand.h"
 #include "command/InvoiceOutput.h"
 #include "command/TextTable.h"
-#include "core/Client.h"
 #include "invoicing/InvoiceFigures.h"
 #include "invoicing/InvoiceFilter.h"
 #include "invoicing/InvoicePages.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

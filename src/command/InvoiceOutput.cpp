@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "command/TextTable.h"
-#include "core/Client.h"
-#include "core/HoursFormat.h"
 #include "invoicing/InvoicePages.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
+#include "records/Client.h"
+#include "records/HoursFormat.h"
 
 namespace elmworth {
 

@@ -9,8 +9,8 @@
 
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
-#include "core/Invoice.h"
 #include "invoicing/InvoiceCalculator.h"
+#include "records/Invoice.h"
 
 namespace elmworth {
 

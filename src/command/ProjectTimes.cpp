@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "core/TimeEntry.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

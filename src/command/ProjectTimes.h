@@ -6,9 +6,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
 #include "platform/Instant.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -5,10 +5,10 @@
 
 #include <string>
 
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -4,10 +4,10 @@
 #include "command/JSONOutput.h"
 #include "command/TextTable.h"
 #include "command/TimesheetArguments.h"
-#include "core/Invoice.h"
 #include "invoicing/MoneyFormat.h"
 #include "invoicing/TimesheetStatistics.h"
 #include "platform/DateFormatter.h"
+#include "records/Invoice.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "command/CommandError.h"
-#include "core/DateRangePreset.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
+#include "records/DateRangePreset.h"
 
 namespace elmworth {
 

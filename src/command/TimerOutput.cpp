@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "command/JSONOutput.h"
-#include "core/Client.h"
+#include "records/Client.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

@@ -8,8 +8,6 @@
 #include <system_error>
 #include <utility>
 
-#include "core/ProfileStore.h"
-#include "core/TimeEntry.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/SnapshotJob.h"
@@ -17,6 +15,8 @@
 #include "platform/StaleTempFiles.h"
 #include "platform/StandardFolders.h"
 #include "platform/SystemLog.h"
+#include "records/ProfileStore.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

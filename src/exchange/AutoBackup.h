@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "core/BusinessProfile.h"
-#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
 #include "platform/Settings.h"
+#include "records/BusinessProfile.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/BusinessProfile.h"
 #include "platform/Instant.h"
+#include "records/BusinessProfile.h"
 
 namespace elmworth {
 

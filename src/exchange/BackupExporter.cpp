@@ -5,8 +5,8 @@
 
 #include <utility>
 
-#include "core/TimeEntry.h"
 #include "exchange/BackupWalk.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth::BackupExporter {
 

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <string>
 
-#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "exchange/BackupWriter.h"
 #include "platform/AtomicFile.h"
 #include "platform/Progress.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth::BackupExporter {
 

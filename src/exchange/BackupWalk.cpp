@@ -5,10 +5,10 @@
 
 #include <algorithm>
 
-#include "core/Invoice.h"
-#include "core/TimeEntry.h"
 #include "platform/Collator.h"
 #include "platform/Text.h"
+#include "records/Invoice.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

@@ -13,10 +13,10 @@
 #include <utility>
 #include <vector>
 
-#include "core/Client.h"
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
 #include "exchange/BackupReceiver.h"
+#include "records/Client.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

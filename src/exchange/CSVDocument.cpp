@@ -3,11 +3,11 @@
 
 #include "exchange/CSVDocument.h"
 
-#include "core/Client.h"
-#include "core/HoursFormat.h"
-#include "core/Project.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
+#include "records/Client.h"
+#include "records/HoursFormat.h"
+#include "records/Project.h"
 
 namespace elmworth {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/TimeEntry.h"
 #include "platform/Instant.h"
 #include "platform/ZoneOffsets.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

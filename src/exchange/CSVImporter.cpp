@@ -9,13 +9,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "core/Client.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
 #include "exchange/CSVTokenizer.h"
 #include "platform/Calendar.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
+#include "records/Client.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

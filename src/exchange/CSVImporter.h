@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/store/UnitOfWork.h"
 #include "platform/Instant.h"
 #include "platform/Progress.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -9,7 +9,7 @@
 #include <limits>
 #include <optional>
 
-#include "core/BusinessProfile.h"
+#include "records/BusinessProfile.h"
 
 namespace elmworth {
 

@@ -10,11 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
 #include "platform/Text.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

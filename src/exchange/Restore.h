@@ -7,11 +7,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/BusinessProfile.h"
-#include "core/ProfileStore.h"
-#include "core/store/UnitOfWork.h"
 #include "exchange/Backup.h"
 #include "platform/Progress.h"
+#include "records/BusinessProfile.h"
+#include "records/ProfileStore.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

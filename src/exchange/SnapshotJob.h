@@ -8,10 +8,10 @@
 #include <future>
 #include <memory>
 
-#include "core/store/UnitOfWork.h"
 #include "exchange/BackupWalk.h"
 #include "exchange/BackupWriter.h"
 #include "platform/AtomicFile.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

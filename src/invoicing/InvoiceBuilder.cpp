@@ -6,9 +6,9 @@
 #include <limits>
 #include <unordered_set>
 
-#include "core/Project.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
+#include "records/Project.h"
 
 namespace elmworth {
 

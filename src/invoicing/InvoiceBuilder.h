@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
-#include "core/BusinessProfile.h"
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/TimeEntry.h"
-#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
+#include "records/BusinessProfile.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/TimeEntry.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

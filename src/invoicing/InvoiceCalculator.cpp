@@ -8,9 +8,9 @@
 #include <limits>
 #include <map>
 
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
 #include "platform/Collator.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/Invoice.h"
-#include "core/TimeEntry.h"
+#include "records/Invoice.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

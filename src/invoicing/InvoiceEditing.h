@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "core/Invoice.h"
 #include "invoicing/InvoiceBuilder.h"
+#include "records/Invoice.h"
 
 namespace elmworth {
 

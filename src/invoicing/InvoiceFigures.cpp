@@ -3,8 +3,8 @@
 
 #include "invoicing/InvoiceFigures.h"
 
-#include "core/Project.h"
-#include "core/TimeEntry.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

@@ -10,9 +10,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/Invoice.h"
-#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceCalculator.h"
+#include "records/Invoice.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "core/Invoice.h"
+#include "records/Invoice.h"
 
 namespace elmworth {
 

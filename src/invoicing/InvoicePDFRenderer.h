@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/BusinessProfile.h"
 #include "invoicing/InvoiceRenderModel.h"
 #include "platform/AtomicFile.h"
+#include "records/BusinessProfile.h"
 
 namespace elmworth {
 

@@ -5,8 +5,8 @@
 
 #include <QColor>
 
-#include "core/BusinessProfile.h"
 #include "invoicing/InvoicePages.h"
+#include "records/BusinessProfile.h"
 
 class QPainter;
 class QSizeF;

@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/Client.h"
-#include "core/HoursFormat.h"
-#include "core/Invoice.h"
 #include "invoicing/InvoiceCalculator.h"
 #include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
 #include "platform/Text.h"
+#include "records/Client.h"
+#include "records/HoursFormat.h"
+#include "records/Invoice.h"
 
 namespace elmworth {
 

@@ -8,9 +8,9 @@
 #include <variant>
 #include <vector>
 
-#include "core/BusinessProfile.h"
-#include "core/LogoImage.h"
 #include "platform/Locale.h"
+#include "records/BusinessProfile.h"
+#include "records/LogoImage.h"
 
 namespace elmworth {
 

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "core/Client.h"
 #include "invoicing/InvoiceCalculator.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

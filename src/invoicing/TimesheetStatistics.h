@@ -12,8 +12,8 @@
 #include <unordered_set>
 #include <vector>
 
-#include "core/TimesheetEntry.h"
 #include "platform/Calendar.h"
+#include "records/TimesheetEntry.h"
 
 namespace elmworth {
 

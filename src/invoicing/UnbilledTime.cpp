@@ -3,7 +3,7 @@
 
 #include "invoicing/UnbilledTime.h"
 
-#include "core/TimeEntry.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

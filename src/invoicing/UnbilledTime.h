@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <unordered_map>
 
-#include "core/store/UnitOfWork.h"
 #include "invoicing/InvoiceCalculator.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

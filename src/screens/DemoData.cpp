@@ -9,10 +9,10 @@
 #include <optional>
 #include <string>
 
-#include "core/ProfileStore.h"
-#include "core/Project.h"
 #include "invoicing/InvoiceBuilder.h"
 #include "platform/FatalError.h"
+#include "records/ProfileStore.h"
+#include "records/Project.h"
 
 namespace elmworth::DemoData {
 

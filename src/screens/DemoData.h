@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "platform/Settings.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth::DemoData {
 

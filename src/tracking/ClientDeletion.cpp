@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "core/Invoice.h"
+#include "records/Invoice.h"
 #include "tracking/ProjectDeletion.h"
 
 namespace elmworth {

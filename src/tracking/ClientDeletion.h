@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "core/Client.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Client.h"
+#include "store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {

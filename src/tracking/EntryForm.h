@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
+#include "store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "core/store/UnitOfWork.h"
+#include "store/UnitOfWork.h"
 #include "tracking/EntryStep.h"
 #include "tracking/TimerService.h"
 #include "tracking/UndoResult.h"

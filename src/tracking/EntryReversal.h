@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 #include "tracking/EntryStep.h"
 #include "tracking/UndoResult.h"
 

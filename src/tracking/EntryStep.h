@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/TimeEntry.h"
+#include "records/TimeEntry.h"
 
 namespace elmworth {
 

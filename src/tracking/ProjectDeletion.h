@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "core/Project.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Project.h"
+#include "store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "core/DateRangePreset.h"
 #include "platform/SystemLog.h"
+#include "records/DateRangePreset.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/UnitOfWork.h"
 #include "platform/Calendar.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

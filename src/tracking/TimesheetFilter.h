@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "core/Client.h"
-#include "core/DateRangePreset.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Client.h"
+#include "records/DateRangePreset.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth {
 

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/TimesheetEntry.h"
+#include "records/TimesheetEntry.h"
 #include "tracking/TimesheetFilter.h"
 
 namespace elmworth {

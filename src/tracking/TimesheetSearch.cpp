@@ -3,8 +3,8 @@
 
 #include "tracking/TimesheetSearch.h"
 
-#include "core/Client.h"
 #include "platform/Text.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "core/Project.h"
 #include "platform/LocalizedSearch.h"
+#include "records/Project.h"
 
 namespace elmworth {
 

@@ -11,10 +11,10 @@
 #include <memory>
 #include <string>
 
-#include "core/Client.h"
-#include "core/Project.h"
-#include "core/store/Library.h"
 #include "platform/Calendar.h"
+#include "records/Client.h"
+#include "records/Library.h"
+#include "records/Project.h"
 #include "support/TestLibrary.h"
 #include "tracking/TimerService.h"
 

@@ -8,11 +8,11 @@
 
 #include <chrono>
 
-#include "core/ProfileStore.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/BackupWalk.h"
 #include "platform/AtomicFile.h"
+#include "records/ProfileStore.h"
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
 #include "support/SystemLogCapture.h"

@@ -4,12 +4,12 @@
 // The profile decoder reads what a simple reader reads, and what it has read is written and read
 // again as the same, alone and within a backup document.
 
-#include "core/BusinessProfile.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
 #include "fuzz/Property.h"
 #include "fuzz/ReferenceBackup.h"
 #include "platform/Text.h"
+#include "records/BusinessProfile.h"
 
 using namespace elmworth;
 using fuzz::require;

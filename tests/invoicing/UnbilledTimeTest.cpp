@@ -7,7 +7,7 @@
 
 #include <limits>
 
-#include "core/TimeEntry.h"
+#include "records/TimeEntry.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/ProfileStore.h"
 #include "invoicing/InvoiceCalculator.h"
+#include "records/ProfileStore.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 #include "tracking/TimerService.h"

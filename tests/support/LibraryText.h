@@ -6,12 +6,12 @@
 #include <string>
 #include <variant>
 
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/Schema.h"
-#include "core/store/UnitOfWork.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
+#include "store/Schema.h"
+#include "store/UnitOfWork.h"
 
 namespace elmworth::test {
 

@@ -14,13 +14,13 @@
 #include <utility>
 #include <vector>
 
-#include "core/Client.h"
-#include "core/Invoice.h"
-#include "core/Project.h"
-#include "core/TimeEntry.h"
-#include "core/store/Library.h"
 #include "platform/AtomicFile.h"
 #include "platform/RunLoop.h"
+#include "records/Client.h"
+#include "records/Invoice.h"
+#include "records/Library.h"
+#include "records/Project.h"
+#include "records/TimeEntry.h"
 #include "support/TemporaryFolder.h"
 
 namespace elmworth::test {

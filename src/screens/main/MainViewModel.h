@@ -9,8 +9,8 @@
 
 #include "platform/Settings.h"
 #include "screens/main/SidebarModel.h"
+#include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/TimesheetModel.h"
-#include "tracking/ui/RunningEntryModel.h"
 
 namespace elmworth {
 

@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Tracking
+import Elmworth.Panel
 
 /// The running entry, small, in the sidebar.
 GlassCard {

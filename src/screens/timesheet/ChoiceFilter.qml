@@ -3,7 +3,7 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Tracking
+import Elmworth.Panel
 
 /// A filter by one record of many.
 FilterButton {

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "core/Client.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "core/TimesheetEntry.h"
 #include "platform/Calendar.h"
+#include "records/TimesheetEntry.h"
 
 namespace elmworth {
 

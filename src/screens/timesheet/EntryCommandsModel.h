@@ -8,8 +8,8 @@
 #include <QtQmlIntegration>
 #include <vector>
 
+#include "screens/panel/AppServices.h"
 #include "tracking/TimesheetEditing.h"
-#include "tracking/ui/AppServices.h"
 
 namespace elmworth {
 

@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Tracking
+import Elmworth.Panel
 
 /// The entry that runs: its project, its notes to type into, its time, and the button that stops it.
 GlassCard {

@@ -3,9 +3,9 @@
 
 #include "screens/timesheet/TimesheetExport.h"
 
-#include "core/store/StoreError.h"
 #include "exchange/CSVDocument.h"
 #include "platform/AtomicFile.h"
+#include "store/StoreError.h"
 
 namespace elmworth {
 

@@ -8,11 +8,11 @@
 #include <QStringList>
 #include <QtQmlIntegration>
 
-#include "core/store/LiveQuery.h"
+#include "screens/panel/AppServices.h"
+#include "screens/panel/ChoiceModel.h"
+#include "store/LiveQuery.h"
 #include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
-#include "tracking/ui/AppServices.h"
-#include "tracking/ui/ChoiceModel.h"
 
 namespace elmworth {
 

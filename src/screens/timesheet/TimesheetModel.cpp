@@ -11,9 +11,9 @@
 #include <system_error>
 #include <utility>
 
-#include "core/Invoice.h"
 #include "platform/FreeMemory.h"
 #include "platform/PlatformText.h"
+#include "records/Invoice.h"
 #include "screens/timesheet/TimesheetExport.h"
 
 namespace elmworth {

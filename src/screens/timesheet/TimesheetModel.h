@@ -11,6 +11,8 @@
 #include <optional>
 #include <vector>
 
+#include "screens/panel/EntryEditorModel.h"
+#include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/DailyChartModel.h"
 #include "screens/timesheet/EntryCommandsModel.h"
 #include "screens/timesheet/ListingSums.h"
@@ -19,8 +21,6 @@
 #include "screens/timesheet/TimesheetRowsModel.h"
 #include "screens/timesheet/TimesheetSelection.h"
 #include "tracking/TimesheetContents.h"
-#include "tracking/ui/EntryEditorModel.h"
-#include "tracking/ui/RunningEntryModel.h"
 
 namespace elmworth {
 

@@ -5,7 +5,7 @@
 
 #include "screens/timesheet/TimesheetModel.h"
 
-#include "core/Client.h"
+#include "records/Client.h"
 
 namespace elmworth {
 

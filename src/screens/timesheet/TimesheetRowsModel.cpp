@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/Client.h"
+#include "records/Client.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

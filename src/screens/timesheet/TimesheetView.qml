@@ -156,7 +156,7 @@ FocusScope {
     // It shows itself.
     OnDemand {
         wanted: view.model.editor.isOpen
-        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Tracking/EntryEditor.qml", { model: view.model.editor })
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Panel/EntryEditor.qml", { model: view.model.editor })
     }
 
     Connections {

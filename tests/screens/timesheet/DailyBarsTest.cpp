@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <random>
 
-#include "core/DateRangePreset.h"
+#include "records/DateRangePreset.h"
 #include "screens/timesheet/Listed.h"
 
 namespace elmworth {

@@ -7,7 +7,7 @@
 
 #include <QSignalSpy>
 
-#include "core/DateRangePreset.h"
+#include "records/DateRangePreset.h"
 #include "screens/timesheet/Listed.h"
 #include "support/ScopedEnvironment.h"
 

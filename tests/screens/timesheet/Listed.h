@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "core/Client.h"
-#include "core/TimesheetEntry.h"
+#include "records/Client.h"
+#include "records/TimesheetEntry.h"
 #include "support/Instants.h"
 
 namespace elmworth::test {

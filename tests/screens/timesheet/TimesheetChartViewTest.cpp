@@ -12,7 +12,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 #include <memory>
 
-#include "core/DateRangePreset.h"
+#include "records/DateRangePreset.h"
 #include "screens/timesheet/DailyChartLegend.h"
 #include "screens/timesheet/DailyChartPlot.h"
 #include "screens/timesheet/Listed.h"

@@ -8,8 +8,8 @@
 
 #include "command/CommandLine.h"
 #include "command/TextPainter.h"
-#include "core/ProfileStore.h"
 #include "platform/AtomicFile.h"
+#include "records/ProfileStore.h"
 #include "screens/timesheet/TimesheetTest.h"
 #include "support/FailingReads.h"
 #include "support/FileSizeLimit.h"

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "screens/panel/PanelTest.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "support/ScopedEnvironment.h"
-#include "tracking/ui/PanelTest.h"
 
 namespace elmworth::test {
 

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "records/Logo.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QFile>
+#include <QImage>
+#include <QImageReader>
+#include <QScopeGuard>
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "platform/AtomicFile.h"
+#include "platform/StandardFolders.h"
+
+namespace elmworth {
+namespace {
+
+using FileTime = std::filesystem::file_time_type;
+
+struct CachedLogo {
+    FileTime modified;
+    LogoImage image;
+};
+
+std::optional<CachedLogo>& cache() {
+    static std::optional<CachedLogo> cached;
+    return cached;
+}
+
+std::optional<FileTime> modificationDate(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto date = std::filesystem::last_write_time(file, error);
+    return error ? std::nullopt : std::optional(date);
+}
+
+/// A pipe in a picture's place would keep the program waiting for ever.
+bool isFile(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored);
+}
+
+QImage readImage(const std::filesystem::path& path) {
+    if (!isFile(path)) return {};
+    QFile file(QFile::decodeName(path.c_str()));
+    return file.open(QIODevice::ReadOnly) ? QImageReader(&file).read() : QImage();
+}
+
+/// The longer side becomes 600 pixels at most; nothing is enlarged, and no side vanishes.
+QSize logoSize(QSize picture) {
+    constexpr double longestSide = 600.0;
+    const double scale = std::min(1.0, longestSide / std::max(picture.width(), picture.height()));
+    const auto scaled = [scale](int side) {
+        return std::max(1, static_cast<int>(std::lround(side * scale)));
+    };
+    return {scaled(picture.width()), scaled(picture.height())};
+}
+
+/// Reads a picture small where its format can do that while decoding. Null when it is none.
+QImage readPicture(const std::filesystem::path& path) {
+    if (!isFile(path)) return {};
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    // The formats that only decode whole may take what 200 megapixels need, and no more.
+    constexpr int megabytes = 900;
+    const auto restore = qScopeGuard(
+        [old = QImageReader::allocationLimit()] { QImageReader::setAllocationLimit(old); });
+    QImageReader::setAllocationLimit(megabytes);
+    QImageReader reader(&file);
+    reader.setAutoTransform(true);
+    if (const QSize size = reader.size();
+        size.isValid() && !size.isEmpty() && logoSize(size) != size)
+        reader.setScaledSize(logoSize(size));
+    return reader.read();
+}
+
+QImage makeLogo(QImage picture) {
+    const QColorSpace sRGB(QColorSpace::SRgb);
+    picture =
+        picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+            .scaled(logoSize(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (picture.colorSpace().isValid()) picture.convertToColorSpace(sRGB);
+    picture.setColorSpace(sRGB);
+    return picture;
+}
+
+[[noreturn]] void failToWrite() {
+    throw LogoError(LogoError::Code::fileWriteUnknown, "The logo could not be saved.");
+}
+
+}  // namespace
+
+std::filesystem::path logoFileURL() {
+    return createPrivateFolder(dataFolder()) / "logo.png";
+}
+
+LogoImage loadLogo() try {
+    const auto file = logoFileURL();
+    const auto modified = modificationDate(file);
+    if (!modified) {
+        cache().reset();
+        return nullptr;
+    }
+    if (cache() && cache()->modified == *modified) return cache()->image;
+    const QImage image = readImage(file);
+    if (image.isNull()) return nullptr;
+    cache() = {*modified, std::make_shared<const QImage>(image)};
+    return cache()->image;
+} catch (const std::filesystem::filesystem_error&) {
+    cache().reset();
+    return nullptr;
+}
+
+void storeLogo(const std::filesystem::path& file) {
+    const QImage picture = readPicture(file);
+    if (picture.isNull())
+        throw LogoError(LogoError::Code::fileReadCorruptFile,
+                        "The file is not a picture that can be read.");
+    QByteArray png;
+    QBuffer buffer(&png);
+    if (!makeLogo(picture).save(&buffer, "PNG")) failToWrite();
+    try {
+        writeAtomically(logoFileURL(), {png.constData(), static_cast<std::size_t>(png.size())});
+    } catch (const std::filesystem::filesystem_error&) {
+        failToWrite();
+    }
+    // Two files written within one tick of the file system's clock bear the same date.
+    cache().reset();
+}
+
+void removeLogo() try {
+    cache().reset();
+    std::error_code ignored;
+    std::filesystem::remove(logoFileURL(), ignored);
+} catch (const std::filesystem::filesystem_error&) {
+    // Without a folder there is no logo either.
+}
+
+}  // namespace elmworth

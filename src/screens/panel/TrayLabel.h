@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration>
+
+#include "platform/RunLoop.h"
+#include "platform/Settings.h"
+#include "platform/Tray.h"
+#include "screens/panel/TrayLabelStyle.h"
+#include "store/UnitOfWork.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+
+/// What the tray item shows: the timer at a glance. Changes once a minute while a timer runs.
+///
+/// Follows the timer, the records and the setting "menuBarStyle"; changes show together
+/// within two turns of the run loop.
+class TrayLabel final : public QObject {
+    Q_OBJECT
+    QML_ANONYMOUS
+    /// "clock", or "record.circle" while a timer runs.
+    Q_PROPERTY(QString image READ image NOTIFY changed FINAL)
+    /// What stands beside the image, by the style; empty for nothing.
+    Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+    /// The same in words, whatever the style: "0:42 · Website" or "Nothing is running."
+    Q_PROPERTY(QString summary READ summary NOTIFY changed FINAL)
+
+ public:
+    TrayLabel(UnitOfWork& context, TimerService& timer, Settings& defaults, RunLoop& runLoop);
+
+    [[nodiscard]] const QString& image() const noexcept { return look_.image; }
+    [[nodiscard]] const QString& text() const noexcept { return look_.text; }
+    [[nodiscard]] const QString& summary() const noexcept { return look_.summary; }
+
+    /// The same for a tray. The text in the icon is the time alone, in full hours where they have
+    /// four digits.
+    [[nodiscard]] TrayFace trayFace() const;
+
+ Q_SIGNALS:
+    void changed();
+
+ private:
+    struct Look {
+        QString image;
+        QString text;
+        QString summary;
+        std::string time;  ///< within `text`
+
+        friend bool operator==(const Look&, const Look&) = default;
+    };
+    [[nodiscard]] Look look() const;
+    void updateSoon();
+    void update();
+
+    TimerService& timer_;
+    Settings& defaults_;
+    RunLoop& runLoop_;
+    Look look_;
+    RunLoop::Handle pendingUpdate_;
+    TimerService::Observation timerObservation_;
+    Settings::Observation styleObservation_;
+    UnitOfWork::Observation entryObservation_;
+    UnitOfWork::Observation projectObservation_;
+};
+
+}  // namespace elmworth

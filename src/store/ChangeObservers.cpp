@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "store/ChangeObservers.h"
+
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "platform/SystemLog.h"
+
+namespace elmworth {
+
+namespace {
+
+/// A view that fails must not make a save look failed that is durable.
+void tell(const std::function<void(const RecordChanges&)>& changed,
+          const RecordChanges& changes) noexcept {
+    try {
+        changed(changes);
+    } catch (const std::exception& error) {
+        writeSystemLog(std::string("Elmworth: a change could not be shown: ") + error.what());
+    } catch (...) {
+        writeSystemLog("Elmworth: a change could not be shown");
+    }
+}
+
+}  // namespace
+
+ChangeObservers::Observation ChangeObservers::observe(const RecordSchema& schema,
+                                                      std::function<void()> changed) {
+    return observeAll([&schema, changed = std::move(changed)](const RecordChanges& changes) {
+        if (changes.touch(schema)) changed();
+    });
+}
+
+ChangeObservers::Observation ChangeObservers::observeAll(
+    std::function<void(const RecordChanges&)> changed) {
+    auto observer = std::make_shared<Observer>(std::move(changed));
+    observers_.push_back(observer);
+    return observer;
+}
+
+void ChangeObservers::note(const RecordSchema& schema, const PersistentID& id,
+                           const RecordChange& change) {
+    if (observers_.empty()) return;
+    noted_.note(schema, id, change);
+    if (!delivery_) delivery_ = runLoop_.post([this] { deliver(); });
+}
+
+void ChangeObservers::deliver() {
+    if (!delivery_) return;  // nothing has been noted
+    delivery_.reset();
+    const auto changes = std::exchange(noted_, {});
+    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
+    const auto observers = observers_;  // they may begin and end observations
+    for (const auto& weak : observers) {
+        if (const auto observer = weak.lock()) tell(*observer, changes);
+    }
+}
+
+}  // namespace elmworth

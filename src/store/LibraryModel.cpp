@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "store/LibraryModel.h"
+
+#include <algorithm>
+
+namespace elmworth {
+
+bool LibraryModel::canRead(int stored) const {
+    for (; stored < version; stored = stepFrom(stored)->to) {
+        if (!stepFrom(stored)) return false;
+    }
+    return stored == version;
+}
+
+const MigrationStep* LibraryModel::stepFrom(int stored) const {
+    const auto found = std::find_if(steps.begin(), steps.end(),
+                                    [&](const auto& step) { return step.from == stored; });
+    return found == steps.end() ? nullptr : &*found;
+}
+
+}  // namespace elmworth

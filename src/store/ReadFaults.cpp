@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "store/ReadFaults.h"
+
+#include <utility>
+
+#include "platform/StandardFolders.h"
+#include "platform/SystemLog.h"
+
+namespace elmworth {
+
+void ReadFaults::note(const StoreError& error) noexcept {
+    if (count_++ > 0) return;
+    writeSystemLog(std::string("Elmworth: part of the library can't be read: ") + error.what());
+    telling_ = runLoop_.post([this] { tell(); });
+}
+
+ReadFaults::Observation ReadFaults::observe(std::function<void()> found) {
+    auto observer = std::make_shared<std::function<void()>>(std::move(found));
+    observers_.push_back(observer);
+    return observer;
+}
+
+void ReadFaults::tell() const {
+    for (const auto& weak : std::vector(observers_)) {
+        if (const auto observer = weak.lock()) (*observer)();
+    }
+}
+
+std::string unreadableLibraryText() {
+    return "Part of the library can't be read. Snapshots of it are in “" +
+           (dataFolder() / "Backups").string() + "”.";
+}
+
+}  // namespace elmworth

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <type_traits>
+
+#include "store/Attribute.h"
+#include "store/Record.h"
+#include "store/Value.h"
+
+namespace elmworth {
+
+/// What becomes of the records that point to a record when it is deleted.
+enum class DeleteRule {
+    cascade,  ///< they are deleted too
+    nullify,  ///< they point to nothing
+    deny,     ///< the deletion is refused at the save while there are any
+};
+
+enum class FieldRule {
+    none,
+    unique,  ///< no two records of the library have the same value
+};
+
+/// One stored field of a record type.
+struct FieldDescription {
+    std::string_view name;
+    StorageClass storage;
+    bool optional;
+    bool unique = false;
+    Value (*read)(const Record&);
+    /// Sets the field behind the context's back: when a row is read, and when changes are rolled
+    /// back.
+    void (*write)(Record&, Value&&);
+    /// Where a record keeps the field, to tell which one has changed.
+    const void* (*place)(const Record&);
+    /// The record type that a to-one relationship points to; null for attributes.
+    const RecordSchema& (*target)() = nullptr;
+};
+
+/// One to-many relationship, the inverse of a to-one field of the other type.
+struct ToManyDescription {
+    std::string_view name;
+    const RecordSchema& (*target)();
+    std::string_view inverse;
+    DeleteRule rule;
+};
+
+/// An index over `columns`, in which only rows stand whose `present` columns have a value and whose
+/// `absent` column has none. Empty names mean none.
+struct IndexDescription {
+    std::string_view name;
+    std::array<std::string_view, 3> columns;
+    std::string_view present = {};
+    std::string_view absent = {};
+};
+
+/// The one declaration of a record type. It drives table, load, save, change tracking, predicates,
+/// sort keys and delete rules.
+struct RecordSchema {
+    std::string_view name;
+    std::size_t ordinal;  ///< its place among the types of the library
+    std::span<const FieldDescription> fields;
+    std::span<const ToManyDescription> relationships;
+    std::span<const IndexDescription> indexes;
+    /// An object for the row of an identity, its fields still to be read.
+    std::shared_ptr<Record> (*make)(const PersistentID& id);
+
+    /// The position of the field that is called `fieldName`, which must exist.
+    [[nodiscard]] std::size_t fieldIndex(std::string_view fieldName) const;
+};
+
+/// Access to the values inside a record's members, for the functions below.
+struct FieldAccess {
+    template <class T>
+    static Value read(const Attribute<T>& attribute) {
+        return FieldTraits<T>::toValue(attribute.value_);
+    }
+    template <class T>
+    static void write(Attribute<T>& attribute, Value&& value) {
+        if constexpr (std::is_same_v<T, std::string>) {
+            attribute.value_ = std::move(std::get<std::string>(value));
+        } else {
+            attribute.value_ = FieldTraits<T>::fromValue(value);
+        }
+    }
+    template <class T>
+    static Value read(const ToOne<T>& relationship) {
+        return relationship.id_.isNil() ? Value{} : Value{relationship.id_};
+    }
+    template <class T>
+    static void write(ToOne<T>& relationship, Value&& value) {
+        const auto* id = std::get_if<PersistentID>(&value);
+        relationship.id_ = id ? *id : PersistentID{};
+        relationship.target_ = nullptr;
+    }
+};
+
+namespace detail {
+
+template <class Member>
+struct MemberPointer;
+template <class Owner, class Field>
+struct MemberPointer<Field Owner::*> {
+    using RecordType = Owner;
+    using FieldType = Field;
+};
+
+template <class Field>
+struct FieldKind;
+template <class T>
+struct FieldKind<Attribute<T>> {
+    static constexpr StorageClass storage = FieldTraits<T>::storage;
+    static constexpr bool optional = isOptional<T>;
+};
+template <class T>
+struct FieldKind<ToOne<T>> {
+    static constexpr StorageClass storage = StorageClass::identity;
+    static constexpr bool optional = true;
+};
+
+template <auto Member>
+Value readField(const Record& record) {
+    using Type = typename MemberPointer<decltype(Member)>::RecordType;
+    return FieldAccess::read(static_cast<const Type&>(record).*Member);
+}
+template <auto Member>
+void writeField(Record& record, Value&& value) {
+    using Type = typename MemberPointer<decltype(Member)>::RecordType;
+    FieldAccess::write(static_cast<Type&>(record).*Member, std::move(value));
+}
+template <auto Member>
+const void* placeOfField(const Record& record) {
+    using Type = typename MemberPointer<decltype(Member)>::RecordType;
+    return &(static_cast<const Type&>(record).*Member);
+}
+
+}  // namespace detail
+
+/// Makes the object of a stored record of type `T`.
+template <class T>
+std::shared_ptr<Record> makeRecord(const PersistentID& id) {
+    return std::make_shared<T>(id);
+}
+
+/// Declares the member `Member` as a stored attribute.
+template <auto Member>
+constexpr FieldDescription attribute(std::string_view name, FieldRule rule = FieldRule::none) {
+    using Kind = detail::FieldKind<typename detail::MemberPointer<decltype(Member)>::FieldType>;
+    return {name,
+            Kind::storage,
+            Kind::optional,
+            rule == FieldRule::unique,
+            &detail::readField<Member>,
+            &detail::writeField<Member>,
+            &detail::placeOfField<Member>};
+}
+
+/// Declares the member `Member` as a to-one relationship.
+template <auto Member>
+constexpr FieldDescription toOne(std::string_view name) {
+    using Field = typename detail::MemberPointer<decltype(Member)>::FieldType;
+    return {name,
+            StorageClass::identity,
+            true,
+            false,
+            &detail::readField<Member>,
+            &detail::writeField<Member>,
+            &detail::placeOfField<Member>,
+            &Field::Target::schema};
+}
+
+}  // namespace elmworth

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/panel/RunningEntryModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+#include "support/TestTimer.h"
+
+namespace elmworth {
+namespace {
+
+class RunningEntry : public testing::Test {
+ protected:
+    [[nodiscard]] TimerService& service() { return *timer.service; }
+
+    test::TestTimer timer;
+    Ref<Client> client = timer.library.addClient("Acme Co");
+    Ref<Project> project = timer.library.addProject("<b>Website</b> & more", client);
+    RunningEntryModel model{timer.library.context(), *timer.service};
+};
+
+TEST_F(RunningEntry, IsEmptyWhileNothingRuns) {
+    EXPECT_FALSE(model.isRunning());
+    EXPECT_EQ(model.projectName(), QString());
+    EXPECT_EQ(model.clientName(), QString());
+    EXPECT_EQ(model.notes(), QString());
+    EXPECT_EQ(model.elapsed(), QStringLiteral("0:00:00"));
+}
+
+TEST_F(RunningEntry, NamesAreShownAsTheyAre) {
+    service().start(project, "Logo");
+    EXPECT_TRUE(model.isRunning());
+    EXPECT_EQ(model.projectName(), QStringLiteral("<b>Website</b> & more"));
+    EXPECT_EQ(model.projectTitle(), model.projectName());
+    EXPECT_EQ(model.clientName(), QStringLiteral("Acme Co"));
+    EXPECT_EQ(model.notes(), QStringLiteral("Logo"));
+    EXPECT_EQ(model.projectColor(), QStringLiteral("#4F7CFF"));
+}
+
+TEST_F(RunningEntry, WithoutAProjectTheNameIsEmptyAndTheTitleSaysSo) {
+    timer.library.addEntry(nullptr, timer.now, {});
+    service().restore();
+    EXPECT_TRUE(model.isRunning());
+    EXPECT_EQ(model.projectName(), QString());
+    EXPECT_EQ(model.projectTitle(), QStringLiteral("No project"));
+    EXPECT_EQ(model.projectColor(), QStringLiteral("#FF5B87"));
+}
+
+TEST_F(RunningEntry, ATickChangesTheElapsedTimeAlone) {
+    service().start(project);
+    timer.library.runLoop.turn();
+    QSignalSpy elapsed(&model, &RunningEntryModel::elapsedChanged);
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    timer.setTime("09:00:01");
+    timer.library.runLoop.fire();
+    EXPECT_EQ(model.elapsed(), QStringLiteral("0:00:01"));
+    EXPECT_EQ(elapsed.size(), 1);
+    EXPECT_EQ(running.size(), 0);
+}
+
+TEST_F(RunningEntry, ARenamedProjectIsTold) {
+    service().start(project);
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    project->name = "App";
+    timer.library.context().save();
+    EXPECT_GE(running.size(), 1);
+    EXPECT_EQ(model.projectName(), QStringLiteral("App"));
+}
+
+TEST_F(RunningEntry, TheBadgeHasTheProjectsColorOrOneOfItsOwn) {
+    service().start(project);
+    EXPECT_EQ(model.badgeColor(), QStringLiteral("#4F7CFF"));
+    service().running()->project = nullptr;
+    EXPECT_EQ(model.badgeColor(), QStringLiteral("#7C6CFF"));
+}
+
+TEST_F(RunningEntry, NotesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
+    service().start(project);
+    model.setNotes(QStringLiteral("Logo"));
+    EXPECT_EQ(service().running()->notes.get(), "Logo");
+    EXPECT_TRUE(timer.library.context().hasChanges());
+    model.saveNotes();
+    EXPECT_FALSE(timer.library.context().hasChanges());
+    timer.restart();
+    EXPECT_EQ(service().running()->notes.get(), "Logo");
+}
+
+TEST_F(RunningEntry, NotesAreToldWhoeverWritesThem) {
+    service().start(project);
+    timer.library.runLoop.turn();
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    service().running()->notes = "Elsewhere";
+    timer.library.runLoop.turn();
+    EXPECT_EQ(running.size(), 1);
+    EXPECT_EQ(model.notes(), QStringLiteral("Elsewhere"));
+}
+
+TEST_F(RunningEntry, StopSavesTheNotesAndEndsTheEntry) {
+    service().start(project);
+    const auto entry = service().running();
+    model.setNotes(QStringLiteral("Logo"));
+    timer.setTime("10:00");
+    model.stop();
+    EXPECT_FALSE(model.isRunning());
+    EXPECT_EQ(entry->notes.get(), "Logo");
+    EXPECT_EQ(*entry->end.get(), test::TestTimer::today("10:00"));
+    EXPECT_FALSE(timer.library.context().hasChanges());
+}
+
+TEST_F(RunningEntry, NotesOfAnEntryThatIsGoneAreDropped) {
+    service().start(project);
+    const auto entry = service().running();
+    timer.library.context().deleteRecord(entry);
+    model.setNotes(QStringLiteral("Logo"));
+    model.saveNotes();
+    model.stop();
+    EXPECT_FALSE(model.isRunning());
+    EXPECT_EQ(timer.library.context().fetchCount<TimeEntry>(), 0U);
+}
+
+TEST_F(RunningEntry, WhileNothingRunsNotesAndStopDoNothing) {
+    model.setNotes(QStringLiteral("Logo"));
+    model.saveNotes();
+    model.stop();
+    EXPECT_EQ(model.notes(), QString());
+    EXPECT_FALSE(model.isRunning());
+}
+
+TEST_F(RunningEntry, ChangesOfOtherRecordsTellNothingWhileNothingRuns) {
+    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    project->name = "App";
+    timer.library.addEntry(project, timer.now - std::chrono::hours(1), timer.now);
+    timer.library.context().save();
+    EXPECT_EQ(running.size(), 0);
+}
+
+}  // namespace
+}  // namespace elmworth
