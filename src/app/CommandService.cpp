@@ -43,6 +43,7 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
     const Locale callersLocale(caller.locale);
     TerminalProgress progress(caller.terminal, caller.lifeline);
     CommandEnvironment environment{services_.context(),
+                                   services_.history(),
                                    services_.timer(),
                                    services_.profiles(),
                                    services_.clock(),

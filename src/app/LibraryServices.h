@@ -10,6 +10,7 @@
 #include "platform/Settings.h"
 #include "records/Library.h"
 #include "records/ProfileStore.h"
+#include "store/UndoHistory.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -25,6 +26,7 @@ class LibraryServices {
     LibraryServices(bool isDemo, Clock now, RunLoop& runLoop);
 
     [[nodiscard]] UnitOfWork& context() noexcept { return container_.mainContext(); }
+    [[nodiscard]] UndoHistory& history() noexcept { return history_; }
     [[nodiscard]] Settings& defaults() noexcept { return defaults_; }
     [[nodiscard]] ProfileStore& profiles() noexcept { return profiles_; }
     [[nodiscard]] TimerService& timer() noexcept { return timer_; }
@@ -33,6 +35,7 @@ class LibraryServices {
  private:
     Clock now_;
     Library container_;
+    UndoHistory history_{container_.mainContext()};
     Settings defaults_;
     ProfileStore profiles_;
     TimerService timer_;

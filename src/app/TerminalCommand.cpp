@@ -48,6 +48,7 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInpu
         LibraryServices services(commandLine.isDemo, currentInstant, runLoop);
         TerminalProgress progress(STDERR_FILENO);
         CommandEnvironment environment{services.context(),
+                                       services.history(),
                                        services.timer(),
                                        services.profiles(),
                                        services.clock(),
@@ -91,7 +92,7 @@ std::optional<CommandResult> runWithInput(const CommandLine& commandLine,
         if (commandLine.isDemo || isHostedRun()) return runWithLibrary(commandLine, input, painter);
         return runUnderLock(commandLine, arguments, input, painter);
     } catch (const std::filesystem::filesystem_error& error) {
-        return failedCommand("Could not create Library: " + error.path1().string() + ": " +
+        return failedCommand("Could not create ModelContainer: " + error.path1().string() + ": " +
                              error.code().message());
     }
 }

@@ -121,7 +121,7 @@ int main(int argc, char** argv) {
     } catch (const LibraryError& error) {
         std::fprintf(stderr, "%s\n", error.what());
     } catch (const std::filesystem::filesystem_error& error) {
-        std::fprintf(stderr, "Could not create Library: %s: %s\n", error.path1().c_str(),
+        std::fprintf(stderr, "Could not create ModelContainer: %s: %s\n", error.path1().c_str(),
                      error.code().message().c_str());
     }
     return 1;

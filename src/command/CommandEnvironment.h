@@ -12,6 +12,7 @@
 #include "platform/Locale.h"
 #include "platform/Progress.h"
 #include "records/ProfileStore.h"
+#include "store/UndoHistory.h"
 #include "store/UnitOfWork.h"
 #include "tracking/TimerService.h"
 
@@ -34,6 +35,7 @@ class InvoicePainter {
 /// command reads dates and amounts.
 struct CommandEnvironment {
     UnitOfWork& context;
+    UndoHistory& history;
     TimerService& timer;
     ProfileStore& profiles;
     Clock now;

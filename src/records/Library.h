@@ -17,7 +17,7 @@ namespace elmworth {
 class LibraryError : public std::runtime_error {
  public:
     explicit LibraryError(const std::string& reason)
-        : std::runtime_error("Could not create Library: " + reason) {}
+        : std::runtime_error("Could not create ModelContainer: " + reason) {}
 };
 
 /// Where a library lives.

@@ -32,10 +32,18 @@ class CommandTest : public testing::Test {
         const auto commandLine = parseCommandLine(arguments);
         if (commandLine.answer) return *commandLine.answer;
         if (!commandLine.action) return {"(the application)", "", 0};
-        CommandEnvironment environment{library_.context(),           timer_,          profiles_,
-                                       [this] { return now_; },      Locale("en_US"), berlin_,
-                                       library_.folder.path(),       painter_,        noProgress(),
-                                       FileAccess::forUmask(umask_), standardInput_};
+        CommandEnvironment environment{library_.context(),
+                                       history_,
+                                       timer_,
+                                       profiles_,
+                                       [this] { return now_; },
+                                       Locale("en_US"),
+                                       berlin_,
+                                       library_.folder.path(),
+                                       painter_,
+                                       noProgress(),
+                                       FileAccess::forUmask(umask_),
+                                       standardInput_};
         return runCommand(commandLine, environment);
     }
 
@@ -102,6 +110,7 @@ class CommandTest : public testing::Test {
     Instant now_ = at("2026-03-31T12:00+02:00");
     Calendar berlin_{Locale("en_US"), "Europe/Berlin"};
     TestLibrary library_;
+    UndoHistory history_{library_.context()};
     ScopedEnvironment zone_{"TZ", "Pacific/Honolulu"};
     ScopedEnvironment data_{"XDG_DATA_HOME", library_.folder.path().string()};
     Ref<Client> acme_ = library_.addClient("Acme Co");

@@ -45,8 +45,9 @@ class DamagedLibrary : public testing::Test {
         const Clock now = [] { return at("2026-03-31T12:00Z"); };
         TimerService timer(library_.context(), now, library_.runLoop, [&] { return calendar; });
         timer.restore();
+        UndoHistory history(library_.context());
         CommandEnvironment environment{
-            library_.context(),    timer, profiles, now, Locale("en_US"), calendar,
+            library_.context(),    history, timer, profiles, now, Locale("en_US"), calendar,
             library_.folder.path()};
         return runCommand(parseCommandLine(arguments), environment);
     }

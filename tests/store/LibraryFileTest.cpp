@@ -11,6 +11,7 @@
 
 #include "platform/AtomicFile.h"
 #include "records/Library.h"
+#include "records/LibrarySchema.h"
 #include "support/Instants.h"
 #include "support/RawDatabase.h"
 #include "support/Rows.h"
@@ -66,7 +67,7 @@ TEST_F(LibraryFile, aNewerVersionThatStandsInTheLogAloneIsRefused) {
         sqlite3_db_config(raw.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
         ASSERT_EQ(raw.run("PRAGMA user_version = 20000"), SQLITE_OK);
     }
-    EXPECT_EQ(open(), "Could not create Library: The library " + file().string() +
+    EXPECT_EQ(open(), "Could not create ModelContainer: The library " + file().string() +
                           " has version 2.0.0, which needs a newer Elmworth than this one.");
 }
 
@@ -86,8 +87,8 @@ TEST_F(LibraryFile, anUnknownVersionThatStandsInTheLogAloneIsRefusedAndStays) {
 
 TEST_F(LibraryFile, aLinkToADriveThatIsAwayIsNotReplacedByAnEmptyLibrary) {
     fs::create_symlink(folder.path() / "away" / "library.sqlite", file());
-    EXPECT_EQ(open(),
-              "Could not create Library: " + file().string() + ": No such file or directory");
+    EXPECT_EQ(open(), "Could not create ModelContainer: " + file().string() +
+                          ": No such file or directory");
     EXPECT_TRUE(fs::is_symlink(file()));
 }
 
@@ -112,7 +113,7 @@ TEST_F(LibraryFile, isSoundAndCarriesItsVersion) {
     makeLibrary();
     RawDatabase raw(file());
     EXPECT_TRUE(raw.faults().empty());
-    EXPECT_EQ(raw.rows("PRAGMA user_version"), std::vector<std::string>{"10000"});
+    EXPECT_EQ(raw.rows("PRAGMA user_version"), std::vector{std::to_string(librarySchemaVersion)});
     EXPECT_EQ(raw.rows("PRAGMA journal_mode"), std::vector<std::string>{"wal"});
 }
 
@@ -178,7 +179,7 @@ TEST_F(LibraryFile, cannotBeMadeInAFolderThatIsAFile) {
         const Library container({folder.path() / "file" / "library.sqlite"}, runLoop);
         FAIL();
     } catch (const LibraryError& error) {
-        EXPECT_EQ(std::string(error.what()).find("Could not create Library: "), 0U);
+        EXPECT_EQ(std::string(error.what()).find("Could not create ModelContainer: "), 0U);
     }
 }
 
@@ -216,7 +217,7 @@ TEST_P(RefusedFile, isLeftAsItWasAndNamedInOneSentence) {
     const auto bytes = GetParam().content();
     write(bytes);
     const auto message = open();
-    EXPECT_EQ(message, "Could not create Library: The " +
+    EXPECT_EQ(message, "Could not create ModelContainer: The " +
                            std::string(GetParam().reason == foreign ? "file " : "library ") +
                            file().string() + GetParam().reason);
     EXPECT_EQ(readFile(file()), bytes);
@@ -230,8 +231,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"textFile", [] { return std::string("Dear diary,\n").append(5000, '.'); }, foreign},
         Refusal{"shortHeader", [] { return std::string("SQLite format 3\0", 16); }, foreign},
         Refusal{"otherDatabase", &otherDatabase, foreign},
-        Refusal{"newerVersion", [] { return libraryOfVersion(10001); },
-                " has version 1.0.1, which needs a newer Elmworth than this one."},
+        Refusal{"newerVersion", [] { return libraryOfVersion(librarySchemaVersion + 1); },
+                " has version 1.1.1, which needs a newer Elmworth than this one."},
         Refusal{"negativeVersion", [] { return libraryOfVersion(-10000); },
                 " has version 429495.72.96, which needs a newer Elmworth than this one."},
         Refusal{"noVersion", [] { return libraryOfVersion(0); },

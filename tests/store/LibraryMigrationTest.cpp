@@ -22,6 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using sqlite::Database;
+using sqlite::versionText;
 using test::FaultyVfs;
 using test::RawDatabase;
 using test::TestLibrary;
@@ -161,16 +162,16 @@ TEST_F(Migration, goesOnFromTheVersionInTheMiddle) {
 
 TEST_F(Migration, isRefusedToAnOlderProgramAfterwards) {
     ASSERT_EQ(open(afterTwoSteps), "");
-    EXPECT_EQ(open(librarySchema()),
-              "The library " + file().string() +
-                  " has version 2.0.0, which needs a newer Elmworth than this one.");
+    EXPECT_EQ(open(librarySchema()), "The library " + file().string() + " has version " +
+                                         versionText(newest) +
+                                         ", which needs a newer Elmworth than this one.");
 }
 
 TEST_F(Migration, ofAVersionThatNoStepLeadsFromIsRefusedAndChangesNothing) {
     const MigrationStep second[] = {twoSteps[1]};
     EXPECT_EQ(open({newest, second}),
-              "The library " + file().string() +
-                  " has version 1.0.0, which this Elmworth does not know; move it away to start "
+              "The library " + file().string() + " has version " + versionText(oldest) +
+                  ", which this Elmworth does not know; move it away to start "
                   "with an empty one, into which a backup can be restored.");
     EXPECT_EQ(readFile(file()), bytes);
     expectWhole(file(), oldest);
@@ -196,7 +197,9 @@ TEST_F(Migration, thatFailsLeavesTheOldLibraryAndTheCopyAndIsToldInASentence) {
     const MigrationStep failing[] = {
         twoSteps[0], {middle, newest, "DELETE FROM Client; UPDATE Missing SET a = 1"}};
     EXPECT_EQ(open({newest, failing}), "The library " + file().string() +
-                                           " can't be brought from version 1.1.0 to 2.0.0: no "
+                                           " can't be brought from version " + versionText(middle) +
+                                           " to " + versionText(newest) +
+                                           ": no "
                                            "such table: Missing.");
     expectWhole(file(), middle);
     expectWhole(copy(middle), middle);
@@ -210,7 +213,9 @@ TEST_F(Migration, thatFailsLeavesTheOldLibraryAndTheCopyAndIsToldInASentence) {
 TEST_F(Migration, thatLosesAColumnOfTheRecordsIsNoStep) {
     const MigrationStep steps[] = {{oldest, newest, "ALTER TABLE Client DROP COLUMN email"}};
     EXPECT_EQ(open({newest, steps}), "The library " + file().string() +
-                                         " can't be brought from version 1.0.0 to 2.0.0: no such "
+                                         " can't be brought from version " + versionText(oldest) +
+                                         " to " + versionText(newest) +
+                                         ": no such "
                                          "column: email.");
     expectWhole(file(), oldest);
 }
@@ -218,8 +223,9 @@ TEST_F(Migration, thatLosesAColumnOfTheRecordsIsNoStep) {
 TEST_F(Migration, aCopyThatCannotBeWrittenStopsTheStep) {
     fs::create_directory(copy(oldest));
     EXPECT_EQ(open(afterTwoSteps), "The library " + file().string() +
-                                       " can't be brought from version 1.0.0 to 1.1.0: " +
-                                       copy(oldest).string() + ": Is a directory.");
+                                       " can't be brought from version " + versionText(oldest) +
+                                       " to " + versionText(middle) + ": " + copy(oldest).string() +
+                                       ": Is a directory.");
     expectWhole(file(), oldest);
 }
 

@@ -47,7 +47,9 @@ class TimesheetExported : private test::FailingReads, public test::TimesheetTest
         options.insert(options.begin(), {"export", "-"});
         ProfileStore profiles(defaults);
         test::TextPainter painter;
+        UndoHistory history(context());
         CommandEnvironment environment{context(),
+                                       history,
                                        service(),
                                        profiles,
                                        [this] { return timer.now; },
