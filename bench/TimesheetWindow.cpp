@@ -28,7 +28,7 @@
 #include "theme/fonts/Fonts.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
-Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
 
 namespace elmworth::bench {

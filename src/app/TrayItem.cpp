@@ -14,7 +14,7 @@
 #include "theme/Icons.h"
 #include "theme/fonts/Fonts.h"
 
-Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 
 namespace elmworth {
 

@@ -154,7 +154,7 @@ TEST_F(Migration, hasNothingToDoForTheCurrentVersion) {
 
 TEST_F(Migration, goesOnFromTheVersionInTheMiddle) {
     const MigrationStep first[] = {twoSteps[0]};
-    ASSERT_EQ(open({middle, first}), "");
+    ASSERT_EQ(open({librarySchema().types, middle, first}), "");
     expectWhole(file(), middle);
     ASSERT_EQ(open(afterTwoSteps), "");
     expectWhole(file(), newest);
@@ -169,7 +169,7 @@ TEST_F(Migration, isRefusedToAnOlderProgramAfterwards) {
 
 TEST_F(Migration, ofAVersionThatNoStepLeadsFromIsRefusedAndChangesNothing) {
     const MigrationStep second[] = {twoSteps[1]};
-    EXPECT_EQ(open({newest, second}),
+    EXPECT_EQ(open({librarySchema().types, newest, second}),
               "The library " + file().string() + " has version " + versionText(oldest) +
                   ", which this Elmworth does not know; move it away to start "
                   "with an empty one, into which a backup can be restored.");
@@ -188,7 +188,7 @@ TEST_F(Migration, keepsACopyBesideThatIsWholeUntilTheStepIsDurable) {
                                         expectWhole(copyToLookAt, oldest);
                                         wasThere = true;
                                     }}};
-    EXPECT_EQ(open({newest, steps}), "");
+    EXPECT_EQ(open({librarySchema().types, newest, steps}), "");
     EXPECT_TRUE(wasThere);
     EXPECT_FALSE(fs::exists(copy(oldest)));
 }
@@ -196,11 +196,11 @@ TEST_F(Migration, keepsACopyBesideThatIsWholeUntilTheStepIsDurable) {
 TEST_F(Migration, thatFailsLeavesTheOldLibraryAndTheCopyAndIsToldInASentence) {
     const MigrationStep failing[] = {
         twoSteps[0], {middle, newest, "DELETE FROM Client; UPDATE Missing SET a = 1"}};
-    EXPECT_EQ(open({newest, failing}), "The library " + file().string() +
-                                           " can't be brought from version " + versionText(middle) +
-                                           " to " + versionText(newest) +
-                                           ": no "
-                                           "such table: Missing.");
+    EXPECT_EQ(open({librarySchema().types, newest, failing}),
+              "The library " + file().string() + " can't be brought from version " +
+                  versionText(middle) + " to " + versionText(newest) +
+                  ": no "
+                  "such table: Missing.");
     expectWhole(file(), middle);
     expectWhole(copy(middle), middle);
     EXPECT_FALSE(fs::exists(copy(oldest)));
@@ -212,11 +212,11 @@ TEST_F(Migration, thatFailsLeavesTheOldLibraryAndTheCopyAndIsToldInASentence) {
 
 TEST_F(Migration, thatLosesAColumnOfTheRecordsIsNoStep) {
     const MigrationStep steps[] = {{oldest, newest, "ALTER TABLE Client DROP COLUMN email"}};
-    EXPECT_EQ(open({newest, steps}), "The library " + file().string() +
-                                         " can't be brought from version " + versionText(oldest) +
-                                         " to " + versionText(newest) +
-                                         ": no such "
-                                         "column: email.");
+    EXPECT_EQ(open({librarySchema().types, newest, steps}),
+              "The library " + file().string() + " can't be brought from version " +
+                  versionText(oldest) + " to " + versionText(newest) +
+                  ": no such "
+                  "column: email.");
     expectWhole(file(), oldest);
 }
 

@@ -15,7 +15,7 @@
 #include "theme/icons/AppIcon.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
-Q_IMPORT_QML_PLUGIN(Elmworth_TrackingPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 
 namespace elmworth {
 
