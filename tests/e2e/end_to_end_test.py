@@ -11,7 +11,6 @@ import subprocess
 import sys
 import unittest
 
-import pyatspi
 
 sys.path.insert(0, os.path.dirname(__file__))
 from accessible import application, find, press, showing, wait_until, walk

@@ -13,7 +13,7 @@ import pyatspi
 sys.path.insert(0, os.path.dirname(__file__))
 from place import BERLIN, NEW_YORK
 from pointer import RIGHT
-from timesheet_window import TimesheetWindow, find, press, showing, wait_until
+from timesheet_window import TimesheetWindow, find, press, wait_until
 
 BILLED = "Billed entries are read-only"
 MENU = ["Edit", "Continue Tracking", "Duplicate to Today", "Move to Project", "Delete"]

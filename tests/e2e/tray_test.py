@@ -12,7 +12,7 @@ import unittest
 from gi.repository import GLib
 
 sys.path.insert(0, os.path.dirname(__file__))
-from fake_tray import ITEM, WATCHER, FakeTray, connect
+from fake_tray import ITEM, FakeTray, connect
 from loop import wait_until
 
 DRIVER = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"]) / "tray_driver"
