@@ -6,7 +6,6 @@
 #include <numeric>
 
 #include "invoicing/MoneyFormat.h"
-#include "platform/PlatformText.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {
@@ -19,8 +18,8 @@ QString questionAbout(const Sleeps& sleeps) {
     const double seconds = std::accumulate(
         sleeps.begin(), sleeps.end(), 0.0,
         [](double sum, const auto& sleep) { return sum + secondsBetween(sleep.start, sleep.end); });
-    return QString::fromStdString(
-        platformText(PlatformText::awayQuestion, formatHoursMinutes(seconds)));
+    return QStringLiteral("Computer slept for %1. Keep that time?")
+        .arg(QString::fromStdString(formatHoursMinutes(seconds)));
 }
 
 QString helpAbout(const Sleeps& sleeps) {

@@ -3,7 +3,6 @@
 
 #include "screens/panel/ProjectStartRow.h"
 
-#include "platform/PlatformText.h"
 #include "records/Client.h"
 #include "theme/HexColor.h"
 
@@ -15,8 +14,7 @@ constexpr std::size_t shortcuts = 6;
 
 QString hintOf(int shortcut) {
     if (shortcut == 0) return {};
-    return QString::fromStdString(
-        platformText(PlatformText::startRowHint, std::to_string(shortcut)));
+    return QStringLiteral("Ctrl+%1").arg(shortcut);
 }
 
 }  // namespace

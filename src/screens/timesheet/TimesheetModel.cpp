@@ -12,7 +12,6 @@
 #include <utility>
 
 #include "platform/FreeMemory.h"
-#include "platform/PlatformText.h"
 #include "records/Invoice.h"
 #include "screens/timesheet/TimesheetExport.h"
 
@@ -181,7 +180,9 @@ QString TimesheetModel::emptyTitle() const {
 
 QString TimesheetModel::emptyMessage() const {
     if (!libraryIsEmpty_) return QStringLiteral("No time matches this period and filter.");
-    return text(platformText(PlatformText::nothingTrackedYet));
+    return QStringLiteral(
+        "Click the clock in your system tray and press play on a project — or add time by hand "
+        "with Ctrl+N.");
 }
 
 Ref<TimeEntry> TimesheetModel::entryAt(int row) {
