@@ -13,10 +13,10 @@
 #include "app/SessionBus.h"
 #include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
 #include "platform/Locale.h"
+#include "platform/MoneyFormat.h"
 
 namespace elmworth {
 

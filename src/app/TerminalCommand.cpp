@@ -19,8 +19,8 @@
 #include "app/TerminalProgress.h"
 #include "app/WorkingFolder.h"
 #include "command/CommandError.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/LibraryLock.h"
+#include "platform/MoneyFormat.h"
 #include "platform/StandardFolders.h"
 #include "records/Logo.h"
 

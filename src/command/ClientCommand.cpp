@@ -10,8 +10,8 @@
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "command/TypedValue.h"
-#include "invoicing/MoneyFormat.h"
 #include "invoicing/UnbilledTime.h"
+#include "platform/MoneyFormat.h"
 #include "tracking/ClientDeletion.h"
 #include "tracking/DurationFormat.h"
 

@@ -9,8 +9,8 @@
 #include "invoicing/InvoiceFigures.h"
 #include "invoicing/InvoiceFilter.h"
 #include "invoicing/InvoicePages.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
+#include "platform/MoneyFormat.h"
 #include "records/Client.h"
 
 namespace elmworth {

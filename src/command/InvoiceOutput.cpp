@@ -7,8 +7,8 @@
 
 #include "command/TextTable.h"
 #include "invoicing/InvoicePages.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
+#include "platform/MoneyFormat.h"
 #include "records/Client.h"
 #include "records/HoursFormat.h"
 

@@ -10,7 +10,7 @@
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "command/TypedValue.h"
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "tracking/DurationFormat.h"
 #include "tracking/ProjectDeletion.h"
 

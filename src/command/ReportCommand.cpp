@@ -4,9 +4,9 @@
 #include "command/JSONOutput.h"
 #include "command/TextTable.h"
 #include "command/TimesheetArguments.h"
-#include "invoicing/MoneyFormat.h"
 #include "invoicing/TimesheetStatistics.h"
 #include "platform/DateFormatter.h"
+#include "platform/MoneyFormat.h"
 #include "records/Invoice.h"
 #include "tracking/DurationFormat.h"
 

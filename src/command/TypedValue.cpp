@@ -10,8 +10,8 @@
 
 #include "command/CommandError.h"
 #include "command/OneLine.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/CurrencyFormatter.h"
+#include "platform/MoneyFormat.h"
 #include "platform/Text.h"
 
 namespace elmworth {

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "invoicing/InvoiceCalculator.h"
-#include "invoicing/MoneyFormat.h"
 #include "platform/DateFormatter.h"
+#include "platform/MoneyFormat.h"
 #include "platform/Text.h"
 #include "records/Client.h"
 #include "records/HoursFormat.h"

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "fuzz/Property.h"
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "platform/Text.h"
 
 using namespace elmworth;

@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "fuzz/Property.h"
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "platform/Text.h"
 
 using namespace elmworth;

@@ -5,7 +5,7 @@
 
 #include <numeric>
 
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

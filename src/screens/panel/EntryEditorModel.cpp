@@ -3,7 +3,7 @@
 
 #include "screens/panel/EntryEditorModel.h"
 
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "records/HoursFormat.h"
 #include "records/Invoice.h"
 #include "tracking/DurationFormat.h"

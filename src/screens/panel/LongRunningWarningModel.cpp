@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 
 namespace elmworth {
 

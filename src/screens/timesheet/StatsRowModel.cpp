@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

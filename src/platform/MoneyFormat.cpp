@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "invoicing/MoneyFormat.h"
+#include "platform/MoneyFormat.h"
 
 #include <algorithm>
 #include <cinttypes>
