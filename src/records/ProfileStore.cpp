@@ -54,7 +54,7 @@ void ProfileStore::setProfile(const BusinessProfile& profile) {
     const BusinessProfile old = std::exchange(profile_, profile);
     // Before the observers, who may set another profile: the last one set is the one to be kept.
     if (profile_ != old) store(profile_);
-    tell();
+    observers_.notify();
 }
 
 /// In one write with the end of what was announced before, so that the last profile always wins.
@@ -81,7 +81,7 @@ void ProfileStore::settle(const std::function<bool(std::string_view evidence)>& 
         isInLibrary(announced->evidence)) {
         profile_ = *profile;
         store(profile_);
-        tell();
+        observers_.notify();
     } else {
         defaults_.remove(announcedKey);
     }
@@ -92,23 +92,11 @@ void ProfileStore::reload() {
         defaults_.contains(key) ? stored(defaults_) : std::optional(BusinessProfile());
     if (!profile || *profile == profile_) return;
     profile_ = *profile;
-    tell();
-}
-
-void ProfileStore::tell() {
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    const auto present = observers_;
-    for (const auto& observer : present) {
-        std::function<void()> changed;
-        if (const auto alive = observer.lock()) changed = *alive;
-        if (changed) changed();
-    }
+    observers_.notify();
 }
 
 ProfileStore::Observation ProfileStore::observe(std::function<void()> changed) {
-    auto observer = std::make_shared<std::function<void()>>(std::move(changed));
-    observers_.push_back(observer);
-    return observer;
+    return observers_.add(std::move(changed));
 }
 
 }  // namespace elmworth

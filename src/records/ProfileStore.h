@@ -6,8 +6,8 @@
 #include <functional>
 #include <memory>
 #include <string_view>
-#include <vector>
 
+#include "platform/Observers.h"
 #include "platform/Settings.h"
 #include "records/BusinessProfile.h"
 
@@ -49,11 +49,10 @@ class ProfileStore {
  private:
     void store(const BusinessProfile& profile);
     void reload();
-    void tell();
 
     Settings& defaults_;
     BusinessProfile profile_;
-    std::vector<std::weak_ptr<std::function<void()>>> observers_;
+    Observers<> observers_;
     Settings::Observation observation_;
 };
 

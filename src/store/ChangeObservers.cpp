@@ -36,14 +36,13 @@ ChangeObservers::Observation ChangeObservers::observe(const RecordSchema& schema
 
 ChangeObservers::Observation ChangeObservers::observeAll(
     std::function<void(const RecordChanges&)> changed) {
-    auto observer = std::make_shared<Observer>(std::move(changed));
-    observers_.push_back(observer);
-    return observer;
+    return observers_.add(
+        [changed = std::move(changed)](const RecordChanges& changes) { tell(changed, changes); });
 }
 
 void ChangeObservers::note(const RecordSchema& schema, const PersistentID& id,
                            const RecordChange& change) {
-    if (observers_.empty()) return;
+    if (observers_.isEmpty()) return;
     noted_.note(schema, id, change);
     if (!delivery_) delivery_ = runLoop_.post([this] { deliver(); });
 }
@@ -52,11 +51,7 @@ void ChangeObservers::deliver() {
     if (!delivery_) return;  // nothing has been noted
     delivery_.reset();
     const auto changes = std::exchange(noted_, {});
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    const auto observers = observers_;  // they may begin and end observations
-    for (const auto& weak : observers) {
-        if (const auto observer = weak.lock()) tell(*observer, changes);
-    }
+    observers_.notify(changes);
 }
 
 }  // namespace elmworth

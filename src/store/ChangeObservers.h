@@ -5,8 +5,8 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
+#include "platform/Observers.h"
 #include "platform/RunLoop.h"
 #include "store/RecordChanges.h"
 
@@ -32,10 +32,8 @@ class ChangeObservers {
     void deliver();
 
  private:
-    using Observer = std::function<void(const RecordChanges&)>;
-
     RunLoop& runLoop_;
-    std::vector<std::weak_ptr<Observer>> observers_;
+    Observers<const RecordChanges&> observers_;
     RecordChanges noted_;
     RunLoop::Handle delivery_;
 };

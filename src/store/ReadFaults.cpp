@@ -13,19 +13,11 @@ namespace elmworth {
 void ReadFaults::note(const StoreError& error) noexcept {
     if (count_++ > 0) return;
     writeSystemLog(std::string("Elmworth: part of the library can't be read: ") + error.what());
-    telling_ = runLoop_.post([this] { tell(); });
+    telling_ = runLoop_.post([this] { observers_.notify(); });
 }
 
 ReadFaults::Observation ReadFaults::observe(std::function<void()> found) {
-    auto observer = std::make_shared<std::function<void()>>(std::move(found));
-    observers_.push_back(observer);
-    return observer;
-}
-
-void ReadFaults::tell() const {
-    for (const auto& weak : std::vector(observers_)) {
-        if (const auto observer = weak.lock()) (*observer)();
-    }
+    return observers_.add(std::move(found));
 }
 
 std::string unreadableLibraryText() {

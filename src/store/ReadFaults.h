@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "platform/Observers.h"
 #include "platform/RunLoop.h"
 #include "store/StoreError.h"
 
@@ -31,11 +31,9 @@ class ReadFaults {
     [[nodiscard]] Observation observe(std::function<void()> found);
 
  private:
-    void tell() const;
-
     RunLoop& runLoop_;
     std::size_t count_ = 0;
-    std::vector<std::weak_ptr<std::function<void()>>> observers_;
+    Observers<> observers_;
     RunLoop::Handle telling_;
 };
 

@@ -277,35 +277,25 @@ double TimerService::trackedSeconds(Instant from, Instant to) const {
 // --- observers ---------------------------------------------------------------------------------
 
 TimerService::Observation TimerService::observe(std::function<void(Property)> changed) {
-    auto observer = std::make_shared<Observer>(std::move(changed));
-    observers_.push_back(observer);
-    return observer;
-}
-
-void TimerService::notify(Property property) {
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    const auto observers = observers_;
-    for (const auto& weak : observers) {
-        if (const auto observer = weak.lock()) (*observer)(property);
-    }
+    return observers_.add(std::move(changed));
 }
 
 void TimerService::setRunning(Ref<TimeEntry> entry) {
     if (entry == running_) return;
     running_ = std::move(entry);
-    notify(Property::running);
+    observers_.notify(Property::running);
 }
 
 void TimerService::setText(std::string& text, std::string value, Property property) {
     if (text == value) return;
     text = std::move(value);
-    notify(property);
+    observers_.notify(property);
 }
 
 void TimerService::setAwayIntervals(std::vector<DateInterval> intervals) {
     if (intervals == awayIntervals_) return;
     awayIntervals_ = std::move(intervals);
-    notify(Property::awayIntervals);
+    observers_.notify(Property::awayIntervals);
 }
 
 }  // namespace elmworth

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/Calendar.h"
+#include "platform/Observers.h"
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
 #include "records/Project.h"
@@ -99,8 +100,6 @@ class TimerService {
     [[nodiscard]] Observation observe(std::function<void(Property)> changed);
 
  private:
-    using Observer = std::function<void(Property)>;
-
     void closeRunning(Instant t);
     void open(const Ref<Project>& project, Instant t, const std::string& notes);
     void save();
@@ -114,7 +113,6 @@ class TimerService {
     void setRunning(Ref<TimeEntry> entry);
     void setText(std::string& text, std::string value, Property property);
     void setAwayIntervals(std::vector<DateInterval> intervals);
-    void notify(Property property);
 
     UnitOfWork& context_;
     Clock now_;
@@ -127,7 +125,7 @@ class TimerService {
     std::vector<PowerEvents::Observation> sleepObservers_;
     std::optional<Instant> sleptAt_;
     std::vector<DateInterval> awayIntervals_;
-    std::vector<std::weak_ptr<Observer>> observers_;
+    Observers<Property> observers_;
 };
 
 }  // namespace elmworth

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Observers.h"
 #include "platform/PowerEvents.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -19,36 +20,25 @@ namespace elmworth::test {
 class ManualPowerEvents final : public PowerEvents {
  public:
     Observation onWillSleep(std::function<void()> handler) override {
-        return keep(willSleep_, std::move(handler));
+        return willSleep_.add(std::move(handler));
     }
     Observation onDidWake(std::function<void()> handler) override {
-        return keep(didWake_, std::move(handler));
+        ++wakeObservationCount_;
+        return didWake_.add(std::move(handler));
     }
     Observation onWillShutDown(std::function<void()> handler) override {
-        return keep(willShutDown_, std::move(handler));
+        return willShutDown_.add(std::move(handler));
     }
-    void sleep() { callAll(willSleep_); }
-    void wake() { callAll(didWake_); }
-    /// How many handlers are told of a wake.
-    [[nodiscard]] std::size_t observerCount() const { return didWake_.size(); }
+    void sleep() { willSleep_.notify(); }
+    void wake() { didWake_.notify(); }
+    /// How often somebody asked to be told of a wake.
+    [[nodiscard]] std::size_t wakeObservationCount() const { return wakeObservationCount_; }
 
  private:
-    using Handlers = std::vector<std::weak_ptr<std::function<void()>>>;
-
-    static Observation keep(Handlers& handlers, std::function<void()> handler) {
-        auto kept = std::make_shared<std::function<void()>>(std::move(handler));
-        handlers.push_back(kept);
-        return kept;
-    }
-    static void callAll(const Handlers& handlers) {
-        for (const auto& weak : handlers) {
-            if (const auto handler = weak.lock()) (*handler)();
-        }
-    }
-
-    Handlers willSleep_;
-    Handlers didWake_;
-    Handlers willShutDown_;
+    Observers<> willSleep_;
+    Observers<> didWake_;
+    Observers<> willShutDown_;
+    std::size_t wakeObservationCount_ = 0;
 };
 
 /// A timer over a library on disk, with a clock that stands still until it is set. It is Monday,

@@ -86,7 +86,7 @@ TEST_F(TimerServiceSleep, isForgottenAfterItsWake) {
 
 TEST_F(TimerServiceSleep, observersAreInstalledOnce) {
     service().installSleepObservers(timer.power);
-    EXPECT_EQ(timer.power.observerCount(), 1U);
+    EXPECT_EQ(timer.power.wakeObservationCount(), 1U);
     timer.sleep("10:00", "11:00");
     EXPECT_EQ(intervals(), Spans{"10:00-11:00"});
 }

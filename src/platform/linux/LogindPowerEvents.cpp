@@ -32,15 +32,15 @@ LogindPowerEvents::LogindPowerEvents() {
 }
 
 PowerEvents::Observation LogindPowerEvents::onWillSleep(std::function<void()> handler) {
-    return add(willSleep_, std::move(handler));
+    return willSleep_.add(std::move(handler));
 }
 
 PowerEvents::Observation LogindPowerEvents::onDidWake(std::function<void()> handler) {
-    return add(didWake_, std::move(handler));
+    return didWake_.add(std::move(handler));
 }
 
 PowerEvents::Observation LogindPowerEvents::onWillShutDown(std::function<void()> handler) {
-    return add(willShutDown_, std::move(handler));
+    return willShutDown_.add(std::move(handler));
 }
 
 /// A lock that comes while the machine goes to sleep is given back at once: nobody would do it
@@ -61,7 +61,7 @@ void LogindPowerEvents::takeDelayLock() {
 }
 
 void LogindPowerEvents::prepareForSleep(bool isAboutToSleep) {
-    call(isAboutToSleep ? willSleep_ : didWake_);
+    (isAboutToSleep ? willSleep_ : didWake_).notify();
     if (isAboutToSleep) {
         isDelayWanted_ = false;
         delayLock_ = {};
@@ -73,23 +73,9 @@ void LogindPowerEvents::prepareForSleep(bool isAboutToSleep) {
 /// A shutdown that is called off again is told by false.
 void LogindPowerEvents::prepareForShutdown(bool isAboutToShutDown) {
     if (!isAboutToShutDown) return takeDelayLock();
-    call(willShutDown_);
+    willShutDown_.notify();
     isDelayWanted_ = false;
     delayLock_ = {};
-}
-
-PowerEvents::Observation LogindPowerEvents::add(Handlers& handlers, Handler handler) {
-    auto observation = std::make_shared<Handler>(std::move(handler));
-    handlers.push_back(observation);
-    return observation;
-}
-
-void LogindPowerEvents::call(Handlers& handlers) {
-    std::erase_if(handlers, [](const auto& handler) { return handler.expired(); });
-    const Handlers current = handlers;
-    for (const auto& weak : current) {
-        if (const auto handler = weak.lock()) (*handler)();
-    }
 }
 
 }  // namespace elmworth

@@ -7,8 +7,8 @@
 #include <QDBusUnixFileDescriptor>
 #include <QObject>
 #include <functional>
-#include <vector>
 
+#include "platform/Observers.h"
 #include "platform/PowerEvents.h"
 
 namespace elmworth {
@@ -32,19 +32,14 @@ class LogindPowerEvents final : public QObject, public PowerEvents {
     void prepareForShutdown(bool isAboutToShutDown);
 
  private:
-    using Handler = std::function<void()>;
-    using Handlers = std::vector<std::weak_ptr<Handler>>;
-
-    static Observation add(Handlers& handlers, Handler handler);
-    static void call(Handlers& handlers);
     void takeDelayLock();
 
     QDBusServiceWatcher logind_;
     QDBusUnixFileDescriptor delayLock_;  ///< logind waits while this is open
     bool isDelayWanted_ = false;
-    Handlers willSleep_;
-    Handlers didWake_;
-    Handlers willShutDown_;
+    Observers<> willSleep_;
+    Observers<> didWake_;
+    Observers<> willShutDown_;
 };
 
 }  // namespace elmworth

@@ -122,11 +122,7 @@ void PortalColorScheme::replace(const Answers& answers) {
     const Preferences before = preferences();
     answers_ = answers;
     if (preferences() == before) return;
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    const auto present = observers_;
-    for (const auto& observer : present) {
-        if (const auto alive = observer.lock()) (*alive)();
-    }
+    observers_.notify();
 }
 
 ColorScheme::Preferences PortalColorScheme::preferences() const {
@@ -140,9 +136,7 @@ ColorScheme::Preferences PortalColorScheme::preferences() const {
 }
 
 ColorScheme::Observation PortalColorScheme::observe(std::function<void()> changed) {
-    auto observer = std::make_shared<std::function<void()>>(std::move(changed));
-    observers_.push_back(observer);
-    return observer;
+    return observers_.add(std::move(changed));
 }
 
 }  // namespace elmworth

@@ -8,11 +8,10 @@
 #include <QObject>
 #include <QString>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
 
 #include "platform/ColorScheme.h"
+#include "platform/Observers.h"
 
 class QDBusMessage;
 
@@ -53,7 +52,7 @@ class PortalColorScheme final : public QObject, public ColorScheme {
     QDBusConnection bus_;
     QDBusServiceWatcher watcher_;
     Answers answers_;
-    std::vector<std::weak_ptr<std::function<void()>>> observers_;
+    Observers<> observers_;
 };
 
 }  // namespace elmworth

@@ -13,6 +13,7 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/ISO8601.h"
+#include "platform/Observers.h"
 #include "platform/StandardFolders.h"
 #include "platform/SystemLog.h"
 #include "platform/linux/SettingsText.h"
@@ -21,7 +22,6 @@ namespace elmworth {
 namespace {
 
 namespace fs = std::filesystem;
-using Observer = std::function<void(std::string_view key)>;
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -88,7 +88,7 @@ struct Settings::Impl {
     std::set<QString> unwritten;  ///< keys whose value, or absence, the file does not hold
     bool keepsFile = false;       ///< what the file holds now
     bool lastWriteFailed = false;
-    std::vector<std::weak_ptr<Observer>> observers;
+    Observers<std::string_view> observers;  ///< of keys
 
     /// A new value, or none.
     struct Change {
@@ -114,7 +114,7 @@ struct Settings::Impl {
             changedKeys.insert(change.key);
         }
         if (isNew) write(content);
-        for (const QString& key : changedKeys) tell(key.toStdString());
+        for (const QString& key : changedKeys) observers.notify(key.toStdString());
     }
 
     void set(const Change& change) {
@@ -152,18 +152,6 @@ struct Settings::Impl {
             lastWriteFailed = false;
         } catch (const std::system_error&) {
             lastWriteFailed = true;
-        }
-    }
-
-    /// Handlers may add and drop observations; a dropped one hears nothing more, so that only its
-    /// function is kept while it runs.
-    void tell(std::string_view key) {
-        std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
-        const auto present = observers;
-        for (const auto& observer : present) {
-            Observer changed;
-            if (const auto alive = observer.lock()) changed = *alive;
-            if (changed) changed(key);
         }
     }
 
@@ -247,12 +235,12 @@ void Settings::removeAll() {
     std::error_code error;
     fs::remove(impl_->file, error);
     impl_->lastWriteFailed = static_cast<bool>(error);
-    for (const QString& key : removed.keys()) impl_->tell(key.toStdString());
+    for (const QString& key : removed.keys()) impl_->observers.notify(key.toStdString());
 }
 
 void Settings::reload() {
     for (const QString& key : impl_->adopt(readContent(impl_->file)))
-        impl_->tell(key.toStdString());
+        impl_->observers.notify(key.toStdString());
 }
 
 void Settings::keepFile() {
@@ -268,9 +256,7 @@ bool Settings::lastWriteFailed() const noexcept {
 }
 
 Settings::Observation Settings::observe(std::function<void(std::string_view key)> changed) {
-    auto observer = std::make_shared<Observer>(std::move(changed));
-    impl_->observers.push_back(observer);
-    return observer;
+    return impl_->observers.add(std::move(changed));
 }
 
 }  // namespace elmworth
