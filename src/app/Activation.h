@@ -24,10 +24,9 @@ class Activation {
     /// Brings the main window to the front.
     void activate() { windows_.showMainWindow(); }
 
-    /// "panel" opens the panel, "stop" stops the timer, "continue" starts it again on what ended
-    /// last, if anything did, and shows the panel with what runs while something does. A name that
-    /// this version does not know brings the main window to the front, so that something is seen to
-    /// happen.
+    /// "panel" opens the panel, "stop" stops the timer, and "continue" starts it on the project of
+    /// the last entry; while a timer runs, "continue" opens the panel instead. An unknown name
+    /// brings the main window to the front, so that something is seen to happen.
     void run(const std::string& action);
 
  private:

@@ -31,8 +31,8 @@ Function* sessionBusFunction(const char* name) {
     return module ? reinterpret_cast<Function*>(::dlsym(module, name)) : nullptr;
 }
 
-/// A pipe whose end for writing closes with this process, however that ends. The end for reading
-/// tells another process that it did.
+/// A pipe whose write end closes when this process ends, however it ends: the reader sees end of
+/// file then.
 class Lifeline {
  public:
     Lifeline() {

@@ -16,8 +16,8 @@ namespace elmworth {
 
 namespace {
 
-// The program's standard error is a pipe to the starter. It ends with this byte when the program is
-// ready, and without it when the program has ended.
+// The program's standard error is a pipe to the starter. The program writes this byte when it is
+// ready; end of file without it means that the program has ended.
 constexpr char readyByte = '\0';
 
 void pointToNothing(int stream, int flags) {
@@ -64,7 +64,7 @@ CommandResult startDetached(const std::string& name, std::vector<std::string> ar
     const std::string told = process < 0 ? std::string() : readToEnd(ends[0]);
     ::close(ends[0]);
     if (process < 0) return failedCommand("No process can be started.");
-    // What a program that is ready has remarked on its surroundings is nobody's concern.
+    // Warnings on standard error do not matter once the program is ready.
     if (told.ends_with(readyByte)) return {};
     return {{}, told, exitStatusOf(process)};
 }

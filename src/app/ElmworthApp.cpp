@@ -30,7 +30,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       appearance_(services_.defaults(), colorScheme_),
       mainViewModel_(screenServices(services_, runLoop_)),
       lastSave_(services_.context()) {
-    // What works in memory keeps out of the way of the application that has the person's library.
+    // A library in memory must not take the bus name of the application with the real library.
     const bool isInMemory = isDemo || isHostedRun();
     if (!isHostedRun()) {
         services_.timer().installSleepObservers(powerEvents_);
@@ -52,7 +52,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     if (opening == Opening::panel) showPanel();
 }
 
-/// The machine may not come back from a sleep, and a session that ends may not wait.
+/// Save before sleep and at logout: the machine may not wake, and a logout may not wait.
 void ElmworthApp::saveBeforeInterruptions() {
     const auto save = [this] { services_.context().saveQuietly(); };
     saves_ = {powerEvents_.onWillSleep(save), powerEvents_.onWillShutDown(save)};
@@ -76,7 +76,7 @@ void ElmworthApp::makeMainWindow() {
 
 void ElmworthApp::showMainWindow() {
     if (!mainWindow_) makeMainWindow();
-    // What was maximized or minimized stays or becomes as it was.
+    // Keeps a maximized window maximized and restores a minimized one.
     mainWindow_->setWindowStates(mainWindow_->windowStates() & ~Qt::WindowMinimized);
     mainWindow_->setVisible(true);
     mainWindow_->raise();

@@ -31,7 +31,7 @@ namespace elmworth {
 /// the last run left open is restored.
 class ElmworthApp {
  public:
-    /// What shows at the start. Nothing is for a start by the bus, which then says what to show.
+    /// What shows at the start. Nothing: the session bus starts the program and says what to show.
     enum class Opening { mainWindow, panel, nothing };
 
     /// Throws LibraryError when the library cannot be opened. Requires the library's lock

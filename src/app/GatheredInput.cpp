@@ -36,7 +36,7 @@ void writeAll(int target, std::string_view bytes) {
     }
 }
 
-/// Whoever started this process may have made its input one that does not wait.
+/// The parent process may have left standard input in non-blocking mode.
 void waitFor(int source) {
     pollfd waiting{source, POLLIN, 0};
     ::poll(&waiting, 1, -1);

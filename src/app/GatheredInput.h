@@ -5,8 +5,8 @@
 
 namespace elmworth {
 
-/// What was written to a command, whole, in a regular file that can be handed to another process:
-/// one that waited for a slow writer itself would neither answer its user nor free the library.
+/// The complete standard input of a command, copied to a regular file that can be handed to the
+/// running application, which must not block on a slow writer.
 class GatheredInput {
  public:
     /// Empty. Throws CommandError.

@@ -13,7 +13,7 @@ namespace elmworth {
 
 namespace {
 
-/// The demo's settings are a suite of its own that begins empty, so that every demo shows the same.
+/// The demo has a settings file of its own, emptied at each start, so that every demo is the same.
 Settings& preparedForDemo(Settings& defaults, UnitOfWork& context, const Clock& now, bool isDemo) {
     if (isDemo) {
         defaults.removeAll();

@@ -8,8 +8,8 @@
 
 namespace elmworth {
 
-/// Keeps the look of all windows in step with the setting "appearance" and with what the
-/// desktop prefers, as long as it lives.
+/// Applies the setting "appearance" and the desktop's preference to all windows, now and whenever
+/// one of them changes, for the lifetime of this object.
 class LiveAppearance {
  public:
     LiveAppearance(Settings& defaults, ColorScheme& desktop);

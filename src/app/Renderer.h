@@ -8,9 +8,9 @@
 
 namespace elmworth {
 
-/// Lets Qt Quick draw by itself where OpenGL would draw on the processor too, as on virtual
-/// machines and remote desktops: OpenGL then draws each frame whole, at many times the cost. What
-/// the environment asks for (QT_QUICK_BACKEND, QSG_RHI_BACKEND) stands.
+/// Selects Qt Quick's software renderer where OpenGL would be emulated on the processor, as on
+/// virtual machines and remote desktops: emulated OpenGL draws each frame whole, at many times the
+/// cost. QT_QUICK_BACKEND and QSG_RHI_BACKEND in the environment take precedence.
 ///
 /// To be called with a QGuiApplication, before the first window is made.
 void chooseRenderer();

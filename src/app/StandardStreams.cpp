@@ -13,7 +13,8 @@ namespace elmworth {
 void reserveStandardStreams() {
     for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(number, F_GETFD) >= 0) continue;
-        // The lowest free number is this one. The direction is the wrong one, so that uses fail.
+        // open() reuses the lowest free descriptor, which is this one; opened in the opposite
+        // mode, so that any use fails.
         [[maybe_unused]] const int opened =
             ::open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }

@@ -5,9 +5,9 @@
 
 namespace elmworth {
 
-/// Takes the numbers of standard streams that were closed before the program began, so that no file
-/// opened later gets one of them, and with it what was meant for a terminal. Reading and writing
-/// such a stream goes on to fail.
+/// Reserves the descriptors of standard streams that were closed before the program began. A file
+/// opened later would get one of them, and with it what was meant for a terminal. Reading and
+/// writing such a stream still fails.
 void reserveStandardStreams();
 
 }  // namespace elmworth

@@ -26,7 +26,7 @@ bool isReady(int descriptor, short events) {
     return ::poll(&waiting, 1, 0) > 0 && (waiting.revents & events) != 0;
 }
 
-/// A terminal that takes nothing now, because somebody stopped its output, must not stop the work.
+/// Non-blocking: a terminal whose output is stopped (Ctrl-S) must not stop the work.
 void writeTo(int terminal, std::string_view text) {
     if (!isReady(terminal, POLLOUT)) return;
     [[maybe_unused]] const auto written = ::write(terminal, text.data(), text.size());
@@ -53,7 +53,7 @@ void TerminalProgress::watchInterrupt() {
     watching.sa_flags = static_cast<int>(SA_RESETHAND);  // the second time it ends the process
     interrupted = 0;
     watchesInterrupt_ = ::sigaction(SIGINT, &watching, &former_) == 0;
-    // Whoever made the process ignore it goes on doing so.
+    // Keep SIGINT ignored if the parent had it ignored (nohup, background jobs).
     if (watchesInterrupt_ && former_.sa_handler == SIG_IGN) ::sigaction(SIGINT, &former_, nullptr);
 }
 

@@ -14,11 +14,11 @@ namespace elmworth {
 /// at Ctrl-C, or when the process that waits for it has ended.
 class TerminalProgress final : public Progress {
  public:
-    /// Writes to `terminal` if that is one. `lifeline` is the end for reading of a pipe whose other
-    /// end the waiting process holds; without one, this process is the one, and Ctrl-C reaches it.
+    /// Writes to `terminal` if it is a terminal. `lifeline` is the read end of a pipe that the
+    /// waiting process holds open; -1: this process itself waits, and gets Ctrl-C.
     explicit TerminalProgress(int terminal, int lifeline = -1);
 
-    /// Clears the line, and gives Ctrl-C its former meaning back.
+    /// Clears the line and restores the former SIGINT handler.
     ~TerminalProgress() override;
 
  protected:

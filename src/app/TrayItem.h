@@ -16,8 +16,8 @@ class QQmlEngine;
 
 namespace elmworth {
 
-/// The item in the desktop's tray and the panel that it opens. Without a tray there is the panel
-/// alone.
+/// The item in the desktop's tray and the panel that it opens. On a desktop without a tray only the
+/// panel exists.
 class TrayItem {
  public:
     struct Ways {

@@ -8,8 +8,8 @@
 
 namespace elmworth {
 
-/// The folder from which relative paths are meant. One that was deleted still has a name, under
-/// which nothing can be written; commands that need no path work there.
+/// The current folder, to which relative paths are resolved. A deleted one still has a name, at
+/// which every write fails; commands that need no path work there.
 [[nodiscard]] inline std::filesystem::path workingFolder() {
     std::error_code ignored;
     return std::filesystem::read_symlink("/proc/self/cwd", ignored);
