@@ -11,6 +11,7 @@
 #include "exchange/BackupWalk.h"
 #include "exchange/Restore.h"
 #include "platform/AtomicFile.h"
+#include "support/Golden.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 
@@ -56,6 +57,30 @@ TEST(Backup, emptyLibraryGivesADocumentWithEmptyLists) {
     EXPECT_THAT(json, HasSubstr("\"clients\": []"));
     EXPECT_THAT(json, HasSubstr("\"invoices\": []"));
     EXPECT_EQ(decodeBackup(json), backupOf(library));
+}
+
+TEST(Backup, aLibraryWithEveryKeyGivesThisDocument) {
+    TestLibrary library;
+    fill(library);
+    const auto client = library.context().fetch<Client>().at(0);
+    client->email = "billing@acme.example";
+    client->address = "1 Main St\nSpringfield";
+    client->dueDays = 30;
+    client->taxBasisPoints = 825;
+    const auto project = client->projects().at(0);
+    project->rateOverrideCents = 9000;
+    project->isArchived = true;
+    project->budgetHours = 40;
+    const auto invoice = library.context().fetch<Invoice>().at(0);
+    invoice->taxRateBasisPoints = 1900;
+    invoice->notes = "Thank you";
+    invoice->showsEntryDetails = false;
+    invoice->setStatus(InvoiceStatus::paid, at("2026-03-09T08:00Z"));
+    std::string json;
+    BackupExporter::write(library.context(), {.name = "Jane", .paperSize = PaperSize::a4},
+                          exportedAt, [&](std::string_view piece) { json += piece; });
+    test::expectGolden(json, "exchange/backup.json");
+    EXPECT_EQ(BackupExporter::encode(decodeBackup(json)), json);
 }
 
 TEST(Backup, whatIsEncodedDecodesToTheSame) {
