@@ -4,71 +4,72 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
-#include <string>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "platform/Instant.h"
 #include "records/BusinessProfile.h"
+#include "store/Schema.h"
 
 namespace elmworth {
 
-// The records of a backup document, one for each level of it. docs/backup-format.md describes the
-// document for others. Instants are whole seconds.
+// What a backup document consists of; docs/backup-format.md describes it for others. The keys of
+// an object follow from the schema of its record: the fields, and a list of what is deleted with
+// it. Relationships are told by keys of their own, since a document has no identities.
 
-struct EntryDTO {
-    Instant start;
-    std::optional<Instant> end;  ///< absent on an entry that was running
-    std::string notes;
-    std::optional<std::string> invoiceNumber;  ///< absent on unbilled time
-    std::optional<std::int64_t> billedRateCents;
+struct BackupShape;
 
-    friend bool operator==(const EntryDTO&, const EntryDTO&) = default;
+/// One key of an object of the document.
+struct BackupKey {
+    std::string_view name;
+    FieldKind kind;
+    bool isRequired;                          ///< else it may be missing or null
+    const FieldDescription* field = nullptr;  ///< of the record; null for what is said otherwise
+    const BackupShape* items = nullptr;       ///< the key holds a list of such objects
+
+    [[nodiscard]] bool isScalar() const { return !items && kind != FieldKind::profile; }
 };
 
-struct ProjectDTO {
-    std::string name;
-    std::string colorHex;
-    std::optional<std::int64_t> rateOverrideCents;
-    bool isArchived = false;
-    std::optional<std::int64_t> budgetHours;
-    std::vector<EntryDTO> entries;
+/// The keys of an object, by name.
+struct BackupShape {
+    /// The object of a record: with `besides` its fields, and with `items` what stands below it.
+    BackupShape(const RecordSchema& schema, std::vector<BackupKey> besides,
+                const BackupShape* items = nullptr);
+    explicit BackupShape(std::vector<BackupKey> all);
 
-    friend bool operator==(const ProjectDTO&, const ProjectDTO&) = default;
+    std::vector<BackupKey> keys;
+    std::vector<Value> defaults;  ///< of the keys: empty or 0 where a value is required
+
+    /// The position of a key, which must exist.
+    [[nodiscard]] std::size_t index(std::string_view name) const;
 };
 
-struct ClientDTO {
-    std::string name;
-    std::string email;
-    std::string address;
-    std::string currencyCode;
-    std::int64_t hourlyRateCents = 0;
-    std::optional<std::int64_t> dueDays;
-    std::optional<std::int64_t> taxBasisPoints;
-    std::vector<ProjectDTO> projects;
+/// The objects of a document.
+struct BackupShapes {
+    BackupShape profile, entry, project, client, invoice, document;
+};
+[[nodiscard]] const BackupShapes& backupShapes();
 
-    friend bool operator==(const ClientDTO&, const ClientDTO&) = default;
+/// One object of a document: a value for each key of its shape, as a record's field has it, and
+/// the objects of its list. Instants are whole seconds.
+struct BackupObject {
+    explicit BackupObject(const BackupShape& itsShape)
+        : shape(&itsShape), values(itsShape.defaults) {}
+
+    const BackupShape* shape;
+    std::vector<Value> values;
+    std::vector<BackupObject> items = {};
+
+    [[nodiscard]] Value& operator[](std::string_view key) { return values[shape->index(key)]; }
+    [[nodiscard]] const Value& operator[](std::string_view key) const {
+        return values[shape->index(key)];
+    }
+    friend bool operator==(const BackupObject&, const BackupObject&) = default;
 };
 
-struct InvoiceDTO {
-    std::string number;
-    std::string client;  ///< the client's name; empty for none
-    std::string status;
-    std::string currencyCode;
-    std::string notes;
-    Instant issueDate;
-    Instant dueDate;
-    Instant periodStart;
-    Instant periodEnd;
-    std::int64_t taxRateBasisPoints = 0;
-    std::int64_t roundingMinutes = 0;
-    std::optional<Instant> paidAt;
-    std::optional<bool> showsEntryDetails;
-    std::optional<BusinessProfile> business;  ///< the profile frozen on the invoice
-    std::optional<std::int64_t> clientIndex;  ///< the client's position in the document
-
-    friend bool operator==(const InvoiceDTO&, const InvoiceDTO&) = default;
-};
+[[nodiscard]] BackupObject backupObject(const BusinessProfile& profile);
+[[nodiscard]] BusinessProfile profileOf(const BackupObject& object);
 
 /// How much a document holds.
 struct BackupCounts {
@@ -85,8 +86,8 @@ struct Backup {
     std::int64_t version = 1;
     Instant exportedAt;
     BusinessProfile profile;
-    std::vector<ClientDTO> clients;
-    std::vector<InvoiceDTO> invoices;
+    std::vector<BackupObject> clients;  ///< with their projects, and those with their entries
+    std::vector<BackupObject> invoices;
 
     friend bool operator==(const Backup&, const Backup&) = default;
 };

@@ -3,221 +3,263 @@
 
 #include "exchange/BackupDecoder.h"
 
+#include <rapidjson/error/en.h>
+#include <rapidjson/reader.h>
+
+#include <bitset>
+#include <functional>
 #include <utility>
 
-#include "exchange/JSONShape.h"
-#include "platform/ISO8601.h"
-#include "platform/Text.h"
+#include "records/FieldJSON.h"
 
 namespace elmworth {
 
 namespace {
 
-using Kind = JSONScalar::Kind;
+/// A stream of RapidJSON's over pieces of bytes, which counts lines.
+class PieceStream {
+ public:
+    using Ch = char;
 
-// What each kind of field takes, and where its value goes. The target must stay where it is while
-// the document is read.
+    explicit PieceStream(const std::function<std::string_view()>& nextPiece)
+        : nextPiece_(nextPiece), piece_(nextPiece()) {}
 
-JSONSlot slotFor(std::string& target) {
-    return {"not a text", [&target](const JSONScalar& value) {
-                if (value.kind != Kind::text || holdsLoneSurrogate(value.text)) return false;
-                target = value.text;
-                return true;
-            }};
-}
+    [[nodiscard]] char Peek() const { return piece_.empty() ? '\0' : piece_[position_]; }
+    char Take() {
+        const char c = Peek();
+        if (piece_.empty()) return c;
+        ++taken_;
+        if (c == '\n') ++line_;
+        if (++position_ == piece_.size()) {
+            piece_ = nextPiece_();
+            position_ = 0;
+        }
+        return c;
+    }
+    [[nodiscard]] std::size_t Tell() const noexcept { return taken_; }
+    [[nodiscard]] std::size_t line() const noexcept { return line_; }
+    /// A NUL byte ends the document for RapidJSON; what follows it would go unseen.
+    [[nodiscard]] bool isAtEnd() const noexcept { return piece_.empty(); }
 
-JSONSlot slotFor(std::int64_t& target) {
-    return {"not a whole number of 64 bits", [&target](const JSONScalar& value) {
-                if (value.kind != Kind::integer) return false;
-                target = value.integer;
-                return true;
-            }};
-}
+    // Asked for by RapidJSON's interface, for parsing in place.
+    static char* PutBegin() { return nullptr; }
+    static void Put(char /*c*/) {}
+    static void Flush() {}
+    static std::size_t PutEnd(char* /*begin*/) { return 0; }
 
-JSONSlot slotFor(bool& target) {
-    return {"neither true nor false", [&target](const JSONScalar& value) {
-                if (value.kind != Kind::boolean) return false;
-                target = value.boolean;
-                return true;
-            }};
-}
+ private:
+    const std::function<std::string_view()>& nextPiece_;
+    std::string_view piece_;
+    std::size_t position_ = 0;
+    std::size_t taken_ = 0;
+    std::size_t line_ = 1;
+};
 
-JSONSlot slotFor(Instant& target) {
-    return {"not a date", [&target](const JSONScalar& value) {
-                const auto instant =
-                    value.kind == Kind::text ? parseISO8601(value.text) : std::nullopt;
-                if (instant) target = *instant;
-                return instant.has_value();
-            }};
-}
+/// Takes RapidJSON's events and builds the objects of the document. An event that returns false
+/// ends the parsing.
+class DocumentHandler : public JSONScalars<DocumentHandler> {
+ public:
+    /// Where `counts` are given, the items of lists are counted and not kept.
+    explicit DocumentHandler(BackupCounts* counts) : counts_(counts) {}
 
-JSONSlot slotFor(PaperSize& target) {
-    return {"neither \"letter\" nor \"a4\"", [&target](const JSONScalar& value) {
-                const auto size =
-                    value.kind == Kind::text ? paperSizeFromRawValue(value.text) : std::nullopt;
-                if (size) target = *size;
-                return size.has_value();
-            }};
-}
+    [[nodiscard]] const std::string& failure() const noexcept { return failure_; }
+    [[nodiscard]] BackupObject takeDocument() { return std::move(document_); }
 
-template <class T>
-JSONSlot slotFor(std::optional<T>& target) {
-    T unused{};
-    JSONSlot slot{slotFor(unused).expectation};
-    slot.scalar = [&target](const JSONScalar& value) {
-        T content{};
-        if (!slotFor(content).scalar(value)) return false;
-        target = std::move(content);
+    bool scalar(const JSONScalar& value);
+    bool StartObject();
+    bool StartArray();
+    bool Key(const char* text, rapidjson::SizeType length, bool /*copy*/);
+    bool EndObject(rapidjson::SizeType /*members*/);
+    bool EndArray(rapidjson::SizeType /*elements*/);
+
+ private:
+    static constexpr std::size_t unknown = static_cast<std::size_t>(-1);
+
+    /// An object, or a list of such, that is being read.
+    struct Open {
+        BackupObject object;
+        bool isList = false;
+        std::size_t current = unknown;  ///< the position of the key, or in the list
+        std::bitset<32> wasRead = {};   ///< the keys
+    };
+
+    /// The key whose value comes now; null in a list, and where the value is passed over.
+    [[nodiscard]] const BackupKey* key() const {
+        const Open& open = open_.back();
+        return open.isList || open.current == unknown ? nullptr
+                                                      : &open.object.shape->keys[open.current];
+    }
+    bool open(const BackupShape& shape) {
+        open_.push_back({BackupObject(shape)});
         return true;
-    };
-    slot.clear = [&target] { target.reset(); };
-    return slot;
+    }
+    bool skip() {
+        ++skippedDepth_;
+        return true;
+    }
+    bool put(Value value);
+    void keep(BackupObject item);
+
+    bool fail(std::string what) {
+        failure_ = std::move(what);
+        return false;
+    }
+    /// Refuses the value that comes now.
+    bool failHere();
+    [[nodiscard]] std::string path(std::size_t depth) const;
+
+    BackupCounts* counts_;
+    BackupObject document_{backupShapes().document};
+    std::vector<Open> open_;
+    std::size_t skippedDepth_ = 0;
+    std::string failure_;
+};
+
+std::string DocumentHandler::path(std::size_t depth) const {
+    std::string path;
+    for (std::size_t i = 0; i < depth; ++i) {
+        const Open& open = open_[i];
+        if (open.isList) {
+            path += '[' + std::to_string(open.current) + ']';
+        } else {
+            const auto name = open.object.shape->keys[open.current].name;
+            path += (path.empty() ? "" : ".") + std::string(name);
+        }
+    }
+    return path.empty() ? "The document" : path;
 }
 
-template <class T>
-JSONField required(std::string_view name, T& target) {
-    return {name, true, slotFor(target)};
-}
-template <class T>
-JSONField optional(std::string_view name, std::optional<T>& target) {
-    return {name, false, slotFor(target)};
-}
-/// A field that has a value of its own while the key is missing.
-template <class T>
-JSONField optional(std::string_view name, T& target) {
-    JSONField field{name, false, slotFor(target)};
-    field.slot.clear = [&target, initial = target] { target = initial; };
-    return field;
+bool DocumentHandler::failHere() {
+    const BackupKey* wanted = key();
+    const char* fault = !wanted         ? "not an object"
+                        : wanted->items ? "not an array"
+                                        : faultOf(wanted->kind);
+    return fail(path(open_.size()) + ": " + fault);
 }
 
-/// A list whose items are objects of the shape that `shapeOf` gives for each new one. Where they
-/// are counted, each takes the place of the one before.
-template <class T, class ShapeOf>
-JSONSlot listOf(std::vector<T>& target, const ShapeOf& shapeOf, std::size_t* count) {
-    JSONSlot slot{"not an array"};
-    slot.array = [&target, shapeOf, count] {
-        target.clear();  // of two equal keys the last counts
-        JSONFrame frame;
-        frame.isArray = true;
-        frame.item.expectation = "not an object";
-        frame.item.object = [&target, shapeOf, count] {
-            if (count) {
-                target.clear();
-                ++*count;
-            }
-            return shapeOf(target.emplace_back());
-        };
-        return frame;
-    };
-    return slot;
+bool DocumentHandler::put(Value value) {
+    Open& open = open_.back();
+    open.object.values[open.current] = std::move(value);
+    open.wasRead.set(open.current);
+    return true;
 }
 
-JSONFrame profileShape(BusinessProfile& profile) {
-    profile = {};
-    return {{
-        optional("name", profile.name),
-        optional("address", profile.address),
-        optional("taxID", profile.taxID),
-        optional("email", profile.email),
-        optional("paymentInstructions", profile.paymentInstructions),
-        optional("invoicePrefix", profile.invoicePrefix),
-        optional("nextInvoiceNumber", profile.nextInvoiceNumber),
-        optional("paperSize", profile.paperSize),
-        optional("roundingMinutes", profile.roundingMinutes),
-        optional("defaultDueDays", profile.defaultDueDays),
-        optional("defaultTaxBasisPoints", profile.defaultTaxBasisPoints),
-        optional("taxLabel", profile.taxLabel),
-        optional("resetNumberingYearly", profile.resetNumberingYearly),
-        optional("numberingYear", profile.numberingYear),
-    }};
+bool DocumentHandler::scalar(const JSONScalar& value) {
+    if (skippedDepth_ > 0) return true;
+    if (open_.empty()) return fail("The document: not an object");
+    const BackupKey* wanted = key();
+    if (!wanted) return open_.back().isList ? failHere() : true;
+    if (!wanted->isRequired && value.kind == JSONScalar::Kind::null) return put({});
+    auto taken = wanted->isScalar() ? fieldValue(wanted->kind, value) : std::nullopt;
+    return taken ? put(std::move(*taken)) : failHere();
 }
 
-JSONSlot profileSlot(BusinessProfile& profile) {
-    JSONSlot slot{"not an object"};
-    slot.object = [&profile] { return profileShape(profile); };
-    return slot;
+bool DocumentHandler::StartObject() {
+    if (skippedDepth_ > 0) return skip();
+    if (open_.empty()) return open(backupShapes().document);
+    if (open_.back().isList) return open(*open_.back().object.shape);
+    const BackupKey* wanted = key();
+    if (!wanted) return skip();
+    return wanted->kind == FieldKind::profile ? open(backupShapes().profile) : failHere();
 }
 
-JSONSlot profileSlot(std::optional<BusinessProfile>& profile) {
-    JSONSlot slot{"not an object"};
-    slot.object = [&profile] { return profileShape(profile.emplace()); };
-    slot.clear = [&profile] { profile.reset(); };
-    return slot;
+bool DocumentHandler::StartArray() {
+    if (skippedDepth_ > 0) return skip();
+    if (open_.empty()) return fail("The document: not an object");
+    const BackupKey* wanted = key();
+    if (!wanted) return open_.back().isList ? failHere() : skip();
+    if (!wanted->items) return failHere();
+    std::erase_if(open_.back().object.items,  // of two equal keys the last counts
+                  [&](const auto& item) { return item.shape == wanted->items; });
+    open_.push_back({BackupObject(*wanted->items), true, 0});
+    return true;
 }
 
-JSONFrame entryShape(EntryDTO& entry) {
-    return {{
-        required("start", entry.start),
-        optional("end", entry.end),
-        required("notes", entry.notes),
-        optional("invoiceNumber", entry.invoiceNumber),
-        optional("billedRateCents", entry.billedRateCents),
-    }};
+bool DocumentHandler::Key(const char* text, rapidjson::SizeType length, bool /*copy*/) {
+    if (skippedDepth_ > 0) return true;
+    Open& open = open_.back();
+    const auto& keys = open.object.shape->keys;
+    open.current = unknown;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (keys[i].name == std::string_view(text, length)) open.current = i;
+    }
+    return true;
 }
 
-JSONFrame projectShape(ProjectDTO& project, BackupCounts* counts) {
-    return {{
-        required("name", project.name),
-        required("colorHex", project.colorHex),
-        optional("rateOverrideCents", project.rateOverrideCents),
-        required("isArchived", project.isArchived),
-        optional("budgetHours", project.budgetHours),
-        {"entries", true,
-         listOf(project.entries, &entryShape, counts ? &counts->entries : nullptr)},
-    }};
+bool DocumentHandler::EndObject(rapidjson::SizeType /*members*/) {
+    if (skippedDepth_ > 0) {
+        --skippedDepth_;
+        return true;
+    }
+    const auto& keys = open_.back().object.shape->keys;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (!keys[i].isRequired || open_.back().wasRead[i]) continue;
+        return fail(path(open_.size() - 1) + ": the key \"" + std::string(keys[i].name) +
+                    "\" is missing");
+    }
+    BackupObject object = std::move(open_.back().object);
+    open_.pop_back();
+    if (open_.empty()) {
+        document_ = std::move(object);
+        return true;
+    }
+    if (!open_.back().isList) return put(Blob{encodeProfile(profileOf(object))});
+    keep(std::move(object));
+    return true;
 }
 
-JSONFrame clientShape(ClientDTO& client, BackupCounts* counts) {
-    const auto shapeOf = [counts](ProjectDTO& project) { return projectShape(project, counts); };
-    return {{
-        required("name", client.name),
-        required("email", client.email),
-        required("address", client.address),
-        required("currencyCode", client.currencyCode),
-        required("hourlyRateCents", client.hourlyRateCents),
-        optional("dueDays", client.dueDays),
-        optional("taxBasisPoints", client.taxBasisPoints),
-        {"projects", true, listOf(client.projects, shapeOf, counts ? &counts->projects : nullptr)},
-    }};
+void DocumentHandler::keep(BackupObject item) {
+    ++open_.back().current;
+    if (!counts_) {
+        open_[open_.size() - 2].object.items.push_back(std::move(item));
+        return;
+    }
+    const auto& shapes = backupShapes();
+    if (item.shape == &shapes.entry) ++counts_->entries;
+    if (item.shape == &shapes.project) ++counts_->projects;
+    if (item.shape == &shapes.client) ++counts_->clients;
+    if (item.shape == &shapes.invoice) ++counts_->invoices;
 }
 
-JSONFrame invoiceShape(InvoiceDTO& invoice) {
-    return {{
-        required("number", invoice.number),
-        required("client", invoice.client),
-        required("status", invoice.status),
-        required("currencyCode", invoice.currencyCode),
-        required("notes", invoice.notes),
-        required("issueDate", invoice.issueDate),
-        required("dueDate", invoice.dueDate),
-        required("periodStart", invoice.periodStart),
-        required("periodEnd", invoice.periodEnd),
-        required("taxRateBasisPoints", invoice.taxRateBasisPoints),
-        required("roundingMinutes", invoice.roundingMinutes),
-        optional("paidAt", invoice.paidAt),
-        optional("showsEntryDetails", invoice.showsEntryDetails),
-        {"business", false, profileSlot(invoice.business)},
-        optional("clientIndex", invoice.clientIndex),
-    }};
+bool DocumentHandler::EndArray(rapidjson::SizeType /*elements*/) {
+    if (skippedDepth_ > 0) {
+        --skippedDepth_;
+        return true;
+    }
+    open_.pop_back();
+    return put({});  // the list itself stands among the items
 }
 
-/// Where `counts` are given, the document's lists keep their last items alone.
-Backup decode(const std::function<std::string_view()>& nextPiece, BackupCounts* counts = nullptr) {
+/// Reads the pieces that `nextPiece` gives until it gives an empty one. Neither the length of what
+/// is passed over nor its depth costs memory or stack.
+BackupObject read(const std::function<std::string_view()>& nextPiece, BackupCounts* counts) {
+    // The iterative parser keeps its own stack: a deep document must not exhaust the program's.
+    constexpr unsigned flags =
+        rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
+    PieceStream stream(nextPiece);
+    DocumentHandler handler(counts);
+    rapidjson::Reader reader;
+    const auto result = reader.Parse<flags>(stream, handler);
+    if (!result.IsError() && stream.isAtEnd()) return handler.takeDocument();
+    std::string fault = handler.failure();
+    if (fault.empty()) {
+        std::string reason = result.IsError() ? rapidjson::GetParseError_En(result.Code())
+                                              : "There is a NUL byte behind it";
+        if (reason.ends_with('.')) reason.pop_back();
+        fault = "This file is no JSON document: " + reason;
+    }
+    throw BackupDecodeError(fault + " (line " + std::to_string(stream.line()) + ").");
+}
+
+Backup decode(const std::function<std::string_view()>& nextPiece) {
+    BackupObject document = read(nextPiece, nullptr);
     Backup backup;
-    const auto shapeOf = [counts](ClientDTO& client) { return clientShape(client, counts); };
-    try {
-        readJSON(nextPiece,
-                 {{
-                     required("version", backup.version),
-                     required("exportedAt", backup.exportedAt),
-                     {"profile", true, profileSlot(backup.profile)},
-                     {"clients", true,
-                      listOf(backup.clients, shapeOf, counts ? &counts->clients : nullptr)},
-                     {"invoices", true,
-                      listOf(backup.invoices, &invoiceShape, counts ? &counts->invoices : nullptr)},
-                 }});
-    } catch (const JSONShapeError& error) {
-        throw BackupDecodeError(error.what());
+    backup.version = std::get<std::int64_t>(document["version"]);
+    backup.exportedAt = FieldTraits<Instant>::fromValue(document["exportedAt"]);
+    backup.profile = decodeProfile(std::get<Blob>(document["profile"]).bytes).value();
+    for (auto& item : document.items) {
+        auto& list = item.shape == &backupShapes().client ? backup.clients : backup.invoices;
+        list.push_back(std::move(item));
     }
     return backup;
 }
@@ -241,7 +283,7 @@ Backup decodeBackup(FileSource& source, Progress& progress) {
 
 BackupCounts countBackup(FileSource& source, Progress& progress) {
     BackupCounts counts;
-    decode(piecesOf(source, progress), &counts);
+    read(piecesOf(source, progress), &counts);
     return counts;
 }
 

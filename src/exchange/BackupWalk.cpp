@@ -6,78 +6,42 @@
 #include <algorithm>
 
 #include "platform/Collator.h"
-#include "platform/Text.h"
-#include "records/Invoice.h"
-#include "records/TimeEntry.h"
 
 namespace elmworth {
 
 namespace {
 
-using InvoiceNumbers = std::unordered_map<PersistentID, std::string>;
-
-EntryDTO makeEntry(const TimeEntry& entry, const InvoiceNumbers& numbers) {
-    EntryDTO dto{entry.start, entry.end, entry.notes, std::nullopt, entry.billedRateCents};
-    if (const auto invoice = entry.invoice.id()) {
-        const auto found = numbers.find(*invoice);
-        if (found != numbers.end()) dto.invoiceNumber = found->second;
+/// Takes the fields of `record` as they are.
+void take(const Record& record, BackupObject& object) {
+    const auto& keys = object.shape->keys;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (keys[i].field) object.values[i] = keys[i].field->read(record);
     }
-    return dto;
-}
-
-ProjectDTO makeProject(const Project& project) {
-    return {project.name,       project.colorHex,    project.rateOverrideCents,
-            project.isArchived, project.budgetHours, {}};
-}
-
-ClientDTO makeClient(const Client& client) {
-    return {client.name,
-            client.email,
-            client.address,
-            client.currencyCode,
-            client.hourlyRateCents,
-            client.dueDays,
-            client.taxBasisPoints,
-            {}};
-}
-
-/// The profile frozen on an invoice; absent when it cannot be read even where damaged bytes, which
-/// `repaired` counts as one text, stand with U+FFFD.
-std::optional<BusinessProfile> frozenProfile(const std::string& json, std::size_t& repaired) {
-    if (isUTF8(json)) return decodeProfile(json);
-    auto profile = decodeProfile(validUTF8(json));
-    if (profile) ++repaired;
-    return profile;
-}
-
-InvoiceDTO makeInvoice(const Invoice& invoice,
-                       const std::unordered_map<PersistentID, std::int64_t>& clientIndexes,
-                       std::size_t& repaired) {
-    InvoiceDTO dto;
-    dto.number = invoice.number;
-    const auto& client = invoice.client.get();
-    if (client) dto.client = client->name;
-    dto.status = invoice.statusRaw;
-    dto.currencyCode = invoice.effectiveCurrencyCode();
-    dto.notes = invoice.notes;
-    dto.issueDate = invoice.issueDate;
-    dto.dueDate = invoice.dueDate;
-    dto.periodStart = invoice.periodStart;
-    dto.periodEnd = invoice.periodEnd;
-    dto.taxRateBasisPoints = invoice.taxRateBasisPoints;
-    dto.roundingMinutes = invoice.roundingMinutes;
-    dto.paidAt = invoice.paidAt;
-    dto.showsEntryDetails = invoice.showsEntryDetails.get();
-    const auto& snapshot = invoice.businessSnapshot.get();
-    if (snapshot) dto.business = frozenProfile(snapshot->bytes, repaired);
-    if (client) {
-        const auto found = clientIndexes.find(client->id());
-        if (found != clientIndexes.end()) dto.clientIndex = found->second;
-    }
-    return dto;
 }
 
 }  // namespace
+
+// What a document says in another way than the record does.
+
+const BackupObject& BackupWalk::entryObject(const TimeEntry& entry) {
+    take(entry, entry_);
+    const auto invoice = entry.invoice.id();
+    const auto number = invoice ? invoiceNumbers_.find(*invoice) : invoiceNumbers_.end();
+    entry_["invoiceNumber"] = number == invoiceNumbers_.end() ? Value() : Value(number->second);
+    return entry_;
+}
+
+BackupObject BackupWalk::invoiceObject(const Invoice& invoice) const {
+    BackupObject object(backupShapes().invoice);
+    take(invoice, object);
+    object["currencyCode"] = invoice.effectiveCurrencyCode();
+    if (const auto& client = invoice.client.get()) {
+        object["client"] = client->name.get();
+        const auto found = clientIndexes_.find(client->id());
+        if (found != clientIndexes_.end()) object["clientIndex"] = found->second;
+    }
+    return object;
+}
 
 bool BackupWalk::Before::operator()(const Place& a, const Place& b) const {
     const int order = localizedStandardCompare(a.first, b.first);
@@ -85,8 +49,8 @@ bool BackupWalk::Before::operator()(const Place& a, const Place& b) const {
 }
 
 BackupWalk::BackupWalk(UnitOfWork& context, const BusinessProfile& profile, Instant now,
-                       BackupReceiver& receiver)
-    : context_(context), profile_(profile), now_(now), receiver_(receiver) {}
+                       BackupWriter& writer)
+    : context_(context), profile_(profile), now_(now), writer_(writer) {}
 
 bool BackupWalk::advance() {
     if (!next_) return false;
@@ -106,7 +70,7 @@ void BackupWalk::begin() {
         std::optional<Predicate<Invoice>>(),
         [&](const PersistentID& id, const std::string& number) { invoiceNumbers_[id] = number; });
     nextToSort_ = invoiceNumbers_.begin();
-    receiver_.begin();
+    writer_.begin();
     next_ = &BackupWalk::sortInvoices;
 }
 
@@ -129,21 +93,21 @@ void BackupWalk::beginClient() {
     std::stable_sort(projects_.begin(), projects_.end(),
                      [](const auto& a, const auto& b) { return a->name.get() < b->name.get(); });
     nextProject_ = 0;
-    client_ = makeClient(client);
-    receiver_.beginClient(client_);
+    take(client, client_);
+    writer_.beginList(client_);
     ++counts_.clients;
     next_ = &BackupWalk::beginProject;
 }
 
 void BackupWalk::beginProject() {
     if (nextProject_ == projects_.size()) {
-        receiver_.endClient(client_);
+        writer_.endList(client_);
         projects_.clear();
         next_ = &BackupWalk::beginClient;
         return;
     }
-    project_ = makeProject(*projects_[nextProject_]);
-    receiver_.beginProject(project_);
+    take(*projects_[nextProject_], project_);
+    writer_.beginList(project_);
     ++counts_.projects;
     lastStart_.reset();
     countAtLastStart_ = 0;
@@ -161,20 +125,20 @@ void BackupWalk::visitEntries() {
         {.predicate = predicate, .sortBy = {sortedBy<&TimeEntry::start>()}, .fetchLimit = limit},
         [&](const TimeEntry& entry) {
             if (seen++ < known) return;
-            receiver_.entry(makeEntry(entry, invoiceNumbers_));
+            writer_.write(entryObject(entry));
             ++counts_.entries;
             if (lastStart_ != entry.start.get()) countAtLastStart_ = 0;
             lastStart_ = entry.start;
             ++countAtLastStart_;
         });
     if (seen == limit) return;
-    receiver_.endProject(project_);
+    writer_.endList(project_);
     ++nextProject_;
     next_ = &BackupWalk::beginProject;
 }
 
 void BackupWalk::beginInvoices() {
-    receiver_.beginInvoices(now_);
+    writer_.beginInvoices(now_);
     nextInvoice_ = invoices_.begin();
     next_ = &BackupWalk::visitInvoices;
 }
@@ -184,14 +148,14 @@ void BackupWalk::visitInvoices() {
     for (std::size_t i = 0; i < invoicesPerStep && nextInvoice_ != invoices_.end(); ++i) {
         const auto invoice = context_.record<Invoice>((nextInvoice_++)->second);
         if (!invoice) continue;
-        receiver_.invoice(makeInvoice(*invoice, clientIndexes_, counts_.repairedTexts));
+        writer_.write(invoiceObject(*invoice));
         ++counts_.invoices;
     }
     if (nextInvoice_ == invoices_.end()) next_ = &BackupWalk::end;
 }
 
 void BackupWalk::end() {
-    receiver_.end(profile_, Backup{}.version);
+    writer_.end(profile_, Backup{}.version);
     next_ = nullptr;
 }
 

@@ -13,16 +13,17 @@
 #include <utility>
 #include <vector>
 
-#include "exchange/BackupReceiver.h"
+#include "exchange/BackupWriter.h"
 #include "records/Client.h"
+#include "records/Invoice.h"
 #include "records/Project.h"
+#include "records/TimeEntry.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
 
-/// Walks a library in the order of the backup document, in small steps: between two of them others
-/// may have their turn, as long as the library does not change. Holds neither all entries nor all
-/// invoices.
+/// Writes the backup document of a library in small steps: between two of them others may have
+/// their turn, as long as the library does not change. Holds neither all entries nor all invoices.
 class BackupWalk {
  public:
     /// The most entries that a step hands out; of invoices, which are larger, an eighth. Entries
@@ -30,14 +31,18 @@ class BackupWalk {
     static constexpr std::size_t entriesPerStep = 512;
 
     BackupWalk(UnitOfWork& context, const BusinessProfile& profile, Instant now,
-               BackupReceiver& receiver);
+               BackupWriter& writer);
 
     /// Goes on by one step. False once the document has ended. Throws StoreError, and what the
-    /// receiver throws.
+    /// writer's sink throws.
     bool advance();
 
-    /// What was handed out so far.
-    [[nodiscard]] const BackupCounts& counts() const noexcept { return counts_; }
+    /// What was written so far.
+    [[nodiscard]] BackupCounts counts() const noexcept {
+        BackupCounts counts = counts_;
+        counts.repairedTexts = writer_.repairedTexts();
+        return counts;
+    }
 
  private:
     /// An invoice at its place in the document.
@@ -56,10 +61,13 @@ class BackupWalk {
     void visitInvoices();
     void end();
 
+    [[nodiscard]] const BackupObject& entryObject(const TimeEntry& entry);
+    [[nodiscard]] BackupObject invoiceObject(const Invoice& invoice) const;
+
     UnitOfWork& context_;
     BusinessProfile profile_;
     Instant now_;
-    BackupReceiver& receiver_;
+    BackupWriter& writer_;
     BackupCounts counts_;
     Step next_ = &BackupWalk::begin;  ///< null at the end
 
@@ -71,10 +79,11 @@ class BackupWalk {
     std::vector<Ref<Client>> clients_;
     std::unordered_map<PersistentID, std::int64_t> clientIndexes_;
     std::size_t nextClient_ = 0;
-    ClientDTO client_;
+    BackupObject client_{backupShapes().client};
     std::vector<Ref<Project>> projects_;  ///< of the client
     std::size_t nextProject_ = 0;
-    ProjectDTO project_;
+    BackupObject project_{backupShapes().project};
+    BackupObject entry_{backupShapes().entry};
     std::optional<Instant> lastStart_;  ///< of the entries of the project that were handed out
     std::size_t countAtLastStart_ = 0;  ///< how many of them began then
 };

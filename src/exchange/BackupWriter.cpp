@@ -3,49 +3,46 @@
 
 #include "exchange/BackupWriter.h"
 
-#include "platform/ISO8601.h"
-#include "platform/Text.h"
+#include <algorithm>
+
+#include "records/FieldJSON.h"
 
 namespace elmworth {
 
 namespace {
 
-rapidjson::SizeType length(std::string_view text) {
-    return static_cast<rapidjson::SizeType>(text.size());
+/// The position of the list among the keys of an object; their number when it has none.
+std::size_t listOf(const BackupShape& shape) {
+    const auto list = std::find_if(shape.keys.begin(), shape.keys.end(),
+                                   [](const auto& key) { return key.items != nullptr; });
+    return static_cast<std::size_t>(list - shape.keys.begin());
 }
 
 }  // namespace
 
 void BackupWriter::key(std::string_view name) {
-    writer_.Key(name.data(), length(name));
+    writer_.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
 }
 
-void BackupWriter::text(std::string_view name, std::string_view value) {
+void BackupWriter::frozenProfile(std::string_view name, const std::string& json) {
+    const auto profile = decodeProfile(validUTF8(json));
+    if (!profile) return;
+    if (!isUTF8(json)) ++repairedTexts_;
     key(name);
-    if (isUTF8(value)) {
-        writer_.String(value.data(), length(value));
-    } else {
-        ++repairedTexts_;
-        const std::string valid = validUTF8(value);
-        writer_.String(valid.data(), length(valid));
-    }
+    write(backupObject(*profile));
 }
 
-void BackupWriter::number(std::string_view name, std::int64_t value) {
-    key(name);
-    writer_.Int64(value);
+void BackupWriter::field(const BackupKey& itsKey, const Value& value) {
+    if (std::holds_alternative<std::monostate>(value)) return;
+    if (const auto* blob = std::get_if<Blob>(&value))
+        return frozenProfile(itsKey.name, blob->bytes);
+    key(itsKey.name);
+    if (!writeValue(writer_, itsKey.kind, value)) ++repairedTexts_;
 }
 
-void BackupWriter::flag(std::string_view name, bool value) {
-    key(name);
-    writer_.Bool(value);
+void BackupWriter::fields(const BackupObject& object, std::size_t first, std::size_t end) {
+    for (std::size_t i = first; i < end; ++i) field(object.shape->keys[i], object.values[i]);
 }
-
-void BackupWriter::date(std::string_view name, Instant value) {
-    text(name, formatISO8601(clampedToISO8601(value)));
-}
-
-// In every object the keys stand in the order of their letters.
 
 void BackupWriter::begin() {
     writer_.SetIndent(' ', 2);
@@ -54,104 +51,46 @@ void BackupWriter::begin() {
     writer_.StartArray();
 }
 
-void BackupWriter::beginClient(const ClientDTO& client) {
+void BackupWriter::beginList(const BackupObject& object) {
+    const std::size_t list = listOf(*object.shape);
     writer_.StartObject();
-    text("address", client.address);
-    text("currencyCode", client.currencyCode);
-    if (client.dueDays) number("dueDays", *client.dueDays);
-    text("email", client.email);
-    number("hourlyRateCents", client.hourlyRateCents);
-    text("name", client.name);
-    key("projects");
+    fields(object, 0, list);
+    key(object.shape->keys[list].name);
     writer_.StartArray();
 }
 
-void BackupWriter::endClient(const ClientDTO& client) {
+void BackupWriter::endList(const BackupObject& object) {
     writer_.EndArray();
-    if (client.taxBasisPoints) number("taxBasisPoints", *client.taxBasisPoints);
+    fields(object, listOf(*object.shape) + 1, object.values.size());
     writer_.EndObject();
 }
 
-void BackupWriter::beginProject(const ProjectDTO& project) {
-    writer_.StartObject();
-    if (project.budgetHours) number("budgetHours", *project.budgetHours);
-    text("colorHex", project.colorHex);
-    key("entries");
-    writer_.StartArray();
-}
-
-void BackupWriter::endProject(const ProjectDTO& project) {
-    writer_.EndArray();
-    flag("isArchived", project.isArchived);
-    text("name", project.name);
-    if (project.rateOverrideCents) number("rateOverrideCents", *project.rateOverrideCents);
-    writer_.EndObject();
-}
-
-void BackupWriter::entry(const EntryDTO& entry) {
-    writer_.StartObject();
-    if (entry.billedRateCents) number("billedRateCents", *entry.billedRateCents);
-    if (entry.end) date("end", *entry.end);
-    if (entry.invoiceNumber) text("invoiceNumber", *entry.invoiceNumber);
-    text("notes", entry.notes);
-    date("start", entry.start);
-    writer_.EndObject();
+void BackupWriter::write(const BackupObject& object) {
+    if (listOf(*object.shape) < object.values.size()) {
+        beginList(object);
+        for (const auto& item : object.items) write(item);
+        endList(object);
+    } else {
+        writer_.StartObject();
+        fields(object, 0, object.values.size());
+        writer_.EndObject();
+    }
 }
 
 void BackupWriter::beginInvoices(Instant exportedAt) {
     writer_.EndArray();
-    date("exportedAt", exportedAt);
+    key("exportedAt");
+    writeValue(writer_, FieldKind::instant, FieldTraits<Instant>::toValue(exportedAt));
     key("invoices");
     writer_.StartArray();
 }
 
-void BackupWriter::invoice(const InvoiceDTO& invoice) {
-    writer_.StartObject();
-    if (invoice.business) {
-        key("business");
-        profile(*invoice.business);
-    }
-    text("client", invoice.client);
-    if (invoice.clientIndex) number("clientIndex", *invoice.clientIndex);
-    text("currencyCode", invoice.currencyCode);
-    date("dueDate", invoice.dueDate);
-    date("issueDate", invoice.issueDate);
-    text("notes", invoice.notes);
-    text("number", invoice.number);
-    if (invoice.paidAt) date("paidAt", *invoice.paidAt);
-    date("periodEnd", invoice.periodEnd);
-    date("periodStart", invoice.periodStart);
-    number("roundingMinutes", invoice.roundingMinutes);
-    if (invoice.showsEntryDetails) flag("showsEntryDetails", *invoice.showsEntryDetails);
-    text("status", invoice.status);
-    number("taxRateBasisPoints", invoice.taxRateBasisPoints);
-    writer_.EndObject();
-}
-
-void BackupWriter::profile(const BusinessProfile& profile) {
-    writer_.StartObject();
-    text("address", profile.address);
-    number("defaultDueDays", profile.defaultDueDays);
-    number("defaultTaxBasisPoints", profile.defaultTaxBasisPoints);
-    text("email", profile.email);
-    text("invoicePrefix", profile.invoicePrefix);
-    text("name", profile.name);
-    number("nextInvoiceNumber", profile.nextInvoiceNumber);
-    number("numberingYear", profile.numberingYear);
-    text("paperSize", rawValue(profile.paperSize));
-    text("paymentInstructions", profile.paymentInstructions);
-    flag("resetNumberingYearly", profile.resetNumberingYearly);
-    number("roundingMinutes", profile.roundingMinutes);
-    text("taxID", profile.taxID);
-    text("taxLabel", profile.taxLabel);
-    writer_.EndObject();
-}
-
-void BackupWriter::end(const BusinessProfile& businessProfile, std::int64_t version) {
+void BackupWriter::end(const BusinessProfile& profile, std::int64_t version) {
     writer_.EndArray();
     key("profile");
-    profile(businessProfile);
-    number("version", version);
+    write(backupObject(profile));
+    key("version");
+    writer_.Int64(version);
     writer_.EndObject();
     stream_.Put('\n');
     stream_.Flush();

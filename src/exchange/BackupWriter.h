@@ -9,30 +9,33 @@
 #include <string>
 #include <string_view>
 
-#include "exchange/BackupReceiver.h"
+#include "exchange/Backup.h"
 
 namespace elmworth {
 
 /// Takes the bytes of a document piece by piece.
 using ByteSink = std::function<void(std::string_view)>;
 
-/// Writes a backup document as indented JSON with its keys in order, piece by piece: a library of
-/// any size takes the memory of a piece. Whatever the values are, the document can be read: what is
-/// not UTF-8 in a text stands as U+FFFD, a date beyond the years 0 to 9999 as the nearest one
-/// within.
-class BackupWriter final : public BackupReceiver {
+/// Writes a backup document as indented JSON with its keys in order, piece by piece, so that nobody
+/// needs to hold all of it. Whatever the values are, the document can be read: what is not UTF-8 in
+/// a text stands as U+FFFD, a date beyond the years 0 to 9999 as the nearest one within; a frozen
+/// profile that can't be read is left out.
+///
+/// The calls come in this order: begin; for each client beginList, its projects, endList; for each
+/// project beginList, its entries, endList; beginInvoices; the invoices; end.
+class BackupWriter {
  public:
     explicit BackupWriter(ByteSink sink) : stream_{std::move(sink), {}}, writer_(stream_) {}
 
-    void begin() override;
-    void beginClient(const ClientDTO& client) override;
-    void beginProject(const ProjectDTO& project) override;
-    void entry(const EntryDTO& entry) override;
-    void endProject(const ProjectDTO& project) override;
-    void endClient(const ClientDTO& client) override;
-    void beginInvoices(Instant exportedAt) override;
-    void invoice(const InvoiceDTO& invoice) override;
-    void end(const BusinessProfile& profile, std::int64_t version) override;
+    void begin();
+    /// Writes `object` up to its list, and what stands behind that. Its own items are not looked
+    /// at.
+    void beginList(const BackupObject& object);
+    void endList(const BackupObject& object);
+    /// Writes `object` with its items.
+    void write(const BackupObject& object);
+    void beginInvoices(Instant exportedAt);
+    void end(const BusinessProfile& profile, std::int64_t version);
 
     /// How many texts were not UTF-8.
     [[nodiscard]] std::size_t repairedTexts() const noexcept { return repairedTexts_; }
@@ -55,12 +58,10 @@ class BackupWriter final : public BackupReceiver {
         static constexpr std::size_t pieceSize = 1 << 16;
     };
 
-    void profile(const BusinessProfile& profile);
     void key(std::string_view name);
-    void text(std::string_view name, std::string_view value);
-    void number(std::string_view name, std::int64_t value);
-    void flag(std::string_view name, bool value);
-    void date(std::string_view name, Instant value);
+    void field(const BackupKey& key, const Value& value);
+    void frozenProfile(std::string_view name, const std::string& json);
+    void fields(const BackupObject& object, std::size_t first, std::size_t end);
 
     Stream stream_;
     std::size_t repairedTexts_ = 0;

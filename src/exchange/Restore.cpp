@@ -40,7 +40,7 @@ class Restorer {
     Restorer(const Backup& backup, UnitOfWork& context, Progress& progress)
         : backup_(backup), context_(context), progress_(progress) {
         for (const auto& client : backup.clients) {
-            for (const auto& project : client.projects) entryCount_ += project.entries.size();
+            for (const auto& project : client.items) entryCount_ += project.items.size();
         }
     }
 
@@ -49,8 +49,8 @@ class Restorer {
     std::int64_t run() {
         for (const auto& client : backup_.clients) addClient(client);
         for (const auto& invoice : backup_.invoices) addInvoice(invoice);
-        for (const auto& [dto, project] : projects_) {
-            for (const auto& entry : dto->entries) addEntry(entry, project);
+        for (const auto& [object, project] : projects_) {
+            for (const auto& entry : object->items) addEntry(entry, project);
         }
         return unlinkedEntries_;
     }
@@ -60,73 +60,64 @@ class Restorer {
     }
 
  private:
-    void addClient(const ClientDTO& dto) {
-        const auto client = std::make_shared<Client>(dto.name);
-        client->email = dto.email;
-        client->address = dto.address;
-        client->currencyCode = dto.currencyCode;
-        client->hourlyRateCents = dto.hourlyRateCents;
-        client->dueDays = dto.dueDays;
-        client->taxBasisPoints = dto.taxBasisPoints;
+    /// Gives the fields of `record` the values of `object`; those that the document leaves out and
+    /// a record must have keep what a new one has.
+    static void fill(Record& record, const BackupObject& object) {
+        for (std::size_t i = 0; i < object.values.size(); ++i) {
+            const auto* field = object.shape->keys[i].field;
+            const bool isGiven = !std::holds_alternative<std::monostate>(object.values[i]);
+            if (field && (isGiven || field->optional)) field->assign(record, object.values[i]);
+        }
+    }
+
+    void addClient(const BackupObject& object) {
+        const auto client = std::make_shared<Client>("");
+        fill(*client, object);
         context_.insert(client);
         clients_.push_back(client);
-        clientsByName_.try_emplace(canonical(dto.name), client);
-        for (const auto& project : dto.projects) addProject(project, client);
+        clientsByName_.try_emplace(canonical(client->name.get()), client);
+        for (const auto& project : object.items) addProject(project, client);
     }
 
-    void addProject(const ProjectDTO& dto, const Ref<Client>& client) {
-        const auto project = std::make_shared<Project>(dto.name, client);
-        project->colorHex = dto.colorHex;
-        project->rateOverrideCents = dto.rateOverrideCents;
-        project->isArchived = dto.isArchived;
-        project->budgetHours = dto.budgetHours;
+    void addProject(const BackupObject& object, const Ref<Client>& client) {
+        const auto project = std::make_shared<Project>("", client);
+        fill(*project, object);
         context_.insert(project);
-        projects_.emplace_back(&dto, project);
+        projects_.emplace_back(&object, project);
     }
 
-    void addEntry(const EntryDTO& dto, const Ref<Project>& project) {
-        const auto entry = std::make_shared<TimeEntry>(dto.start, project);
-        entry->end = dto.end.value_or(std::max<Instant>(dto.start + 1s, backup_.exportedAt));
-        entry->notes = dto.notes;
-        entry->billedRateCents = dto.billedRateCents;
-        if (dto.invoiceNumber) link(*entry, *dto.invoiceNumber);
+    void addEntry(const BackupObject& object, const Ref<Project>& project) {
+        const auto entry = std::make_shared<TimeEntry>(Instant{}, project);
+        fill(*entry, object);
+        if (entry->isRunning()) {
+            entry->end = std::max<Instant>(entry->start.get() + 1s, backup_.exportedAt);
+        }
+        const auto* invoiceNumber = std::get_if<std::string>(&object["invoiceNumber"]);
+        if (invoiceNumber) link(*entry, *invoiceNumber);
         context_.insert(entry);
         if (++entries_ % entriesBetweenSpills == 0) context_.flushInserts();
         progress_.advance("Restoring", entries_, entryCount_);
     }
 
-    [[nodiscard]] Ref<Client> findClient(const InvoiceDTO& dto) const {
-        if (dto.clientIndex && static_cast<std::size_t>(*dto.clientIndex) < clients_.size()) {
-            return clients_[static_cast<std::size_t>(*dto.clientIndex)];
+    [[nodiscard]] Ref<Client> findClient(const BackupObject& invoice) const {
+        const auto* index = std::get_if<std::int64_t>(&invoice["clientIndex"]);
+        if (index && static_cast<std::size_t>(*index) < clients_.size()) {
+            return clients_[static_cast<std::size_t>(*index)];
         }
-        const auto found = clientsByName_.find(canonical(dto.client));
+        const auto found = clientsByName_.find(canonical(std::get<std::string>(invoice["client"])));
         return found == clientsByName_.end() ? nullptr : found->second;
     }
 
-    void addInvoice(const InvoiceDTO& dto) {
-        const auto client = findClient(dto);
+    /// Numbers are unique: of two invoices with the same one the later takes the earlier's place.
+    void addInvoice(const BackupObject& object) {
+        const auto client = findClient(object);
         if (!client) return;
-        // Numbers are unique: of two invoices with the same one the later takes the earlier's
-        // place.
-        auto& invoice = invoices_[canonical(dto.number)];
-        if (!invoice) {
-            invoice = std::make_shared<Invoice>(dto.number);
-            context_.insert(invoice);
-        }
+        const auto invoice = std::make_shared<Invoice>("");
+        fill(*invoice, object);
         invoice->client = client;
-        invoice->issueDate = dto.issueDate;
-        invoice->dueDate = dto.dueDate;
-        invoice->periodStart = dto.periodStart;
-        invoice->periodEnd = dto.periodEnd;
-        invoice->statusRaw = dto.status;
-        invoice->paidAt = dto.paidAt;
-        invoice->currencyCode = dto.currencyCode;
-        invoice->notes = dto.notes;
-        invoice->taxRateBasisPoints = dto.taxRateBasisPoints;
-        invoice->roundingMinutes = dto.roundingMinutes;
-        invoice->showsEntryDetails = dto.showsEntryDetails.value_or(true);
-        invoice->businessSnapshot =
-            dto.business ? std::optional(Blob{encodeProfile(*dto.business)}) : std::nullopt;
+        auto& place = invoices_[canonical(invoice->number.get())];
+        if (place) context_.deleteRecord(place);
+        context_.insert(place = invoice);
     }
 
     /// An entry whose invoice is not there becomes plain unbilled time, to be invoiced again.
@@ -149,7 +140,7 @@ class Restorer {
     // By names and numbers in canonical form.
     std::unordered_map<std::string, Ref<Client>> clientsByName_;
     std::unordered_map<std::string, Ref<Invoice>> invoices_;
-    std::vector<std::pair<const ProjectDTO*, Ref<Project>>> projects_;
+    std::vector<std::pair<const BackupObject*, Ref<Project>>> projects_;
     std::size_t entries_ = 0;
     std::size_t entryCount_ = 0;
     std::int64_t unlinkedEntries_ = 0;
@@ -157,7 +148,8 @@ class Restorer {
 
 void refuseNegativeIndexes(const Backup& backup) {
     for (std::size_t i = 0; i < backup.invoices.size(); ++i) {
-        if (backup.invoices[i].clientIndex.value_or(0) < 0) {
+        const auto* index = std::get_if<std::int64_t>(&backup.invoices[i]["clientIndex"]);
+        if (index && *index < 0) {
             throw RestoreError(RestoreError::Code::negativeClientIndex,
                                "invoices[" + std::to_string(i) + "]");
         }

@@ -43,9 +43,7 @@ class SnapshotJob {
     void complete();
 
     /// How many texts of the library were damaged, once all is written.
-    [[nodiscard]] std::size_t repairedTexts() const noexcept {
-        return walk_.counts().repairedTexts + writer_.repairedTexts();
-    }
+    [[nodiscard]] std::size_t repairedTexts() const noexcept { return writer_.repairedTexts(); }
 
     /// Whether the library is still being read, so that a change of it makes the snapshot useless.
     [[nodiscard]] bool isReading() const noexcept { return !check_.valid(); }

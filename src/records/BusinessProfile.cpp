@@ -8,76 +8,63 @@
 #include <rapidjson/writer.h>
 
 #include <cinttypes>
-#include <cmath>
 #include <cstdio>
+#include <limits>
 
-#include "platform/Text.h"
+#include "records/FieldJSON.h"
 
 namespace elmworth {
+
+template <>
+struct FieldTraits<PaperSize> {
+    static constexpr FieldKind kind = FieldKind::paperSize;
+    static Value toValue(PaperSize size) { return std::string(rawValue(size)); }
+    static PaperSize fromValue(const Value& value) {
+        return paperSizeFromRawValue(std::get<std::string>(value)).value_or(PaperSize::letter);
+    }
+};
+
 namespace {
 
 using Json = rapidjson::Value;
-using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
-/// All fields by their JSON keys, in declaration order: a new field is one line here.
-template <typename Profile, typename Visit>
-void forEachField(Profile& profile, Visit visit) {
-    visit("name", profile.name);
-    visit("address", profile.address);
-    visit("taxID", profile.taxID);
-    visit("email", profile.email);
-    visit("paymentInstructions", profile.paymentInstructions);
-    visit("invoicePrefix", profile.invoicePrefix);
-    visit("nextInvoiceNumber", profile.nextInvoiceNumber);
-    visit("paperSize", profile.paperSize);
-    visit("roundingMinutes", profile.roundingMinutes);
-    visit("defaultDueDays", profile.defaultDueDays);
-    visit("defaultTaxBasisPoints", profile.defaultTaxBasisPoints);
-    visit("taxLabel", profile.taxLabel);
-    visit("resetNumberingYearly", profile.resetNumberingYearly);
-    visit("numberingYear", profile.numberingYear);
+template <auto Member>
+constexpr ProfileField field(std::string_view name, std::int64_t highest = 0) {
+    using Traits = FieldTraits<std::decay_t<decltype(BusinessProfile{}.*Member)>>;
+    return {name, Traits::kind,
+            [](const BusinessProfile& profile) { return Traits::toValue(profile.*Member); },
+            [](BusinessProfile& profile, const Value& value) {
+                profile.*Member = Traits::fromValue(value);
+            },
+            highest};
 }
 
-void write(JsonWriter& writer, std::string_view text) {
-    const std::string valid = validUTF8(text);
-    writer.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
-}
-void write(JsonWriter& writer, std::int64_t number) {
-    writer.Int64(number);
-}
-void write(JsonWriter& writer, bool flag) {
-    writer.Bool(flag);
-}
-void write(JsonWriter& writer, PaperSize size) {
-    write(writer, rawValue(size));
-}
+/// All there is to say of a new field.
+constexpr ProfileField fields[] = {
+    field<&BusinessProfile::name>("name"),
+    field<&BusinessProfile::address>("address"),
+    field<&BusinessProfile::taxID>("taxID"),
+    field<&BusinessProfile::email>("email"),
+    field<&BusinessProfile::paymentInstructions>("paymentInstructions"),
+    field<&BusinessProfile::invoicePrefix>("invoicePrefix"),
+    field<&BusinessProfile::nextInvoiceNumber>("nextInvoiceNumber",
+                                               std::numeric_limits<std::int64_t>::max()),
+    field<&BusinessProfile::paperSize>("paperSize"),
+    field<&BusinessProfile::roundingMinutes>("roundingMinutes", 1440),
+    field<&BusinessProfile::defaultDueDays>("defaultDueDays", 120),
+    field<&BusinessProfile::defaultTaxBasisPoints>("defaultTaxBasisPoints", 10000),
+    field<&BusinessProfile::taxLabel>("taxLabel"),
+    field<&BusinessProfile::resetNumberingYearly>("resetNumberingYearly"),
+    field<&BusinessProfile::numberingYear>("numberingYear", 9999),
+};
 
-bool read(const Json& json, std::string& text) {
-    if (!json.IsString()) return false;
-    text.assign(json.GetString(), json.GetStringLength());
-    return !holdsLoneSurrogate(text);
-}
-
-bool read(const Json& json, std::int64_t& number) {
-    const auto whole = json.IsInt64()    ? std::optional(json.GetInt64())
-                       : json.IsDouble() ? wholeNumber(json.GetDouble())
-                                         : std::nullopt;
-    number = whole.value_or(number);
-    return whole.has_value();
-}
-
-bool read(const Json& json, bool& flag) {
-    if (!json.IsBool()) return false;
-    flag = json.GetBool();
-    return true;
-}
-
-bool read(const Json& json, PaperSize& size) {
-    std::string raw;
-    if (!read(json, raw)) return false;
-    const auto known = paperSizeFromRawValue(raw);
-    size = known.value_or(size);
-    return known.has_value();
+JSONScalar scalarOf(const Json& json) {
+    using Kind = JSONScalar::Kind;
+    if (json.IsBool()) return {Kind::boolean, json.GetBool() ? 1 : 0};
+    if (json.IsInt64()) return {Kind::integer, json.GetInt64()};
+    if (json.IsDouble()) return JSONScalar::ofNumber(json.GetDouble());
+    if (json.IsString()) return {Kind::text, 0, {json.GetString(), json.GetStringLength()}};
+    return {json.IsNull() ? Kind::null : Kind::other};
 }
 
 /// Of a key that stands there twice the last value counts. Null when there is none.
@@ -124,14 +111,18 @@ std::string BusinessProfile::formattedInvoiceNumber(std::int64_t year) const {
     return invoicePrefix + "-" + std::to_string(year) + "-" + number;
 }
 
+std::span<const ProfileField> profileFields() {
+    return fields;
+}
+
 std::string encodeProfile(const BusinessProfile& profile) {
     rapidjson::StringBuffer buffer;
-    JsonWriter writer(buffer);
+    rapidjson::Writer writer(buffer);
     writer.StartObject();
-    forEachField(profile, [&](const char* key, const auto& field) {
-        writer.Key(key);
-        write(writer, field);
-    });
+    for (const auto& field : fields) {
+        writeText(writer, field.name);
+        writeValue(writer, field.kind, field.read(profile));
+    }
     writer.EndObject();
     return {buffer.GetString(), buffer.GetSize()};
 }
@@ -140,18 +131,14 @@ std::optional<BusinessProfile> decodeProfile(std::string_view json) {
     rapidjson::Document document;
     if (!parseObject(document, json)) return std::nullopt;
     BusinessProfile profile;
-    bool isValid = true;
-    forEachField(profile, [&](const char* key, auto& field) {
-        const Json* value = valueOf(document, key);
-        if (value != nullptr && !value->IsNull()) isValid = read(*value, field) && isValid;
-    });
-    return isValid ? std::optional(profile) : std::nullopt;
-}
-
-std::optional<std::int64_t> wholeNumber(double number) noexcept {
-    constexpr double largest = 9'007'199'254'740'992;  // 2^53
-    if (!(std::abs(number) <= largest) || number != std::trunc(number)) return std::nullopt;
-    return static_cast<std::int64_t>(number);
+    for (const auto& field : fields) {
+        const Json* given = valueOf(document, field.name);
+        if (given == nullptr || given->IsNull()) continue;
+        const auto value = fieldValue(field.kind, scalarOf(*given));
+        if (!value) return std::nullopt;
+        field.write(profile, *value);
+    }
+    return profile;
 }
 
 }  // namespace elmworth

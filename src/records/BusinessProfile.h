@@ -6,8 +6,11 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+
+#include "store/Value.h"
 
 namespace elmworth {
 
@@ -46,16 +49,23 @@ struct BusinessProfile {
     [[nodiscard]] std::string formattedInvoiceNumber(std::int64_t year) const;
 };
 
+/// One field of the profile: how JSON, the backup document and the command line name it, in the
+/// order of declaration.
+struct ProfileField {
+    std::string_view name;
+    FieldKind kind;
+    Value (*read)(const BusinessProfile&);
+    void (*write)(BusinessProfile&, const Value&);
+    std::int64_t highest;  ///< of a number that people type, which is at least 0
+};
+[[nodiscard]] std::span<const ProfileField> profileFields();
+
 /// The profile as one JSON object, keys in declaration order, in UTF-8.
 [[nodiscard]] std::string encodeProfile(const BusinessProfile& profile);
 
 /// Reads a profile from JSON. A key that is missing or null takes its default. Absent when the text
-/// is no JSON object, a value has the wrong type (integers must fit 64 bits; see also
-/// `wholeNumber`), or the paper size is unknown.
+/// is no JSON object, a value has the wrong type (see
+/// `fieldValue`), or the paper size is unknown.
 [[nodiscard]] std::optional<BusinessProfile> decodeProfile(std::string_view json);
-
-/// The integer that a JSON number with a fraction or an exponent stands for: 6 for 6.0. Absent when
-/// it is not whole, or beyond ±2^53, where not every integer can be told from its neighbours.
-[[nodiscard]] std::optional<std::int64_t> wholeNumber(double number) noexcept;
 
 }  // namespace elmworth

@@ -15,14 +15,17 @@ Client::Client(std::string clientName) {
 
 const RecordSchema& Client::schema() {
     static constexpr FieldDescription fields[] = {
-        attribute<&Client::name>("name"),
+        attribute<&Client::name>("name", {.input = FieldInput::name}),
         attribute<&Client::email>("email"),
         attribute<&Client::address>("address"),
-        attribute<&Client::currencyCode>("currencyCode"),
-        attribute<&Client::hourlyRateCents>("hourlyRateCents"),
-        attribute<&Client::createdAt>("createdAt"),
-        attribute<&Client::dueDays>("dueDays"),
-        attribute<&Client::taxBasisPoints>("taxBasisPoints"),
+        attribute<&Client::currencyCode>("currencyCode",
+                                         {.input = FieldInput::currency, .word = "currency"}),
+        attribute<&Client::hourlyRateCents>("hourlyRateCents",
+                                            {.input = FieldInput::amount, .word = "rate"}),
+        attribute<&Client::createdAt>("createdAt", {.isInternal = true}),
+        attribute<&Client::dueDays>("dueDays", {.input = FieldInput::days, .word = "due-days"}),
+        attribute<&Client::taxBasisPoints>("taxBasisPoints",
+                                           {.input = FieldInput::percent, .word = "tax"}),
     };
     static constexpr ToManyDescription relationships[] = {
         {"projects", &Project::schema, "client", DeleteRule::cascade},

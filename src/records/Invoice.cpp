@@ -44,19 +44,19 @@ BusinessProfile Invoice::resolvedBusiness(const BusinessProfile& fallback) const
 
 const RecordSchema& Invoice::schema() {
     static constexpr FieldDescription fields[] = {
-        attribute<&Invoice::number>("number", FieldRule::unique),
+        attribute<&Invoice::number>("number", {.unique = true}),
         toOne<&Invoice::client>("client"),
         attribute<&Invoice::issueDate>("issueDate"),
         attribute<&Invoice::dueDate>("dueDate"),
         attribute<&Invoice::periodStart>("periodStart"),
         attribute<&Invoice::periodEnd>("periodEnd"),
         attribute<&Invoice::taxRateBasisPoints>("taxRateBasisPoints"),
-        attribute<&Invoice::statusRaw>("statusRaw"),
+        attribute<&Invoice::statusRaw>("statusRaw", {.key = "status"}),
         attribute<&Invoice::roundingMinutes>("roundingMinutes"),
         attribute<&Invoice::notes>("notes"),
         attribute<&Invoice::paidAt>("paidAt"),
-        attribute<&Invoice::showsEntryDetails>("showsEntryDetails"),
-        attribute<&Invoice::businessSnapshot>("businessSnapshot"),
+        attribute<&Invoice::showsEntryDetails>("showsEntryDetails", {.mayBeMissing = true}),
+        attribute<&Invoice::businessSnapshot>("businessSnapshot", {.key = "business"}),
         attribute<&Invoice::currencyCode>("currencyCode"),
     };
     static constexpr ToManyDescription relationships[] = {

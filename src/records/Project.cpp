@@ -38,12 +38,14 @@ std::optional<double> Project::budgetFraction(Instant now) const {
 
 const RecordSchema& Project::schema() {
     static constexpr FieldDescription fields[] = {
-        attribute<&Project::name>("name"),
+        attribute<&Project::name>("name", {.input = FieldInput::name}),
         toOne<&Project::client>("client"),
-        attribute<&Project::rateOverrideCents>("rateOverrideCents"),
-        attribute<&Project::colorHex>("colorHex"),
-        attribute<&Project::isArchived>("isArchived"),
-        attribute<&Project::budgetHours>("budgetHours"),
+        attribute<&Project::rateOverrideCents>("rateOverrideCents",
+                                               {.input = FieldInput::amount, .word = "rate"}),
+        attribute<&Project::colorHex>("colorHex", {.input = FieldInput::color, .word = "color"}),
+        attribute<&Project::isArchived>("isArchived", {.input = FieldInput::none}),
+        attribute<&Project::budgetHours>("budgetHours",
+                                         {.input = FieldInput::hours, .word = "budget"}),
     };
     static constexpr ToManyDescription relationships[] = {
         {"entries", &TimeEntry::schema, "project", DeleteRule::cascade},

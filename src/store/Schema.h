@@ -24,18 +24,38 @@ enum class DeleteRule {
     deny,     ///< the deletion is refused at the save while there are any
 };
 
-enum class FieldRule {
-    none,
-    unique,  ///< no two records of the library have the same value
+/// What people type to set a field, and how it is read, where its kind does not tell.
+enum class FieldInput {
+    byKind,
+    name,      ///< a text on one line, not empty
+    color,     ///< #RRGGBB
+    currency,  ///< ISO 4217
+    amount,    ///< "120.50" for cents
+    percent,   ///< "8.25" for basis points
+    hours,     ///< "37.5", rounded to whole hours
+    days,      ///< a payment term
+    none,      ///< set in another way than by its name and a value
+};
+
+/// What a row says of a field where it is not the usual.
+struct FieldOptions {
+    bool unique = false;        ///< no two records of the library have the same value
+    bool isInternal = false;    ///< neither backup documents nor commands know it
+    bool mayBeMissing = false;  ///< in a backup document, of an older version; else if `optional`
+    std::string_view key = {};  ///< its name in documents and commands, where it is another
+    FieldInput input = FieldInput::byKind;
+    std::string_view word = {};  ///< what people call it on the command line; else the key
 };
 
 /// One stored field of a record type.
-struct FieldDescription {
+struct FieldDescription : FieldOptions {
     std::string_view name;
     StorageClass storage;
-    bool optional;
-    bool unique = false;
+    FieldKind kind;
+    bool optional;  ///< a record may have no value
     Value (*read)(const Record&);
+    /// Sets the field as an assignment does; null for relationships.
+    void (*assign)(Record&, const Value&);
     /// Sets the field behind the context's back: when a row is read, and when changes are rolled
     /// back.
     void (*write)(Record&, Value&&);
@@ -63,7 +83,7 @@ struct IndexDescription {
 };
 
 /// The one declaration of a record type. It drives table, load, save, change tracking, predicates,
-/// sort keys and delete rules.
+/// sort keys, delete rules, the backup document and what commands show and set.
 struct RecordSchema {
     std::string_view name;
     std::size_t ordinal;  ///< its place among the types of the library
@@ -113,23 +133,16 @@ struct MemberPointer<Field Owner::*> {
     using FieldType = Field;
 };
 
-template <class Field>
-struct FieldKind;
-template <class T>
-struct FieldKind<Attribute<T>> {
-    static constexpr StorageClass storage = FieldTraits<T>::storage;
-    static constexpr bool optional = isOptional<T>;
-};
-template <class T>
-struct FieldKind<ToOne<T>> {
-    static constexpr StorageClass storage = StorageClass::identity;
-    static constexpr bool optional = true;
-};
-
 template <auto Member>
 Value readField(const Record& record) {
     using Type = typename MemberPointer<decltype(Member)>::RecordType;
     return FieldAccess::read(static_cast<const Type&>(record).*Member);
+}
+template <auto Member>
+void assignField(Record& record, const Value& value) {
+    using Type = typename MemberPointer<decltype(Member)>::RecordType;
+    using T = typename MemberPointer<decltype(Member)>::FieldType::ValueType;
+    static_cast<Type&>(record).*Member = FieldTraits<T>::fromValue(value);
 }
 template <auto Member>
 void writeField(Record& record, Value&& value) {
@@ -152,13 +165,16 @@ std::shared_ptr<Record> makeRecord(const PersistentID& id) {
 
 /// Declares the member `Member` as a stored attribute.
 template <auto Member>
-constexpr FieldDescription attribute(std::string_view name, FieldRule rule = FieldRule::none) {
-    using Kind = detail::FieldKind<typename detail::MemberPointer<decltype(Member)>::FieldType>;
-    return {name,
-            Kind::storage,
-            Kind::optional,
-            rule == FieldRule::unique,
+constexpr FieldDescription attribute(std::string_view name, FieldOptions options = {}) {
+    using T = typename detail::MemberPointer<decltype(Member)>::FieldType::ValueType;
+    if (options.key.empty()) options.key = name;
+    return {options,
+            name,
+            FieldTraits<T>::storage,
+            FieldTraits<T>::kind,
+            isOptional<T>,
             &detail::readField<Member>,
+            &detail::assignField<Member>,
             &detail::writeField<Member>,
             &detail::placeOfField<Member>};
 }
@@ -167,11 +183,13 @@ constexpr FieldDescription attribute(std::string_view name, FieldRule rule = Fie
 template <auto Member>
 constexpr FieldDescription toOne(std::string_view name) {
     using Field = typename detail::MemberPointer<decltype(Member)>::FieldType;
-    return {name,
+    return {{.key = name},
+            name,
             StorageClass::identity,
+            FieldKind::reference,
             true,
-            false,
             &detail::readField<Member>,
+            nullptr,
             &detail::writeField<Member>,
             &detail::placeOfField<Member>,
             &Field::Target::schema};

@@ -29,6 +29,17 @@ using Value = std::variant<std::monostate, std::int64_t, std::string, Blob, Pers
 /// How a field's type is stored.
 enum class StorageClass { integer, text, blob, identity };
 
+/// What the values of a field are to those who write them down: a document, the command line.
+enum class FieldKind {
+    text,
+    integer,
+    boolean,
+    instant,
+    paperSize,  ///< one of two texts
+    profile,    ///< a business profile, as the bytes of its JSON
+    reference,  ///< another record
+};
+
 /// What a field takes for `value`: of dates only those that a backup can hold, and the nearest of
 /// them for others.
 template <class T>
@@ -48,6 +59,7 @@ struct FieldTraits;
 
 template <>
 struct FieldTraits<std::int64_t> {
+    static constexpr FieldKind kind = FieldKind::integer;
     static constexpr StorageClass storage = StorageClass::integer;
     static Value toValue(std::int64_t value) { return value; }
     static std::int64_t fromValue(const Value& value) { return std::get<std::int64_t>(value); }
@@ -55,6 +67,7 @@ struct FieldTraits<std::int64_t> {
 
 template <>
 struct FieldTraits<bool> {
+    static constexpr FieldKind kind = FieldKind::boolean;
     static constexpr StorageClass storage = StorageClass::integer;
     static Value toValue(bool value) { return std::int64_t{value ? 1 : 0}; }
     static bool fromValue(const Value& value) { return std::get<std::int64_t>(value) != 0; }
@@ -62,6 +75,7 @@ struct FieldTraits<bool> {
 
 template <>
 struct FieldTraits<Instant> {
+    static constexpr FieldKind kind = FieldKind::instant;
     static constexpr StorageClass storage = StorageClass::integer;
     static Value toValue(Instant value) { return std::int64_t{value.time_since_epoch().count()}; }
     static Instant fromValue(const Value& value) {
@@ -71,6 +85,7 @@ struct FieldTraits<Instant> {
 
 template <>
 struct FieldTraits<std::string> {
+    static constexpr FieldKind kind = FieldKind::text;
     static constexpr StorageClass storage = StorageClass::text;
     static Value toValue(const std::string& value) { return value; }
     static std::string fromValue(const Value& value) { return std::get<std::string>(value); }
@@ -78,6 +93,7 @@ struct FieldTraits<std::string> {
 
 template <>
 struct FieldTraits<Blob> {
+    static constexpr FieldKind kind = FieldKind::profile;
     static constexpr StorageClass storage = StorageClass::blob;
     static Value toValue(const Blob& value) { return value; }
     static Blob fromValue(const Value& value) { return std::get<Blob>(value); }
@@ -85,6 +101,7 @@ struct FieldTraits<Blob> {
 
 template <>
 struct FieldTraits<PersistentID> {
+    static constexpr FieldKind kind = FieldKind::reference;
     static constexpr StorageClass storage = StorageClass::identity;
     static Value toValue(const PersistentID& value) { return value; }
     static PersistentID fromValue(const Value& value) { return std::get<PersistentID>(value); }
@@ -92,6 +109,7 @@ struct FieldTraits<PersistentID> {
 
 template <class T>
 struct FieldTraits<std::optional<T>> {
+    static constexpr FieldKind kind = FieldTraits<T>::kind;
     static constexpr StorageClass storage = FieldTraits<T>::storage;
     static Value toValue(const std::optional<T>& value) {
         return value ? FieldTraits<T>::toValue(*value) : Value{};

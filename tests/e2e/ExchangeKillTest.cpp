@@ -19,6 +19,7 @@
 #include "exchange/CSVImporter.h"
 #include "exchange/RandomLibrary.h"
 #include "exchange/Restore.h"
+#include "support/BackupObjects.h"
 #include "support/RawDatabase.h"
 
 namespace elmworth {
@@ -172,14 +173,13 @@ TEST_F(ExchangeKill, leavesAllOfARestoreAndItsProfileOrNothing) {
     {
         TestLibrary library;
         for (unsigned seed = 1; seed <= 20; ++seed) {
-            backup.clients.emplace_back().name = "Client " + std::to_string(seed);
-            auto& project = backup.clients.back().projects.emplace_back();
-            project.name = "Project";
+            auto project = test::projectObject("Project");
             for (int i = 0; i < 300; ++i) {
                 const Instant start = at("2026-03-01T09:00Z") + i * 1h;
-                project.entries.push_back(
-                    {start, start + 30min, "notes", std::nullopt, std::nullopt});
+                project.items.push_back(test::entryObject(start, start + 30min, "notes"));
             }
+            backup.clients.push_back(
+                test::clientObject("Client " + std::to_string(seed), {std::move(project)}));
         }
         restore(backup, library.context());
         const BusinessProfile profile{.name = "Jane", .nextInvoiceNumber = 42};

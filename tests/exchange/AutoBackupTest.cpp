@@ -99,8 +99,8 @@ TEST_F(AutoBackupTest, aSnapshotOfADamagedTextCanBeReadAndIsToldOf) {
     const test::SystemLogCapture log;
     const auto file = run(now);
     ASSERT_TRUE(file);
-    EXPECT_EQ(decodeBackupFile(*file).clients.at(0).projects.at(0).entries.at(0).notes,
-              "no UTF-8: �");
+    EXPECT_EQ(decodeBackupFile(*file).clients.at(0).items.at(0).items.at(0)["notes"],
+              Value("no UTF-8: �"));
     EXPECT_EQ(log.take(), "Elmworth: " + file->string() +
                               ": 1 text of the library held damaged bytes, which stand as � in "
                               "the document.\n");
@@ -211,9 +211,9 @@ class AutoBackupTriggers : public AutoBackupTest {
         }
         library_.context().save();
     }
-    [[nodiscard]] static std::vector<EntryDTO> entriesTaken() {
+    [[nodiscard]] static std::vector<BackupObject> entriesTaken() {
         const auto file = AutoBackup::snapshots(AutoBackup::folder()).at(0).url;
-        return decodeBackupFile(file).clients.at(0).projects.at(0).entries;
+        return decodeBackupFile(file).clients.at(0).items.at(0).items;
     }
     [[nodiscard]] static std::size_t taken() {
         return AutoBackup::snapshots(AutoBackup::folder()).size();
@@ -326,11 +326,11 @@ TEST_F(AutoBackupTriggers, aChangeMeanwhileBeginsItAnewSoThatItShowsOneState) {
         finish();
         const auto found = entriesTaken();
         ASSERT_EQ(found.size(), entries.size() - 1);
-        EXPECT_EQ(found.front().notes, "changed");
+        EXPECT_EQ(found.front()["notes"], Value("changed"));
         EXPECT_EQ(found, BackupExporter::makeBackup(library_.context(), {}, now)
                              .clients.at(0)
-                             .projects.at(0)
-                             .entries);
+                             .items.at(0)
+                             .items);
         entries.front()->notes = "";
         library_.context().save();
         clock_ += 24h;

@@ -10,6 +10,7 @@
 #include "exchange/CSVImporter.h"
 #include "exchange/RandomLibrary.h"
 #include "exchange/Restore.h"
+#include "support/BackupObjects.h"
 #include "support/FaultyVfs.h"
 #include "support/FileSizeLimit.h"
 #include "support/LibraryText.h"
@@ -260,11 +261,12 @@ class LargeExchangeWriteFailure : public testing::TestWithParam<Failure> {
 
 TEST_P(LargeExchangeWriteFailure, leavesNothingOfARestore) {
     Backup backup;
-    backup.clients.emplace_back().name = "Acme";
-    auto& entries = backup.clients.at(0).projects.emplace_back().entries;
+    std::vector<BackupObject> entries;
     for (int i = 0; i < entryCount; ++i) {
-        entries.push_back({start(i), start(i) + 1h, "notes", std::nullopt, std::nullopt});
+        entries.push_back(test::entryObject(start(i), start(i) + 1h, "notes"));
     }
+    backup.clients.push_back(
+        test::clientObject("Acme", {test::projectObject("", std::move(entries))}));
     atSomeOperations([&](UnitOfWork& context) { restore(backup, context); });
 }
 

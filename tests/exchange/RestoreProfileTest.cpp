@@ -7,6 +7,7 @@
 
 #include "exchange/Restore.h"
 #include "platform/AtomicFile.h"
+#include "support/BackupObjects.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
@@ -20,7 +21,7 @@ class RestoreWithProfile : public testing::Test {
     RestoreWithProfile() {
         profiles().setProfile({.name = "Old"});
         backup_.profile.name = "New";
-        backup_.clients.emplace_back().name = "Acme";
+        backup_.clients.push_back(test::clientObject("Acme"));
     }
 
     [[nodiscard]] ProfileStore& profiles() {

@@ -7,6 +7,7 @@
 
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
+#include "support/BackupObjects.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 
@@ -16,28 +17,25 @@ namespace {
 using test::at;
 using test::TestLibrary;
 
-EntryDTO entry(const char* start, std::optional<Instant> end) {
-    return {at(start), end, "", std::nullopt, std::nullopt};
+BackupObject entry(const char* start, std::optional<Instant> end) {
+    return test::entryObject(at(start), end);
 }
 
-InvoiceDTO invoice(const std::string& number, const std::string& client) {
-    InvoiceDTO dto;
-    dto.number = number;
-    dto.client = client;
-    dto.status = "sent";
-    dto.currencyCode = "EUR";
-    return dto;
+BackupObject invoice(const std::string& number, const std::string& client) {
+    return test::object(
+        backupShapes().invoice,
+        {{"number", number}, {"client", client}, {"status", "sent"}, {"currencyCode", "EUR"}});
 }
 
 /// A document with one client of one project that holds `entries`.
-Backup document(std::vector<EntryDTO> entries) {
+Backup document(std::vector<BackupObject> entries) {
     Backup backup;
     backup.exportedAt = at("2026-03-10T12:00Z");
-    ClientDTO client;
-    client.name = "Acme";
-    client.currencyCode = "EUR";
-    client.projects.push_back({"Web", "#FFB400", std::nullopt, false, 40, std::move(entries)});
-    backup.clients.push_back(std::move(client));
+    auto project = test::projectObject("Web", std::move(entries));
+    project["colorHex"] = "#FFB400";
+    project["budgetHours"] = 40;
+    backup.clients.push_back(test::clientObject("Acme", {std::move(project)}));
+    backup.clients.back()["currencyCode"] = "EUR";
     return backup;
 }
 
@@ -119,7 +117,7 @@ TEST(Restore, anEntryThatRanInTheLastSecondOfAllEndsInIt) {
     auto backup = document({entry("9999-12-31T23:59:59Z", std::nullopt)});
     restore(backup, library.context());
     EXPECT_GT(onlyEntry(library)->end.get(), onlyEntry(library)->start.get());
-    backup.clients.at(0).projects.at(0).entries.at(0).end = at("9999-12-31T23:59:59Z");
+    backup.clients.at(0).items.at(0).items.at(0)["end"] = test::valueOf(at("9999-12-31T23:59:59Z"));
     EXPECT_EQ(decodeBackup(BackupExporter::encode(
                   BackupExporter::makeBackup(library.context(), {}, backup.exportedAt))),
               backup);
@@ -139,9 +137,9 @@ TEST(Restore, aPositionChoosesAmongNamesakes) {
     TestLibrary library;
     auto backup = document({});
     backup.clients.push_back(backup.clients.at(0));
-    backup.clients.at(1).email = "second@acme.example";
+    backup.clients.at(1)["email"] = "second@acme.example";
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(0).clientIndex = 1;
+    backup.invoices.at(0)["clientIndex"] = 1;
     restore(backup, library.context());
     EXPECT_EQ(library.context().fetch<Invoice>().at(0)->client->email.get(), "second@acme.example");
 }
@@ -149,8 +147,8 @@ TEST(Restore, aPositionChoosesAmongNamesakes) {
 TEST(Restore, theInvoiceOfAnEntryIsFoundByNumberAloneWhoeverItsClientIs) {
     TestLibrary library;
     auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
-    backup.clients.emplace_back().name = "Globex";
-    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "1";
+    backup.clients.push_back(test::clientObject("Globex"));
+    backup.clients.at(0).items.at(0).items.at(0)["invoiceNumber"] = "1";
     backup.invoices.push_back(invoice("1", "Globex"));
     EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
     EXPECT_EQ(onlyEntry(library)->invoice->client->name.get(), "Globex");
@@ -161,7 +159,7 @@ TEST(Restore, theProfilesOfTheDocumentAndOfItsInvoicesComeBack) {
     auto backup = document({});
     backup.profile.name = "Jane";
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(0).business.emplace().name = "Jane, then";
+    backup.invoices.at(0)["business"] = test::valueOf({.name = "Jane, then"});
     EXPECT_EQ(restore(backup, library.context()).profile.name, "Jane");
     EXPECT_EQ(library.context().fetch<Invoice>().at(0)->resolvedBusiness({}).name, "Jane, then");
 }
@@ -170,7 +168,7 @@ TEST(Restore, anUnknownStatusComesBackAsItStands) {
     TestLibrary library;
     auto backup = document({});
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(0).status = "void";
+    backup.invoices.at(0)["status"] = "void";
     restore(backup, library.context());
     EXPECT_EQ(library.context().fetch<Invoice>().at(0)->statusRaw.get(), "void");
 }
@@ -183,7 +181,7 @@ TEST(Restore, aPositionBeyondTheListFallsBackToTheName) {
     TestLibrary library;
     auto backup = document({});
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(0).clientIndex = 1;
+    backup.invoices.at(0)["clientIndex"] = 1;
     restore(backup, library.context());
     EXPECT_EQ(library.context().fetchCount<Invoice>(), 1U);
 }
@@ -192,7 +190,7 @@ TEST(Restore, aNegativePositionEndsWithAnErrorAndNothingChanged) {
     TestLibrary library;
     auto backup = document({});
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(0).clientIndex = -1;
+    backup.invoices.at(0)["clientIndex"] = -1;
     try {
         restore(backup, library.context());
         FAIL() << "was restored";
@@ -206,10 +204,10 @@ TEST(Restore, aNegativePositionEndsWithAnErrorAndNothingChanged) {
 TEST(Restore, ofTwoInvoicesWithOneNumberTheLaterStays) {
     TestLibrary library;
     auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
-    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "1";
+    backup.clients.at(0).items.at(0).items.at(0)["invoiceNumber"] = "1";
     backup.invoices.push_back(invoice("1", "Acme"));
     backup.invoices.push_back(invoice("1", "Acme"));
-    backup.invoices.at(1).notes = "the later";
+    backup.invoices.at(1)["notes"] = "the later";
     EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
     EXPECT_EQ(onlyEntry(library)->invoice->notes.get(), "the later");
 }
@@ -217,11 +215,11 @@ TEST(Restore, ofTwoInvoicesWithOneNumberTheLaterStays) {
 TEST(Restore, namesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
     TestLibrary library;
     auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
-    backup.clients.at(0).name = "Caf\u00e9";
-    backup.clients.at(0).projects.at(0).entries.at(0).invoiceNumber = "N\u00ba\u00c51";
+    backup.clients.at(0)["name"] = "Caf\u00e9";
+    backup.clients.at(0).items.at(0).items.at(0)["invoiceNumber"] = "N\u00ba\u00c51";
     backup.invoices.push_back(invoice("N\u00baA\u030a1", "Cafe\u0301"));
     backup.invoices.push_back(invoice("N\u00ba\u212b1", "Cafe\u0301"));
-    backup.invoices.at(1).notes = "the later";
+    backup.invoices.at(1)["notes"] = "the later";
     EXPECT_EQ(restore(backup, library.context()).unlinkedEntries, 0);
     EXPECT_EQ(library.context().fetchCount<Invoice>(), 1U);
     EXPECT_EQ(onlyEntry(library)->invoice->notes.get(), "the later");
@@ -230,9 +228,9 @@ TEST(Restore, namesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
 TEST(Restore, anEntryOfAnInvoiceThatWasDroppedComesBackUnbilled) {
     TestLibrary library;
     auto backup = document({entry("2026-03-01T09:00Z", at("2026-03-01T10:00Z"))});
-    auto& billed = backup.clients.at(0).projects.at(0).entries.at(0);
-    billed.invoiceNumber = "1";
-    billed.billedRateCents = 9000;
+    auto& billed = backup.clients.at(0).items.at(0).items.at(0);
+    billed["invoiceNumber"] = "1";
+    billed["billedRateCents"] = 9000;
     backup.invoices.push_back(invoice("1", "Nobody"));
     const auto result = restore(backup, library.context());
     EXPECT_EQ(result.unlinkedEntries, 1);

@@ -6,6 +6,7 @@
 #include "exchange/BackupExporter.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/Restore.h"
+#include "support/BackupObjects.h"
 #include "support/Instants.h"
 #include "support/StoppingProgress.h"
 #include "support/TestLibrary.h"
@@ -54,17 +55,16 @@ void expectEmpty(TestLibrary& library) {
 TEST(StoppedRestore, changesNothingWhereverItStops) {
     Backup backup;
     backup.exportedAt = at("2026-03-01T12:00Z");
-    auto& client = backup.clients.emplace_back();
-    client.name = "Acme";
-    auto& project = client.projects.emplace_back();
-    project.name = "Website";
+    auto project = test::projectObject("Website");
     for (int i = 0; i < manyEntries; ++i) {
         const Instant start = at("2025-03-01T12:00Z") + i * 1h;
-        project.entries.push_back({start, start + 30min, "", "INV-1", 100});
+        project.items.push_back(test::entryObject(start, start + 30min));
+        project.items.back()["invoiceNumber"] = "INV-1";
+        project.items.back()["billedRateCents"] = 100;
     }
-    auto& invoice = backup.invoices.emplace_back();
-    invoice.number = "INV-1";
-    invoice.clientIndex = 0;
+    backup.clients.push_back(test::clientObject("Acme", {std::move(project)}));
+    backup.invoices.push_back(
+        test::object(backupShapes().invoice, {{"number", "INV-1"}, {"clientIndex", 0}}));
 
     TestLibrary library;
     stopAtEachReport([&](Progress& progress) { restore(backup, library.context(), progress); },

@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "exchange/Backup.h"
@@ -30,32 +30,34 @@ struct ReferenceBackup {
         return {value.GetString(), value.GetStringLength()};
     }
 
-    static void take(const Json& value, std::string& target) {
-        target = text(value);
-        if (validUTF8(target) != target) throw Refused{};  // a lone surrogate
-    }
-    static void take(const Json& value, std::int64_t& target) {
-        if (value.IsInt64()) {
-            target = value.GetInt64();
-            return;
+    static Value take(FieldKind kind, const Json& value) {
+        switch (kind) {
+            case FieldKind::integer:
+                return integer(value);
+            case FieldKind::boolean:
+                if (!value.IsBool()) throw Refused{};
+                return std::int64_t{value.GetBool()};
+            case FieldKind::instant:
+                if (const auto instant = parseISO8601(text(value)))
+                    return FieldTraits<Instant>::toValue(*instant);
+                throw Refused{};
+            case FieldKind::paperSize:
+                if (!paperSizeFromRawValue(text(value))) throw Refused{};
+                return std::string(text(value));
+            case FieldKind::profile:
+                return Blob{encodeProfile(profile(value))};
+            default:
+                if (validUTF8(text(value)) != text(value)) throw Refused{};  // a lone surrogate
+                return std::string(text(value));
         }
+    }
+    static std::int64_t integer(const Json& value) {
+        if (value.IsInt64()) return value.GetInt64();
         if (!value.IsDouble()) throw Refused{};
-        target = static_cast<std::int64_t>(std::clamp(value.GetDouble(), -0x1p53, 0x1p53));
-        if (static_cast<double>(target) != value.GetDouble()) throw Refused{};
-    }
-    static void take(const Json& value, bool& target) {
-        if (!value.IsBool()) throw Refused{};
-        target = value.GetBool();
-    }
-    static void take(const Json& value, Instant& target) {
-        const auto instant = parseISO8601(text(value));
-        if (!instant) throw Refused{};
-        target = *instant;
-    }
-    static void take(const Json& value, PaperSize& target) {
-        const auto size = paperSizeFromRawValue(text(value));
-        if (!size) throw Refused{};
-        target = *size;
+        const auto number =
+            static_cast<std::int64_t>(std::clamp(value.GetDouble(), -0x1p53, 0x1p53));
+        if (static_cast<double>(number) != value.GetDouble()) throw Refused{};
+        return number;
     }
 
     /// Of equal keys the last; null for none.
@@ -68,93 +70,26 @@ struct ReferenceBackup {
         return nullptr;
     }
 
-    template <class T>
-    static void required(const Json& object, std::string_view key, T& target) {
-        const Json* value = last(object, key);
-        if (value == nullptr) throw Refused{};
-        take(*value, target);
-    }
-
-    template <class T>
-    static void optional(const Json& object, std::string_view key, T& target) {
-        const Json* value = last(object, key);
-        if (value == nullptr || value->IsNull()) return;
-        if constexpr (requires { target.emplace(); }) {
-            take(*value, target.emplace());
-        } else {
-            take(*value, target);
+    static BackupObject object(const Json& json, const BackupShape& shape) {
+        BackupObject object(shape);
+        for (const auto& key : shape.keys) {
+            const Json* value = last(json, key.name);
+            if (value == nullptr && key.isRequired) throw Refused{};
+            if (value == nullptr || (value->IsNull() && !key.isRequired)) continue;
+            if (!key.items) {
+                object[key.name] = take(key.kind, *value);
+                continue;
+            }
+            if (!value->IsArray()) throw Refused{};
+            for (const auto& item : value->GetArray()) {
+                object.items.push_back(ReferenceBackup::object(item, *key.items));
+            }
         }
+        return object;
     }
 
-    static void take(const Json& json, BusinessProfile& profile) {
-        if (!json.IsObject()) throw Refused{};
-        optional(json, "name", profile.name);
-        optional(json, "address", profile.address);
-        optional(json, "taxID", profile.taxID);
-        optional(json, "email", profile.email);
-        optional(json, "paymentInstructions", profile.paymentInstructions);
-        optional(json, "invoicePrefix", profile.invoicePrefix);
-        optional(json, "nextInvoiceNumber", profile.nextInvoiceNumber);
-        optional(json, "paperSize", profile.paperSize);
-        optional(json, "roundingMinutes", profile.roundingMinutes);
-        optional(json, "defaultDueDays", profile.defaultDueDays);
-        optional(json, "defaultTaxBasisPoints", profile.defaultTaxBasisPoints);
-        optional(json, "taxLabel", profile.taxLabel);
-        optional(json, "resetNumberingYearly", profile.resetNumberingYearly);
-        optional(json, "numberingYear", profile.numberingYear);
-    }
-
-    static void take(const Json& json, EntryDTO& entry) {
-        required(json, "start", entry.start);
-        optional(json, "end", entry.end);
-        required(json, "notes", entry.notes);
-        optional(json, "invoiceNumber", entry.invoiceNumber);
-        optional(json, "billedRateCents", entry.billedRateCents);
-    }
-
-    template <class T>
-    static void takeAll(const Json& object, std::string_view key, std::vector<T>& target) {
-        const Json* list = last(object, key);
-        if (list == nullptr || !list->IsArray()) throw Refused{};
-        for (const auto& item : list->GetArray()) take(item, target.emplace_back());
-    }
-
-    static void take(const Json& json, ProjectDTO& project) {
-        required(json, "name", project.name);
-        required(json, "colorHex", project.colorHex);
-        optional(json, "rateOverrideCents", project.rateOverrideCents);
-        required(json, "isArchived", project.isArchived);
-        optional(json, "budgetHours", project.budgetHours);
-        takeAll(json, "entries", project.entries);
-    }
-
-    static void take(const Json& json, ClientDTO& client) {
-        required(json, "name", client.name);
-        required(json, "email", client.email);
-        required(json, "address", client.address);
-        required(json, "currencyCode", client.currencyCode);
-        required(json, "hourlyRateCents", client.hourlyRateCents);
-        optional(json, "dueDays", client.dueDays);
-        optional(json, "taxBasisPoints", client.taxBasisPoints);
-        takeAll(json, "projects", client.projects);
-    }
-
-    static void take(const Json& json, InvoiceDTO& invoice) {
-        required(json, "number", invoice.number);
-        required(json, "client", invoice.client);
-        required(json, "status", invoice.status);
-        required(json, "currencyCode", invoice.currencyCode);
-        required(json, "notes", invoice.notes);
-        required(json, "issueDate", invoice.issueDate);
-        required(json, "dueDate", invoice.dueDate);
-        required(json, "periodStart", invoice.periodStart);
-        required(json, "periodEnd", invoice.periodEnd);
-        required(json, "taxRateBasisPoints", invoice.taxRateBasisPoints);
-        required(json, "roundingMinutes", invoice.roundingMinutes);
-        optional(json, "paidAt", invoice.paidAt);
-        optional(json, "showsEntryDetails", invoice.showsEntryDetails);
-        optional(json, "business", invoice.business);
-        optional(json, "clientIndex", invoice.clientIndex);
+    static BusinessProfile profile(const Json& json) {
+        return profileOf(object(json, backupShapes().profile));
     }
 };
 
@@ -195,12 +130,15 @@ struct JSONTree {
 inline std::optional<Backup> readBackupByReference(const JSONTree& tree) {
     if (!tree.isValid) return std::nullopt;
     try {
+        auto document = ReferenceBackup::object(tree.document, backupShapes().document);
         Backup backup;
-        ReferenceBackup::required(tree.document, "version", backup.version);
-        ReferenceBackup::required(tree.document, "exportedAt", backup.exportedAt);
-        ReferenceBackup::required(tree.document, "profile", backup.profile);
-        ReferenceBackup::takeAll(tree.document, "clients", backup.clients);
-        ReferenceBackup::takeAll(tree.document, "invoices", backup.invoices);
+        backup.version = std::get<std::int64_t>(document["version"]);
+        backup.exportedAt = FieldTraits<Instant>::fromValue(document["exportedAt"]);
+        backup.profile = *decodeProfile(std::get<Blob>(document["profile"]).bytes);
+        for (auto& item : document.items) {
+            const bool isClient = item.shape == &backupShapes().client;
+            (isClient ? backup.clients : backup.invoices).push_back(std::move(item));
+        }
         return backup;
     } catch (const Refused&) {
         return std::nullopt;
