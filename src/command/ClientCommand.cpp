@@ -3,29 +3,18 @@
 
 #include <array>
 
-#include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/FieldTable.h"
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
-#include "command/TypedValue.h"
 #include "invoicing/UnbilledTime.h"
 #include "platform/MoneyFormat.h"
-#include "tracking/ClientDeletion.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {
 
 namespace {
-
-constexpr std::int64_t longestTerm = 120;
-
-struct ClientSummary {
-    Ref<Client> client;
-    std::int64_t activeProjects = 0;
-    UnbilledTime unbilled;
-};
 
 struct ClientArguments {
     std::string name;
@@ -38,29 +27,6 @@ struct ClientArguments {
     std::string dueDays;
     std::string tax;
 };
-
-using UnbilledByProject = std::unordered_map<PersistentID, UnbilledTime>;
-
-ClientSummary summarize(const Ref<Client>& client, const UnbilledByProject& unbilled) {
-    ClientSummary summary{client, 0, {}};
-    for (const auto& project : client->projects()) {
-        if (!project->isArchived) ++summary.activeProjects;
-        const auto found = unbilled.find(project->id());
-        if (found != unbilled.end()) summary.unbilled += found->second;
-    }
-    return summary;
-}
-
-std::vector<ClientSummary> summaries(UnitOfWork& context) {
-    const auto unbilled = unbilledTimeByProject(context);
-    std::vector<ClientSummary> clients;
-    for (const auto& client : context.fetch(
-             Query<Client>{.sortBy = {sortedBy<&Client::name>(
-                               SortOrder::forward, SortComparison::localizedStandard)}})) {
-        clients.push_back(summarize(client, unbilled));
-    }
-    return clients;
-}
 
 void writeClient(JSONOutput& json, const ClientSummary& summary) {
     const auto& client = *summary.client;
@@ -81,12 +47,12 @@ void writeClient(JSONOutput& json, const ClientSummary& summary) {
 
 void printJSON(const Ref<Client>& client, CommandEnvironment& environment, CommandOutput& output) {
     JSONOutput json;
-    writeClient(json, summarize(client, unbilledTimeByProject(environment.context)));
+    writeClient(json, clientSummary(client, unbilledTimeByProject(environment.context)));
     output.text += json.document();
 }
 
 void list(CommandEnvironment& environment, CommandOutput& output) {
-    const auto clients = summaries(environment.context);
+    const auto clients = allClientSummaries(environment.context);
     if (output.isJSON()) {
         JSONOutput json;
         json.beginArray();
@@ -116,27 +82,28 @@ void list(CommandEnvironment& environment, CommandOutput& output) {
 }
 
 void setDueDays(Client& client, const std::string& value) {
-    client.dueDays =
-        value.empty()
-            ? std::nullopt
-            : std::optional(typedInteger(value, "a payment term in days", 0, longestTerm));
+    client.dueDays = value.empty() ? std::nullopt : std::optional(parseDueDays(value).value());
+}
+
+void setCurrency(Client& client, const std::string& value) {
+    client.currencyCode = parseCurrency(value).value();
 }
 
 constexpr std::array<SettableField<Client>, 9> fields{{
-    {"name", [](Client& client, const std::string& value) { client.name = typedName(value); }},
+    {"name",
+     [](Client& client, const std::string& value) { client.name = parseName(value).value(); }},
     {"email", [](Client& client, const std::string& value) { client.email = value; }},
     {"address", [](Client& client, const std::string& value) { client.address = value; }},
-    {"currency",
-     [](Client& client, const std::string& value) { client.currencyCode = typedCurrency(value); }},
-    {"currencyCode",
-     [](Client& client, const std::string& value) { client.currencyCode = typedCurrency(value); }},
-    {"rate",
-     [](Client& client, const std::string& value) { client.hourlyRateCents = typedAmount(value); }},
+    {"currency", &setCurrency},
+    {"currencyCode", &setCurrency},
+    {"rate", [](Client& client,
+                const std::string& value) { client.hourlyRateCents = parseRate(value).value(); }},
     {"due-days", &setDueDays},
     {"dueDays", &setDueDays},
     {"tax",
      [](Client& client, const std::string& value) {
-         client.taxBasisPoints = value.empty() ? std::nullopt : std::optional(typedPercent(value));
+         client.taxBasisPoints =
+             value.empty() ? std::nullopt : std::optional(parseTaxRate(value).value());
      }},
 }};
 
@@ -146,16 +113,14 @@ void set(Client& client, const std::string& field, const std::string& value) {
 
 void add(const ClientArguments& arguments, CommandEnvironment& environment, CommandOutput& output) {
     // The record joins the library only when every value was read.
-    const auto client = std::make_shared<Client>(typedName(arguments.name));
+    const auto client = std::make_shared<Client>(parseName(arguments.name).value());
     set(*client, "email", arguments.email);
     set(*client, "address", arguments.address);
     if (!arguments.currency.empty()) set(*client, "currency", arguments.currency);
     if (!arguments.rate.empty()) set(*client, "rate", arguments.rate);
     if (!arguments.dueDays.empty()) set(*client, "due-days", arguments.dueDays);
     if (!arguments.tax.empty()) set(*client, "tax", arguments.tax);
-    client->createdAt = environment.now();
-    environment.context.insert(client);
-    environment.context.saveOrRollback();
+    environment.clients().add(client);
     if (!output.isJSON()) return output.line("Added the client “" + client->name.get() + "”.");
     printJSON(client, environment, output);
 }
@@ -163,17 +128,15 @@ void add(const ClientArguments& arguments, CommandEnvironment& environment, Comm
 void change(const ClientArguments& arguments, CommandEnvironment& environment,
             CommandOutput& output) {
     const auto client = findClient(environment.context, arguments.name);
-    set(*client, arguments.field, arguments.value);
-    environment.context.saveOrRollback();
+    environment.clients().edit(
+        client, [&](Client& edited) { set(edited, arguments.field, arguments.value); });
     if (output.isJSON()) printJSON(client, environment, output);
 }
 
 void remove(const std::string& name, CommandEnvironment& environment, CommandOutput& output) {
     const auto client = findClient(environment.context, name);
     const std::string foundName = client->name;
-    if (hasInvoices(*client)) throw CommandError("Delete " + foundName + "'s invoices first.");
-    deleteClient(client, environment.context, environment.timer);
-    environment.context.saveOrRollback();
+    environment.clients().remove(client);
     printDeletion(
         output, true,
         "Deleted the client “" + foundName + "” with its projects and their time entries.");

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "clients/ClientService.h"
+#include "clients/ProjectService.h"
 #include "invoicing/InvoiceRenderModel.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
@@ -47,6 +49,9 @@ struct CommandEnvironment {
     FileAccess namedFiles = FileAccess::ownerOnly();  ///< of the files that the person names
     int standardInput = -1;  ///< a regular file with what was written to the command; -1 for none
     Locale moneyLocale = locale;  ///< of amounts
+
+    [[nodiscard]] ClientService clients() { return {context, history, TimerCalls::of(timer), now}; }
+    [[nodiscard]] ProjectService projects() { return {context, history, TimerCalls::of(timer)}; }
 };
 
 }  // namespace elmworth

@@ -12,7 +12,6 @@
 #include "command/Choice.h"
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
-#include "command/OneLine.h"
 #include "platform/Text.h"
 
 namespace elmworth {

@@ -7,9 +7,9 @@
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
-#include "command/OneLine.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/FileSource.h"
+#include "platform/Text.h"
 #include "platform/TextEncoding.h"
 
 namespace elmworth {

@@ -5,9 +5,9 @@
 #include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "command/TypedValue.h"
 #include "invoicing/InvoiceBuilder.h"
 #include "records/Client.h"
+#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -43,7 +43,7 @@ InvoiceRequest resolve(const InvoiceArguments& arguments, CommandEnvironment& en
     const std::int64_t ownTax =
         client->taxBasisPoints->value_or(environment.profiles.profile().defaultTaxBasisPoints);
     return {client, arguments.period.interval(environment),
-            arguments.tax.empty() ? ownTax : typedPercent(arguments.tax)};
+            arguments.tax.empty() ? ownTax : parseTaxRate(arguments.tax).value()};
 }
 
 InvoiceBuilder makeBuilder(CommandEnvironment& environment) {

@@ -6,8 +6,8 @@
 #include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "command/TypedValue.h"
 #include "invoicing/InvoiceEditing.h"
+#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -41,7 +41,7 @@ void setInvoiceField(const Ref<Invoice>& invoice, const SetArguments& arguments,
     if (arguments.field == "notes") {
         setInvoiceNotes(invoice, arguments.value, environment.context);
     } else if (arguments.field == "showsEntryDetails") {
-        invoice->showsEntryDetails = typedFlag(arguments.value, "showsEntryDetails");
+        invoice->showsEntryDetails = parseFlag(arguments.value, "showsEntryDetails").value();
     } else if (arguments.field == "issueDate" || arguments.field == "dueDate") {
         setDate(invoice, arguments, environment);
     } else {

@@ -9,7 +9,7 @@
 #include "command/FieldTable.h"
 #include "command/JSONOutput.h"
 #include "command/TextTable.h"
-#include "command/TypedValue.h"
+#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -42,7 +42,7 @@ void setText(BusinessProfile& profile, const std::string& value) {
 
 template <auto Member, std::int64_t Highest>
 void setNumber(BusinessProfile& profile, const std::string& value) {
-    profile.*Member = typedInteger(value, "the value", 0, Highest);
+    profile.*Member = parseWholeNumber(value, "the value", 0, Highest).value();
 }
 
 constexpr std::array<ProfileField, 14> texts{{
@@ -83,7 +83,7 @@ constexpr std::array<SettableField<BusinessProfile>, 14> fields{{
     {"taxLabel", &setText<&BusinessProfile::taxLabel>},
     {"resetNumberingYearly",
      [](BusinessProfile& profile, const std::string& value) {
-         profile.resetNumberingYearly = typedFlag(value, "resetNumberingYearly");
+         profile.resetNumberingYearly = parseFlag(value, "resetNumberingYearly").value();
      }},
     {"numberingYear", &setNumber<&BusinessProfile::numberingYear, 9999>},
 }};

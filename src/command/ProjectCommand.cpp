@@ -3,22 +3,18 @@
 
 #include <array>
 
+#include "clients/ProjectSummary.h"
 #include "command/CommandSyntax.h"
 #include "command/FieldTable.h"
 #include "command/JSONOutput.h"
-#include "command/ProjectTimes.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
-#include "command/TypedValue.h"
 #include "platform/MoneyFormat.h"
 #include "tracking/DurationFormat.h"
-#include "tracking/ProjectDeletion.h"
 
 namespace elmworth {
 
 namespace {
-
-constexpr const char* firstColor = "#7C6CFF";
 
 struct ProjectArguments {
     std::string name;
@@ -30,42 +26,6 @@ struct ProjectArguments {
     std::string color;
     bool all = false;
 };
-
-struct ProjectSummary {
-    Ref<Project> project;
-    double trackedSeconds = 0;
-    double unbilledSeconds = 0;
-    std::optional<double> budgetFraction;
-};
-
-ProjectSummary summary(const Ref<Project>& project, const ProjectTimes& times) {
-    const auto found = times.find(project->id());
-    const ProjectTime time = found == times.end() ? ProjectTime{} : found->second;
-    ProjectSummary result{project, time.tracked, time.unbilled, std::nullopt};
-    const auto budget = project->budgetHours.get();
-    if (budget && *budget >= 1) {
-        result.budgetFraction = time.all / (static_cast<double>(*budget) * 3600);
-    }
-    return result;
-}
-
-std::vector<ProjectSummary> summaries(const std::vector<Ref<Project>>& projects,
-                                      CommandEnvironment& environment) {
-    const auto times = projectTimes(environment.context, projects, environment.now());
-    std::vector<ProjectSummary> result;
-    result.reserve(projects.size());
-    for (const auto& project : projects) result.push_back(summary(project, times));
-    return result;
-}
-
-std::vector<ProjectSummary> listed(CommandEnvironment& environment, bool withArchived) {
-    auto projects = environment.context.fetch(
-        Query<Project>{.sortBy = {sortedBy<&Project::name>(SortOrder::forward,
-                                                           SortComparison::localizedStandard)}});
-    std::erase_if(projects,
-                  [&](const auto& project) { return project->isArchived && !withArchived; });
-    return summaries(projects, environment);
-}
 
 void writeProject(JSONOutput& json, const ProjectSummary& summary) {
     const auto& project = *summary.project;
@@ -93,12 +53,12 @@ std::string budgetText(const ProjectSummary& summary) {
 void printJSON(const Ref<Project>& project, CommandEnvironment& environment,
                CommandOutput& output) {
     JSONOutput json;
-    writeProject(json, summaries({project}, environment).front());
+    writeProject(json, projectSummaries(environment.context, {project}, environment.now()).front());
     output.text += json.document();
 }
 
 void list(bool withArchived, CommandEnvironment& environment, CommandOutput& output) {
-    const auto projects = listed(environment, withArchived);
+    const auto projects = allProjectSummaries(environment.context, environment.now(), withArchived);
     if (output.isJSON()) {
         JSONOutput json;
         json.beginArray();
@@ -133,19 +93,22 @@ void list(bool withArchived, CommandEnvironment& environment, CommandOutput& out
     output.text += table.text();
 }
 
+void setColor(Project& project, const std::string& value) {
+    project.colorHex = parseColor(value).value();
+}
+
 constexpr std::array<SettableField<Project>, 5> fields{{
-    {"name", [](Project& project, const std::string& value) { project.name = typedName(value); }},
+    {"name",
+     [](Project& project, const std::string& value) { project.name = parseName(value).value(); }},
     {"rate",
      [](Project& project, const std::string& value) {
          project.rateOverrideCents =
-             value.empty() ? std::nullopt : std::optional(typedAmount(value));
+             value.empty() ? std::nullopt : std::optional(parseRate(value).value());
      }},
-    {"budget",
-     [](Project& project, const std::string& value) { project.budgetHours = typedBudget(value); }},
-    {"color",
-     [](Project& project, const std::string& value) { project.colorHex = typedColor(value); }},
-    {"colorHex",
-     [](Project& project, const std::string& value) { project.colorHex = typedColor(value); }},
+    {"budget", [](Project& project,
+                  const std::string& value) { project.budgetHours = parseBudget(value).value(); }},
+    {"color", &setColor},
+    {"colorHex", &setColor},
 }};
 
 void set(Project& project, const std::string& field, const std::string& value) {
@@ -155,42 +118,32 @@ void set(Project& project, const std::string& field, const std::string& value) {
 void add(const ProjectArguments& arguments, CommandEnvironment& environment,
          CommandOutput& output) {
     const auto project = std::make_shared<Project>(
-        typedName(arguments.name), findClient(environment.context, arguments.client));
-    set(*project, "color", arguments.color.empty() ? firstColor : arguments.color);
+        parseName(arguments.name).value(), findClient(environment.context, arguments.client));
+    set(*project, "color", arguments.color.empty() ? projectColors.front() : arguments.color);
     if (!arguments.rate.empty()) set(*project, "rate", arguments.rate);
     if (!arguments.budget.empty()) set(*project, "budget", arguments.budget);
-    environment.context.insert(project);
-    environment.context.saveOrRollback();
+    environment.projects().add(project);
     if (!output.isJSON()) return output.line("Added the project “" + fullName(*project) + "”.");
     printJSON(project, environment, output);
-}
-
-/// Another client only while no time of the project is on an invoice of the present one.
-void moveToClient(Project& project, const std::string& name, UnitOfWork& context) {
-    if (hasInvoicedTime(project)) {
-        throw CommandError("Projects with invoiced time stay with their client.");
-    }
-    project.client = findClient(context, name);
 }
 
 void change(const ProjectArguments& arguments, CommandEnvironment& environment,
             CommandOutput& output) {
     const auto project = findProject(environment.context, arguments.name, arguments.client);
+    auto projects = environment.projects();
     if (arguments.field == "client") {
-        moveToClient(*project, arguments.value, environment.context);
+        projects.move(project, findClient(environment.context, arguments.value));
     } else {
-        set(*project, arguments.field, arguments.value);
+        projects.edit(project,
+                      [&](Project& edited) { set(edited, arguments.field, arguments.value); });
     }
-    environment.context.saveOrRollback();
-    environment.timer.refresh();
     if (output.isJSON()) printJSON(project, environment, output);
 }
 
 void archive(const ProjectArguments& arguments, bool archived, CommandEnvironment& environment,
              CommandOutput& output) {
     const auto project = findProject(environment.context, arguments.name, arguments.client);
-    project->isArchived = archived;
-    environment.context.saveOrRollback();
+    environment.projects().setArchived(project, archived);
     if (output.isJSON()) printJSON(project, environment, output);
 }
 
@@ -198,8 +151,7 @@ void remove(const ProjectArguments& arguments, CommandEnvironment& environment,
             CommandOutput& output) {
     const auto project = findProject(environment.context, arguments.name, arguments.client);
     const std::string name = fullName(*project);
-    const bool deleted = deleteOrArchiveProject(project, environment.context, environment.timer);
-    environment.context.saveOrRollback();
+    const bool deleted = environment.projects().remove(project);
     printDeletion(output, deleted,
                   deleted ? "Deleted the project “" + name + "” with its time entries."
                           : "“" + name +

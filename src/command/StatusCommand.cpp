@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "command/CommandSyntax.h"
-#include "command/OneLine.h"
 #include "command/RecordLookup.h"
 #include "command/TimerOutput.h"
 #include "exchange/AutoBackup.h"
 #include "platform/DateFormatter.h"
 #include "platform/StandardFolders.h"
+#include "platform/Text.h"
 #include "tracking/DurationFormat.h"
 
 namespace elmworth {

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include "command/OneLine.h"
 #include "platform/Text.h"
 
 namespace elmworth {

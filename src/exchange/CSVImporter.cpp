@@ -4,7 +4,6 @@
 #include "exchange/CSVImporter.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -15,6 +14,7 @@
 #include "platform/Text.h"
 #include "records/Client.h"
 #include "records/Project.h"
+#include "records/ProjectColors.h"
 #include "records/TimeEntry.h"
 
 namespace elmworth {
@@ -35,9 +35,6 @@ using Column = std::optional<std::size_t>;
 
 /// Calendars count the years before this one backwards.
 constexpr Instant yearOne = std::chrono::sys_days{std::chrono::year{1} / 1 / 1};
-
-constexpr std::array palette{"#7C6CFF", "#4AA8FF", "#2EC4B6", "#40D19E", "#FFB400",
-                             "#FF8A4C", "#FF6B8B", "#C06CFF", "#8E8E93"};
 
 /// The names of the columns, trimmed and in lower case.
 class Header {
@@ -227,7 +224,7 @@ class Importer {
         auto& project = projects_[projectKey(clientName, projectName)];
         if (!project) {
             project = std::make_shared<Project>(projectName, client);
-            project->colorHex = palette[newProjects_++ % palette.size()];
+            project->colorHex = projectColors[newProjects_++ % projectColors.size()];
             context_.insert(project);
         }
         return project;

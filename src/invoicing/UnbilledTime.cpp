@@ -3,12 +3,13 @@
 
 #include "invoicing/UnbilledTime.h"
 
+#include "records/Project.h"
 #include "records/TimeEntry.h"
 
 namespace elmworth {
 
-std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(UnitOfWork& context) {
-    std::unordered_map<PersistentID, UnbilledTime> byProject;
+UnbilledByProject unbilledTimeByProject(UnitOfWork& context) {
+    UnbilledByProject byProject;
     // The order leads SQLite to the index that holds just these entries, and not all that ended.
     for (const auto& entry : context.fetch(Query<TimeEntry>{
              .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent,
@@ -21,6 +22,27 @@ std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(UnitOfWork&
             {seconds, InvoiceCalculator::amountCents(seconds, entry->effectiveRateCents())};
     }
     return byProject;
+}
+
+ClientSummary clientSummary(const Ref<Client>& client, const UnbilledByProject& unbilled) {
+    ClientSummary summary{client, 0, {}};
+    for (const auto& project : client->projects()) {
+        if (!project->isArchived) ++summary.activeProjects;
+        const auto found = unbilled.find(project->id());
+        if (found != unbilled.end()) summary.unbilled += found->second;
+    }
+    return summary;
+}
+
+std::vector<ClientSummary> allClientSummaries(UnitOfWork& context) {
+    const auto unbilled = unbilledTimeByProject(context);
+    std::vector<ClientSummary> summaries;
+    for (const auto& client : context.fetch(
+             Query<Client>{.sortBy = {sortedBy<&Client::name>(
+                               SortOrder::forward, SortComparison::localizedStandard)}})) {
+        summaries.push_back(clientSummary(client, unbilled));
+    }
+    return summaries;
 }
 
 }  // namespace elmworth

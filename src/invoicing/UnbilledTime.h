@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <unordered_map>
+#include <vector>
 
 #include "invoicing/InvoiceCalculator.h"
+#include "records/Client.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
@@ -24,8 +26,23 @@ struct UnbilledTime {
     }
 };
 
+using UnbilledByProject = std::unordered_map<PersistentID, UnbilledTime>;
+
 /// The unbilled time of each project that has any, by the project's identity. Throws StoreError.
-[[nodiscard]] std::unordered_map<PersistentID, UnbilledTime> unbilledTimeByProject(
-    UnitOfWork& context);
+[[nodiscard]] UnbilledByProject unbilledTimeByProject(UnitOfWork& context);
+
+/// A client with what its projects, archived ones too, hold to be billed.
+struct ClientSummary {
+    Ref<Client> client;
+    std::int64_t activeProjects = 0;  ///< those that are not archived
+    UnbilledTime unbilled;
+};
+
+/// `unbilled` is that of the whole library.
+[[nodiscard]] ClientSummary clientSummary(const Ref<Client>& client,
+                                          const UnbilledByProject& unbilled);
+
+/// All clients by name. Throws StoreError.
+[[nodiscard]] std::vector<ClientSummary> allClientSummaries(UnitOfWork& context);
 
 }  // namespace elmworth

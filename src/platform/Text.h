@@ -41,6 +41,10 @@ namespace elmworth {
 /// all texts that are canonically equivalent.
 [[nodiscard]] std::string caseFolded(std::string_view text);
 
+/// `text` with a blank for each line break and control character, which would break a sentence or
+/// a table apart, or steer the terminal.
+[[nodiscard]] std::string oneLine(std::string_view text);
+
 /// Whether `text`, which is UTF-8 otherwise, spells a half of a surrogate pair. JSON's escapes can.
 [[nodiscard]] bool holdsLoneSurrogate(std::string_view text);
 

@@ -16,8 +16,8 @@ using test::rowName;
 
 class TimeArguments : public test::CommandTest {
  protected:
-    CommandEnvironment environment_{library_.context(), timer_,  profiles_, [this] { return now_; },
-                                    Locale("en_US"),    berlin_, {}};
+    CommandEnvironment environment_{library_.context(),      history_,        timer_,  profiles_,
+                                    [this] { return now_; }, Locale("en_US"), berlin_, {}};
 };
 
 struct TimeRow {

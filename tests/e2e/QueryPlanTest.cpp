@@ -7,8 +7,6 @@
 #include "support/RawDatabase.h"
 #include "support/StatementTrace.h"
 #include "support/TestTimer.h"
-#include "tracking/ClientDeletion.h"
-#include "tracking/ProjectDeletion.h"
 
 namespace elmworth {
 namespace {

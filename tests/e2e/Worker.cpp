@@ -8,12 +8,12 @@
 #include <exception>
 #include <random>
 
+#include "clients/ClientService.h"
+#include "clients/ProjectService.h"
 #include "e2e/LibraryState.h"
 #include "invoicing/InvoiceBuilder.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
-#include "tracking/ClientDeletion.h"
-#include "tracking/ProjectDeletion.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth::test {
@@ -105,7 +105,9 @@ class Worker {
         context().save();
     }
     void deleteProject() {
-        if (const auto project = any<Project>()) deleteOrArchiveProject(project, context(), timer_);
+        if (const auto project = any<Project>()) {
+            ProjectService(context(), history_, TimerCalls::of(timer_)).remove(project);
+        }
     }
     void deleteClient() {
         const auto client = any<Client>();
@@ -156,6 +158,7 @@ class Worker {
     Calendar calendar_{Locale("en_US"), "UTC"};
     BusinessProfile profile_;
     TimerService timer_;
+    UndoHistory history_{context()};
     LibraryState state_;
 };
 

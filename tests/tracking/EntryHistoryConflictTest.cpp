@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tracking/HistoryTest.h"
-#include "tracking/ProjectDeletion.h"
 
 // What an undo leaves alone, because somebody else changed it.
 
@@ -14,6 +13,12 @@ using test::Rows;
 struct EntryHistoryConflictTest : test::HistoryTest {
     static constexpr auto billedNotice = "1 entry is on an invoice and stays as it is.";
     static constexpr auto changedNotice = "1 entry was changed since and stays as it is.";
+
+    void deleteProject(const Ref<Project>& project) {
+        context().deleteRecord(project);
+        context().save();
+        service().refresh();
+    }
 };
 
 // --- billed ------------------------------------------------------------------------------------
@@ -142,7 +147,7 @@ TEST_F(EntryHistoryConflictTest, SeveralAreToldOfInOneSentenceEach) {
 
 TEST_F(EntryHistoryConflictTest, AnEntryOfADeletedProjectComesBackWithoutOne) {
     remove({first_});
-    deleteOrArchiveProject(website_, context(), service());
+    deleteProject(website_);
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a"}));
     EXPECT_FALSE(context().hasChanges());
@@ -152,7 +157,7 @@ TEST_F(EntryHistoryConflictTest, AnEntryOfADeletedProjectComesBackWithoutOne) {
 
 TEST_F(EntryHistoryConflictTest, AMoveFromADeletedProjectIsTakenBackToNone) {
     move({first_}, app_);
-    deleteOrArchiveProject(website_, context(), service());
+    deleteProject(website_);
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a"}));
 }
@@ -161,7 +166,7 @@ TEST_F(EntryHistoryConflictTest, OlderStepsStillFindAnEntryThatCameBackWithoutIt
     edit(first_, "06:00", "06:30", "typed");
     move({first_}, app_);
     remove({first_});
-    deleteOrArchiveProject(app_, context(), service());
+    deleteProject(app_);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(history().undo().notice(), "") << i;
     EXPECT_EQ(rows()[0], "06:00-06:30 Website a");
 }

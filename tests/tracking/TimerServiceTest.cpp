@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "support/TestTimer.h"
-#include "tracking/ClientDeletion.h"
 
 namespace elmworth {
 namespace {
@@ -277,15 +276,6 @@ TEST_F(TimerServiceTest, stoppingADeletedEntryLeavesItDeleted) {
     service().stop();
     EXPECT_TRUE(timer.spans().empty());
     EXPECT_FALSE(service().running());
-}
-
-TEST_F(TimerServiceTest, deletingTheClientOfTheRunningEntryStopsTheTimer) {
-    service().start(website);
-    timer.setTime("10:00");
-    deleteClient(acme, timer.library.context(), service());
-    EXPECT_FALSE(service().running());
-    EXPECT_TRUE(timer.spans().empty());
-    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 0U);
 }
 
 }  // namespace

@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "clients/ClientForm.h"
+
+#include <functional>
+
+#include "clients/FieldRows.h"
+#include "support/Rows.h"
+
+namespace elmworth {
+namespace {
+
+using test::refusal;
+
+// --- what is typed -----------------------------------------------------------------------------
+
+struct RefusalRow {
+    const char* name;
+    std::function<std::string()> refused;
+    std::string sentence;
+};
+
+class FieldText : public testing::TestWithParam<RefusalRow> {};
+
+TEST_P(FieldText, IsRefusedInOneSentence) {
+    EXPECT_EQ(GetParam().refused(), GetParam().sentence);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Client, FieldText,
+    testing::Values(
+        RefusalRow{"EmptyName", [] { return refusal(parseName(" \t")); },
+                   "The name can't be empty."},
+        RefusalRow{"NameOfTwoLines", [] { return refusal(parseName("Two\nlines")); },
+                   "A name can't hold line breaks or control characters."},
+        RefusalRow{"RateInWords", [] { return refusal(parseRate("ten")); },
+                   "“ten” is no amount. Enter a number like 120 or 120.50."},
+        RefusalRow{"RateAboveTheLimit", [] { return refusal(parseRate("1000000000.01")); },
+                   "“1000000000.01” is no amount. Enter a number like 120 or 120.50."},
+        RefusalRow{"TaxAboveAll", [] { return refusal(parseTaxRate("100.01")); },
+                   "“100.01” is no percentage. Enter a number like 0 or 8.25, at most 100."},
+        RefusalRow{"TermTooLong", [] { return refusal(parseDueDays("121")); },
+                   "“121” does not fit: a payment term in days is a whole number from 0 to 120."},
+        RefusalRow{"TermWithRest", [] { return refusal(parseDueDays("7 days")); },
+                   "“7 days” does not fit: a payment term in days is a whole number from 0 to "
+                   "120."},
+        RefusalRow{"UnknownCurrency", [] { return refusal(parseCurrency("DOLLARS")); },
+                   "“DOLLARS” is no currency. Use an ISO code like USD or EUR."},
+        RefusalRow{"NeitherYesNorNo", [] { return refusal(parseFlag("perhaps", "it")); },
+                   "“perhaps” does not fit: it is true or false."}),
+    test::rowName);
+
+TEST(FieldText, IsReadAsPeopleTypeIt) {
+    EXPECT_EQ(parseName(" Initech\t").value(), "Initech");
+    EXPECT_EQ(parseRate("120,50").value(), 12050);
+    EXPECT_EQ(parseRate("1,200.50").value(), 120050);
+    EXPECT_EQ(parseTaxRate("8,25").value(), 825);
+    EXPECT_EQ(parseTaxRate("").value(), 0);
+    EXPECT_EQ(parseDueDays(" 0 ").value(), 0);
+    EXPECT_EQ(parseCurrency("eur").value(), "EUR");
+    for (const char* yes : {"true", "YES", "on", "1"}) EXPECT_TRUE(parseFlag(yes, "it").value());
+    for (const char* no : {"False", "no", "off", "0"}) EXPECT_FALSE(parseFlag(no, "it").value());
+}
+
+TEST(FieldText, ARateIsComplainedAboutOnceSomethingIsTyped) {
+    EXPECT_EQ(rateProblem(""), "");
+    EXPECT_EQ(rateProblem("120"), "");
+    EXPECT_EQ(rateProblem("."), "Enter a number like 120 or 120.50");
+}
+
+// --- the form ----------------------------------------------------------------------------------
+
+struct SaveRow {
+    const char* name;
+    ClientForm form;
+    bool canSave;
+};
+
+class ClientFormSaving : public testing::TestWithParam<SaveRow> {};
+
+TEST_P(ClientFormSaving, NeedsANameAndNumbersThatCanBeRead) {
+    const auto& [name, form, canSave] = GetParam();
+    EXPECT_EQ(form.canSave(), canSave);
+    Client client("Before");
+    if (canSave) {
+        EXPECT_NO_THROW(form.apply(client));
+    } else {
+        EXPECT_THROW(form.apply(client), Refused);
+        EXPECT_EQ(client.name.get(), "Before");
+        EXPECT_EQ(client.email.get(), "");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ClientFormSaving,
+    testing::Values(SaveRow{"ANameIsEnough", {.name = "Acme"}, true},
+                    SaveRow{"NoName", {.name = " \t", .email = "a@b"}, false},
+                    SaveRow{"NoRate", {.name = "Acme", .email = "a@b", .rateText = ""}, false},
+                    SaveRow{"FreeOfCharge", {.name = "Acme", .rateText = "0"}, true},
+                    SaveRow{"TaxThatCannotBeRead",
+                            {.name = "Acme", .email = "a@b", .hasOwnTerms = true, .taxText = "101"},
+                            false},
+                    SaveRow{"TaxOfTermsThatAreOff", {.name = "Acme", .taxText = "101"}, true},
+                    SaveRow{"EmptyTaxIsNone", {.name = "Acme", .hasOwnTerms = true}, true}),
+    test::rowName);
+
+TEST(ClientForm, WritesNameTrimmedAndTheRestAsTyped) {
+    Client client("Before");
+    const ClientForm form{" Acme ", " a@b ", "1 Road\n", "EUR", "120,50", true, 7, ""};
+    form.apply(client);
+    EXPECT_EQ(client.name.get(), "Acme");
+    EXPECT_EQ(client.email.get(), " a@b ");
+    EXPECT_EQ(client.address.get(), "1 Road\n");
+    EXPECT_EQ(client.currencyCode.get(), "EUR");
+    EXPECT_EQ(client.hourlyRateCents.get(), 12050);
+    EXPECT_EQ(client.dueDays.get(), 7);
+    EXPECT_EQ(client.taxBasisPoints.get(), 0) << "reverse charge, not the business default";
+}
+
+TEST(ClientForm, WithoutTermsOfItsOwnTheBusinessDefaultsHold) {
+    Client client("Acme");
+    client.dueDays = 7;
+    client.taxBasisPoints = 1900;
+    BusinessProfile profile;
+    profile.defaultTaxBasisPoints = 825;
+    profile.defaultDueDays = 30;
+    auto form = ClientForm::of(client, profile);
+    EXPECT_TRUE(form.hasOwnTerms);
+    EXPECT_EQ(form.taxText, "19");
+    form.hasOwnTerms = false;
+    form.apply(client);
+    EXPECT_FALSE(client.dueDays.get());
+    EXPECT_FALSE(client.taxBasisPoints.get());
+    form = ClientForm::of(client, profile);
+    EXPECT_FALSE(form.hasOwnTerms);
+    EXPECT_EQ(form.dueDays, 30);
+    EXPECT_EQ(form.taxText, "8.25");
+    EXPECT_EQ(form.rateText, "100");
+}
+
+TEST(ClientForm, OneOwnTermIsEnoughToHaveTerms) {
+    Client client("Acme");
+    client.taxBasisPoints = 0;
+    EXPECT_TRUE(ClientForm::of(client, {}).hasOwnTerms);
+    EXPECT_EQ(ClientForm::of(client, {}).dueDays, 14);
+}
+
+}  // namespace
+}  // namespace elmworth

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "clients/ProjectService.h"
+
+#include <gtest/gtest.h>
+
+#include "support/FileSizeLimit.h"
+#include "support/Instants.h"
+#include "support/TestLibrary.h"
+#include "tracking/TimerService.h"
+
+namespace elmworth {
+namespace {
+
+using namespace std::chrono_literals;
+using test::at;
+
+class ProjectServiceTest : public testing::Test {
+ protected:
+    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
+
+    Instant now_ = at("2026-03-02T12:00Z");
+    test::TestLibrary library_;
+    Ref<Client> client_ = library_.addClient("Acme");
+    Ref<Project> website_ = library_.addProject("Website", client_);
+    Ref<TimeEntry> first_ = library_.addEntry(website_, now_ - 2h, now_ - 1h);
+    Ref<TimeEntry> second_ = library_.addEntry(website_, now_ - 4h, now_ - 3h);
+    TimerService timer_{context(), [this] { return now_; }, library_.runLoop,
+                        [] { return Calendar(Locale("en_US"), "UTC"); }};
+    UndoHistory history_{context()};
+    ProjectService projects_{context(), history_, TimerCalls::of(timer_)};
+};
+
+TEST_F(ProjectServiceTest, OneBilledEntryMakesInvoicedTime) {
+    EXPECT_FALSE(hasInvoicedTime(*website_));
+    first_->invoice = library_.addInvoice("A", client_);
+    EXPECT_TRUE(hasInvoicedTime(*website_));
+    EXPECT_FALSE(hasInvoicedTime(*library_.addProject("App", client_)));
+    context().save();
+    EXPECT_TRUE(hasInvoicedTime(*website_));
+}
+
+TEST_F(ProjectServiceTest, AProjectThatIsInNoLibraryHasNoInvoicedTime) {
+    EXPECT_FALSE(hasInvoicedTime(Project("Loose", nullptr)));
+}
+
+TEST_F(ProjectServiceTest, WithoutInvoicedTimeEverythingGoes) {
+    context().save();
+    EXPECT_TRUE(projects_.remove(website_));
+    library_.reopen();
+    EXPECT_EQ(context().fetchCount<Project>(), 0U);
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
+    EXPECT_EQ(context().fetchCount<Client>(), 1U);
+}
+
+TEST_F(ProjectServiceTest, WithInvoicedTimeItIsArchivedAndNoEntryIsTouched) {
+    first_->invoice = library_.addInvoice("A", client_);
+    EXPECT_FALSE(projects_.remove(website_));
+    library_.reopen();
+    ASSERT_EQ(context().fetchCount<Project>(), 1U);
+    EXPECT_TRUE(context().fetch<Project>()[0]->isArchived);
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
+}
+
+TEST_F(ProjectServiceTest, TheTimerForgetsTheEntryThatWentWithIt) {
+    timer_.start(website_);
+    projects_.remove(website_);
+    EXPECT_FALSE(timer_.running());
+    EXPECT_EQ(timer_.elapsedText(), "");
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
+}
+
+TEST_F(ProjectServiceTest, ArchivingLeavesTheTimerRunning) {
+    first_->invoice = library_.addInvoice("A", client_);
+    timer_.start(website_);
+    projects_.remove(website_);
+    EXPECT_TRUE(timer_.running());
+}
+
+TEST_F(ProjectServiceTest, ADeletionThatCannotBeSavedLeavesTheTimerRunning) {
+    timer_.start(website_);
+    const test::FileSizeLimit fullDisk(0);
+    EXPECT_THROW(projects_.remove(website_), StoreError);
+    EXPECT_FALSE(website_->isDeleted());
+    EXPECT_TRUE(timer_.running());
+}
+
+// --- adding, editing, moving -------------------------------------------------------------------
+
+TEST_F(ProjectServiceTest, AFormMakesAProject) {
+    const auto project = projects_.add(ProjectForm{.name = " App ", .client = client_});
+    library_.reopen();
+    const auto stored = context().record<Project>(project->id());
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->name.get(), "App");
+}
+
+TEST_F(ProjectServiceTest, AProjectMovesToAnotherClient) {
+    const auto other = library_.addClient("Globex");
+    projects_.move(website_, other);
+    EXPECT_EQ(website_->client.get(), other);
+    auto form = ProjectForm::of(*website_);
+    form.client = client_;
+    projects_.edit(website_, form);
+    EXPECT_EQ(website_->client.get(), client_);
+    EXPECT_FALSE(context().hasChanges());
+}
+
+TEST_F(ProjectServiceTest, InvoicedTimeKeepsAProjectWithItsClientWhateverElseIsEdited) {
+    first_->invoice = library_.addInvoice("A", client_);
+    const auto other = library_.addClient("Globex");
+    context().save();
+    auto form = ProjectForm::of(*website_);
+    form.name = "Site";
+    projects_.edit(website_, form);
+    EXPECT_EQ(website_->name.get(), "Site");
+    form.client = other;
+    EXPECT_THROW(projects_.edit(website_, form), Refused);
+    try {
+        projects_.move(website_, other);
+        FAIL();
+    } catch (const Refused& why) {
+        EXPECT_STREQ(why.what(), "Projects with invoiced time stay with their client.");
+    }
+    EXPECT_EQ(website_->client.get(), client_);
+}
+
+TEST_F(ProjectServiceTest, ArchivingIsSavedBothWays) {
+    for (const bool isArchived : {true, false}) {
+        projects_.setArchived(website_, isArchived);
+        EXPECT_EQ(website_->isArchived.get(), isArchived);
+        EXPECT_FALSE(context().hasChanges());
+    }
+}
+
+}  // namespace
+}  // namespace elmworth
