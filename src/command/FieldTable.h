@@ -12,6 +12,12 @@
 
 namespace elmworth {
 
+/// What to throw where `set` is given a name that no field has; `names` are those there are.
+inline CommandError noSuchField(const std::string& name, const std::string& names) {
+    return CommandError("There is no field “" + name + "”. The fields are " + names + ".",
+                        CommandError::Kind::usage);
+}
+
 /// A field that `set NAME FIELD VALUE` can change on a `Target`.
 template <class Target>
 struct SettableField {
@@ -28,8 +34,7 @@ void setField(std::span<const SettableField<Target>> fields, Target& target,
         if (field.name == name) return field.set(target, value);
         names += (names.empty() ? "" : ", ") + std::string(field.name);
     }
-    throw CommandError("There is no field “" + name + "”. The fields are " + names + ".",
-                       CommandError::Kind::usage);
+    throw noSuchField(name, names);
 }
 
 }  // namespace elmworth

@@ -14,7 +14,7 @@
 
 #include "command/CommandSyntax.h"
 #include "platform/ISO8601.h"
-#include "platform/Text.h"
+#include "records/FieldJSON.h"
 
 namespace elmworth {
 
@@ -33,10 +33,7 @@ class JSONOutput {
     }
 
     /// What was typed in another encoding must not spoil the document.
-    void value(std::string_view text) {
-        const std::string valid = validUTF8(text);
-        writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
-    }
+    void value(std::string_view text) { writeText(writer_, text); }
     void value(const std::string& text) { value(std::string_view(text)); }
     void value(const char* text) { value(std::string_view(text)); }
     void value(std::int64_t number) { writer_.Int64(number); }
@@ -60,6 +57,13 @@ class JSONOutput {
     template <class T>
     void field(std::string_view name, const std::optional<T>& content) {
         if (content) field(name, *content);
+    }
+
+    /// The value of a record's or the profile's field of `kind`, which is a scalar.
+    void field(std::string_view name, FieldKind kind, const Value& content) {
+        if (std::holds_alternative<std::monostate>(content)) return;
+        key(name);
+        writeValue(writer_, kind, content);
     }
 
     /// The finished document with a line break.

@@ -1,9 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <array>
-#include <limits>
-
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/FieldTable.h"
@@ -15,104 +12,53 @@ namespace elmworth {
 
 namespace {
 
-constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
-
-struct ProfileField {
-    std::string_view name;
-    std::string (*text)(const BusinessProfile&);
-};
-
-template <auto Member>
-std::string textOf(const BusinessProfile& profile) {
-    using T = std::decay_t<decltype(profile.*Member)>;
-    if constexpr (std::is_same_v<T, std::string>)
-        return profile.*Member;
-    else if constexpr (std::is_same_v<T, bool>)
-        return profile.*Member ? "true" : "false";
-    else if constexpr (std::is_same_v<T, PaperSize>)
-        return std::string(rawValue(profile.*Member));
-    else
-        return std::to_string(profile.*Member);
+std::string textOf(const ProfileField& field, const BusinessProfile& profile) {
+    const Value value = field.read(profile);
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    const auto number = std::get<std::int64_t>(value);
+    if (field.kind == FieldKind::boolean) return number != 0 ? "true" : "false";
+    return std::to_string(number);
 }
 
-template <auto Member>
-void setText(BusinessProfile& profile, const std::string& value) {
-    profile.*Member = value;
+const ProfileField& fieldOf(const std::string& name) {
+    std::string names;
+    for (const auto& field : profileFields()) {
+        if (field.name == name) return field;
+        names += (names.empty() ? "" : ", ") + std::string(field.name);
+    }
+    throw noSuchField(name, names);
 }
 
-template <auto Member, std::int64_t Highest>
-void setNumber(BusinessProfile& profile, const std::string& value) {
-    profile.*Member = parseWholeNumber(value, "the value", 0, Highest).value();
+Value parseField(const ProfileField& field, const std::string& text) {
+    switch (field.kind) {
+        case FieldKind::integer:
+            return parseWholeNumber(text, "the value", 0, field.highest).value();
+        case FieldKind::boolean:
+            return std::int64_t{parseFlag(text, std::string(field.name)).value()};
+        case FieldKind::paperSize:
+            if (paperSizeFromRawValue(text)) return text;
+            throw CommandError("“" + text + "” is no paper size. Choose letter or a4.");
+        default:
+            return text;
+    }
 }
-
-constexpr std::array<ProfileField, 14> texts{{
-    {"name", &textOf<&BusinessProfile::name>},
-    {"address", &textOf<&BusinessProfile::address>},
-    {"taxID", &textOf<&BusinessProfile::taxID>},
-    {"email", &textOf<&BusinessProfile::email>},
-    {"paymentInstructions", &textOf<&BusinessProfile::paymentInstructions>},
-    {"invoicePrefix", &textOf<&BusinessProfile::invoicePrefix>},
-    {"nextInvoiceNumber", &textOf<&BusinessProfile::nextInvoiceNumber>},
-    {"paperSize", &textOf<&BusinessProfile::paperSize>},
-    {"roundingMinutes", &textOf<&BusinessProfile::roundingMinutes>},
-    {"defaultDueDays", &textOf<&BusinessProfile::defaultDueDays>},
-    {"defaultTaxBasisPoints", &textOf<&BusinessProfile::defaultTaxBasisPoints>},
-    {"taxLabel", &textOf<&BusinessProfile::taxLabel>},
-    {"resetNumberingYearly", &textOf<&BusinessProfile::resetNumberingYearly>},
-    {"numberingYear", &textOf<&BusinessProfile::numberingYear>},
-}};
-
-void setPaperSize(BusinessProfile& profile, const std::string& value) {
-    const auto size = paperSizeFromRawValue(value);
-    if (!size) throw CommandError("“" + value + "” is no paper size. Choose letter or a4.");
-    profile.paperSize = *size;
-}
-
-constexpr std::array<SettableField<BusinessProfile>, 14> fields{{
-    {"name", &setText<&BusinessProfile::name>},
-    {"address", &setText<&BusinessProfile::address>},
-    {"taxID", &setText<&BusinessProfile::taxID>},
-    {"email", &setText<&BusinessProfile::email>},
-    {"paymentInstructions", &setText<&BusinessProfile::paymentInstructions>},
-    {"invoicePrefix", &setText<&BusinessProfile::invoicePrefix>},
-    {"nextInvoiceNumber", &setNumber<&BusinessProfile::nextInvoiceNumber, largest>},
-    {"paperSize", &setPaperSize},
-    {"roundingMinutes", &setNumber<&BusinessProfile::roundingMinutes, 1440>},
-    {"defaultDueDays", &setNumber<&BusinessProfile::defaultDueDays, 120>},
-    {"defaultTaxBasisPoints", &setNumber<&BusinessProfile::defaultTaxBasisPoints, 10000>},
-    {"taxLabel", &setText<&BusinessProfile::taxLabel>},
-    {"resetNumberingYearly",
-     [](BusinessProfile& profile, const std::string& value) {
-         profile.resetNumberingYearly = parseFlag(value, "resetNumberingYearly").value();
-     }},
-    {"numberingYear", &setNumber<&BusinessProfile::numberingYear, 9999>},
-}};
 
 void show(CommandEnvironment& environment, CommandOutput& output) {
     const auto& profile = environment.profiles.profile();
     if (output.isJSON()) {
         JSONOutput json;
         json.beginObject();
-        json.field("name", profile.name);
-        json.field("address", profile.address);
-        json.field("taxID", profile.taxID);
-        json.field("email", profile.email);
-        json.field("paymentInstructions", profile.paymentInstructions);
-        json.field("invoicePrefix", profile.invoicePrefix);
-        json.field("nextInvoiceNumber", profile.nextInvoiceNumber);
-        json.field("paperSize", rawValue(profile.paperSize));
-        json.field("roundingMinutes", profile.roundingMinutes);
-        json.field("defaultDueDays", profile.defaultDueDays);
-        json.field("defaultTaxBasisPoints", profile.defaultTaxBasisPoints);
-        json.field("taxLabel", profile.taxLabel);
-        json.field("resetNumberingYearly", profile.resetNumberingYearly);
-        json.field("numberingYear", profile.numberingYear);
+        for (const auto& field : profileFields()) {
+            json.field(field.name, field.kind, field.read(profile));
+        }
         json.endObject();
         output.text += json.document();
         return;
     }
     TextTable table({{"FIELD"}, {"VALUE"}});
-    for (const auto& field : texts) table.add({std::string(field.name), field.text(profile)});
+    for (const auto& field : profileFields()) {
+        table.add({std::string(field.name), textOf(field, profile)});
+    }
     output.text += table.text();
 }
 
@@ -120,7 +66,8 @@ void set(const std::string& field, const std::string& value, CommandEnvironment&
          CommandOutput& output) {
     const auto old = environment.profiles.profile();
     auto profile = old;
-    setField<BusinessProfile>(fields, profile, field, value);
+    const auto& row = fieldOf(field);
+    row.write(profile, parseField(row, value));
     if (field == "nextInvoiceNumber") {
         // A number set by hand stands: the yearly restart must not undo it before the next year.
         profile.nextInvoiceNumber = std::max<std::int64_t>(profile.nextInvoiceNumber, 1);
