@@ -7,10 +7,8 @@
 
 namespace elmworth {
 
-/// The version of the schema, as stored in a library: 1.1.0.
-inline constexpr int librarySchemaVersion = 1'01'00;
-
-/// What a library of this program consists of.
+/// What a library of this program consists of. Its version is that of the last step: 1'01'00 is
+/// 1.1.0.
 [[nodiscard]] const LibraryModel& librarySchema();
 
 }  // namespace elmworth

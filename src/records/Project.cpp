@@ -40,9 +40,9 @@ const RecordSchema& Project::schema() {
     static constexpr FieldDescription fields[] = {
         attribute<&Project::name>("name", {.input = FieldInput::name}),
         toOne<&Project::client>("client"),
+        attribute<&Project::colorHex>("colorHex", {.input = FieldInput::color, .word = "color"}),
         attribute<&Project::rateOverrideCents>("rateOverrideCents",
                                                {.input = FieldInput::amount, .word = "rate"}),
-        attribute<&Project::colorHex>("colorHex", {.input = FieldInput::color, .word = "color"}),
         attribute<&Project::isArchived>("isArchived", {.input = FieldInput::none}),
         attribute<&Project::budgetHours>("budgetHours",
                                          {.input = FieldInput::hours, .word = "budget"}),

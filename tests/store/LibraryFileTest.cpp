@@ -113,7 +113,8 @@ TEST_F(LibraryFile, isSoundAndCarriesItsVersion) {
     makeLibrary();
     RawDatabase raw(file());
     EXPECT_TRUE(raw.faults().empty());
-    EXPECT_EQ(raw.rows("PRAGMA user_version"), std::vector{std::to_string(librarySchemaVersion)});
+    EXPECT_EQ(raw.rows("PRAGMA user_version"),
+              std::vector{std::to_string(librarySchema().version)});
     EXPECT_EQ(raw.rows("PRAGMA journal_mode"), std::vector<std::string>{"wal"});
 }
 
@@ -231,8 +232,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"textFile", [] { return std::string("Dear diary,\n").append(5000, '.'); }, foreign},
         Refusal{"shortHeader", [] { return std::string("SQLite format 3\0", 16); }, foreign},
         Refusal{"otherDatabase", &otherDatabase, foreign},
-        Refusal{"newerVersion", [] { return libraryOfVersion(librarySchemaVersion + 1); },
-                " has version 1.1.1, which needs a newer Elmworth than this one."},
+        Refusal{"newerVersion", [] { return libraryOfVersion(2'00'00); },
+                " has version 2.0.0, which needs a newer Elmworth than this one."},
         Refusal{"negativeVersion", [] { return libraryOfVersion(-10000); },
                 " has version 429495.72.96, which needs a newer Elmworth than this one."},
         Refusal{"noVersion", [] { return libraryOfVersion(0); },

@@ -28,26 +28,29 @@ using test::RawDatabase;
 using test::TestLibrary;
 using Lines = std::vector<std::string>;
 
-constexpr int oldest = librarySchemaVersion;
-constexpr int middle = oldest + 100;
-constexpr int newest = oldest + 10000;
+const int oldest = librarySchema().version;
+const int middle = oldest + 100;
+const int newest = oldest + 10000;
 
 /// Makes the table of projects anew, as a change of a column's kind does.
 void renewProjects(Database& database) {
-    database.execute(
-        "CREATE TABLE renewed(id BLOB PRIMARY KEY NOT NULL, name TEXT NOT NULL,"
-        "  client BLOB REFERENCES Client(id) ON DELETE CASCADE DEFERRABLE INITIALLY DEFERRED,"
-        "  rateOverrideCents INTEGER, colorHex TEXT NOT NULL, isArchived INTEGER NOT NULL,"
-        "  budgetHours INTEGER, code TEXT NOT NULL) STRICT, WITHOUT ROWID;"
-        "INSERT INTO renewed SELECT *, 'P-' || name FROM Project;"
-        "DROP TABLE Project;"
-        "ALTER TABLE renewed RENAME TO Project;"
-        "CREATE INDEX ProjectByClient ON Project(client)");
+    sqlite::Statement stored(database.handle(),
+                             "SELECT sql FROM sqlite_schema WHERE name = 'Project'");
+    stored.step();
+    std::string table(stored.text(0));
+    stored.reset();
+    table.replace(0, table.find('('), "CREATE TABLE renewed");
+    table.insert(table.rfind(')'), ", stamp TEXT NOT NULL");
+    database.execute(table +
+                     ";INSERT INTO renewed SELECT *, 'P-' || name FROM Project;"
+                     "DROP TABLE Project;"
+                     "ALTER TABLE renewed RENAME TO Project;"
+                     "CREATE INDEX ProjectByClient ON Project(client)");
 }
 
 const MigrationStep twoSteps[] = {
-    {oldest, middle, "ALTER TABLE Client ADD COLUMN code TEXT NOT NULL DEFAULT 'C'"},
-    {middle, newest, "UPDATE Client SET code = code || '-' || name", &renewProjects},
+    {oldest, middle, "ALTER TABLE Client ADD COLUMN stamp TEXT NOT NULL DEFAULT 'C'"},
+    {middle, newest, "UPDATE Client SET stamp = stamp || '-' || name", &renewProjects},
 };
 const LibraryModel afterTwoSteps{librarySchema().types, newest, twoSteps};
 
@@ -106,16 +109,16 @@ class Migration : public testing::Test {
                            "  JOIN TimeEntry ON TimeEntry.project = Project.id"
                            "  WHERE Project.name = Client.name AND length(address) = 500"),
                   all);
-        const bool hasClientCode = raw.run("SELECT Client.code FROM Client") == SQLITE_OK;
-        const bool hasProjectCode = raw.run("SELECT Project.code FROM Project") == SQLITE_OK;
-        EXPECT_EQ(hasClientCode, version >= middle);
-        EXPECT_EQ(hasProjectCode, version >= newest);
+        const bool hasClientStamp = raw.run("SELECT Client.stamp FROM Client") == SQLITE_OK;
+        const bool hasProjectStamp = raw.run("SELECT Project.stamp FROM Project") == SQLITE_OK;
+        EXPECT_EQ(hasClientStamp, version >= middle);
+        EXPECT_EQ(hasProjectStamp, version >= newest);
         if (version == middle) {
-            EXPECT_EQ(raw.rows("SELECT count(*) FROM Client WHERE code = 'C'"), all);
+            EXPECT_EQ(raw.rows("SELECT count(*) FROM Client WHERE stamp = 'C'"), all);
         }
         if (version == newest) {
-            EXPECT_EQ(raw.rows("SELECT count(*) FROM Client WHERE code = 'C-' || name"), all);
-            EXPECT_EQ(raw.rows("SELECT count(*) FROM Project WHERE code = 'P-' || name"), all);
+            EXPECT_EQ(raw.rows("SELECT count(*) FROM Client WHERE stamp = 'C-' || name"), all);
+            EXPECT_EQ(raw.rows("SELECT count(*) FROM Project WHERE stamp = 'P-' || name"), all);
         }
     }
 

@@ -159,7 +159,7 @@ TEST(LibraryOfVersionOne, hasTheTablesAndIndexesOfANewOneOnceItWasOpened) {
     EXPECT_EQ(tablesOf(old.file()), tablesOf(fresh.file()));
     EXPECT_EQ(RawDatabase(old.file()).faults(), std::vector<std::string>{});
     EXPECT_EQ(RawDatabase(old.file()).rows("PRAGMA user_version"),
-              std::vector{std::to_string(librarySchemaVersion)});
+              std::vector{std::to_string(librarySchema().version)});
 }
 
 TEST(LibraryOfVersionOne, canBeWrittenOnceItWasOpened) {
