@@ -79,11 +79,18 @@ class TimesheetWindow {
         copyLibrary(entryCount, friday(), folder_.path());
         container_ =
             std::make_unique<Library>(LibraryOptions{folder_.path() / "library.sqlite"}, loop_);
+        history_ = std::make_unique<UndoHistory>(container_->mainContext());
         timer_ = std::make_unique<TimerService>(container_->mainContext(), clock(), loop_,
                                                 &libraryCalendar);
         timer_->restore();
-        model_ = std::make_unique<TimesheetModel>(AppServices{
-            container_->mainContext(), *timer_, defaults_, loop_, clock(), &libraryCalendar});
+        model_ = std::make_unique<TimesheetModel>(AppServices{.context = container_->mainContext(),
+                                                              .history = *history_,
+                                                              .timer = *timer_,
+                                                              .defaults = defaults_,
+                                                              .profiles = profiles_,
+                                                              .runLoop = loop_,
+                                                              .now = clock(),
+                                                              .calendar = &libraryCalendar});
         QQmlComponent component(&engine_);
         component.setData(source, QUrl());
         window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
@@ -139,7 +146,9 @@ class TimesheetWindow {
     test::TemporaryFolder folder_;
     TurningLoop loop_;
     Settings defaults_{folder_.path() / "defaults.ini"};
+    ProfileStore profiles_{defaults_};
     std::unique_ptr<Library> container_;
+    std::unique_ptr<UndoHistory> history_;
     std::unique_ptr<TimerService> timer_;
     std::unique_ptr<TimesheetModel> model_;
     QQmlEngine engine_;

@@ -4,15 +4,20 @@
 #pragma once
 
 #include "app/LibraryServices.h"
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 
 namespace elmworth {
 
 /// What the models of screens work on, which lives in `services`.
 [[nodiscard]] inline AppServices screenServices(LibraryServices& services, RunLoop& runLoop) {
-    return {services.context(),  services.timer(),
-            services.defaults(), runLoop,
-            services.clock(),    [] { return Calendar::current(); }};
+    return {.context = services.context(),
+            .history = services.history(),
+            .timer = services.timer(),
+            .defaults = services.defaults(),
+            .profiles = services.profiles(),
+            .runLoop = runLoop,
+            .now = services.clock(),
+            .calendar = [] { return Calendar::current(); }};
 }
 
 }  // namespace elmworth

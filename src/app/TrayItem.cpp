@@ -34,7 +34,7 @@ TrayIconStyle iconStyle() {
 TrayItem::TrayItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
                    const Ways& ways)
     : engine_(engine),
-      label_(services.context(), services.timer(), services.defaults(), runLoop),
+      label_(screenServices(services, runLoop)),
       panel_(screenServices(services, runLoop)),
       tray_(iconStyle()) {
     leadOn(ways);

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 
 namespace elmworth {
 

@@ -18,8 +18,9 @@ QString text(std::string_view utf8) {
 
 }  // namespace
 
-EntryEditorModel::EntryEditorModel(EntryEditorServices services)
+EntryEditorModel::EntryEditorModel(AppServices services, Save save)
     : services_(std::move(services)),
+      save_(std::move(save)),
       projects_(services_.context),
       start_(services_.calendar, services_.now, services_.locale),
       end_(services_.calendar, services_.now, services_.locale) {
@@ -145,8 +146,8 @@ void EntryEditorModel::save() {
     recordsChanged();  // those of this turn are not told yet
     if (!canSave()) return;
     observations_.clear();  // what comes now is our own doing
-    if (services_.save) {
-        services_.save(form(), entry_);
+    if (save_) {
+        save_(form(), entry_);
     } else {
         form().save(entry_, services_.context, services_.timer);
     }

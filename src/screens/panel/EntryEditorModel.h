@@ -10,10 +10,11 @@
 #include <optional>
 
 #include "livelist/LiveListModel.h"
+#include "screens/AppServices.h"
 #include "screens/panel/DurationChip.h"
-#include "screens/panel/EntryEditorServices.h"
 #include "screens/panel/ProjectChoicesModel.h"
 #include "theme/DateTimeInput.h"
+#include "tracking/EntryForm.h"
 
 namespace elmworth {
 
@@ -49,7 +50,11 @@ class EntryEditorModel final : public QObject {
     Q_PROPERTY(bool canSave READ canSave NOTIFY changed FINAL)
 
  public:
-    explicit EntryEditorModel(EntryEditorServices services);
+    /// Carries out `EntryForm::save`.
+    using Save = std::function<Ref<TimeEntry>(const EntryForm&, const Ref<TimeEntry>&)>;
+
+    /// Without `save` an entry is saved by `EntryForm::save` and nothing more.
+    explicit EntryEditorModel(AppServices services, Save save = {});
     ~EntryEditorModel() override;
 
     [[nodiscard]] bool isOpen() const noexcept { return isOpen_; }
@@ -100,7 +105,8 @@ class EntryEditorModel final : public QObject {
     void loseEntry();
     void refresh();
 
-    EntryEditorServices services_;
+    AppServices services_;
+    Save save_;
     bool isOpen_ = false;
     Ref<TimeEntry> entry_;  ///< null for a new one
     EntryForm seen_;        ///< what `entry_` held when it was last looked at

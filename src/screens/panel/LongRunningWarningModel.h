@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <QtQmlIntegration>
 
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 
 namespace elmworth {
 

@@ -9,7 +9,7 @@
 #include <QtQmlIntegration>
 
 #include "livelist/LiveListModel.h"
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 #include "screens/panel/ProjectStartRow.h"
 #include "store/LiveQuery.h"
 

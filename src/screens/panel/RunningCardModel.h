@@ -8,7 +8,7 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 #include "screens/panel/AwayPromptModel.h"
 #include "screens/panel/BudgetChipModel.h"
 #include "screens/panel/LongRunningWarningModel.h"

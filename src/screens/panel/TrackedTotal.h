@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 
 namespace elmworth {
 

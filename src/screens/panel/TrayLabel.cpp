@@ -29,29 +29,29 @@ std::string iconText(const std::string& time) {
 
 }  // namespace
 
-TrayLabel::TrayLabel(UnitOfWork& context, TimerService& timer, Settings& defaults, RunLoop& runLoop)
-    : timer_(timer), defaults_(defaults), runLoop_(runLoop), look_(look()) {
-    timerObservation_ = timer.observe([this](auto property) {
+TrayLabel::TrayLabel(AppServices services) : services_(std::move(services)), look_(look()) {
+    timerObservation_ = services_.timer.observe([this](auto property) {
         if (property == TimerService::Property::running ||
             property == TimerService::Property::elapsedText)
             updateSoon();
     });
-    styleObservation_ = defaults.observe([this](std::string_view key) {
+    styleObservation_ = services_.defaults.observe([this](std::string_view key) {
         if (key == styleKey) updateSoon();
     });
-    entryObservation_ = context.observe(TimeEntry::schema(), [this] { updateSoon(); });
-    projectObservation_ = context.observe(Project::schema(), [this] { updateSoon(); });
+    const auto changed = [this] { updateSoon(); };
+    entryObservation_ = services_.context.observe(TimeEntry::schema(), changed);
+    projectObservation_ = services_.context.observe(Project::schema(), changed);
 }
 
 TrayLabel::Look TrayLabel::look() const {
-    const auto& entry = timer_.running();
+    const auto& entry = services_.timer.running();
     if (!entry) return {QStringLiteral("clock"), {}, QStringLiteral("Nothing is running."), {}};
     const auto& project = entry->project.get();
-    const auto elapsed = QString::fromStdString(timer_.elapsedText());
+    const auto elapsed = QString::fromStdString(services_.timer.elapsedText());
     const auto withName =
         elapsed + QStringLiteral(" \u00B7 ") + (project ? shortened(project->name) : QString());
-    Look look{QStringLiteral("record.circle"), {}, withName, timer_.elapsedText()};
-    switch (trayLabelStyle(defaults_.string(styleKey).value_or(std::string()))) {
+    Look look{QStringLiteral("record.circle"), {}, withName, services_.timer.elapsedText()};
+    switch (trayLabelStyle(services_.defaults.string(styleKey).value_or(std::string()))) {
         case TrayLabelStyle::time:
             look.text = elapsed;
             break;
@@ -74,7 +74,7 @@ TrayFace TrayLabel::trayFace() const {
 }
 
 void TrayLabel::updateSoon() {
-    if (!pendingUpdate_) pendingUpdate_ = runLoop_.post([this] { update(); });
+    if (!pendingUpdate_) pendingUpdate_ = services_.runLoop.post([this] { update(); });
 }
 
 void TrayLabel::update() {

@@ -7,12 +7,9 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "platform/RunLoop.h"
-#include "platform/Settings.h"
 #include "platform/Tray.h"
+#include "screens/AppServices.h"
 #include "screens/panel/TrayLabelStyle.h"
-#include "store/UnitOfWork.h"
-#include "tracking/TimerService.h"
 
 namespace elmworth {
 
@@ -31,7 +28,7 @@ class TrayLabel final : public QObject {
     Q_PROPERTY(QString summary READ summary NOTIFY changed FINAL)
 
  public:
-    TrayLabel(UnitOfWork& context, TimerService& timer, Settings& defaults, RunLoop& runLoop);
+    explicit TrayLabel(AppServices services);
 
     [[nodiscard]] const QString& image() const noexcept { return look_.image; }
     [[nodiscard]] const QString& text() const noexcept { return look_.text; }
@@ -57,9 +54,7 @@ class TrayLabel final : public QObject {
     void updateSoon();
     void update();
 
-    TimerService& timer_;
-    Settings& defaults_;
-    RunLoop& runLoop_;
+    AppServices services_;
     Look look_;
     RunLoop::Handle pendingUpdate_;
     TimerService::Observation timerObservation_;

@@ -8,7 +8,7 @@
 #include <QtQmlIntegration>
 #include <vector>
 
-#include "screens/panel/AppServices.h"
+#include "screens/AppServices.h"
 #include "tracking/TimesheetEditing.h"
 
 namespace elmworth {

@@ -34,24 +34,15 @@ QString pathOf(const QUrl& file) {
 
 }  // namespace
 
-EntryEditorServices TimesheetModel::editorServices(const AppServices& services,
-                                                   EntryCommandsModel& commands) {
-    return {.context = services.context,
-            .timer = services.timer,
-            .runLoop = services.runLoop,
-            .now = services.now,
-            .calendar = services.calendar,
-            .save = [&commands](const EntryForm& form, const Ref<TimeEntry>& entry) {
-                return commands.save(form, entry);
-            }};
-}
-
 TimesheetModel::TimesheetModel(const AppServices& services)
     : services_(services),
       filter_(services),
       commands_(services),
       running_(services.context, services.timer),
-      editor_(editorServices(services, commands_)),
+      editor_(services,
+              [this](const EntryForm& form, const Ref<TimeEntry>& entry) {
+                  return commands_.save(form, entry);
+              }),
       rows_(setting()),
       contents_(services.context, services.runLoop, services.now, services.calendar,
                 {[this](auto listing) { show(std::move(listing)); },

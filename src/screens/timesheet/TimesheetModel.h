@@ -136,8 +136,6 @@ class TimesheetModel final : public QObject {
     void replacedNameChanged();
 
  private:
-    [[nodiscard]] static EntryEditorServices editorServices(const AppServices& services,
-                                                            EntryCommandsModel& commands);
     void observe();
     void followLibrary(const RecordChanges& changes);
     void libraryChanged(bool renamed);

@@ -10,7 +10,7 @@
 
 #include "support/FailingReads.h"
 #include "support/ScopedEnvironment.h"
-#include "support/TestTimer.h"
+#include "support/TestServices.h"
 
 namespace elmworth {
 namespace {
@@ -22,9 +22,9 @@ class MainView : public testing::Test {
     [[nodiscard]] std::string stored() { return defaults.string("mainSection").value_or("none"); }
 
     test::TestTimer timer;
-    Settings defaults{timer.library.folder.path() / "defaults.ini"};
-    MainViewModel model{{context(), service(), defaults, timer.library.runLoop,
-                         [this] { return timer.now; }, [this] { return timer.calendar; }}};
+    test::TestServices app{timer};
+    Settings& defaults = app.defaults;
+    MainViewModel model{app.services()};
 };
 
 TEST_F(MainView, ShowsTheTimesheetAtFirst) {

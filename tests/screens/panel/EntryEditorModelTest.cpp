@@ -226,13 +226,11 @@ TEST_F(EntryEditor, AFullDiskLosesNothing) {
 TEST_F(EntryEditor, SomebodyElseCanCarryOutTheSaving) {
     EntryForm asked;
     Ref<TimeEntry> on;
-    auto services = editorServices();
-    services.save = [&](const EntryForm& form, Ref<TimeEntry> entry) {
+    EntryEditorModel other(editorServices(), [&](const EntryForm& form, const Ref<TimeEntry>& it) {
         asked = form;
-        on = entry;
-        return form.save(entry, context(), service());
-    };
-    EntryEditorModel other(services);
+        on = it;
+        return form.save(it, context(), service());
+    });
     const auto work = entry(website, "07:00", "08:00");
     other.open(work);
     type(other.end()->time(), "8:30");

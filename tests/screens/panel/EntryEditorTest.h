@@ -16,14 +16,10 @@ class EntryEditorTest : public PanelTest {
  protected:
     EntryEditorTest() { timer.setTime("15:00"); }
 
-    [[nodiscard]] EntryEditorServices editorServices() {
-        return {context(),
-                service(),
-                timer.library.runLoop,
-                [this] { return timer.now; },
-                [this] { return timer.calendar; },
-                Locale("en_US"),
-                {}};
+    [[nodiscard]] AppServices editorServices() {
+        AppServices all = services();
+        all.locale = Locale("en_US");
+        return all;
     }
     /// Types into a field and leaves it.
     static void type(DateTextField* field, const char* text) {

@@ -9,7 +9,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "screens/panel/EntryEditorModel.h"
-#include "support/TestTimer.h"
+#include "support/TestServices.h"
 #include "theme/AppAppearance.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
@@ -94,13 +94,8 @@ class EditorHost : public QObject {
 
     test::TestTimer timer_;
     int invoices_ = 2026000;
-    EntryEditorModel model_{{timer_.library.context(),
-                             *timer_.service,
-                             timer_.library.runLoop,
-                             [this] { return timer_.now; },
-                             [this] { return timer_.calendar; },
-                             Locale::current(),
-                             {}}};
+    test::TestServices app_{timer_};
+    EntryEditorModel model_{app_.services()};
 };
 
 class EditorSetup : public QObject {

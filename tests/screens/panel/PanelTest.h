@@ -11,9 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "screens/panel/AppServices.h"
 #include "support/StatementTrace.h"
-#include "support/TestTimer.h"
+#include "support/TestServices.h"
 
 namespace elmworth::test {
 
@@ -26,14 +25,7 @@ class PanelTest : public testing::Test {
  protected:
     [[nodiscard]] TimerService& service() { return *timer.service; }
     [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
-    [[nodiscard]] AppServices services() {
-        return {context(),
-                service(),
-                defaults,
-                timer.library.runLoop,
-                [this] { return timer.now; },
-                [this] { return timer.calendar; }};
-    }
+    [[nodiscard]] AppServices services() { return app_.services(); }
     /// Lets the run loop deliver what waits, and what that brings about.
     void turn() {
         timer.library.runLoop.turn();
@@ -81,7 +73,12 @@ class PanelTest : public testing::Test {
 
  protected:
     TestTimer timer;
-    Settings defaults{timer.library.folder.path() / "Elmworth.ini"};
+
+ private:
+    TestServices app_{timer};
+
+ protected:
+    Settings& defaults = app_.defaults;
 
  private:
     Ref<Client> acme_;

@@ -15,9 +15,7 @@ class TrayLabelTest : public test::PanelTest {
  protected:
     void setStyle(const char* style) { defaults.setString("menuBarStyle", style); }
     [[nodiscard]] std::string shown() {
-        if (!label)
-            label =
-                std::make_unique<TrayLabel>(context(), service(), defaults, timer.library.runLoop);
+        if (!label) label = std::make_unique<TrayLabel>(services());
         turn();
         return utf8(label->image()) + "|" + utf8(label->text());
     }

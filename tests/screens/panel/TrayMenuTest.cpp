@@ -47,7 +47,7 @@ class TrayMenuTest : public test::PanelTest {
     }
 
     PanelModel panel{services()};
-    TrayLabel label{context(), service(), defaults, timer.library.runLoop};
+    TrayLabel label{services()};
 };
 
 TEST_F(TrayMenuTest, withoutProjectsItOffersToCreateOne) {

@@ -8,23 +8,25 @@
 #include "platform/Calendar.h"
 #include "platform/Locale.h"
 #include "platform/RunLoop.h"
+#include "platform/Settings.h"
+#include "records/ProfileStore.h"
+#include "store/UndoHistory.h"
 #include "store/UnitOfWork.h"
-#include "tracking/EntryForm.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
 
-/// What the entry editor reads and works on. All of it outlives the editor.
-struct EntryEditorServices {
-    using Save = std::function<Ref<TimeEntry>(const EntryForm&, Ref<TimeEntry>)>;
-
+/// What the models of all screens read and work on. All of it outlives them.
+struct AppServices {
     UnitOfWork& context;
+    UndoHistory& history;  ///< of `context`
     TimerService& timer;
+    Settings& defaults;
+    ProfileStore& profiles;
     RunLoop& runLoop;
     Clock now;                           ///< the timer's
     std::function<Calendar()> calendar;  ///< the timer's: the user's current calendar at each call
-    Locale locale = Locale::current();   ///< of dates and times
-    Save save{};  ///< carries out `EntryForm::save`; absent: that and nothing more
+    Locale locale = Locale::current();   ///< of dates, times and amounts
 };
 
 }  // namespace elmworth
