@@ -11,15 +11,11 @@ GridLayout {
     id: form
 
     required property EntryEditorModel model
-    /// The control to close with, for an entry that can only be read.
-    required property Item closing
 
     /// To the project while none is chosen, and else to where most changes are made.
     function takeFocus(): void {
         notes.contentY = 0;
-        if (model.isBilled)
-            closing.forceActiveFocus(Qt.TabFocusReason);
-        else if (!model.projects.isSet)
+        if (!model.projects.isSet)
             project.forceActiveFocus(Qt.TabFocusReason);
         else
             start.time.takeFocus();
@@ -39,7 +35,7 @@ GridLayout {
         text: form.model.projects.title
         isUnset: !form.model.projects.isSet
         prompt: "Search projects"
-        enabled: !form.model.isBilled
+        enabled: !form.model.isLocked
         rows: form.model.projects.rows // qmllint disable
         chosenRow: form.model.projects.chosenRow
         search: form.model.projects.search
@@ -55,7 +51,7 @@ GridLayout {
         Layout.fillWidth: true
         label: "Start"
         date: form.model.start // qmllint disable
-        enabled: !form.model.isBilled
+        enabled: !form.model.isLocked
     }
 
     FormLabel { text: "End" }
@@ -65,7 +61,7 @@ GridLayout {
         visible: !form.model.isRunning
         label: "End"
         date: form.model.end // qmllint disable
-        enabled: !form.model.isBilled
+        enabled: !form.model.isLocked
     }
 
     PlainText {
@@ -100,7 +96,7 @@ GridLayout {
 
                 required text
                 chosen: isChosen
-                enabled: !form.model.isBilled
+                enabled: !form.model.isLocked
                 onClicked: form.model.chooseDuration(index)
             }
             // qmllint enable unqualified
@@ -120,15 +116,12 @@ GridLayout {
         Layout.minimumHeight: 34
         Layout.preferredHeight: 104
         label: "Notes"
-        readOnly: form.model.isBilled
+        readOnly: form.model.isLocked
         onSubmitted: form.model.save()
-        onTextChanged: if (text !== form.model.notes) form.model.notes = text
 
-        Binding {
-            target: notes
-            property: "text"
-            value: form.model.notes
-            restoreMode: Binding.RestoreNone
+        FormTextLink {
+            field: form.model.notes
+            input: notes
         }
     }
 }

@@ -21,29 +21,27 @@ QString text(std::string_view utf8) {
 EntryEditorModel::EntryEditorModel(AppServices services, Save save)
     : services_(std::move(services)),
       save_(std::move(save)),
+      entry_(services_.context),
       projects_(services_.context),
       start_(services_.calendar, services_.now, services_.locale),
       end_(services_.calendar, services_.now, services_.locale) {
-    connect(&projects_, &ChoiceModel::changed, this, &EntryEditorModel::changed);
-    connect(&start_, &DateTimeInput::changed, this, &EntryEditorModel::refresh);
-    connect(&end_, &DateTimeInput::changed, this, &EntryEditorModel::refresh);
+    connect(&projects_, &ChoiceModel::changed, this, [this] { fieldsChanged(); });
+    connect(&start_, &DateTimeInput::changed, this, &EntryEditorModel::timesChanged);
+    connect(&end_, &DateTimeInput::changed, this, &EntryEditorModel::timesChanged);
 }
 
 EntryEditorModel::~EntryEditorModel() = default;
 
 void EntryEditorModel::open(Ref<TimeEntry> entry, std::optional<Instant> day) {
     dismiss();
-    entry_ = entry && !entry->isDeleted() ? std::move(entry) : nullptr;
+    entry_.open(std::move(entry), [this] { recordsChanged(); }, {&Invoice::schema()});
     wasBilled_ = isBilled();
-    wasDeleted_ = false;
+    notes_.setReadOnly(wasBilled_);
     const Instant now = services_.now();
     fill(entry_ ? EntryForm::of(*entry_, now)
                 : EntryForm::forNewEntry(day, now, services_.calendar(), services_.timer));
-    observe();
-    isOpen_ = true;
-    refresh();
-    Q_EMIT isOpenChanged();
-    Q_EMIT opened();
+    show();
+    showTimes();
 }
 
 void EntryEditorModel::fill(const EntryForm& form) {
@@ -52,18 +50,12 @@ void EntryEditorModel::fill(const EntryForm& form) {
     projects_.show(form.project, entry_ ? form.project : nullptr);
     start_.setValue(form.start);
     end_.setValue(form.end);
-    notes_ = text(form.notes);
-    Q_EMIT notesChanged();
-}
-
-void EntryEditorModel::observe() {
-    for (const auto* schema : {&TimeEntry::schema(), &Invoice::schema()}) {
-        observations_.push_back(services_.context.observe(*schema, [this] { recordsChanged(); }));
-    }
+    notes_.load(text(form.notes));
 }
 
 EntryForm EntryEditorModel::form() const {
-    return {projects_.chosen(), start_.value(), end_.value(), notes_.toStdString(), isRunning_};
+    return {projects_.chosen(), start_.value(), end_.value(), notes_.text().toStdString(),
+            isRunning_};
 }
 
 QString EntryEditorModel::title() const {
@@ -94,13 +86,7 @@ bool EntryEditorModel::isBilled() const {
     return entry_ && entry_->invoice;
 }
 
-void EntryEditorModel::setNotes(const QString& notes) {
-    if (notes == notes_ || isBilled()) return;
-    notes_ = notes;
-    Q_EMIT notesChanged();
-}
-
-QString EntryEditorModel::billedText() const {
+QString EntryEditorModel::lockText() const {
     if (!isBilled()) return {};
     const auto& invoice = entry_->invoice.get();
     return QStringLiteral("On invoice %1. Delete the invoice to edit this entry.")
@@ -115,22 +101,15 @@ QString EntryEditorModel::problem() const {
 }
 
 QString EntryEditorModel::notice() const {
-    if (wasDeleted_) {
-        return QStringLiteral("This entry was deleted elsewhere. Save adds it as a new one.");
-    }
+    if (entry_.wasLost()) return lostText(QStringLiteral("entry"));
     if (isBilled() && !wasBilled_ && form() != seen_) {
         return QStringLiteral("It was billed meanwhile: what you changed here can't be saved.");
     }
     return {};
 }
 
-QString EntryEditorModel::cancelText() const {
-    return isBilled() ? QStringLiteral("Close") : QStringLiteral("Cancel");
-}
-
-bool EntryEditorModel::canSave() const {
-    return isOpen_ && !isBilled() && start_.isValid() && (isRunning_ || end_.isValid()) &&
-           !form().problem(services_.now());
+bool EntryEditorModel::isComplete() const {
+    return start_.isValid() && (isRunning_ || end_.isValid()) && !form().problem(services_.now());
 }
 
 void EntryEditorModel::chooseDuration(int row) {
@@ -139,48 +118,42 @@ void EntryEditorModel::chooseDuration(int row) {
     end_.setValue(start_.value() + chips()[static_cast<std::size_t>(row)].duration());
 }
 
-void EntryEditorModel::save() {
-    if (!isOpen_) return;
+void EntryEditorModel::endTyping() {
     start_.finish();
     end_.finish();
-    recordsChanged();  // those of this turn are not told yet
-    if (!canSave()) return;
-    observations_.clear();  // what comes now is our own doing
-    if (save_) {
-        save_(form(), entry_);
-    } else {
-        form().save(entry_, services_.context, services_.timer);
-    }
-    dismiss();
 }
 
-void EntryEditorModel::dismiss() {
-    if (!isOpen_) return;
-    isOpen_ = false;
-    observations_.clear();
+QString EntryEditorModel::carryOut() {
+    if (save_) {
+        save_(form(), entry_.get());
+    } else {
+        form().save(entry_.get(), services_.context, services_.timer);
+    }
+    return {};
+}
+
+void EntryEditorModel::rest() {
+    entry_.close();
     projects_.stop();
     wait_.reset();
-    Q_EMIT isOpenChanged();
-    Q_EMIT dismissed();
 }
 
-void EntryEditorModel::recordsChanged() {
-    if (entry_ && entry_->isDeleted()) {
-        loseEntry();
+void EntryEditorModel::catchUp() {
+    if (entry_.loseDeleted()) {
+        if (isRunning_) end_.setValue(services_.now());
+        isRunning_ = false;
     } else if (entry_) {
         follow(EntryForm::of(*entry_, services_.now()));
     }
-    refresh();
+    notes_.setReadOnly(isBilled());
+    showTimes();
 }
 
 void EntryEditorModel::follow(const EntryForm& fresh) {
     const EntryForm here = form();
     const EntryForm before = std::exchange(seen_, fresh);
     if (here.project == before.project) projects_.setChosen(fresh.project);
-    if (here.notes == before.notes && fresh.notes != before.notes) {
-        notes_ = text(fresh.notes);
-        Q_EMIT notesChanged();
-    }
+    notes_.follow(text(fresh.notes));
     const bool isStartOurs = start_.isTyped() || here.start != before.start;
     if (!isStartOurs && fresh.start != before.start) start_.setValue(fresh.start);
     const bool isEndOurs = !fresh.wasRunning && (end_.isTyped() || here.end != before.end);
@@ -190,21 +163,17 @@ void EntryEditorModel::follow(const EntryForm& fresh) {
     isRunning_ = fresh.wasRunning;
 }
 
-void EntryEditorModel::loseEntry() {
-    if (isRunning_) end_.setValue(services_.now());
-    isRunning_ = false;
-    entry_ = nullptr;
-    wasDeleted_ = true;
+void EntryEditorModel::timesChanged() {
+    showTimes();
+    fieldsChanged();
 }
 
-/// After what is shown changed in any way.
-void EntryEditorModel::refresh() {
+void EntryEditorModel::showTimes() {
     chips_.setRows(DurationChip::all(start_.value(), end_.value()));
     // A start that lies ahead can be saved once its time has come.
-    if (isOpen_ && !wait_ && start_.value() > services_.now()) {
-        wait_ = services_.runLoop.repeat(std::chrono::seconds(1), [this] { refresh(); });
+    if (isOpen() && !wait_ && start_.value() > services_.now()) {
+        wait_ = services_.runLoop.repeat(std::chrono::seconds(1), [this] { timesChanged(); });
     }
-    Q_EMIT changed();
 }
 
 }  // namespace elmworth

@@ -8,6 +8,10 @@ import Elmworth.Gallery
 
 /// Fields, choices, menus and tool tips.
 GallerySection {
+    id: section
+
+    required property GalleryModel model
+
     title: "Fields, choices and menus"
 
     RowLayout {
@@ -68,13 +72,9 @@ GallerySection {
 
         GlowButton {
             text: "Open Sheet"
-            onClicked: sheet.open()
+            onClicked: section.model.form.open()
 
-            SheetPopup {
-                id: sheet
-
-                GallerySheet { onClosed: sheet.close() }
-            }
+            GalleryFormSheet { model: section.model.form }
         }
     }
 }

@@ -8,6 +8,31 @@
 
 namespace elmworth {
 
+GalleryForm::GalleryForm() {
+    for (auto* field : {&name_, &email_}) {
+        connect(field, &FormText::changed, this, [this] { fieldsChanged(); });
+    }
+}
+
+QString GalleryForm::title() const {
+    return QStringLiteral("New Client");
+}
+
+QString GalleryForm::subtitle() const {
+    return QStringLiteral("Rate and billing details");
+}
+
+QString GalleryForm::problem() const {
+    return isComplete() ? QString() : QStringLiteral("A client needs a name.");
+}
+
+void GalleryForm::open() {
+    dismiss();
+    name_.load({});
+    email_.load({});
+    show();
+}
+
 GalleryModel::GalleryModel(AppearanceSetting setting) : setting_(setting) {
     AppAppearance::instance().setSetting(setting_);
     wrongDate_.day()->edit(QStringLiteral("31/31/2026"));

@@ -9,8 +9,37 @@
 
 #include "theme/AppearanceSetting.h"
 #include "theme/DateTimeInput.h"
+#include "theme/FormFields.h"
+#include "theme/FormSheetModel.h"
 
 namespace elmworth {
+
+/// A form as an example.
+class GalleryForm : public FormSheetModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The gallery's model has it")
+    Q_PROPERTY(elmworth::FormText* name READ name CONSTANT FINAL)
+    Q_PROPERTY(elmworth::FormText* email READ email CONSTANT FINAL)
+
+ public:
+    GalleryForm();
+
+    [[nodiscard]] QString title() const override;
+    [[nodiscard]] QString subtitle() const override;
+    [[nodiscard]] QString problem() const override;
+    [[nodiscard]] FormText* name() noexcept { return &name_; }
+    [[nodiscard]] FormText* email() noexcept { return &email_; }
+
+    Q_INVOKABLE void open();
+
+ private:
+    [[nodiscard]] bool isComplete() const override { return !name_.text().isEmpty(); }
+    [[nodiscard]] QString carryOut() override { return {}; }
+
+    FormText name_;
+    FormText email_;
+};
 
 /// What the gallery can show and switch.
 class GalleryModel final : public QObject {
@@ -22,6 +51,7 @@ class GalleryModel final : public QObject {
     Q_PROPERTY(elmworth::DateTimeInput* date READ date CONSTANT FINAL)
     Q_PROPERTY(elmworth::DateTimeInput* wrongDate READ wrongDate CONSTANT
                    FINAL)  ///< shows a text that is none
+    Q_PROPERTY(elmworth::GalleryForm* form READ form CONSTANT FINAL)
     Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
 
  public:
@@ -31,6 +61,7 @@ class GalleryModel final : public QObject {
     void setAppearance(int position);
     [[nodiscard]] DateTimeInput* date() noexcept { return &date_; }
     [[nodiscard]] DateTimeInput* wrongDate() noexcept { return &wrongDate_; }
+    [[nodiscard]] GalleryForm* form() noexcept { return &form_; }
     [[nodiscard]] static QStringList imageNames();
 
  Q_SIGNALS:
@@ -40,6 +71,7 @@ class GalleryModel final : public QObject {
     AppearanceSetting setting_;
     DateTimeInput date_{&Calendar::current, &currentInstant};
     DateTimeInput wrongDate_{&Calendar::current, &currentInstant};
+    GalleryForm form_;
 };
 
 }  // namespace elmworth

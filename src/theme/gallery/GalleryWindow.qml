@@ -41,7 +41,10 @@ Basic.ApplicationWindow {
 
         GalleryColors { Layout.fillWidth: true }
         GalleryButtons { Layout.fillWidth: true }
-        GalleryFields { Layout.fillWidth: true }
+        GalleryFields {
+            Layout.fillWidth: true
+            model: window.model
+        }
         GalleryDates {
             Layout.fillWidth: true
             model: window.model

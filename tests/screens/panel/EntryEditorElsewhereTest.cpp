@@ -51,7 +51,7 @@ TEST_F(RunningEntryEditor, AnEarlierStartChangesTheElapsedTimeAtOnceAndTheEntryS
 }
 
 TEST_F(RunningEntryEditor, StoppedElsewhereItHasItsEndAndKeepsIt) {
-    editor.setNotes(QStringLiteral("Landing page"));
+    editor.notes()->setText(QStringLiteral("Landing page"));
     timer.setTime("15:10");
     service().stop();
     turn();
@@ -98,8 +98,8 @@ TEST_F(EntryElsewhere, ABilledEntryCanOnlyBeRead) {
     EXPECT_TRUE(editor.isBilled());
     EXPECT_EQ(utf8(editor.title()), "Billed Entry");
     EXPECT_EQ(utf8(editor.icon()), "lock.fill");
-    EXPECT_EQ(utf8(editor.cancelText()), "Close");
-    EXPECT_EQ(utf8(editor.billedText()),
+    EXPECT_TRUE(editor.isLocked());
+    EXPECT_EQ(utf8(editor.lockText()),
               "On invoice 2026-001. Delete the invoice to edit this entry.");
     EXPECT_EQ(utf8(editor.notice()), "");
     EXPECT_FALSE(editor.canSave());
@@ -113,23 +113,23 @@ TEST_F(EntryElsewhere, ABilledEntrysProjectTimesAndNotesStay) {
     type(editor.start()->time(), "6:00");
     type(editor.end()->time(), "9:00");
     editor.chooseDuration(0);
-    editor.setNotes(QStringLiteral("Other"));
+    editor.notes()->setText(QStringLiteral("Other"));
     editor.save();
     EXPECT_TRUE(editor.isOpen());
     EXPECT_EQ(timer.spans(), Spans{"07:00:00-08:00:00"});
     EXPECT_EQ(work->project.get(), website);
     EXPECT_EQ(work->notes.get(), "");
-    EXPECT_EQ(utf8(editor.notes()), "");
+    EXPECT_EQ(utf8(editor.notes()->text()), "");
 }
 
 TEST_F(EntryElsewhere, BilledMeanwhileItCanOnlyBeReadAndSaysSo) {
     editor.open(work);
-    editor.setNotes(QStringLiteral("Mended"));
+    editor.notes()->setText(QStringLiteral("Mended"));
     bill(work);
     turn();
     EXPECT_TRUE(editor.isBilled());
     EXPECT_FALSE(editor.canSave());
-    EXPECT_EQ(utf8(editor.notes()), "Mended");
+    EXPECT_EQ(utf8(editor.notes()->text()), "Mended");
     EXPECT_EQ(utf8(editor.notice()),
               "It was billed meanwhile: what you changed here can't be saved.");
     editor.save();
@@ -138,7 +138,7 @@ TEST_F(EntryElsewhere, BilledMeanwhileItCanOnlyBeReadAndSaysSo) {
 
 TEST_F(EntryElsewhere, BilledInTheTurnOfTheSaveItStaysAsItIs) {
     editor.open(work);
-    editor.setNotes(QStringLiteral("Mended"));
+    editor.notes()->setText(QStringLiteral("Mended"));
     work->invoice = timer.library.addInvoice("2026-001", acme());
     editor.save();
     EXPECT_TRUE(editor.isOpen());
@@ -168,12 +168,12 @@ TEST_F(EntryElsewhere, AnInvoiceDeletedMeanwhileLetsItBeChanged) {
 
 TEST_F(EntryElsewhere, DeletedMeanwhileItIsSavedAsANewOneAndSaysSo) {
     editor.open(work);
-    editor.setNotes(QStringLiteral("Typed for an hour"));
+    editor.notes()->setText(QStringLiteral("Typed for an hour"));
     context().deleteRecord(work);
     context().save();
     turn();
     EXPECT_EQ(utf8(editor.title()), "New Entry");
-    EXPECT_EQ(utf8(editor.notes()), "Typed for an hour");
+    EXPECT_EQ(utf8(editor.notes()->text()), "Typed for an hour");
     EXPECT_EQ(utf8(editor.notice()),
               "This entry was deleted elsewhere. Save adds it as a new one.");
     editor.save();
@@ -197,7 +197,7 @@ TEST_F(EntryElsewhere, AnEntryThatIsGoneOpensAsANewOne) {
 
 TEST_F(EntryElsewhere, WithItsProjectDeletedAnotherHasToBeChosen) {
     editor.open(work);
-    editor.setNotes(QStringLiteral("Typed for an hour"));
+    editor.notes()->setText(QStringLiteral("Typed for an hour"));
     const auto blog = project("Blog");
     context().deleteRecord(website);
     context().save();
@@ -230,7 +230,7 @@ TEST_F(EntryElsewhere, WhatNobodyTouchedHereIsNotTakenBack) {
     work->start = timer.today("06:45");
     context().save();
     turn();
-    EXPECT_EQ(utf8(editor.notes()), "From the panel");
+    EXPECT_EQ(utf8(editor.notes()->text()), "From the panel");
     EXPECT_EQ(utf8(editor.projects()->title()), "Acme Co — Blog");
     EXPECT_EQ(shown(editor.start()), "3/2/2026 6:45 AM");
     EXPECT_EQ(shown(editor.end()), "3/2/2026 8:30 AM");
@@ -241,13 +241,13 @@ TEST_F(EntryElsewhere, WhatNobodyTouchedHereIsNotTakenBack) {
 
 TEST_F(EntryElsewhere, WhatWasTypedHereStays) {
     editor.open(work);
-    editor.setNotes(QStringLiteral("Mine"));
+    editor.notes()->setText(QStringLiteral("Mine"));
     editor.end()->time()->edit(QStringLiteral("8:4"));
     work->notes = "Theirs";
     work->end = timer.today("09:00");
     context().save();
     turn();
-    EXPECT_EQ(utf8(editor.notes()), "Mine");
+    EXPECT_EQ(utf8(editor.notes()->text()), "Mine");
     EXPECT_EQ(utf8(editor.end()->time()->text()), "8:4");
 }
 

@@ -45,7 +45,7 @@ TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
     EXPECT_EQ(utf8(editor.title()), "New Entry");
     EXPECT_EQ(utf8(editor.icon()), "clock.fill");
     EXPECT_EQ(utf8(editor.iconColor()), blog->colorHex.get());
-    EXPECT_EQ(utf8(editor.cancelText()), "Cancel");
+    EXPECT_FALSE(editor.isLocked());
     EXPECT_TRUE(editor.canSave());
 }
 
@@ -63,7 +63,7 @@ TEST_F(EntryEditor, WithoutAProjectNothingIsSaved) {
 
 TEST_F(EntryEditor, SaveAddsTheEntryAndClosesTheSheet) {
     editor.open(nullptr);
-    editor.setNotes(QStringLiteral("Landing page"));
+    editor.notes()->setText(QStringLiteral("Landing page"));
     editor.save();
     EXPECT_FALSE(editor.isOpen());
     EXPECT_EQ(timer.spans(), Spans{"09:00:00-10:00:00"});
@@ -77,7 +77,7 @@ TEST_F(EntryEditor, CancelLeavesEverythingAsItWas) {
     const auto shower = entry(website, "07:00", "08:00");
     editor.open(shower);
     type(editor.start()->time(), "6:00");
-    editor.setNotes(QStringLiteral("Other"));
+    editor.notes()->setText(QStringLiteral("Other"));
     editor.dismiss();
     EXPECT_FALSE(editor.isOpen());
     EXPECT_EQ(timer.spans(), Spans{"07:00:00-08:00:00"});
@@ -106,7 +106,7 @@ TEST_F(EntryEditor, AnEntryShowsWhatItHolds) {
     EXPECT_EQ(utf8(editor.title()), "Edit Entry");
     EXPECT_EQ(shown(editor.start()), "3/2/2026 7:15 AM");
     EXPECT_EQ(shown(editor.end()), "3/2/2026 8:00 AM");
-    EXPECT_EQ(utf8(editor.notes()), "Landing page");
+    EXPECT_EQ(utf8(editor.notes()->text()), "Landing page");
     EXPECT_EQ(utf8(editor.subtitle()), "0:45 · 0.75 h");
     EXPECT_FALSE(editor.isRunning());
 }
@@ -118,7 +118,7 @@ TEST_F(EntryEditor, SaveChangesTheEntryAlone) {
     choose("Acme Co — Blog");
     type(editor.start()->time(), "6:30");
     type(editor.end()->time(), "8:15");
-    editor.setNotes(QStringLiteral("Mended"));
+    editor.notes()->setText(QStringLiteral("Mended"));
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"06:30:00-08:15:00"});
     EXPECT_EQ(work->project.get(), blog);
@@ -129,7 +129,7 @@ TEST_F(EntryEditor, SecondsOfAnEntryStayWhereNobodyTouchesThem) {
     const auto work = entry(website, "07:00:37", "08:00:12");
     editor.open(work);
     type(editor.start()->time(), "7:00");
-    editor.setNotes(QStringLiteral("Mended"));
+    editor.notes()->setText(QStringLiteral("Mended"));
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"07:00:37-08:00:12"});
 }
@@ -205,7 +205,7 @@ TEST_F(EntryEditor, WhatIsStillBeingTypedIsSaved) {
 
 TEST_F(EntryEditor, NotesOfAHundredThousandCharactersAreSaved) {
     editor.open(nullptr);
-    editor.setNotes(QString(100'000, QChar(0x00E4)));
+    editor.notes()->setText(QString(100'000, QChar(0x00E4)));
     editor.save();
     const auto saved = context().fetch(Query<TimeEntry>{}).at(0);
     EXPECT_EQ(saved->notes->size(), 200'000U);

@@ -450,7 +450,7 @@ Item {
             opened();
             control("Notes").forceActiveFocus();
             type("abc");
-            compare(host.model.notes.length, 100003);
+            compare(host.model.notes.text.length, 100003);
         }
     }
 }

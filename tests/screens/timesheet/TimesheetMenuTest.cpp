@@ -107,7 +107,7 @@ TEST_F(TimesheetMenu, editDuplicateAndContinueActOnItsRowAlone) {
     click(b, Qt::ControlModifier);
     model->openMenu(rowOf(b));
     model->menuEdit();
-    EXPECT_EQ(utf8(model->editor()->notes()), "b");
+    EXPECT_EQ(utf8(model->editor()->notes()->text()), "b");
     model->menuDuplicate();
     EXPECT_EQ(entryCount(), 4U);
     model->menuContinue();

@@ -535,7 +535,7 @@ TEST_F(Timesheet, editOpensTheEditorOnTheEntryOfTheRow) {
     EXPECT_FALSE(model->editor()->isOpen());
     model->edit(1);
     EXPECT_TRUE(model->editor()->isOpen());
-    EXPECT_EQ(utf8(model->editor()->notes()), "draft");
+    EXPECT_EQ(utf8(model->editor()->notes()->text()), "draft");
 }
 
 TEST_F(Timesheet, timeIsAddedOnTheDayOfTheRowOrNow) {

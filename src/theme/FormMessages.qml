@@ -4,19 +4,18 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Panel
 
-/// What the entry editor has to say under its form.
+/// What a form has to say under its fields.
 ColumnLayout {
     id: messages
 
-    required property EntryEditorModel model
+    required property FormSheetModel form
 
     spacing: 6
 
     RowLayout {
         Layout.fillWidth: true
-        visible: messages.model.isBilled
+        visible: messages.form.isLocked
         spacing: 8
 
         Icon {
@@ -26,7 +25,7 @@ ColumnLayout {
 
         PlainText {
             Layout.fillWidth: true
-            text: messages.model.billedText
+            text: messages.form.lockText
             color: Theme.secondaryText
             wrapMode: Text.Wrap
         }
@@ -35,7 +34,7 @@ ColumnLayout {
     PlainText {
         Layout.fillWidth: true
         visible: text.length > 0
-        text: messages.model.notice
+        text: messages.form.notice
         color: Theme.warningText
         wrapMode: Text.Wrap
     }
@@ -43,8 +42,8 @@ ColumnLayout {
     // Its line stays free, so that the sheet keeps its size while somebody types.
     PlainText {
         Layout.fillWidth: true
-        visible: !messages.model.isBilled
-        text: messages.model.problem
+        visible: !messages.form.isLocked
+        text: messages.form.problem
         color: Theme.dangerText
         wrapMode: Text.Wrap
         Accessible.ignored: text.length === 0
