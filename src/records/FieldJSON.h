@@ -42,8 +42,7 @@ class JSONScalars {
     bool Int64(std::int64_t value) { return give({JSONScalar::Kind::integer, value}); }
     bool Uint64(std::uint64_t value) {
         const auto number = static_cast<std::int64_t>(value);
-        return give(
-            {number < 0 ? JSONScalar::Kind::other : JSONScalar::Kind::integer, number});
+        return give({number < 0 ? JSONScalar::Kind::other : JSONScalar::Kind::integer, number});
     }
     bool Double(double value) { return give(JSONScalar::ofNumber(value)); }
     bool RawNumber(const char* /*text*/, rapidjson::SizeType /*length*/, bool /*copy*/) {
