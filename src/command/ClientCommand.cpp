@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <array>
-
 #include "command/CommandSyntax.h"
-#include "command/FieldTable.h"
 #include "command/JSONOutput.h"
+#include "command/RecordFields.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "invoicing/UnbilledTime.h"
@@ -32,13 +30,7 @@ void writeClient(JSONOutput& json, const ClientSummary& summary) {
     const auto& client = *summary.client;
     json.beginObject();
     json.field("id", client.id().string());
-    json.field("name", client.name.get());
-    json.field("email", client.email.get());
-    json.field("address", client.address.get());
-    json.field("currencyCode", client.currencyCode.get());
-    json.field("hourlyRateCents", client.hourlyRateCents.get());
-    json.field("dueDays", client.dueDays.get());
-    json.field("taxBasisPoints", client.taxBasisPoints.get());
+    writeFields(json, client);
     json.field("activeProjects", summary.activeProjects);
     json.field("unbilledSeconds", summary.unbilled.seconds);
     json.field("unbilledCents", summary.unbilled.cents);
@@ -81,45 +73,15 @@ void list(CommandEnvironment& environment, CommandOutput& output) {
     output.text += table.text();
 }
 
-void setDueDays(Client& client, const std::string& value) {
-    client.dueDays = value.empty() ? std::nullopt : std::optional(parseDueDays(value).value());
-}
-
-void setCurrency(Client& client, const std::string& value) {
-    client.currencyCode = parseCurrency(value).value();
-}
-
-constexpr std::array<SettableField<Client>, 9> fields{{
-    {"name",
-     [](Client& client, const std::string& value) { client.name = parseName(value).value(); }},
-    {"email", [](Client& client, const std::string& value) { client.email = value; }},
-    {"address", [](Client& client, const std::string& value) { client.address = value; }},
-    {"currency", &setCurrency},
-    {"currencyCode", &setCurrency},
-    {"rate", [](Client& client,
-                const std::string& value) { client.hourlyRateCents = parseRate(value).value(); }},
-    {"due-days", &setDueDays},
-    {"dueDays", &setDueDays},
-    {"tax",
-     [](Client& client, const std::string& value) {
-         client.taxBasisPoints =
-             value.empty() ? std::nullopt : std::optional(parseTaxRate(value).value());
-     }},
-}};
-
-void set(Client& client, const std::string& field, const std::string& value) {
-    setField<Client>(fields, client, field, value);
-}
-
 void add(const ClientArguments& arguments, CommandEnvironment& environment, CommandOutput& output) {
     // The record joins the library only when every value was read.
     const auto client = std::make_shared<Client>(parseName(arguments.name).value());
-    set(*client, "email", arguments.email);
-    set(*client, "address", arguments.address);
-    if (!arguments.currency.empty()) set(*client, "currency", arguments.currency);
-    if (!arguments.rate.empty()) set(*client, "rate", arguments.rate);
-    if (!arguments.dueDays.empty()) set(*client, "due-days", arguments.dueDays);
-    if (!arguments.tax.empty()) set(*client, "tax", arguments.tax);
+    setField(*client, "email", arguments.email);
+    setField(*client, "address", arguments.address);
+    if (!arguments.currency.empty()) setField(*client, "currency", arguments.currency);
+    if (!arguments.rate.empty()) setField(*client, "rate", arguments.rate);
+    if (!arguments.dueDays.empty()) setField(*client, "due-days", arguments.dueDays);
+    if (!arguments.tax.empty()) setField(*client, "tax", arguments.tax);
     environment.clients().add(client);
     if (!output.isJSON()) return output.line("Added the client “" + client->name.get() + "”.");
     printJSON(client, environment, output);
@@ -129,7 +91,7 @@ void change(const ClientArguments& arguments, CommandEnvironment& environment,
             CommandOutput& output) {
     const auto client = findClient(environment.context, arguments.name);
     environment.clients().edit(
-        client, [&](Client& edited) { set(edited, arguments.field, arguments.value); });
+        client, [&](Client& edited) { setField(edited, arguments.field, arguments.value); });
     if (output.isJSON()) printJSON(client, environment, output);
 }
 
@@ -171,9 +133,7 @@ void addClientCommand(CommandSyntax& syntax) {
 
     auto setting = client.subcommand("set", "Changes one field of a client");
     setting.option("NAME", arguments->name, "The client's name").required();
-    setting
-        .option("FIELD", arguments->field,
-                "One of name, email, address, currency, rate, due-days and tax")
+    setting.option("FIELD", arguments->field, "One of " + settableFields(Client::schema()))
         .required();
     setting
         .option("VALUE", arguments->value,

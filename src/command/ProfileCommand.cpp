@@ -3,8 +3,8 @@
 
 #include "command/CommandError.h"
 #include "command/CommandSyntax.h"
-#include "command/FieldTable.h"
 #include "command/JSONOutput.h"
+#include "command/RecordFields.h"
 #include "command/TextTable.h"
 #include "records/FieldText.h"
 

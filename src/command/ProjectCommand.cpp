@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <array>
-
 #include "clients/ProjectSummary.h"
 #include "command/CommandSyntax.h"
-#include "command/FieldTable.h"
 #include "command/JSONOutput.h"
+#include "command/RecordFields.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "platform/MoneyFormat.h"
@@ -31,12 +29,7 @@ void writeProject(JSONOutput& json, const ProjectSummary& summary) {
     const auto& project = *summary.project;
     json.beginObject();
     json.field("id", project.id().string());
-    json.field("name", project.name.get());
-    if (const auto& client = project.client.get()) json.field("client", client->name.get());
-    json.field("colorHex", project.colorHex.get());
-    json.field("rateOverrideCents", project.rateOverrideCents.get());
-    json.field("isArchived", project.isArchived.get());
-    json.field("budgetHours", project.budgetHours.get());
+    writeFields(json, project);
     json.field("budgetFraction", summary.budgetFraction);
     json.field("trackedSeconds", summary.trackedSeconds);
     json.field("unbilledSeconds", summary.unbilledSeconds);
@@ -93,35 +86,13 @@ void list(bool withArchived, CommandEnvironment& environment, CommandOutput& out
     output.text += table.text();
 }
 
-void setColor(Project& project, const std::string& value) {
-    project.colorHex = parseColor(value).value();
-}
-
-constexpr std::array<SettableField<Project>, 5> fields{{
-    {"name",
-     [](Project& project, const std::string& value) { project.name = parseName(value).value(); }},
-    {"rate",
-     [](Project& project, const std::string& value) {
-         project.rateOverrideCents =
-             value.empty() ? std::nullopt : std::optional(parseRate(value).value());
-     }},
-    {"budget", [](Project& project,
-                  const std::string& value) { project.budgetHours = parseBudget(value).value(); }},
-    {"color", &setColor},
-    {"colorHex", &setColor},
-}};
-
-void set(Project& project, const std::string& field, const std::string& value) {
-    setField<Project>(fields, project, field, value);
-}
-
 void add(const ProjectArguments& arguments, CommandEnvironment& environment,
          CommandOutput& output) {
     const auto project = std::make_shared<Project>(
         parseName(arguments.name).value(), findClient(environment.context, arguments.client));
-    set(*project, "color", arguments.color.empty() ? projectColors.front() : arguments.color);
-    if (!arguments.rate.empty()) set(*project, "rate", arguments.rate);
-    if (!arguments.budget.empty()) set(*project, "budget", arguments.budget);
+    setField(*project, "color", arguments.color.empty() ? projectColors.front() : arguments.color);
+    if (!arguments.rate.empty()) setField(*project, "rate", arguments.rate);
+    if (!arguments.budget.empty()) setField(*project, "budget", arguments.budget);
     environment.projects().add(project);
     if (!output.isJSON()) return output.line("Added the project “" + fullName(*project) + "”.");
     printJSON(project, environment, output);
@@ -135,7 +106,7 @@ void change(const ProjectArguments& arguments, CommandEnvironment& environment,
         projects.move(project, findClient(environment.context, arguments.value));
     } else {
         projects.edit(project,
-                      [&](Project& edited) { set(edited, arguments.field, arguments.value); });
+                      [&](Project& edited) { setField(edited, arguments.field, arguments.value); });
     }
     if (output.isJSON()) printJSON(project, environment, output);
 }
@@ -207,7 +178,7 @@ void addProjectCommand(CommandSyntax& syntax) {
     setting.option("NAME", arguments->name, "The project's name").required();
     setting.option("--client", arguments->client, "The client whose project it is")
         .typeName("CLIENT");
-    setting.option("FIELD", arguments->field, "One of name, client, rate, budget and color")
+    setting.option("FIELD", arguments->field, "One of client, " + settableFields(Project::schema()))
         .required();
     setting
         .option("VALUE", arguments->value,
