@@ -5,6 +5,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <set>
+#include <string_view>
 
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
@@ -83,6 +87,35 @@ TEST(Backup, aLibraryWithEveryKeyGivesThisDocument) {
                           exportedAt, [&](std::string_view piece) { json += piece; });
     test::expectGolden(json, "exchange/backup.json");
     EXPECT_EQ(BackupExporter::encode(decodeBackup(json)), json);
+}
+
+TEST(Backup, thePublishedSchemaHasTheKeysOfTheRecords) {
+    rapidjson::Document schema;
+    schema.Parse(readFile(ELMWORTH_TEST_DATA "/../../docs/backup.schema.json").c_str());
+    const auto expectKeys = [](const rapidjson::Value& published, const BackupShape& shape) {
+        std::set<std::string_view> keys;
+        std::set<std::string_view> required;
+        for (const auto& key : shape.keys) {
+            keys.insert(key.name);
+            if (key.isRequired) required.insert(key.name);
+        }
+        std::set<std::string_view> publishedKeys;
+        std::set<std::string_view> publishedRequired;
+        for (const auto& key : published["properties"].GetObject())
+            publishedKeys.insert(key.name.GetString());
+        if (published.HasMember("required"))
+            for (const auto& key : published["required"].GetArray())
+                publishedRequired.insert(key.GetString());
+        EXPECT_EQ(publishedKeys, keys);
+        EXPECT_EQ(publishedRequired, required);
+    };
+    const auto& objects = schema["$defs"];
+    expectKeys(schema, backupShapes().document);
+    expectKeys(objects["profile"], backupShapes().profile);
+    expectKeys(objects["client"], backupShapes().client);
+    expectKeys(objects["project"], backupShapes().project);
+    expectKeys(objects["entry"], backupShapes().entry);
+    expectKeys(objects["invoice"], backupShapes().invoice);
 }
 
 TEST(Backup, whatIsEncodedDecodesToTheSame) {
