@@ -18,7 +18,8 @@ namespace {
 /// by statements of a version that it does not have.
 ///
 /// To add one: append a step, and put a library of the former version beside those in
-/// tests/data/library.
+/// tests/data/library. A field that is added must be optional or `mayBeMissing`, so that the
+/// backups of before can be read.
 constexpr MigrationStep steps[] = {
     // The entries that reach into a period, and the time of a project, are found in an index alone.
     {1'00'00, 1'01'00, R"(
