@@ -90,7 +90,8 @@ class TimesheetWindow {
                                                               .profiles = profiles_,
                                                               .runLoop = loop_,
                                                               .now = clock(),
-                                                              .calendar = &libraryCalendar});
+                                                              .calendar = &libraryCalendar},
+                                                  confirmation_);
         QQmlComponent component(&engine_);
         component.setData(source, QUrl());
         window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
@@ -150,6 +151,7 @@ class TimesheetWindow {
     std::unique_ptr<Library> container_;
     std::unique_ptr<UndoHistory> history_;
     std::unique_ptr<TimerService> timer_;
+    Confirmation confirmation_;
     std::unique_ptr<TimesheetModel> model_;
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;

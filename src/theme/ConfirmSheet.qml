@@ -5,66 +5,45 @@ import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
 
-/// Says something that wants an answer before anything goes on. Return presses the button on the right, Escape
-/// does what the left one does.
+/// Shows a question while it is open. Return presses the button on the right, Escape does what the left one does.
 SheetPopup {
     id: sheet
 
-    property string icon: ""
-    property var colors: Theme.primaryGradient
-    property string title: ""
-    property string message: ""
-    property string acceptText: "OK"
-    /// Empty for a message that can only be read.
-    property string rejectText: "Cancel"
-    property bool destructive: false
+    required property Confirmation question
 
-    signal accepted()
-    signal rejected()
-
-    property bool isAnswered: false
-
-    function answer(accepts: bool): void {
-        isAnswered = true;
-        close();
-        if (accepts)
-            accepted();
-        else
-            rejected();
-    }
-
-    onAboutToShow: { isAnswered = false; acceptButton.forceActiveFocus(Qt.TabFocusReason); }
-    onClosed: if (!isAnswered) rejected()
+    visible: question.isOpen
+    onAboutToShow: acceptButton.forceActiveFocus(Qt.TabFocusReason)
+    onAboutToHide: question.reject()
 
     // qmllint disable deferred-property-id
     contentItem: SheetScaffold {
         sheetWidth: 400
-        icon: sheet.icon
-        colors: sheet.colors
-        title: sheet.title
+        icon: sheet.question.icon
+        colors: sheet.question.isDestructive ? Theme.dangerGradient : Theme.grayGradient
+        title: sheet.question.title
         Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
-        Accessible.description: sheet.message
+        Accessible.name: sheet.question.title
+        Accessible.description: sheet.question.message
         actions: [
             GlowButton {
-                visible: sheet.rejectText.length > 0
-                text: sheet.rejectText
-                onClicked: sheet.answer(false)
+                visible: sheet.question.rejectText.length > 0
+                text: sheet.question.rejectText
+                onClicked: sheet.question.reject()
             },
             GlowButton {
                 id: acceptButton
 
-                text: sheet.acceptText
+                text: sheet.question.acceptText
                 prominent: true
-                colors: sheet.destructive ? Theme.dangerGradient : []
-                onClicked: sheet.answer(true)
+                colors: sheet.question.isDestructive ? Theme.dangerGradient : []
+                onClicked: sheet.question.accept()
             }
         ]
 
         PlainText {
             Layout.fillWidth: true
             visible: text.length > 0
-            text: sheet.message
+            text: sheet.question.message
             color: Theme.secondaryText
             lineHeight: 1.25
             wrapMode: Text.Wrap

@@ -20,7 +20,7 @@ MainViewModel::MainViewModel(const AppServices& services)
       defaults_(services.defaults),
       timer_(services.timer),
       running_(services.context, services.timer),
-      timesheet_(services) {
+      timesheet_(services, confirmation_) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });

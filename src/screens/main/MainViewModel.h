@@ -11,6 +11,7 @@
 #include "screens/main/SidebarModel.h"
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/TimesheetModel.h"
+#include "theme/Confirmation.h"
 
 namespace elmworth {
 
@@ -24,6 +25,8 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(int section READ section NOTIFY sectionChanged FINAL)
     Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
     Q_PROPERTY(elmworth::TimesheetModel* timesheet READ timesheet CONSTANT FINAL)
+    /// What any of the sections asks.
+    Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates CONSTANT FINAL)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT FINAL)
     Q_PROPERTY(QString libraryProblem READ libraryProblem NOTIFY libraryProblemChanged FINAL)
@@ -36,6 +39,7 @@ class MainViewModel final : public QObject {
     [[nodiscard]] int section() const;
     [[nodiscard]] RunningEntryModel* running() { return &running_; }
     [[nodiscard]] TimesheetModel* timesheet() { return &timesheet_; }
+    [[nodiscard]] Confirmation* confirmation() { return &confirmation_; }
     /// There is nothing yet that could look for updates.
     [[nodiscard]] static bool canCheckForUpdates() { return false; }
     [[nodiscard]] static QString stopHelp();
@@ -61,6 +65,7 @@ class MainViewModel final : public QObject {
     TimerService& timer_;
     SidebarModel sections_;
     RunningEntryModel running_;
+    Confirmation confirmation_;
     TimesheetModel timesheet_;
     Settings::Observation defaultsObservation_;
     ReadFaults::Observation faultsObservation_;

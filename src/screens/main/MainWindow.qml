@@ -31,6 +31,15 @@ Basic.ApplicationWindow {
         onActivated: window.close()
     }
 
+    OnDemand {
+        wanted: window.model.confirmation.isOpen
+
+        // What is made on demand doesn't outlive its window.
+        // qmllint disable unqualified
+        sourceComponent: ConfirmSheet { question: window.model.confirmation }
+        // qmllint enable unqualified
+    }
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 0

@@ -3,8 +3,6 @@
 
 #include "screens/timesheet/EntryCommandsModel.h"
 
-#include <utility>
-
 namespace elmworth {
 
 namespace {
@@ -26,29 +24,6 @@ EntryCommandsModel::EntryCommandsModel(const AppServices& services)
         if (noticeOffersUndo_) dismissNotice();  // another step is the newest now
         Q_EMIT historyChanged();
     });
-}
-
-QString EntryCommandsModel::pendingDeleteTitle() const {
-    if (pendingDelete_.size() == 1) return QStringLiteral("Delete this entry?");
-    return QStringLiteral("Delete %1 entries?").arg(pendingDelete_.size());
-}
-
-void EntryCommandsModel::askToDelete(IDs ids) {
-    if (ids.empty()) return;
-    pendingDelete_ = std::move(ids);
-    Q_EMIT pendingDeleteChanged();
-}
-
-void EntryCommandsModel::confirmDelete() {
-    const IDs ids = std::exchange(pendingDelete_, {});
-    Q_EMIT pendingDeleteChanged();
-    if (!ids.empty()) deleteEntries(ids);
-}
-
-void EntryCommandsModel::dismissDelete() {
-    if (pendingDelete_.empty()) return;
-    pendingDelete_.clear();
-    Q_EMIT pendingDeleteChanged();
 }
 
 void EntryCommandsModel::deleteEntries(const IDs& ids) {

@@ -13,15 +13,12 @@
 
 namespace elmworth {
 
-/// What can be done to the entries of a timesheet, what is asked and said about it, and how it is
-/// taken back.
+/// What can be done to the entries of a timesheet, what is said about it, and how it is taken
+/// back.
 class EntryCommandsModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The timesheet's model has it")
-    /// Whether a deletion waits to be confirmed, and the question.
-    Q_PROPERTY(bool isDeletePending READ isDeletePending NOTIFY pendingDeleteChanged FINAL)
-    Q_PROPERTY(QString pendingDeleteTitle READ pendingDeleteTitle NOTIFY pendingDeleteChanged FINAL)
     /// A sentence on what was done, until it is dismissed; empty for none.
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
     /// Whether the notice is of something that "Undo" takes back.
@@ -37,8 +34,6 @@ class EntryCommandsModel final : public QObject {
 
     explicit EntryCommandsModel(const AppServices& services);
 
-    [[nodiscard]] bool isDeletePending() const noexcept { return !pendingDelete_.empty(); }
-    [[nodiscard]] QString pendingDeleteTitle() const;
     [[nodiscard]] const QString& notice() const noexcept { return notice_; }
     [[nodiscard]] bool noticeOffersUndo() const noexcept { return noticeOffersUndo_; }
     [[nodiscard]] bool canUndo() const noexcept;
@@ -46,8 +41,6 @@ class EntryCommandsModel final : public QObject {
     [[nodiscard]] QString undoText() const;
     [[nodiscard]] QString redoText() const;
 
-    /// Asks whether to delete the entries; nothing happens for none.
-    void askToDelete(IDs ids);
     void deleteEntries(const IDs& ids);
     /// Says so when the project was deleted meanwhile; nothing is moved then.
     void moveEntries(const IDs& ids, const PersistentID& project);
@@ -56,8 +49,6 @@ class EntryCommandsModel final : public QObject {
     /// As TimesheetEditing::save.
     Ref<TimeEntry> save(const EntryForm& form, const Ref<TimeEntry>& entry);
 
-    Q_INVOKABLE void confirmDelete();
-    Q_INVOKABLE void dismissDelete();
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
     Q_INVOKABLE void dismissNotice();
@@ -68,7 +59,6 @@ class EntryCommandsModel final : public QObject {
     [[nodiscard]] Ref<TimeEntry> entry(const PersistentID& id);
 
  Q_SIGNALS:
-    void pendingDeleteChanged();
     void noticeChanged();
     void historyChanged();
     /// Some of the entries are billed, and were left alone.
@@ -82,7 +72,6 @@ class EntryCommandsModel final : public QObject {
 
     UnitOfWork& context_;
     TimesheetEditing editing_;
-    IDs pendingDelete_;
     QString notice_;
     bool noticeOffersUndo_ = false;
     EntryHistory::Observation historyObservation_;

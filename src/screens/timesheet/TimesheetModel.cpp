@@ -34,8 +34,9 @@ QString pathOf(const QUrl& file) {
 
 }  // namespace
 
-TimesheetModel::TimesheetModel(const AppServices& services)
+TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confirmation)
     : services_(services),
+      confirmation_(confirmation),
       filter_(services),
       commands_(services),
       running_(services.context, services.timer),
@@ -54,6 +55,7 @@ void TimesheetModel::observe() {
     connect(&filter_, &TimesheetFilterModel::narrowed, this, &TimesheetModel::clearSelection);
     connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
     connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearDeleted);
+    connect(&commands_, &EntryCommandsModel::billedNotice, this, &TimesheetModel::tellOfBilled);
     connect(&menuProjects_, &ChoiceModel::picked, this,
             [this](const PersistentID& id) { commands_.moveEntries(menuIDs_, id); });
     libraryObservation_ = services_.context.observeAll(
@@ -209,19 +211,13 @@ void TimesheetModel::requestExport(const QUrl& file) {
     if (!std::filesystem::is_regular_file(pathOf(file).toStdString(), ignored)) {
         return exportTo(file);
     }
-    replacedFile_ = file;
-    Q_EMIT replacedNameChanged();
-}
-
-void TimesheetModel::confirmReplace() {
-    const QUrl file = replacedFile_;
-    dismissReplace();
-    if (!file.isEmpty()) exportTo(file);
-}
-
-void TimesheetModel::dismissReplace() {
-    replacedFile_.clear();
-    Q_EMIT replacedNameChanged();
+    confirmation_.ask({.icon = QStringLiteral("tablecells"),
+                       .title = QStringLiteral("Replace “%1”?").arg(file.fileName()),
+                       .message = QStringLiteral(
+                           "A file of that name is there already. What it holds will be lost."),
+                       .acceptText = QStringLiteral("Replace"),
+                       .isDestructive = true},
+                      [this, file] { exportTo(file); });
 }
 
 }  // namespace elmworth

@@ -20,6 +20,7 @@
 #include "screens/timesheet/TimesheetFilterModel.h"
 #include "screens/timesheet/TimesheetRowsModel.h"
 #include "screens/timesheet/TimesheetSelection.h"
+#include "theme/Confirmation.h"
 #include "tracking/TimesheetContents.h"
 
 namespace elmworth {
@@ -39,6 +40,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(elmworth::DailyChartModel* chart READ chart CONSTANT FINAL)
     Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
     Q_PROPERTY(elmworth::EntryEditorModel* editor READ editor CONSTANT FINAL)
+    /// Of the window's frame.
+    Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     /// The lines of all days; the roles are those of `TimesheetRowsModel`.
     Q_PROPERTY(QAbstractItemModel* rows READ rowsModel CONSTANT FINAL)
     /// Whether somebody can see this.
@@ -49,8 +52,6 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool showsNothing READ showsNothing NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
-    /// The name of the file that an export would replace, while that is asked; empty otherwise.
-    Q_PROPERTY(QString replacedName READ replacedName NOTIFY replacedNameChanged FINAL)
     /// Whether older time is still being read, so that what shows may not be all.
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
     /// Where the line stands that the keyboard acts on, or -1.
@@ -61,7 +62,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
 
  public:
-    explicit TimesheetModel(const AppServices& services);
+    /// Asks in `confirmation`, which outlives it.
+    TimesheetModel(const AppServices& services, Confirmation& confirmation);
 
     [[nodiscard]] TimesheetFilterModel* filter() noexcept { return &filter_; }
     [[nodiscard]] EntryCommandsModel* commands() noexcept { return &commands_; }
@@ -69,6 +71,7 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] DailyChartModel* chart() noexcept { return &chart_; }
     [[nodiscard]] RunningEntryModel* running() noexcept { return &running_; }
     [[nodiscard]] EntryEditorModel* editor() noexcept { return &editor_; }
+    [[nodiscard]] Confirmation* confirmation() noexcept { return &confirmation_; }
     [[nodiscard]] QAbstractItemModel* rowsModel() noexcept { return &rows_; }
     [[nodiscard]] const TimesheetRowsModel& rows() const noexcept { return rows_; }
 
@@ -122,18 +125,14 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
     /// Writes what is shown as CSV. What goes wrong is said.
     Q_INVOKABLE void exportTo(const QUrl& file);
-    /// The same, but asks before it replaces a file; see `replacedName`.
+    /// The same, but asks before it replaces a file.
     Q_INVOKABLE void requestExport(const QUrl& file);
-    Q_INVOKABLE void confirmReplace();
-    Q_INVOKABLE void dismissReplace();
-    [[nodiscard]] QString replacedName() const { return replacedFile_.fileName(); }
 
  Q_SIGNALS:
     void isShownChanged();
     void listed();
     void currentRowChanged();
     void menuChanged();
-    void replacedNameChanged();
 
  private:
     void observe();
@@ -149,12 +148,14 @@ class TimesheetModel final : public QObject {
     void tick();
     void selectionChanged();
     void clearDeleted();
+    void tellOfBilled();
     void offerMenuProjects();
     [[nodiscard]] Ref<TimeEntry> entryAt(int row);
     [[nodiscard]] std::vector<PersistentID> shownSelection() const;
     [[nodiscard]] TimesheetRowsModel::Setting setting() const;
 
     AppServices services_;
+    Confirmation& confirmation_;
     TimesheetFilterModel filter_;
     EntryCommandsModel commands_;
     RunningEntryModel running_;
@@ -178,7 +179,6 @@ class TimesheetModel final : public QObject {
     bool libraryIsEmpty_ = true;
     std::optional<std::size_t> entryCount_;  ///< once the period was read
     Instant today_;
-    QUrl replacedFile_;
     RunLoop::Handle trim_;
     std::optional<Instant> awaited_;  ///< after it what runs stands in a day where it does not yet
     UnitOfWork::Observation libraryObservation_;

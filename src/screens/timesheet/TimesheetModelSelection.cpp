@@ -76,7 +76,23 @@ std::vector<PersistentID> TimesheetModel::shownSelection() const {
 }
 
 void TimesheetModel::askToDeleteSelected() {
-    commands_.askToDelete(shownSelection());
+    const auto ids = shownSelection();
+    if (ids.empty()) return;
+    confirmation_.ask(
+        {.icon = QStringLiteral("trash"),
+         .title = ids.size() == 1 ? QStringLiteral("Delete this entry?")
+                                  : QStringLiteral("Delete %1 entries?").arg(ids.size()),
+         .acceptText = QStringLiteral("Delete"),
+         .isDestructive = true},
+        [this, ids] { commands_.deleteEntries(ids); });
+}
+
+void TimesheetModel::tellOfBilled() {
+    confirmation_.tell({.icon = QStringLiteral("lock.fill"),
+                        .title = QStringLiteral("Billed entries are read-only"),
+                        .message = QStringLiteral(
+                            "This time is on an invoice. Delete the invoice to release its entries "
+                            "before editing or deleting them.")});
 }
 
 void TimesheetModel::edit(int row) {

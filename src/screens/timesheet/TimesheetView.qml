@@ -12,7 +12,7 @@ FocusScope {
     required property TimesheetModel model
 
     /// Whether nothing lies over this screen.
-    readonly property bool isInFront: visible && !model.editor.isOpen && !model.commands.isDeletePending && !billed.isOpen && model.replacedName.length === 0
+    readonly property bool isInFront: visible && !model.editor.isOpen && !model.confirmation.isOpen
 
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
@@ -104,67 +104,10 @@ FocusScope {
         onClosed: list.takeKeyboard(Qt.PopupFocusReason)
     }
 
-    OnDemand {
-        wanted: view.model.commands.isDeletePending
-
-        // qmllint disable unqualified
-        sourceComponent: ConfirmSheet {
-            visible: view.model.commands.isDeletePending
-            icon: "trash"
-            colors: Theme.dangerGradient
-            title: view.model.commands.pendingDeleteTitle
-            acceptText: "Delete"
-            destructive: true
-            onAccepted: view.model.commands.confirmDelete()
-            onRejected: view.model.commands.dismissDelete()
-        }
-        // qmllint enable unqualified
-    }
-
-    OnDemand {
-        id: billed
-
-        readonly property bool isOpen: (item as ConfirmSheet)?.visible ?? false
-
-        sourceComponent: ConfirmSheet {
-            icon: "lock.fill"
-            colors: Theme.grayGradient
-            title: "Billed entries are read-only"
-            message: "This time is on an invoice. Delete the invoice to release its entries before editing or deleting them."
-            rejectText: ""
-        }
-    }
-
-    OnDemand {
-        wanted: view.model.replacedName.length > 0
-
-        // qmllint disable unqualified
-        sourceComponent: ConfirmSheet {
-            visible: view.model.replacedName.length > 0
-            icon: "tablecells"
-            title: "Replace “" + view.model.replacedName + "”?"
-            message: "A file of that name is there already. What it holds will be lost."
-            acceptText: "Replace"
-            destructive: true
-            colors: Theme.dangerGradient
-            onAccepted: view.model.confirmReplace()
-            onRejected: view.model.dismissReplace()
-        }
-        // qmllint enable unqualified
-    }
-
     // It shows itself.
     OnDemand {
         wanted: view.model.editor.isOpen
         Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Panel/EntryEditor.qml", { model: view.model.editor })
-    }
-
-    Connections {
-        target: view.model.commands
-
-        function onBilledNotice(): void {
-            (billed.make() as ConfirmSheet).open();
-        }
     }
 
     // The dialog's module is only read for an export.

@@ -76,5 +76,12 @@ GallerySection {
 
             GalleryFormSheet { model: section.model.form }
         }
+
+        GlowButton {
+            text: "Ask"
+            onClicked: section.model.ask()
+
+            ConfirmSheet { question: section.model.confirmation }
+        }
     }
 }

@@ -47,6 +47,16 @@ void GalleryModel::setAppearance(int position) {
     Q_EMIT appearanceChanged();
 }
 
+void GalleryModel::ask() {
+    confirmation_.ask(
+        {.icon = QStringLiteral("trash"),
+         .title = QStringLiteral("Delete Acme Co?"),
+         .message = QStringLiteral("This also deletes its projects and all their time entries."),
+         .acceptText = QStringLiteral("Delete Client"),
+         .isDestructive = true},
+        [] {});
+}
+
 QStringList GalleryModel::imageNames() {
     return iconNames();
 }

@@ -8,6 +8,7 @@
 #include <QtQmlIntegration>
 
 #include "theme/AppearanceSetting.h"
+#include "theme/Confirmation.h"
 #include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
 #include "theme/FormSheetModel.h"
@@ -52,6 +53,7 @@ class GalleryModel final : public QObject {
     Q_PROPERTY(elmworth::DateTimeInput* wrongDate READ wrongDate CONSTANT
                    FINAL)  ///< shows a text that is none
     Q_PROPERTY(elmworth::GalleryForm* form READ form CONSTANT FINAL)
+    Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
 
  public:
@@ -62,6 +64,8 @@ class GalleryModel final : public QObject {
     [[nodiscard]] DateTimeInput* date() noexcept { return &date_; }
     [[nodiscard]] DateTimeInput* wrongDate() noexcept { return &wrongDate_; }
     [[nodiscard]] GalleryForm* form() noexcept { return &form_; }
+    [[nodiscard]] Confirmation* confirmation() noexcept { return &confirmation_; }
+    Q_INVOKABLE void ask();
     [[nodiscard]] static QStringList imageNames();
 
  Q_SIGNALS:
@@ -72,6 +76,7 @@ class GalleryModel final : public QObject {
     DateTimeInput date_{&Calendar::current, &currentInstant};
     DateTimeInput wrongDate_{&Calendar::current, &currentInstant};
     GalleryForm form_;
+    Confirmation confirmation_;
 };
 
 }  // namespace elmworth

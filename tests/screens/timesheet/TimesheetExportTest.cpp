@@ -207,17 +207,16 @@ TEST_F(TimesheetExported, asksBeforeItReplacesAFile) {
             QUrl::fromLocalFile(QString::fromStdString(file("time.csv").string())));
     };
     request();
-    EXPECT_EQ(model->replacedName(), QString());
+    EXPECT_FALSE(confirmation.isOpen());
     const auto written = readFile(file("time.csv"));
     writeAtomically(file("time.csv"), "somebody's");
     request();
-    EXPECT_EQ(utf8(model->replacedName()), "time.csv");
-    model->dismissReplace();
-    EXPECT_EQ(model->replacedName(), QString());
+    EXPECT_EQ(utf8(confirmation.title()), "Replace “time.csv”?");
+    confirmation.reject();
     EXPECT_EQ(readFile(file("time.csv")), "somebody's");
     request();
-    model->confirmReplace();
-    EXPECT_EQ(model->replacedName(), QString());
+    confirmation.accept();
+    EXPECT_FALSE(confirmation.isOpen());
     EXPECT_EQ(readFile(file("time.csv")), written);
 }
 

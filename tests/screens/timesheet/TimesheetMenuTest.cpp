@@ -99,7 +99,7 @@ TEST_F(TimesheetMenu, actsOnAllThatIsSelectedWhenItsRowIs) {
     model->menuDelete();
     EXPECT_FALSE(exists(a));
     EXPECT_FALSE(exists(c));
-    EXPECT_FALSE(commands().isDeletePending()) << "the menu does not ask";
+    EXPECT_FALSE(confirmation.isOpen()) << "the menu does not ask";
 }
 
 TEST_F(TimesheetMenu, editDuplicateAndContinueActOnItsRowAlone) {

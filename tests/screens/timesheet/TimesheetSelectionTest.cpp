@@ -270,11 +270,11 @@ TEST_F(SelectionInTimesheet, returnOnAnEntryThatIsHiddenOrGoneDoesNothing) {
 TEST_F(SelectionInTimesheet, deleteAsksBeforeItDeletes) {
     click(noon);
     model->askToDeleteSelected();
-    EXPECT_TRUE(commands().isDeletePending());
-    EXPECT_EQ(utf8(commands().pendingDeleteTitle()), "Delete this entry?");
+    EXPECT_TRUE(confirmation.isOpen());
+    EXPECT_EQ(utf8(confirmation.title()), "Delete this entry?");
     EXPECT_EQ(entryCount(), 4U);
-    commands().confirmDelete();
-    EXPECT_FALSE(commands().isDeletePending());
+    confirmation.accept();
+    EXPECT_FALSE(confirmation.isOpen());
     EXPECT_EQ(entryCount(), 3U);
     EXPECT_EQ(selectedCount(), 0U);
 }
@@ -294,7 +294,7 @@ TEST_P(KeysAfterADeletion, goOnWhereTheDeletedStood) {
         model->clearSelection();
         for (const int row : GetParam().deleted) model->click(row, Qt::ControlModifier);
         model->askToDeleteSelected();
-        commands().confirmDelete();
+        confirmation.accept();
         EXPECT_EQ(selectedCount(), 0U);
         model->moveCurrent(step);
         EXPECT_EQ(model->currentRow(), reached) << (step > 0 ? "down" : "up");
@@ -322,21 +322,21 @@ TEST_F(SelectionInTimesheet, afterADeletionByTheMenuTheArrowKeysGoOnFromItsRow) 
 TEST_F(SelectionInTimesheet, deleteThatIsDismissedDeletesNothingAndKeepsTheSelection) {
     setSelected({noon, morning});
     model->askToDeleteSelected();
-    EXPECT_EQ(utf8(commands().pendingDeleteTitle()), "Delete 2 entries?");
-    commands().dismissDelete();
-    EXPECT_FALSE(commands().isDeletePending());
-    commands().confirmDelete();
+    EXPECT_EQ(utf8(confirmation.title()), "Delete 2 entries?");
+    confirmation.reject();
+    EXPECT_FALSE(confirmation.isOpen());
+    confirmation.accept();
     EXPECT_EQ(entryCount(), 4U);
     EXPECT_EQ(selectedCount(), 2U);
 }
 
 TEST_F(SelectionInTimesheet, deleteOfNothingAsksNothing) {
     model->askToDeleteSelected();
-    EXPECT_FALSE(commands().isDeletePending());
+    EXPECT_FALSE(confirmation.isOpen());
     click(noon);
     deleteElsewhere(noon);
     model->askToDeleteSelected();
-    EXPECT_FALSE(commands().isDeletePending());
+    EXPECT_FALSE(confirmation.isOpen());
 }
 
 TEST_F(SelectionInTimesheet, deleteTakesOnlyWhatIsStillShownAndTheRestStaysSelectedMeanwhile) {
@@ -345,9 +345,9 @@ TEST_F(SelectionInTimesheet, deleteTakesOnlyWhatIsStillShownAndTheRestStaysSelec
     filter().from()->setValue(test::at("2026-03-02T00:00Z"));
     Q_EMIT filter().from()->changed();
     model->askToDeleteSelected();
-    EXPECT_EQ(utf8(commands().pendingDeleteTitle()), "Delete this entry?");
+    EXPECT_EQ(utf8(confirmation.title()), "Delete this entry?");
     EXPECT_TRUE(isSelected(yesterday));
-    commands().confirmDelete();
+    confirmation.accept();
     EXPECT_EQ(context().record<TimeEntry>(noon->id()), nullptr);
     EXPECT_NE(context().record<TimeEntry>(yesterday->id()), nullptr);
     EXPECT_EQ(selectedCount(), 0U);
@@ -356,7 +356,7 @@ TEST_F(SelectionInTimesheet, deleteTakesOnlyWhatIsStillShownAndTheRestStaysSelec
 TEST_F(SelectionInTimesheet, deleteOfAnEntryOverMidnightCountsItOnce) {
     click(night);
     model->askToDeleteSelected();
-    EXPECT_EQ(utf8(commands().pendingDeleteTitle()), "Delete this entry?");
+    EXPECT_EQ(utf8(confirmation.title()), "Delete this entry?");
 }
 
 TEST_F(SelectionInTimesheet, deleteThatWaitsSurvivesWhatHappensElsewhere) {
@@ -365,7 +365,7 @@ TEST_F(SelectionInTimesheet, deleteThatWaitsSurvivesWhatHappensElsewhere) {
     deleteElsewhere(noon);
     bill(morning);
     QSignalSpy billed(&commands(), &EntryCommandsModel::billedNotice);
-    commands().confirmDelete();
+    confirmation.accept();
     EXPECT_EQ(billed.size(), 1);
     EXPECT_EQ(entryCount(), 3U);
 }

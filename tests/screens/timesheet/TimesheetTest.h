@@ -33,7 +33,7 @@ class TimesheetTest : public PanelTest {
         reopen();
     }
     void reopen() {
-        model = std::make_unique<TimesheetModel>(services());
+        model = std::make_unique<TimesheetModel>(services(), confirmation);
         model->setShown(true);
         turn();
     }
@@ -124,7 +124,9 @@ class TimesheetTest : public PanelTest {
     Ref<Client> globex = timer.library.addClient("Globex");
     Ref<Project> website = timer.library.addProject("Website", acme);
     Ref<Project> shop = timer.library.addProject("Shop", globex);
-    std::unique_ptr<TimesheetModel> model = std::make_unique<TimesheetModel>(services());
+    Confirmation confirmation;
+    std::unique_ptr<TimesheetModel> model =
+        std::make_unique<TimesheetModel>(services(), confirmation);
 };
 
 }  // namespace elmworth::test
