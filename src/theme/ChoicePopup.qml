@@ -12,15 +12,7 @@ Basic.Popup {
 
     property string label: ""
     property string prompt: ""
-    /// What can be chosen: a model whose rows have a `text` and say whether they are the chosen one by
-    /// `isChosen`.
-    property var rows: null
-    property int chosenRow: -1
-    /// What is searched for. Whoever has the rows sets it when `searched` tells, and shows fewer of them.
-    property string search: ""
-
-    signal searched(string text)
-    signal chosen(int row)
+    required property ChoiceModel choice
 
     width: 260
     padding: 5
@@ -30,7 +22,7 @@ Basic.Popup {
     closePolicy: Basic.Popup.CloseOnEscape | Basic.Popup.CloseOnPressOutside
     onAboutToShow: list.active = true
     onOpened: (list.item as SearchList).takeFocus()
-    onClosed: searched("")
+    onClosed: choice.search = ""
 
     // Nothing to see, but it keeps a click from what lies below.
     T.Overlay.modal: Item {}
@@ -45,12 +37,8 @@ Basic.Popup {
             // qmllint disable unqualified
             label: popup.label
             prompt: popup.prompt
-            rows: popup.rows
-            chosenRow: popup.chosenRow
-            search: popup.search
-            onSearched: text => popup.searched(text)
-            // The row is one of those that the search found, which closing takes back.
-            onChosen: row => { popup.chosen(row); popup.close(); }
+            choice: popup.choice
+            onChosen: popup.close()
             // qmllint enable unqualified
         }
     }

@@ -12,16 +12,19 @@ ColumnLayout {
 
     property string label: ""
     property string prompt: ""
-    required property var rows
-    property int chosenRow: -1
-    property string search: ""
+    required property ChoiceModel choice
 
-    signal searched(string text)
-    signal chosen(int row)
+    /// Somebody chose a row, or the one that was chosen already.
+    signal chosen()
+
+    function choose(row: int): void {
+        choice.choose(row);
+        chosen();
+    }
 
     /// Begins at the chosen row, or at the first that a search finds.
     function takeFocus(): void {
-        view.currentIndex = Math.max(0, chosenRow);
+        view.currentIndex = Math.max(0, choice.chosenRow);
         view.positionViewAtIndex(view.currentIndex, ListView.Center);
         field.forceActiveFocus(Qt.PopupFocusReason);
         field.cursorPosition = field.length;
@@ -41,18 +44,18 @@ ColumnLayout {
         placeholderText: list.prompt
         // The focus stays here while the arrows go through the lines.
         Accessible.description: (view.currentItem as PopupMenuItem)?.text ?? "No matches"
-        text: list.search
+        text: list.choice.search
         onTextChanged: {
-            if (text === list.search)
+            if (text === list.choice.search)
                 return;
-            list.searched(text);
+            list.choice.search = text;
             view.currentIndex = 0;
         }
 
         Keys.onUpPressed: list.move(-1)
         Keys.onDownPressed: list.move(1)
-        Keys.onReturnPressed: if (view.count > 0) list.chosen(view.currentIndex)
-        Keys.onEnterPressed: if (view.count > 0) list.chosen(view.currentIndex)
+        Keys.onReturnPressed: if (view.count > 0) list.choose(view.currentIndex)
+        Keys.onEnterPressed: if (view.count > 0) list.choose(view.currentIndex)
         Keys.onTabPressed: {}
         Keys.onBacktabPressed: {}
         Keys.onPressed: event => {
@@ -65,7 +68,7 @@ ColumnLayout {
         Binding {
             target: field
             property: "text"
-            value: list.search
+            value: list.choice.search
             restoreMode: Binding.RestoreNone
         }
     }
@@ -76,7 +79,7 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.preferredHeight: Math.min(Math.max(contentHeight, 32), 8 * 32)
         clip: true
-        model: list.rows
+        model: list.choice.rows // qmllint disable
         highlightMoveDuration: 0
         Accessible.role: Accessible.List
         Accessible.name: list.label
@@ -96,7 +99,7 @@ ColumnLayout {
             highlighted: ListView.isCurrentItem || hovered
             focusPolicy: Qt.NoFocus
             Accessible.role: Accessible.ListItem
-            onClicked: list.chosen(index)
+            onClicked: list.choose(index)
         }
         // qmllint enable unqualified
 

@@ -10,26 +10,15 @@ Item {
     id: picker
 
     property string label: ""
-    /// What is chosen, or what stands there while nothing is.
-    property string text: ""
-    property bool isUnset: false
-    /// What can be chosen: a model whose rows have a `text` and say whether they are the chosen one by
-    /// `isChosen`.
-    required property var rows
-    property int chosenRow: -1
-    /// What is searched for. Whoever has the rows sets it when `searched` tells, and shows fewer of them.
-    property string search: ""
+    required property ChoiceModel choice
     property string prompt: ""
     property bool looksHovered: pointer.hovered
     property bool looksFocused: activeFocus
 
-    signal chosen(int row)
-    signal searched(string text)
-
     function openList(typed: string): void {
         if (!enabled || popup.visible)
             return;
-        searched(typed);
+        choice.search = typed;
         popup.open();
     }
 
@@ -40,7 +29,7 @@ Item {
     // A control's own role would be that of a plain button.
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
-    Accessible.description: text
+    Accessible.description: choice.title
     Accessible.focusable: true
     Accessible.onPressAction: openList("")
 
@@ -75,9 +64,9 @@ Item {
 
     PlainText {
         anchors { left: parent.left; leftMargin: 10; right: arrows.left; rightMargin: 6; verticalCenter: parent.verticalCenter }
-        text: picker.text
+        text: picker.choice.title
         elide: Text.ElideMiddle
-        color: picker.isUnset ? Theme.tertiaryText : Theme.primaryText
+        color: !picker.choice.isSet ? Theme.tertiaryText : Theme.primaryText
         Accessible.ignored: true
     }
 
@@ -96,11 +85,7 @@ Item {
         width: Math.max(picker.width, 240)
         label: picker.label
         prompt: picker.prompt
-        rows: picker.rows
-        chosenRow: picker.chosenRow
-        search: picker.search
-        onSearched: text => picker.searched(text)
-        onChosen: row => picker.chosen(row)
+        choice: picker.choice
         onClosed: picker.forceActiveFocus(Qt.TabFocusReason)
     }
 }

@@ -5,9 +5,12 @@
 
 #include <QtQuickTest/quicktest.h>
 #include <QObject>
+#include <QQmlContext>
+#include <QQmlEngine>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "theme/AppAppearance.h"
+#include "theme/ChoiceModel.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
 
@@ -26,6 +29,14 @@ class ComponentsSetup : public QObject {
         // States are reached at once.
         AppAppearance::instance().setReducedMotion(true);
     }
+    void qmlEngineAvailable(QQmlEngine* engine) {
+        choices_.offer({{1, QStringLiteral("App")}, {2, QStringLiteral("Website")}});
+        choices_.setChosen(2);
+        engine->rootContext()->setContextProperty(QStringLiteral("choices"), &choices_);
+    }
+
+ private:
+    Choices<int> choices_;
 };
 
 }  // namespace elmworth

@@ -26,11 +26,7 @@ Item {
         SearchPicker {
             label: "Project"
             prompt: "Search projects"
-            chosenRow: 1
-            rows: ListModel {
-                ListElement { text: "App"; isChosen: false }
-                ListElement { text: "Website"; isChosen: true }
-            }
+            choice: choices
         }
     }
     Component {
@@ -191,10 +187,10 @@ Item {
             compare(told(), "App");
             keyClick(Qt.Key_Down);
             compare(told(), "Website");
-            choice.rows.clear();
+            choices.search = "nothing like it";
             tryVerify(() => told() === "No matches");
             keyClick(Qt.Key_Escape);
-            tryVerify(() => !choice.search.length);
+            tryVerify(() => !choices.search.length);
         }
 
         function test_a_segment_chosen_again_stays_chosen() {
@@ -212,7 +208,7 @@ Item {
             const below = createTemporaryObject(cover, stage);
             const choice = createTemporaryObject(listPicker, below);
             const taps = createTemporaryObject(anySpy, stage, { target: below, signalName: "tapped" });
-            const picks = createTemporaryObject(anySpy, stage, { target: choice, signalName: "chosen" });
+            const picks = createTemporaryObject(anySpy, stage, { target: choices, signalName: "picked" });
             mouseClick(choice);
             tryVerify(() => shown("Website") !== null);
             mouseClick(below, 500, 350);

@@ -32,15 +32,9 @@ GridLayout {
 
         Layout.fillWidth: true
         label: "Project"
-        text: form.model.projects.title
-        isUnset: !form.model.projects.isSet
         prompt: "Search projects"
         enabled: !form.model.isLocked
-        rows: form.model.projects.rows // qmllint disable
-        chosenRow: form.model.projects.chosenRow
-        search: form.model.projects.search
-        onSearched: text => form.model.projects.search = text
-        onChosen: row => form.model.projects.choose(row)
+        choice: form.model.projects
     }
 
     FormLabel { text: "Start" }

@@ -22,7 +22,14 @@ EntryEditorModel::EntryEditorModel(AppServices services, Save save)
     : services_(std::move(services)),
       save_(std::move(save)),
       entry_(services_.context),
-      projects_(services_.context),
+      projects_(services_.context, {.none = QStringLiteral("Choose\u2026"),
+                                    .label = &labelWithClient,
+                                    .isListed =
+                                        [this](const Project& project) {
+                                            return !project.isArchived ||
+                                                   project.id() == entrysOwn_;
+                                        },
+                                    .shown = {&Client::schema()}}),
       start_(services_.calendar, services_.now, services_.locale),
       end_(services_.calendar, services_.now, services_.locale) {
     connect(&projects_, &ChoiceModel::changed, this, [this] { fieldsChanged(); });
@@ -47,14 +54,15 @@ void EntryEditorModel::open(Ref<TimeEntry> entry, std::optional<Instant> day) {
 void EntryEditorModel::fill(const EntryForm& form) {
     seen_ = form;
     isRunning_ = form.wasRunning;
-    projects_.show(form.project, entry_ ? form.project : nullptr);
+    entrysOwn_ = entry_ && form.project ? std::optional(form.project->id()) : std::nullopt;
+    projects_.follow(form.project);
     start_.setValue(form.start);
     end_.setValue(form.end);
     notes_.load(text(form.notes));
 }
 
 EntryForm EntryEditorModel::form() const {
-    return {projects_.chosen(), start_.value(), end_.value(), notes_.text().toStdString(),
+    return {projects_.record(), start_.value(), end_.value(), notes_.text().toStdString(),
             isRunning_};
 }
 
@@ -68,7 +76,7 @@ QString EntryEditorModel::icon() const {
 }
 
 QString EntryEditorModel::iconColor() const {
-    const auto& project = projects_.chosen();
+    const auto& project = projects_.record();
     return project ? text(project->colorHex.get()) : QStringLiteral("#7C6CFF");
 }
 
@@ -152,7 +160,8 @@ void EntryEditorModel::catchUp() {
 void EntryEditorModel::follow(const EntryForm& fresh) {
     const EntryForm here = form();
     const EntryForm before = std::exchange(seen_, fresh);
-    if (here.project == before.project) projects_.setChosen(fresh.project);
+    const bool isProjectOurs = here.project != before.project;
+    if (!isProjectOurs && fresh.project != before.project) projects_.setRecord(fresh.project);
     notes_.follow(text(fresh.notes));
     const bool isStartOurs = start_.isTyped() || here.start != before.start;
     if (!isStartOurs && fresh.start != before.start) start_.setValue(fresh.start);

@@ -12,8 +12,8 @@
 #include "livelist/LiveListModel.h"
 #include "screens/AppServices.h"
 #include "screens/EditedRecord.h"
+#include "screens/RecordChoices.h"
 #include "screens/panel/DurationChip.h"
-#include "screens/panel/ProjectChoicesModel.h"
 #include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
 #include "theme/FormSheetModel.h"
@@ -53,7 +53,7 @@ class EntryEditorModel final : public FormSheetModel {
     [[nodiscard]] QString subtitle() const override;
     /// An entry on an invoice can only be read.
     [[nodiscard]] bool isBilled() const;
-    [[nodiscard]] ProjectChoicesModel* projects() noexcept { return &projects_; }
+    [[nodiscard]] ChoiceModel* projects() noexcept { return &projects_; }
     [[nodiscard]] DateTimeInput* start() noexcept { return &start_; }
     [[nodiscard]] DateTimeInput* end() noexcept { return &end_; }
     [[nodiscard]] bool isRunning() const noexcept { return isRunning_; }
@@ -92,7 +92,8 @@ class EntryEditorModel final : public FormSheetModel {
     bool isRunning_ = false;
     bool wasBilled_ = false;  ///< when the sheet was opened
     FormText notes_;
-    ProjectChoicesModel projects_;
+    std::optional<PersistentID> entrysOwn_;  ///< a project that is offered though it is archived
+    RecordChoices<Project> projects_;
     DateTimeInput start_;
     DateTimeInput end_;
     LiveListModel<DurationChip> chips_;

@@ -3,7 +3,6 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Panel
 
 /// A filter by one record of many.
 FilterButton {
@@ -24,11 +23,7 @@ FilterButton {
         y: filter.height + 4
         label: filter.name
         prompt: filter.prompt
-        rows: filter.choice.rows // qmllint disable
-        chosenRow: filter.choice.chosenRow
-        search: filter.choice.search
-        onSearched: text => filter.choice.search = text
-        onChosen: row => filter.choice.choose(row)
+        choice: filter.choice
         onClosed: filter.forceActiveFocus(Qt.TabFocusReason)
     }
 }

@@ -20,18 +20,24 @@ QString text(std::string_view utf8) {
 }
 
 template <class T>
-Query<T> byName() {
-    return {.sortBy = {sortedBy<&T::name>(SortOrder::forward, SortComparison::localizedStandard)}};
+QString nameOf(const T& record) {
+    return text(record.name.get());
 }
 
 }  // namespace
 
 TimesheetFilterModel::TimesheetFilterModel(AppServices services)
     : services_(std::move(services)),
+      client_(services_.context, {.none = QStringLiteral("All Clients"), .label = &nameOf<Client>}),
+      project_(services_.context, {.none = QStringLiteral("All Projects"),
+                                   .label = &nameOf<Project>,
+                                   .isListed =
+                                       [this](const Project& project) {
+                                           const auto& client = client_.record();
+                                           return !client || project.client.get() == client;
+                                       }}),
       customFrom_(services_.calendar, services_.now),
-      customTo_(services_.calendar, services_.now),
-      clients_(services_.context, byName<Client>(), [this](const auto&) { recordsChanged(); }),
-      projects_(services_.context, byName<Project>(), [this](const auto&) { recordsChanged(); }) {
+      customTo_(services_.calendar, services_.now) {
     const Instant now = services_.now();
     const auto weekAgo = services_.calendar().adding(-7, CalendarUnit::day, now);
     customFrom_.setValue(weekAgo.value_or(now - std::chrono::days(7)));
@@ -39,12 +45,14 @@ TimesheetFilterModel::TimesheetFilterModel(AppServices services)
     for (auto* day : {&customFrom_, &customTo_}) {
         connect(day, &DateTimeInput::changed, this, &TimesheetFilterModel::changed);
     }
-    connect(&client_, &ChoiceModel::picked, this, &TimesheetFilterModel::pickClient);
-    connect(&project_, &ChoiceModel::picked, this, &TimesheetFilterModel::pickProject);
+    for (const auto signal : {&ChoiceModel::picked, &ChoiceModel::lost}) {
+        connect(&client_, signal, this, &TimesheetFilterModel::clientChanged);
+        connect(&project_, signal, this, &TimesheetFilterModel::tell);
+    }
     defaultsObservation_ =
         services_.defaults.observe([this](std::string_view key) { defaultChanged(key); });
-    isReady_ = true;
-    offerChoices();
+    client_.follow();
+    project_.follow();
 }
 
 QStringList TimesheetFilterModel::presets() {
@@ -101,33 +109,21 @@ void TimesheetFilterModel::setSearch(const QString& search) {
     tell();
 }
 
-void TimesheetFilterModel::pickClient(const PersistentID& id) {
-    const auto client = services_.context.recordQuietly<Client>(id);
-    if (client == clientFilter_) return;
-    clientFilter_ = client;
-    offerChoices();
-    tell();
-}
-
-void TimesheetFilterModel::pickProject(const PersistentID& id) {
-    const auto project = services_.context.recordQuietly<Project>(id);
-    if (project == projectFilter_) return;
-    projectFilter_ = project;
-    offerChoices();
+void TimesheetFilterModel::clientChanged() {
+    project_.offerRecords();
     tell();
 }
 
 bool TimesheetFilterModel::canClear() const {
-    return clientFilter_ || projectFilter_ || !search_.isEmpty();
+    return client_.isSet() || project_.isSet() || !search_.isEmpty();
 }
 
 void TimesheetFilterModel::clear() {
     if (!canClear()) return;
-    clientFilter_ = nullptr;
-    projectFilter_ = nullptr;
+    project_.setRecord(nullptr);
+    client_.setRecord(nullptr);
     search_.clear();
-    offerChoices();
-    tell();
+    clientChanged();
 }
 
 TimesheetFilter TimesheetFilterModel::filter() const {
@@ -136,8 +132,8 @@ TimesheetFilter TimesheetFilterModel::filter() const {
     return {
         .range = span ? *span : customInterval(customFrom_.value(), customTo_.value(), calendar),
         .unbilledOnly = unbilledOnly(),
-        .project = projectFilter_,
-        .client = clientFilter_,
+        .project = project_.record(),
+        .client = client_.record(),
         .search = search_.toStdString()};
 }
 
@@ -146,40 +142,8 @@ void TimesheetFilterModel::tell() {
     Q_EMIT changed();
 }
 
-template <class T>
-void offer(ChoiceModel& model, const char* none, const std::vector<Ref<T>>& records,
-           const Ref<T>& chosen) {
-    std::vector<Choice> choices{{{}, text(none), false}};
-    for (const auto& record : records) {
-        choices.push_back({record->id(), text(record->name.get()), false});
-    }
-    model.offer(std::move(choices), chosen ? chosen->id() : PersistentID{},
-                chosen ? text(chosen->name.get()) : text(none));
-}
-
-void TimesheetFilterModel::offerChoices() {
-    auto projects = projects_.records();
-    if (clientFilter_) {
-        std::erase_if(projects, [this](const auto& project) {
-            return project->client.get() != clientFilter_;
-        });
-    }
-    offer(client_, "All Clients", clients_.records(), clientFilter_);
-    offer(project_, "All Projects", projects, projectFilter_);
-}
-
-void TimesheetFilterModel::recordsChanged() {
-    if (!isReady_) return;
-    const bool lost = (clientFilter_ && clientFilter_->isDeleted()) ||
-                      (projectFilter_ && projectFilter_->isDeleted());
-    if (clientFilter_ && clientFilter_->isDeleted()) clientFilter_ = nullptr;
-    if (projectFilter_ && projectFilter_->isDeleted()) projectFilter_ = nullptr;
-    offerChoices();
-    if (lost) tell();
-}
-
 std::vector<Ref<Project>> TimesheetFilterModel::currentProjects() const {
-    auto projects = projects_.records();
+    auto projects = project_.records();
     std::erase_if(projects, [](const auto& project) { return project->isArchived.get(); });
     return projects;
 }

@@ -9,8 +9,7 @@
 #include <QtQmlIntegration>
 
 #include "screens/AppServices.h"
-#include "screens/panel/ChoiceModel.h"
-#include "store/LiveQuery.h"
+#include "screens/RecordChoices.h"
 #include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
 
@@ -78,23 +77,15 @@ class TimesheetFilterModel final : public QObject {
  private:
     [[nodiscard]] DateRangePreset currentPreset() const;
     void defaultChanged(std::string_view key);
-    void pickClient(const PersistentID& id);
-    void pickProject(const PersistentID& id);
-    void recordsChanged();
-    void offerChoices();
+    void clientChanged();
     void tell();
 
     AppServices services_;
-    ChoiceModel client_;
-    ChoiceModel project_;
-    Ref<Client> clientFilter_;
-    Ref<Project> projectFilter_;
+    RecordChoices<Client> client_;
+    RecordChoices<Project> project_;
     QString search_;
     DateTimeInput customFrom_;
     DateTimeInput customTo_;
-    bool isReady_ = false;  ///< the queries below tell of their first answer before that
-    LiveQuery<Client> clients_;
-    LiveQuery<Project> projects_;
     Settings::Observation defaultsObservation_;
 };
 

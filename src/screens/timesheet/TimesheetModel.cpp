@@ -57,7 +57,7 @@ void TimesheetModel::observe() {
     connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearDeleted);
     connect(&commands_, &EntryCommandsModel::billedNotice, this, &TimesheetModel::tellOfBilled);
     connect(&menuProjects_, &ChoiceModel::picked, this,
-            [this](const PersistentID& id) { commands_.moveEntries(menuIDs_, id); });
+            [this] { commands_.moveEntries(menuIDs_, *menuProjects_.chosen()); });
     libraryObservation_ = services_.context.observeAll(
         [this](const RecordChanges& changes) { followLibrary(changes); });
     timerObservation_ = services_.timer.observe([this](TimerService::Property property) {

@@ -166,7 +166,7 @@ class TimesheetModel final : public QObject {
     TimesheetSelection selection_;
     TimesheetRowsModel rows_;
     TimesheetContents contents_;
-    ChoiceModel menuProjects_;
+    Choices<PersistentID> menuProjects_;
     PersistentID menuEntry_;
     TimesheetSelection::Spot menuSpot_;
     std::vector<PersistentID> menuIDs_;

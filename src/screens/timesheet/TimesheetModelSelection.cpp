@@ -143,15 +143,16 @@ bool TimesheetModel::openMenu(int row) {
 }
 
 void TimesheetModel::offerMenuProjects() {
-    std::vector<Choice> choices;
+    std::vector<Choices<PersistentID>::Choice> choices;
     for (const auto& project : filter_.currentProjects()) {
         QString name = QString::fromStdString(project->name);
         if (const auto client = project->client.get()) {
             name += QStringLiteral(" — ") + QString::fromStdString(client->name);
         }
-        choices.push_back({project->id(), name, false});
+        choices.push_back({project->id(), name});
     }
-    menuProjects_.offer(std::move(choices), {}, {});
+    menuProjects_.setChosen(std::nullopt);
+    menuProjects_.offer(std::move(choices));
 }
 
 void TimesheetModel::menuEdit() {

@@ -97,10 +97,7 @@ FocusScope {
         y: place.y
         label: "Move to Project"
         prompt: "Search projects"
-        rows: view.model.menuProjects.rows // qmllint disable
-        search: view.model.menuProjects.search
-        onSearched: text => view.model.menuProjects.search = text
-        onChosen: row => view.model.menuProjects.choose(row)
+        choice: view.model.menuProjects
         onClosed: list.takeKeyboard(Qt.PopupFocusReason)
     }
 

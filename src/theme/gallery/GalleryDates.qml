@@ -30,10 +30,8 @@ GallerySection {
 
             SearchPicker {
                 label: "Icon"
-                text: "Choose\u2026"
-                isUnset: true
                 prompt: "Search icons"
-                rows: []
+                choice: section.model.icons
             }
 
             RowLayout {

@@ -37,6 +37,9 @@ GalleryModel::GalleryModel(AppearanceSetting setting) : setting_(setting) {
     AppAppearance::instance().setSetting(setting_);
     wrongDate_.day()->edit(QStringLiteral("31/31/2026"));
     wrongDate_.finish();
+    std::vector<Choices<QString>::Choice> icons;
+    for (const auto& name : iconNames()) icons.push_back({name, name});
+    icons_.offer(std::move(icons));
 }
 
 void GalleryModel::setAppearance(int position) {

@@ -8,6 +8,7 @@
 #include <QtQmlIntegration>
 
 #include "theme/AppearanceSetting.h"
+#include "theme/ChoiceModel.h"
 #include "theme/Confirmation.h"
 #include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
@@ -54,6 +55,7 @@ class GalleryModel final : public QObject {
                    FINAL)  ///< shows a text that is none
     Q_PROPERTY(elmworth::GalleryForm* form READ form CONSTANT FINAL)
     Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
+    Q_PROPERTY(elmworth::ChoiceModel* icons READ icons CONSTANT FINAL)
     Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
 
  public:
@@ -66,6 +68,7 @@ class GalleryModel final : public QObject {
     [[nodiscard]] GalleryForm* form() noexcept { return &form_; }
     [[nodiscard]] Confirmation* confirmation() noexcept { return &confirmation_; }
     Q_INVOKABLE void ask();
+    [[nodiscard]] ChoiceModel* icons() noexcept { return &icons_; }
     [[nodiscard]] static QStringList imageNames();
 
  Q_SIGNALS:
@@ -77,6 +80,7 @@ class GalleryModel final : public QObject {
     DateTimeInput wrongDate_{&Calendar::current, &currentInstant};
     GalleryForm form_;
     Confirmation confirmation_;
+    Choices<QString> icons_{QStringLiteral("Choose\u2026")};
 };
 
 }  // namespace elmworth

@@ -242,7 +242,7 @@ Item {
             chip.forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Space);
             verify(chip.checked);
-            const chosen = control("Project").text;
+            const chosen = control("Project").choice.title;
             for (let i = 0; i < 2; ++i) {
                 control("Project").forceActiveFocus(Qt.TabFocusReason);
                 keyClick(Qt.Key_Space);
@@ -349,26 +349,26 @@ Item {
             type("eb");
             keyClick(Qt.Key_Return);
             tryCompare(this, "focusedName", "Project");
-            compare(control("Project").text, "Acme Co \u2014 Website");
+            compare(control("Project").choice.title, "Acme Co \u2014 Website");
             verify(host.model.isOpen);
         }
 
         function test_a_project_is_chosen_by_arrows_and_escape_leaves_the_sheet() {
             host.openNew();
             opened();
-            const before = control("Project").text;
+            const before = control("Project").choice.title;
             control("Project").forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Space);
             tryCompare(this, "focusedName", "Search projects");
             keyClick(Qt.Key_Escape);
             tryCompare(this, "focusedName", "Project");
-            compare(control("Project").text, before);
+            compare(control("Project").choice.title, before);
             verify(editor.visible);
             keyClick(Qt.Key_Down);
             tryCompare(this, "focusedName", "Search projects");
             keyClick(Qt.Key_PageUp);
             keyClick(Qt.Key_Return);
-            tryVerify(() => control("Project").text === "Choose\u2026");
+            tryVerify(() => control("Project").choice.title === "Choose\u2026");
             verify(!control("Save").enabled);
         }
 

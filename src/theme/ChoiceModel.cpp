@@ -1,20 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/panel/ChoiceModel.h"
+#include "theme/ChoiceModel.h"
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 #include "platform/LocalizedSearch.h"
 
 namespace elmworth {
 
-void ChoiceModel::offer(std::vector<Choice> choices, const PersistentID& chosen,
-                        const QString& title) {
-    for (auto& choice : choices) choice.isChosen = choice.id == chosen;
-    choices_ = std::move(choices);
+void ChoiceModel::show(std::vector<ChoiceRow> all, int chosen, const QString& title) {
+    for (auto& row : all) row.isChosen = row.id == chosen;
+    all_ = std::move(all);
     chosen_ = chosen;
     title_ = title;
     showRows();
@@ -22,8 +20,8 @@ void ChoiceModel::offer(std::vector<Choice> choices, const PersistentID& chosen,
 }
 
 int ChoiceModel::chosenRow() const {
-    const auto found = std::find_if(rows().begin(), rows().end(),
-                                    [](const Choice& choice) { return choice.isChosen; });
+    const auto found =
+        std::ranges::find_if(rows(), [](const ChoiceRow& row) { return row.isChosen; });
     return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
 }
 
@@ -38,14 +36,14 @@ void ChoiceModel::showRows() {
     std::vector<LocalizedSearch> words;
     for (const auto& word : search_.simplified().split(u' ', Qt::SkipEmptyParts))
         words.emplace_back(word.toStdString());
-    const auto isFound = [&](const Choice& choice) {
+    const auto isFound = [&](const ChoiceRow& row) {
         if (words.empty()) return true;
-        const std::string text = choice.text.toStdString();
-        return !choice.id.isNil() &&
+        const std::string text = row.text.toStdString();
+        return row.id != 0 &&
                std::ranges::all_of(words, [&](const auto& word) { return word.findsIn(text); });
     };
-    std::vector<Choice> found;
-    std::ranges::copy_if(choices_, std::back_inserter(found), isFound);
+    std::vector<ChoiceRow> found;
+    std::ranges::copy_if(all_, std::back_inserter(found), isFound);
     rows_.setRows(std::move(found));
     Q_EMIT rowsChanged();
 }
@@ -53,9 +51,11 @@ void ChoiceModel::showRows() {
 void ChoiceModel::choose(int row) {
     const auto at = static_cast<std::size_t>(row);
     if (row < 0 || at >= rows().size()) return;
-    const PersistentID id = rows()[at].id;
+    const int id = rows()[at].id;
     setSearch({});
-    Q_EMIT picked(id);
+    if (id == chosen_) return;
+    take(id);
+    Q_EMIT picked();
 }
 
 }  // namespace elmworth
