@@ -8,6 +8,7 @@
 
 #include "BenchLibrary.h"
 #include "records/Invoice.h"
+#include "tracking/EntryUndoGuard.h"
 #include "tracking/TimesheetEditing.h"
 
 namespace elmworth::bench {
@@ -26,22 +27,25 @@ struct Desk {
             picked.push_back(entry->id());
         }
         library.context().save();
+        history.setGuard(guard);
         project = library.timer.recentProjects(1).at(0);
     }
     void remove() { editing.deleteEntries(picked); }
     void move() { editing.moveEntries(picked, project); }
-    void undo() { editing.history().undo(); }
+    void undo() { history.undo(); }
     void removeAndUndo() {
         remove();
         undo();
     }
-    void redo() { editing.history().redo(); }
+    void redo() { history.redo(); }
 
     OpenLibrary library;
     std::vector<PersistentID> picked;
     Ref<Project> project;
-    TimesheetEditing editing{library.context(), library.timer, [this] { return library.now; },
-                             &libraryCalendar};
+    EntryUndoGuard guard{library.timer};
+    UndoHistory history{library.context(), [this] { return library.now; }};
+    TimesheetEditing editing{library.context(), history, library.timer,
+                             [this] { return library.now; }, &libraryCalendar};
 };
 
 template <void (Desk::*measured)(), void (Desk::*before)(), void (Desk::*after)()>

@@ -11,6 +11,7 @@
 #include "records/Library.h"
 #include "records/ProfileStore.h"
 #include "store/UndoHistory.h"
+#include "tracking/EntryUndoGuard.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -35,10 +36,11 @@ class LibraryServices {
  private:
     Clock now_;
     Library container_;
-    UndoHistory history_{container_.mainContext()};
+    UndoHistory history_{container_.mainContext(), now_};
     Settings defaults_;
     ProfileStore profiles_;
     TimerService timer_;
+    EntryUndoGuard undoGuard_{timer_};
 };
 
 /// Whether this is a hosted run, which keeps its library in memory and watches no power events.

@@ -54,6 +54,7 @@ class Record : public std::enable_shared_from_this<Record> {
 
  private:
     friend class UnitOfWork;
+    friend class StepRecorder;
     template <class T>
     friend class Attribute;
     template <class T>

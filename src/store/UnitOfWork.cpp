@@ -41,6 +41,7 @@ bool UnitOfWork::hasChanges() const noexcept {
 
 void UnitOfWork::insert(const Ref<Record>& record) {
     if (record->context_) return;
+    if (recorder_) recorder_->touch(*record);
     const auto& schema = record->recordSchema();
     record->context_ = this;
     record->state_ = Record::State::inserted;
@@ -55,6 +56,7 @@ Ref<Record> UnitOfWork::reinsert(const RecordSchema& schema, const PersistentID&
         record = schema.make(id);
         insert(record);
     } else if (record->state_ == Record::State::deleted) {
+        if (recorder_) recorder_->touch(*record);
         record->state_ = Record::State::changed;  // the library still has its row
         note(*record, {RecordChange::Kind::came});
     }
@@ -62,6 +64,7 @@ Ref<Record> UnitOfWork::reinsert(const RecordSchema& schema, const PersistentID&
 }
 
 void UnitOfWork::recordWillChange(Record& record) {
+    if (recorder_) recorder_->touch(record);
     if (record.state_ != Record::State::clean) return;
     record.saved_ = std::make_unique<std::vector<Value>>(record.capture());
     record.state_ = Record::State::changed;
@@ -70,6 +73,23 @@ void UnitOfWork::recordWillChange(Record& record) {
 
 void UnitOfWork::recordDidChange(Record& record, std::size_t field) {
     note(record, {RecordChange::Kind::changed, std::uint32_t{1} << field});
+}
+
+void UnitOfWork::assign(const Ref<Record>& record, std::size_t field, Value value) {
+    const auto& description = record->recordSchema().fields[field];
+    if (description.read(*record) == value) return;
+    recordWillChange(*record);
+    description.write(*record, std::move(value));
+    recordDidChange(*record, field);
+}
+
+void UnitOfWork::beginStep() {
+    recorder_.emplace();
+}
+
+std::optional<std::vector<RecordStep>> UnitOfWork::endStep() {
+    auto recorder = std::exchange(recorder_, std::nullopt);
+    return recorder ? std::move(*recorder).finish() : std::nullopt;
 }
 
 void UnitOfWork::note(const Record& record, const RecordChange& change) {
@@ -106,6 +126,7 @@ void UnitOfWork::collectDeletions(const Ref<Record>& record, std::vector<Ref<Rec
 }
 
 void UnitOfWork::markDeleted(const Ref<Record>& record) {
+    if (recorder_) recorder_->touch(*record);
     const auto& schema = record->recordSchema();
     if (record->stored_) {
         recordWillChange(*record);
@@ -193,6 +214,7 @@ void UnitOfWork::flushInserts() {
         rollback();
         throw;
     }
+    if (recorder_ && !changes.inserted.empty()) recorder_->giveUp();
     forgetChanges();
 }
 
@@ -229,6 +251,7 @@ void UnitOfWork::forgetChanges() {
     carryTotals();
     for (auto& map : pending_) {
         for (auto& [id, record] : map) {
+            if (recorder_) recorder_->takeSaved(*record);
             record->saved_.reset();
             if (record->state_ == Record::State::deleted) {
                 record->state_ = Record::State::gone;
@@ -322,10 +345,14 @@ Ref<Record> UnitOfWork::recordQuietly(const RecordSchema& schema, const Persiste
 
 std::vector<Ref<Record>> UnitOfWork::related(const RecordSchema& schema, std::string_view inverse,
                                              const PersistentID& owner) {
-    const PredicateNode pointsToOwner{
-        PredicateNode::Kind::equal, schema.fieldIndex(inverse), Value{owner}, {}};
+    return recordsWith(schema, schema.fieldIndex(inverse), owner);
+}
+
+std::vector<Ref<Record>> UnitOfWork::recordsWith(const RecordSchema& schema, std::size_t field,
+                                                 Value value) {
+    const PredicateNode hasValue{PredicateNode::Kind::equal, field, std::move(value), {}};
     std::vector<Ref<Record>> records;
-    fetchRecords(schema, &pointsToOwner, {}, std::nullopt,
+    fetchRecords(schema, &hasValue, {}, std::nullopt,
                  [&](Ref<Record> record) { records.push_back(std::move(record)); });
     return records;
 }

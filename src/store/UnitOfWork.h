@@ -21,6 +21,7 @@
 #include "store/Record.h"
 #include "store/RecordOrder.h"
 #include "store/SpanTotals.h"
+#include "store/StepRecorder.h"
 #include "store/StoreError.h"
 
 namespace elmworth {
@@ -63,6 +64,15 @@ class UnitOfWork {
     /// denies the deletion speaks at the save. Throws StoreError when the related records cannot be
     /// read; nothing is deleted then.
     void deleteRecord(const Ref<Record>& record);
+
+    /// Sets a field of a record that this has. An equal value changes nothing.
+    void assign(const Ref<Record>& record, std::size_t field, Value value);
+
+    /// Begins to note what becomes of records, until `endStep`. Steps do not nest.
+    void beginStep();
+    /// What became of records since `beginStep`, whether it is saved or not; absent when it was too
+    /// much to be noted, since inserts were flushed.
+    [[nodiscard]] std::optional<std::vector<RecordStep>> endStep();
 
     /// Makes all changes durable in one transaction. Throws StoreError, or Cancelled when
     /// `progress` says so; the changes then stay pending, and the next save tries them again.
@@ -165,6 +175,9 @@ class UnitOfWork {
     [[nodiscard]] std::vector<Ref<Record>> related(const RecordSchema& schema,
                                                    std::string_view inverse,
                                                    const PersistentID& owner);
+    /// The records of `schema` that have `value` in `field`, oldest first.
+    [[nodiscard]] std::vector<Ref<Record>> recordsWith(const RecordSchema& schema,
+                                                       std::size_t field, Value value);
 
     /// Calls `changed` after records of `schema` changed: once in the next turn of the run loop
     /// however many changes there were, and at once in `save`. Ends when the handle dies.
@@ -263,6 +276,7 @@ class UnitOfWork {
     std::vector<SpanTotals> totals_;     ///< as stored, with `flushed_`
     ChangeObservers observers_;
     ReadFaults readFaults_;
+    std::optional<StepRecorder> recorder_;  ///< while a step is noted
     RunLoop::Handle upkeep_;
 };
 

@@ -6,18 +6,18 @@
 #include <functional>
 #include <span>
 
+#include "store/UndoHistory.h"
 #include "tracking/EntryForm.h"
-#include "tracking/EntryHistory.h"
 #include "tracking/TimesheetActions.h"
 
 namespace elmworth {
 
-/// What a person can do in the timesheet, each of it a step that `history` can take back. What each
+/// What a person can do in the timesheet, each of it a step of the history. What each
 /// does stands in TimesheetActions, EntryForm and TimerService. Reading may throw StoreError.
 class TimesheetEditing {
  public:
     /// `calendar` gives the user's current calendar at each call.
-    TimesheetEditing(UnitOfWork& context, TimerService& timer, Clock now,
+    TimesheetEditing(UnitOfWork& context, UndoHistory& history, TimerService& timer, Clock now,
                      std::function<Calendar()> calendar);
 
     EntryTally deleteEntries(std::span<const PersistentID> ids);
@@ -30,15 +30,12 @@ class TimesheetEditing {
     /// Null, and nothing happens, when the entry is gone or has no project.
     Ref<TimeEntry> continueEntry(const Ref<TimeEntry>& entry);
 
-    [[nodiscard]] EntryHistory& history() noexcept { return history_; }
-    [[nodiscard]] const EntryHistory& history() const noexcept { return history_; }
-
  private:
     UnitOfWork& context_;
+    UndoHistory& history_;
     TimerService& timer_;
     Clock now_;
     std::function<Calendar()> calendar_;
-    EntryHistory history_;
 };
 
 }  // namespace elmworth

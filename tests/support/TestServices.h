@@ -15,7 +15,7 @@ class TestServices {
 
     [[nodiscard]] AppServices services() {
         return {.context = timer_.library.context(),
-                .history = history,
+                .history = *timer_.history,
                 .timer = *timer_.service,
                 .defaults = defaults,
                 .profiles = profiles,
@@ -30,7 +30,6 @@ class TestServices {
  public:
     Settings defaults{timer_.library.folder.path() / "Elmworth.ini"};
     ProfileStore profiles{defaults};
-    UndoHistory history{timer_.library.context()};
 };
 
 }  // namespace elmworth::test

@@ -10,8 +10,10 @@
 
 #include "platform/Observers.h"
 #include "platform/PowerEvents.h"
+#include "store/UndoHistory.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
+#include "tracking/EntryUndoGuard.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth::test {
@@ -41,8 +43,8 @@ class ManualPowerEvents final : public PowerEvents {
     std::size_t wakeObservationCount_ = 0;
 };
 
-/// A timer over a library on disk, with a clock that stands still until it is set. It is Monday,
-/// 2026-03-02, 09:00 in UTC.
+/// A timer and a history over a library on disk, with a clock that stands still until it is set. It
+/// is Monday, 2026-03-02, 09:00 in UTC.
 class TestTimer {
  public:
     TestTimer() { makeService(); }
@@ -51,8 +53,10 @@ class TestTimer {
 
     explicit TestTimer(InMemory place) : library(place) { makeService(); }
 
-    /// Quits and starts again, as far as the timer is concerned.
+    /// Quits and starts again, as far as the timer and the history are concerned.
     void restart() {
+        history.reset();
+        guard_.reset();
         service.reset();
         library.reopen();
         makeService();
@@ -88,6 +92,7 @@ class TestTimer {
     Instant now = today("09:00");
     Calendar calendar{Locale("en_US"), "UTC"};
     std::unique_ptr<TimerService> service;
+    std::unique_ptr<UndoHistory> history;
 
  private:
     static std::string timeText(Instant instant) { return iso(instant).substr(11, 8); }
@@ -96,7 +101,12 @@ class TestTimer {
             library.context(), [this] { return now; }, library.runLoop,
             [this] { return calendar; });
         service->installSleepObservers(power);
+        guard_ = std::make_unique<EntryUndoGuard>(*service);
+        history = std::make_unique<UndoHistory>(library.context(), [this] { return now; });
+        history->setGuard(*guard_);
     }
+
+    std::unique_ptr<EntryUndoGuard> guard_;
 };
 
 }  // namespace elmworth::test

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tracking/EntryHistory.h"
-
 #include "support/FileSizeLimit.h"
 #include "tracking/HistoryTest.h"
 
@@ -94,8 +92,9 @@ TEST_F(EntryHistoryTest, ThereIsNothingToUndoAtFirst) {
     EXPECT_FALSE(history().canRedo());
     EXPECT_EQ(history().undoText(), "Undo");
     EXPECT_EQ(history().redoText(), "Redo");
-    EXPECT_EQ(history().undo(), UndoResult{});
-    EXPECT_EQ(history().redo(), UndoResult{});
+    EXPECT_EQ(history().undo().changed, 0U);
+    EXPECT_EQ(history().redo().changed, 0U);
+    EXPECT_EQ(history().undo().notice(), "");
 }
 
 TEST_F(EntryHistoryTest, StepsAreTakenBackFromTheNewestOn) {
@@ -176,24 +175,18 @@ TEST_F(EntryHistoryTest, ObserversAreToldOfEachStepUndoAndRedo) {
 // --- limits ------------------------------------------------------------------------------------
 
 TEST_F(EntryHistoryTest, TheOldestStepsAreForgottenBeyondTheLimit) {
-    EntryHistory history(context(), service(), [this] { return timer_.now; }, {.steps = 3});
+    UndoHistory history(context(), [this] { return timer_.now; }, {.steps = 3});
     for (const char* notes : {"1", "2", "3", "4", "5"}) {
-        history.perform(EntryAction::edit, ids({first_}), [&] {
-            first_->notes = notes;
-            return nullptr;
-        });
+        history.perform("Edit Entry", [&] { first_->notes = notes; });
     }
     while (history.canUndo()) history.undo();
     EXPECT_EQ(first_->notes.get(), "2");
 }
 
 TEST_F(EntryHistoryTest, LongNotesLeaveRoomForFewerStepsButAlwaysForOne) {
-    EntryHistory history(context(), service(), [this] { return timer_.now; }, {.bytes = 1000});
+    UndoHistory history(context(), [this] { return timer_.now; }, {.bytes = 1000});
     const auto type = [&](std::size_t length) {
-        history.perform(EntryAction::edit, ids({first_}), [&] {
-            first_->notes = std::string(length, 'x');
-            return nullptr;
-        });
+        history.perform("Edit Entry", [&] { first_->notes = std::string(length, 'x'); });
     };
     type(10);
     type(20);

@@ -21,7 +21,7 @@ class HistoryTest : public testing::Test {
 
     [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     [[nodiscard]] TimerService& service() { return *timer_.service; }
-    [[nodiscard]] EntryHistory& history() { return editing_.history(); }
+    [[nodiscard]] UndoHistory& history() { return *timer_.history; }
 
     Ref<TimeEntry> add(const std::string& from, const std::string& to, const std::string& notes) {
         const auto entry =
@@ -88,7 +88,7 @@ class HistoryTest : public testing::Test {
     Ref<Project> app_ = timer_.library.addProject("App", acme_);
     Ref<TimeEntry> first_ = add("06:00", "06:30", "a");
     Ref<TimeEntry> second_ = add("07:00", "07:30", "b");
-    TimesheetEditing editing_{context(), *timer_.service, [this] { return timer_.now; },
+    TimesheetEditing editing_{context(), history(), service(), [this] { return timer_.now; },
                               [this] { return timer_.calendar; }};
 };
 

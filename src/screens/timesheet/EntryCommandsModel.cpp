@@ -19,8 +19,10 @@ QString countOfEntries(std::size_t count) {
 
 EntryCommandsModel::EntryCommandsModel(const AppServices& services)
     : context_(services.context),
-      editing_(services.context, services.timer, services.now, services.calendar) {
-    historyObservation_ = editing_.history().observe([this] {
+      history_(services.history),
+      editing_(services.context, services.history, services.timer, services.now,
+               services.calendar) {
+    historyObservation_ = history_.observe([this] {
         if (noticeOffersUndo_) dismissNotice();  // another step is the newest now
         Q_EMIT historyChanged();
     });
@@ -86,7 +88,7 @@ Ref<TimeEntry> EntryCommandsModel::save(const EntryForm& form, const Ref<TimeEnt
 
 void EntryCommandsModel::undo() {
     try {
-        const auto result = editing_.history().undo();
+        const auto result = history_.undo();
         setNotice(QString::fromStdString(result.notice()), false);
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
@@ -95,7 +97,7 @@ void EntryCommandsModel::undo() {
 
 void EntryCommandsModel::redo() {
     try {
-        const auto result = editing_.history().redo();
+        const auto result = history_.redo();
         setNotice(QString::fromStdString(result.notice()), false);
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
@@ -103,19 +105,19 @@ void EntryCommandsModel::redo() {
 }
 
 bool EntryCommandsModel::canUndo() const noexcept {
-    return editing_.history().canUndo();
+    return history_.canUndo();
 }
 
 bool EntryCommandsModel::canRedo() const noexcept {
-    return editing_.history().canRedo();
+    return history_.canRedo();
 }
 
 QString EntryCommandsModel::undoText() const {
-    return QString::fromStdString(editing_.history().undoText());
+    return QString::fromStdString(history_.undoText());
 }
 
 QString EntryCommandsModel::redoText() const {
-    return QString::fromStdString(editing_.history().redoText());
+    return QString::fromStdString(history_.redoText());
 }
 
 void EntryCommandsModel::say(const QString& sentence) {

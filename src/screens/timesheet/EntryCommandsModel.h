@@ -71,10 +71,11 @@ class EntryCommandsModel final : public QObject {
     void tellOfBilled(const EntryTally& tally);
 
     UnitOfWork& context_;
+    UndoHistory& history_;
     TimesheetEditing editing_;
     QString notice_;
     bool noticeOffersUndo_ = false;
-    EntryHistory::Observation historyObservation_;
+    UndoHistory::Observation historyObservation_;
 };
 
 }  // namespace elmworth
