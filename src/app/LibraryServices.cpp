@@ -37,6 +37,7 @@ LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
     history_.setGuard(undoGuard_);
     if (!isDemo && !isHostedRun()) finishRestore(container_.mainContext(), profiles_);
     timer_.restore();
+    timer_.setHistory(history_);
 }
 
 }  // namespace elmworth

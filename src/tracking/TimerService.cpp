@@ -52,19 +52,27 @@ void TimerService::restore() {
     }
 }
 
+void TimerService::step(const char* name, const std::function<void()>& change) {
+    if (history_) return history_->performQuietly(name, change);
+    change();
+}
+
 // By value: both may be parts of the running entry, which may not outlive its closing.
 void TimerService::start(Ref<Project> project, std::string notes) {  // NOLINT
-    const Instant t = now_();  // read once, so that there is no gap between the two entries
-    closeRunning(t);
-    open(project, t, notes);
-    save();
-    startTicker();
+    step(running_ ? "Switch Timer" : "Start Timer", [&] {
+        const Instant t = now_();  // read once, so that there is no gap between the two entries
+        closeRunning(t);
+        open(project, t, notes);
+        save();
+        startTicker();
+    });
 }
 
 Ref<TimeEntry> TimerService::continueEntry(const Ref<TimeEntry>& entry) {
     const Ref<Project> project = entry->project;
     if (!project) return nullptr;
-    start(project, entry->notes);  // one save for both: a crash must not lose the notes
+    // One save for both: a crash must not lose the notes.
+    step("Continue Tracking", [&] { start(project, entry->notes); });
     return running_;
 }
 
@@ -89,19 +97,23 @@ void TimerService::open(const Ref<Project>& project, Instant t, const std::strin
 }
 
 void TimerService::stop() {
-    closeRunning(now_());
-    save();
-    stopTicker();
+    step("Stop Timer", [&] {
+        closeRunning(now_());
+        save();
+        stopTicker();
+    });
 }
 
 void TimerService::stop(Instant at) {
     setAwayIntervals({});
     if (!running_) return;
-    const auto entry = running_;
-    setRunning(nullptr);
-    entry->end = std::max(at, entry->start.get() + minimumLength);
-    save();
-    stopTicker();
+    step("Stop Timer", [&] {
+        const auto entry = running_;
+        setRunning(nullptr);
+        entry->end = std::max(at, entry->start.get() + minimumLength);
+        save();
+        stopTicker();
+    });
 }
 
 void TimerService::refresh() {
@@ -183,6 +195,11 @@ void TimerService::discardAwayTime() {
     if (!running_ || sleeps.empty()) return;
     std::stable_sort(sleeps.begin(), sleeps.end(),
                      [](const auto& a, const auto& b) { return a.start < b.start; });
+    step("Discard Time Away", [&] { splitAround(sleeps); });
+}
+
+/// `sleeps` stand in their order.
+void TimerService::splitAround(const std::vector<DateInterval>& sleeps) {
     const auto first = running_;
     first->end = std::max(sleeps.front().start, first->start.get() + minimumLength);
     for (std::size_t i = 1; i < sleeps.size(); ++i) {
@@ -205,6 +222,18 @@ void TimerService::insertFinished(const TimeEntry& like, Instant start, Instant 
     entry->end = end;
     entry->notes = like.notes;
     context_.insert(entry);
+}
+
+void TimerService::typeNotes(const std::string& notes) {
+    const auto entry = running_;
+    if (!entry || entry->isDeleted()) return;
+    const auto change = [&] { entry->notes = notes; };
+    if (!history_) return change();
+    history_->type("Edit Notes", entry->id().string(), change);
+}
+
+void TimerService::leaveNotes() noexcept {
+    if (history_) history_->leaveField();
 }
 
 bool TimerService::isLongRunning() const {

@@ -14,6 +14,7 @@
 #include "platform/RunLoop.h"
 #include "records/Project.h"
 #include "records/TimeEntry.h"
+#include "store/UndoHistory.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
@@ -32,6 +33,9 @@ class TimerService {
                  std::function<Calendar()> calendar);
     TimerService(const TimerService&) = delete;
     TimerService& operator=(const TimerService&) = delete;
+
+    /// Makes what is done here steps of `history`, from now on. It outlives this.
+    void setHistory(UndoHistory& history) noexcept { history_ = &history; }
 
     /// Takes up the timer that the last run left open. Of several open entries the newest runs on,
     /// and the others end one second after their start. Called once at start.
@@ -64,6 +68,11 @@ class TimerService {
     /// Takes the sleeps in `awayIntervals` out: the running entry becomes a chain of entries that
     /// covers the time awake, and the timer goes on in the last one.
     void discardAwayTime();
+
+    /// Changes the notes of the running entry, without a save, as they are typed.
+    void typeNotes(const std::string& notes);
+    /// The field with the notes is left, or what stands in it is meant.
+    void leaveNotes() noexcept;
 
     /// The entry that runs, or null.
     [[nodiscard]] const Ref<TimeEntry>& running() const noexcept { return running_; }
@@ -100,6 +109,7 @@ class TimerService {
     [[nodiscard]] Observation observe(std::function<void(Property)> changed);
 
  private:
+    void step(const char* name, const std::function<void()>& change);
     void closeRunning(Instant t);
     void open(const Ref<Project>& project, Instant t, const std::string& notes);
     void save();
@@ -108,6 +118,7 @@ class TimerService {
     void tick();
     void machineWillSleep();
     void machineDidWake();
+    void splitAround(const std::vector<DateInterval>& sleeps);
     void insertFinished(const TimeEntry& like, Instant start, Instant end);
 
     void setRunning(Ref<TimeEntry> entry);
@@ -118,6 +129,7 @@ class TimerService {
     Clock now_;
     RunLoop& runLoop_;
     std::function<Calendar()> calendar_;
+    UndoHistory* history_ = nullptr;
     Ref<TimeEntry> running_;
     std::string elapsedText_;
     std::string elapsedLongText_;

@@ -49,7 +49,7 @@ void RunningCardModel::setNotes(const QString& notes) {
     services_.context.deliverChanges();  // so that what follows tells of the notes alone
     const auto entry = services_.timer.running();
     if (!entry || entry->isDeleted() || notes == notes_) return;
-    entry->notes = notes.toStdString();
+    services_.timer.typeNotes(notes.toStdString());
     showNotes(notes);
     isTyping_ = true;
     services_.context.deliverChanges();
@@ -62,7 +62,12 @@ void RunningCardModel::showNotes(QString notes) {
     Q_EMIT notesChanged();
 }
 
+void RunningCardModel::leaveNotes() {
+    services_.timer.leaveNotes();
+}
+
 void RunningCardModel::saveNotes() {
+    leaveNotes();
     services_.context.saveQuietly();
 }
 

@@ -53,6 +53,8 @@ class RunningCardModel final : public QObject {
 
     /// Saves the notes.
     Q_INVOKABLE void saveNotes();
+    /// What is typed next is another step of the history.
+    Q_INVOKABLE void leaveNotes();
     /// Saves the notes, then stops the timer.
     Q_INVOKABLE void stop();
 

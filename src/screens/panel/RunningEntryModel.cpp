@@ -55,11 +55,15 @@ QString RunningEntryModel::notes() const {
 }
 
 void RunningEntryModel::setNotes(const QString& notes) {
-    const auto entry = timer_.running();
-    if (entry && !entry->isDeleted()) entry->notes = notes.toStdString();
+    timer_.typeNotes(notes.toStdString());
+}
+
+void RunningEntryModel::leaveNotes() {
+    timer_.leaveNotes();
 }
 
 void RunningEntryModel::saveNotes() {
+    leaveNotes();
     const auto entry = timer_.running();
     if (entry && entry->unitOfWork() != nullptr) context_.saveQuietly();
 }

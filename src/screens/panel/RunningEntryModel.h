@@ -49,6 +49,8 @@ class RunningEntryModel final : public QObject {
 
     /// Saves the notes, if the entry is still there.
     Q_INVOKABLE void saveNotes();
+    /// What is typed next is another step of the history.
+    Q_INVOKABLE void leaveNotes();
     /// Saves the notes, then stops the timer.
     Q_INVOKABLE void stop();
 

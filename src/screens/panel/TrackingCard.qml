@@ -100,6 +100,7 @@ GlassCard {
                     card.model.saveNotes();
             }
             onAccepted: card.model.saveNotes()
+            onActiveFocusChanged: if (!activeFocus) card.model.leaveNotes()
         }
 
         GlowButton {

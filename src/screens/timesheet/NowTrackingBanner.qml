@@ -65,6 +65,7 @@ GlassCard {
                         banner.model.saveNotes();
                 }
                 onAccepted: banner.model.saveNotes()
+                onActiveFocusChanged: if (!activeFocus) banner.model.leaveNotes()
             }
         }
 
