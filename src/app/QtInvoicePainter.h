@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "command/CommandEnvironment.h"
+#include "invoicing/InvoiceFiles.h"
 
 namespace elmworth {
 

@@ -7,7 +7,8 @@
 
 #include "clients/ClientService.h"
 #include "clients/ProjectService.h"
-#include "invoicing/InvoiceRenderModel.h"
+#include "invoicing/InvoiceFiles.h"
+#include "invoicing/InvoiceService.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
@@ -19,19 +20,6 @@
 #include "tracking/TimerService.h"
 
 namespace elmworth {
-
-/// Draws invoices. A process without a GUI library has none.
-class InvoicePainter {
- public:
-    virtual ~InvoicePainter() = default;
-
-    /// The current logo, or null.
-    [[nodiscard]] virtual LogoImage loadLogo() = 0;
-
-    /// Writes the PDF of `model` to `file`. Throws RenderError.
-    virtual void render(const InvoiceRenderModel& model, PaperSize paper,
-                        const std::filesystem::path& file, FileAccess access) = 0;
-};
 
 /// What a command works on: the open library and its services, and how the person who gave the
 /// command reads dates and amounts.
@@ -52,6 +40,7 @@ struct CommandEnvironment {
 
     [[nodiscard]] ClientService clients() { return {context, history, TimerCalls::of(timer), now}; }
     [[nodiscard]] ProjectService projects() { return {context, history, TimerCalls::of(timer)}; }
+    [[nodiscard]] InvoiceService invoices() { return {context, history, profiles, now, calendar}; }
 };
 
 }  // namespace elmworth

@@ -5,9 +5,7 @@
 #include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "invoicing/InvoiceBuilder.h"
 #include "records/Client.h"
-#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -40,25 +38,16 @@ struct InvoiceRequest {
 
 InvoiceRequest resolve(const InvoiceArguments& arguments, CommandEnvironment& environment) {
     const auto client = findClient(environment.context, arguments.client);
-    const std::int64_t ownTax =
-        client->taxBasisPoints->value_or(environment.profiles.profile().defaultTaxBasisPoints);
-    return {client, arguments.period.interval(environment),
-            arguments.tax.empty() ? ownTax : parseTaxRate(arguments.tax).value()};
-}
-
-InvoiceBuilder makeBuilder(CommandEnvironment& environment) {
-    return {environment.context, environment.now, environment.calendar};
+    const auto period = arguments.period.interval(environment);
+    return {client, period,
+            arguments.tax.empty() ? environment.invoices().taxRate(*client)
+                                  : parseTaxRate(arguments.tax).value()};
 }
 
 void preview(const InvoiceArguments& arguments, CommandEnvironment& environment,
              CommandOutput& output) {
-    const auto request = resolve(arguments, environment);
-    const auto entries =
-        makeBuilder(environment)
-            .unbilledEntries(request.client, request.period.start, request.period.end);
-    const auto totals = InvoiceCalculator::calculate(InvoiceCalculator::items(entries),
-                                                     environment.profiles.profile().roundingMinutes,
-                                                     request.taxBasisPoints);
+    const auto [client, period, tax] = resolve(arguments, environment);
+    const auto totals = environment.invoices().preview(client, period, tax);
     if (output.isJSON()) {
         JSONOutput json;
         json.beginObject();
@@ -68,24 +57,14 @@ void preview(const InvoiceArguments& arguments, CommandEnvironment& environment,
     } else if (totals.lines.empty()) {
         output.line("No unbilled, finished entries for this client in this period.");
     } else {
-        output.text += totalsText(totals, request.client->currencyCode, environment.moneyLocale);
+        output.text += totalsText(totals, client->currencyCode, environment.moneyLocale);
     }
 }
 
 void create(const InvoiceArguments& arguments, CommandEnvironment& environment,
             CommandOutput& output) {
-    const auto request = resolve(arguments, environment);
-    auto profile = environment.profiles.profile();
-    Ref<Invoice> invoice;
-    try {
-        invoice = makeBuilder(environment)
-                      .createInvoice(request.client, request.period.start, request.period.end,
-                                     request.taxBasisPoints, profile);
-    } catch (...) {
-        environment.profiles.setProfile(profile);  // numbers that were skipped stay skipped
-        throw;
-    }
-    environment.profiles.setProfile(profile);
+    const auto [client, period, tax] = resolve(arguments, environment);
+    const auto invoice = environment.invoices().create(client, period, tax);
     if (output.isJSON()) {
         printInvoice(*invoice, environment, output);
     } else {

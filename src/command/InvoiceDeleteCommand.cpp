@@ -4,7 +4,6 @@
 #include "command/InvoiceCommand.h"
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
-#include "invoicing/InvoiceEditing.h"
 
 namespace elmworth {
 
@@ -16,13 +15,7 @@ void addInvoiceDeleteCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     syntax.runs(command, [number](CommandEnvironment& environment, CommandOutput& output) {
         const auto found = findInvoice(environment.context, *number);
         const auto entries = found->entries().size();
-        const InvoiceBuilder builder{environment.context, environment.now, environment.calendar};
-        try {
-            deleteWithFile(builder, found);
-        } catch (const StoreError&) {
-            environment.context.rollback();
-            throw;
-        }
+        environment.invoices().remove(found);
         printDeletion(output, true,
                       "Deleted " + *number + ". Its " + std::to_string(entries) +
                           (entries == 1 ? " time entry is" : " time entries are") +

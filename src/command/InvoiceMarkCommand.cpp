@@ -23,8 +23,7 @@ void addInvoiceMarkCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
         command,
         [number, status](CommandEnvironment& environment, CommandOutput& output) {
             const auto found = findInvoice(environment.context, *number);
-            found->setStatus(*status, environment.now());
-            environment.context.saveOrRollback();
+            environment.invoices().setStatus(found, *status);
             if (output.isJSON()) printInvoice(*found, environment, output);
         },
         Drawing::countsPages);

@@ -124,14 +124,7 @@ std::string totalText(const Invoice& invoice,
 
 std::string statusText(const Invoice& invoice, const CommandEnvironment& environment) {
     if (invoice.isOverdue(environment.now(), environment.calendar)) return "Overdue";
-    switch (invoice.status()) {
-        case InvoiceStatus::sent:
-            return "Sent";
-        case InvoiceStatus::paid:
-            return "Paid";
-        default:
-            return "Draft";
-    }
+    return std::string(label(invoice.status()));
 }
 
 void printInvoice(const Invoice& invoice, CommandEnvironment& environment, CommandOutput& output) {

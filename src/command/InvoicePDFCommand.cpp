@@ -33,7 +33,6 @@ PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
     return *paper;
 }
 
-/// Renders to the file that was asked for and to the stored one, as an export from the window does.
 void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
                CommandOutput& output) {
     if (!environment.painter) throw CommandError("PDFs can't be drawn here.");
@@ -41,15 +40,15 @@ void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
     const auto invoice = findInvoice(environment.context, arguments.number);
     const auto model = renderModel(*invoice, environment, environment.painter->loadLogo());
     const bool toStandardOutput = arguments.file == "-";
-    const auto stored = storedInvoiceFile(invoice->number.get());
     const bool hasFile = !arguments.file.empty() && !toStandardOutput;
-    const auto file = hasFile ? environment.workingFolder / arguments.file : stored;
-    if (hasFile) environment.painter->render(model, paper, file, environment.namedFiles);
-    environment.painter->render(model, paper, stored, FileAccess::ownerOnly());
+    auto file = hasFile ? environment.workingFolder / arguments.file : std::filesystem::path();
+    const auto stored =
+        exportInvoice(model, paper, file, environment.namedFiles, *environment.painter);
     if (toStandardOutput) {
         output.text += readFile(stored);
         return;
     }
+    if (!hasFile) file = stored;
     if (!output.isJSON()) return output.line(file.string());
     JSONOutput json;
     json.beginObject();

@@ -4,7 +4,6 @@
 #include "command/InvoiceCommand.h"
 #include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
-#include "invoicing/InvoiceEditing.h"
 
 namespace elmworth {
 
@@ -18,14 +17,7 @@ void addInvoiceRenameCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
         command,
         [number, newNumber](CommandEnvironment& environment, CommandOutput& output) {
             const auto found = findInvoice(environment.context, *number);
-            const InvoiceBuilder builder{environment.context, environment.now,
-                                         environment.calendar};
-            try {
-                renumberWithFile(builder, found, *newNumber);
-            } catch (const StoreError&) {
-                environment.context.rollback();
-                throw;
-            }
+            environment.invoices().rename(found, *newNumber);
             if (output.isJSON()) printInvoice(*found, environment, output);
         },
         Drawing::countsPages);

@@ -6,8 +6,6 @@
 #include "command/InvoiceOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "invoicing/InvoiceEditing.h"
-#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -19,37 +17,23 @@ struct SetArguments {
     std::string value;
 };
 
-/// The day that was typed, at the time of day that the date has had.
-Instant onDay(Instant day, Instant oldDate, const CommandEnvironment& environment) {
-    const auto time = environment.calendar.components(oldDate);
-    return environment.calendar.settingTime(time.hour, time.minute, time.second, day).value_or(day);
-}
-
-void setDate(const Ref<Invoice>& invoice, const SetArguments& arguments,
-             CommandEnvironment& environment) {
-    const Instant day = parseDay(arguments.value, environment);
-    if (!canChangeDates(*invoice)) throw CommandError("Dates are locked once an invoice is sent.");
-    if (arguments.field == "issueDate") {
-        setIssueDate(invoice, onDay(day, invoice->issueDate, environment), environment.context);
-    } else {
-        setDueDate(invoice, onDay(day, invoice->dueDate, environment), environment.context);
-    }
-}
-
 void setInvoiceField(const Ref<Invoice>& invoice, const SetArguments& arguments,
                      CommandEnvironment& environment) {
+    auto invoices = environment.invoices();
     if (arguments.field == "notes") {
-        setInvoiceNotes(invoice, arguments.value, environment.context);
+        invoices.setNotes(invoice, arguments.value);
     } else if (arguments.field == "showsEntryDetails") {
-        invoice->showsEntryDetails = parseFlag(arguments.value, "showsEntryDetails").value();
-    } else if (arguments.field == "issueDate" || arguments.field == "dueDate") {
-        setDate(invoice, arguments, environment);
+        invoices.setShowsEntryDetails(invoice,
+                                      parseFlag(arguments.value, "showsEntryDetails").value());
+    } else if (arguments.field == "issueDate") {
+        invoices.setIssueDay(invoice, parseDay(arguments.value, environment));
+    } else if (arguments.field == "dueDate") {
+        invoices.setDueDay(invoice, parseDay(arguments.value, environment));
     } else {
         throw CommandError("There is no field “" + arguments.field +
                                "”. The fields are notes, showsEntryDetails, issueDate, dueDate.",
                            CommandError::Kind::usage);
     }
-    environment.context.saveOrRollback();
 }
 
 }  // namespace

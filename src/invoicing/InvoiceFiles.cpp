@@ -72,4 +72,21 @@ std::filesystem::path storedInvoiceFile(std::string_view number) {
     return invoicesFolder() / (name + ".pdf");
 }
 
+void deleteStoredInvoiceFile(std::string_view number) {
+    try {
+        std::filesystem::remove(storedInvoiceFile(number));
+    } catch (const std::filesystem::filesystem_error&) {
+        return;
+    }
+}
+
+std::filesystem::path exportInvoice(const InvoiceRenderModel& model, PaperSize paper,
+                                    const std::filesystem::path& file, FileAccess access,
+                                    InvoicePainter& painter) {
+    auto stored = storedInvoiceFile(model.number);
+    if (!file.empty()) painter.render(model, paper, file, access);
+    painter.render(model, paper, stored, FileAccess::ownerOnly());
+    return stored;
+}
+
 }  // namespace elmworth

@@ -7,6 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "invoicing/InvoiceRenderModel.h"
+#include "platform/AtomicFile.h"
+
 namespace elmworth {
 
 /// The folder of stored invoice PDFs, "Invoices" in `dataFolder()`, created when
@@ -21,5 +24,28 @@ namespace elmworth {
 /// holds control characters, or is too long for a file system gets a short hash of the number
 /// added, so that two numbers never share a file. Throws std::filesystem::filesystem_error.
 [[nodiscard]] std::filesystem::path storedInvoiceFile(std::string_view number);
+
+/// Deletes the stored PDF of the invoice `number`. One that can't be deleted stays, which costs
+/// nothing.
+void deleteStoredInvoiceFile(std::string_view number);
+
+/// Draws invoices. A process without a GUI library has none.
+class InvoicePainter {
+ public:
+    virtual ~InvoicePainter() = default;
+
+    /// The current logo, or null.
+    [[nodiscard]] virtual LogoImage loadLogo() = 0;
+
+    /// Writes the PDF of `model` to `file`. Throws RenderError.
+    virtual void render(const InvoiceRenderModel& model, PaperSize paper,
+                        const std::filesystem::path& file, FileAccess access) = 0;
+};
+
+/// Writes the PDF of `model` to `file`, unless that is empty, and then to the stored file, whose
+/// path it returns. Throws RenderError or std::filesystem::filesystem_error.
+std::filesystem::path exportInvoice(const InvoiceRenderModel& model, PaperSize paper,
+                                    const std::filesystem::path& file, FileAccess access,
+                                    InvoicePainter& painter);
 
 }  // namespace elmworth

@@ -30,12 +30,12 @@ std::string plainDecimal(std::int64_t hundredths) {
     return text;
 }
 
-struct TypedNumber {
+struct NumberParts {
     std::string whole;                ///< the digits before the last separator
     std::optional<std::string> tail;  ///< those behind it; absent when there is no separator
 };
 
-TypedNumber parseTyped(std::string_view text) {
+NumberParts splitAtLastSeparator(std::string_view text) {
     std::string kept = numericCharacters(text, separators);
     const auto last = kept.find_last_of(separators);
     if (last == std::string::npos) return {std::move(kept), std::nullopt};
@@ -59,7 +59,7 @@ std::string formatCents(std::int64_t cents, std::string_view currencyCode, const
 
 std::optional<std::int64_t> parseCents(std::string_view text) {
     constexpr std::int64_t limit = 100'000'000'000;
-    const auto [whole, tail] = parseTyped(text);
+    const auto [whole, tail] = splitAtLastSeparator(text);
     if (!tail) return parseScaledDecimal(whole, limit);
     const bool isDecimal = tail->size() == 1 || tail->size() == 2;
     return parseScaledDecimal(whole + (isDecimal ? "." : "") + *tail, limit);
@@ -76,7 +76,7 @@ std::string formatBasisPoints(std::int64_t basisPoints) {
 
 std::optional<std::int64_t> parseBasisPoints(std::string_view text) {
     constexpr std::int64_t limit = 10'000;
-    const auto [whole, tail] = parseTyped(text);
+    const auto [whole, tail] = splitAtLastSeparator(text);
     return parseScaledDecimal(tail ? whole + "." + *tail : whole, limit);
 }
 

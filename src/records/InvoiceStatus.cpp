@@ -16,6 +16,17 @@ std::string_view rawValue(InvoiceStatus status) noexcept {
     }
 }
 
+std::string_view label(InvoiceStatus status) noexcept {
+    switch (status) {
+        case InvoiceStatus::sent:
+            return "Sent";
+        case InvoiceStatus::paid:
+            return "Paid";
+        default:
+            return "Draft";
+    }
+}
+
 std::optional<InvoiceStatus> invoiceStatusFromRawValue(std::string_view raw) noexcept {
     for (const auto status : allInvoiceStatuses) {
         if (rawValue(status) == raw) return status;

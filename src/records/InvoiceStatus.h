@@ -16,6 +16,8 @@ inline constexpr std::array allInvoiceStatuses{InvoiceStatus::draft, InvoiceStat
 
 /// "draft", "sent" or "paid", the stored form.
 [[nodiscard]] std::string_view rawValue(InvoiceStatus status) noexcept;
+/// "Draft", "Sent" or "Paid".
+[[nodiscard]] std::string_view label(InvoiceStatus status) noexcept;
 [[nodiscard]] std::optional<InvoiceStatus> invoiceStatusFromRawValue(std::string_view raw) noexcept;
 
 }  // namespace elmworth

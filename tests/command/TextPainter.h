@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "command/CommandEnvironment.h"
-#include "platform/AtomicFile.h"
+#include "invoicing/InvoiceFiles.h"
 
 namespace elmworth::test {
 
