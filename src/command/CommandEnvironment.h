@@ -17,6 +17,7 @@
 #include "records/ProfileStore.h"
 #include "store/UndoHistory.h"
 #include "store/UnitOfWork.h"
+#include "tracking/EntryService.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -40,6 +41,7 @@ struct CommandEnvironment {
 
     [[nodiscard]] ClientService clients() { return {context, history, TimerCalls::of(timer), now}; }
     [[nodiscard]] ProjectService projects() { return {context, history, TimerCalls::of(timer)}; }
+    [[nodiscard]] EntryService entries() { return {context, history, timer, now}; }
     [[nodiscard]] InvoiceService invoices() { return {context, history, profiles, now, calendar}; }
 };
 

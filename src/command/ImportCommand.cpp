@@ -31,13 +31,9 @@ std::vector<CSVImporter::Row> readRows(FileSource& file, CommandEnvironment& env
 void importCSV(FileSource& file, CommandEnvironment& environment, CommandOutput& output) {
     const auto rows = readRows(file, environment);
     CSVImporter::Result result;
-    try {
-        if (environment.context.hasChanges()) environment.context.save();
+    environment.history.perform("Import", [&] {
         result = CSVImporter::apply(rows, environment.context, environment.progress);
-    } catch (...) {
-        environment.context.rollback();
-        throw;
-    }
+    });
     const std::string message = CSVImporter::message(result);
     if (!output.isJSON()) return output.line(oneLine(message));  // names come from outside
     JSONOutput json;

@@ -1,14 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "command/TimerOutput.h"
 #include "tracking/DurationFormat.h"
-#include "tracking/EntryForm.h"
 
 namespace elmworth {
 
@@ -28,15 +25,7 @@ void log(const LogArguments& arguments, CommandEnvironment& environment, Command
     form.start = parseTime(arguments.from, environment);
     form.end = parseTime(arguments.to, environment);
     form.notes = arguments.notes;
-    if (form.project->isArchived) {
-        throw CommandError("“" + fullName(*form.project) +
-                           "” is archived. Unarchive it to log time on it.");
-    }
-    if (const auto problem = form.problem(environment.now())) {
-        throw CommandError(std::string(*problem));
-    }
-    const auto entry = form.save(nullptr, environment.context, environment.timer);
-    requireSaved(environment.context);
+    const auto entry = environment.entries().add(form);
     if (!output.isJSON()) {
         return output.line("Logged " + formatHoursMinutes(entry->duration(environment.now())) +
                            " on " + fullName(*form.project) + ".");

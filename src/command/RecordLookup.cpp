@@ -72,11 +72,6 @@ std::vector<Ref<T>> allByName(UnitOfWork& context) {
 
 }  // namespace
 
-std::string fullName(const Project& project) {
-    const auto& client = project.client.get();
-    return client ? project.name.get() + " — " + client->name.get() : project.name.get();
-}
-
 Ref<Client> findClient(UnitOfWork& context, const std::string& name) {
     return findByName<Client>(allByName<Client, &Client::name>(context), name, "client",
                               " Rename one of them first.",

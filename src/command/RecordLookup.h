@@ -25,7 +25,4 @@ namespace elmworth {
 /// when there is none.
 [[nodiscard]] Ref<Invoice> findInvoice(UnitOfWork& context, const std::string& number);
 
-/// "{project} — {client}", or the project's name alone without a client.
-[[nodiscard]] std::string fullName(const Project& project);
-
 }  // namespace elmworth

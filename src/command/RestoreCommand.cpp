@@ -12,8 +12,10 @@ namespace {
 
 void restoreBackup(FileSource& file, CommandEnvironment& environment, CommandOutput& output) {
     const auto backup = decodeBackup(file, environment.progress);
-    const auto result =
-        restore(backup, environment.context, environment.profiles, environment.progress);
+    RestoreResult result;
+    environment.history.perform("Restore", [&] {
+        result = restore(backup, environment.context, environment.profiles, environment.progress);
+    });
     environment.timer.refresh();
     const std::string message = restoreMessage(backup, result);
     if (!output.isJSON()) return output.line(message);

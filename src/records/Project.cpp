@@ -36,6 +36,11 @@ std::optional<double> Project::budgetFraction(Instant now) const {
     return seconds / (static_cast<double>(*hours) * 3600);
 }
 
+std::string fullName(const Project& project) {
+    const auto& client = project.client.get();
+    return client ? project.name.get() + " — " + client->name.get() : project.name.get();
+}
+
 const RecordSchema& Project::schema() {
     static constexpr FieldDescription fields[] = {
         attribute<&Project::name>("name", {.input = FieldInput::name}),

@@ -38,4 +38,7 @@ class Project final : public Record {
     [[nodiscard]] const RecordSchema& recordSchema() const noexcept override { return schema(); }
 };
 
+/// "{project} — {client}", or the project's name alone without a client.
+[[nodiscard]] std::string fullName(const Project& project);
+
 }  // namespace elmworth
