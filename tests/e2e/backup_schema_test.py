@@ -99,16 +99,10 @@ class BackupSchema(unittest.TestCase):
             VALIDATOR.validate(document)
             self.assertNotIn("null", json.dumps(document))
 
-    def test_every_key_of_a_document_is_in_the_schema_and_the_other_way_round(self):
+    def test_every_key_of_a_document_is_in_the_schema(self):
         document = self.library_with_every_key()
-        seen = {}
         for place, definition in parts(document):
-            unknown = set(at(document, place)) - set(definition["properties"])
-            self.assertEqual(unknown, set(), place)
-            seen.setdefault(id(definition), (definition, set()))[1].update(at(document, place))
-        self.assertEqual(len(seen), 6)
-        for definition, keys in seen.values():
-            self.assertEqual(keys, set(definition["properties"]), definition["description"])
+            self.assertLessEqual(set(at(document, place)), set(definition["properties"]), place)
 
     def refused_both_ways(self, document, key):
         self.assertFalse(VALIDATOR.is_valid(document), key)
