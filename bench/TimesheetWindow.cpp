@@ -229,18 +229,19 @@ void moveKeys(TimesheetWindow& window) {
     auto& model = window.model();
     std::vector<double> moves;
     std::vector<double> extensions;
-    model.moveCurrent(model.rows().rowCount() / 2);
+    model.selection()->moveCurrent(model.rows().rowCount() / 2);
     const auto timed = [](const auto& act) {
         const auto began = std::chrono::steady_clock::now();
         act();
         return Milliseconds(std::chrono::steady_clock::now() - began).count();
     };
-    for (int i = 0; i < 45; ++i) moves.push_back(timed([&] { model.moveCurrent(1); }));
-    model.moveCurrent(-model.rows().rowCount(), true);
-    for (int i = 0; i < 45; ++i) extensions.push_back(timed([&] { model.moveCurrent(1, true); }));
+    for (int i = 0; i < 45; ++i) moves.push_back(timed([&] { model.selection()->moveCurrent(1); }));
+    model.selection()->moveCurrent(-model.rows().rowCount(), true);
+    for (int i = 0; i < 45; ++i)
+        extensions.push_back(timed([&] { model.selection()->moveCurrent(1, true); }));
     report("an arrow key in all lines", moves, 1);
     report("the same with Shift, half selected", extensions, 1);
-    model.clearSelection();
+    model.selection()->clear();
 }
 
 void allYears(TimesheetWindow& window) {

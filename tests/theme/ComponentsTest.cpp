@@ -11,6 +11,7 @@
 
 #include "theme/AppAppearance.h"
 #include "theme/ChoiceModel.h"
+#include "theme/SampleRows.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
 
@@ -33,10 +34,12 @@ class ComponentsSetup : public QObject {
         choices_.offer({{1, QStringLiteral("App")}, {2, QStringLiteral("Website")}});
         choices_.setChosen(2);
         engine->rootContext()->setContextProperty(QStringLiteral("choices"), &choices_);
+        engine->rootContext()->setContextProperty(QStringLiteral("sample"), &sample_);
     }
 
  private:
     Choices<int> choices_;
+    test::SampleRows sample_;
 };
 
 }  // namespace elmworth

@@ -34,12 +34,9 @@ DelegateChooser {
             width: lines.list.width
             ListView.onPooled: visible = false
             ListView.onReused: visible = true
-            isCurrent: lines.list.hasKeyboard && index >= 0 && lines.list.timesheet.currentRow === index
+            isCurrent: lines.list.hasKeyboard && index >= 0 && lines.list.selection.currentRow === index
             billedHelp: row => lines.list.timesheet.billedHelp(row)
-            onClicked: (row, modifiers) => {
-                lines.list.takeKeyboard(Qt.MouseFocusReason);
-                lines.list.timesheet.click(row, modifiers);
-            }
+            onClicked: (row, modifiers) => lines.list.click(row, modifiers)
             onDoubleClicked: row => lines.list.timesheet.edit(row)
             onMenuRequested: (row, x, y) => lines.list.menuRequested(row, line, x, y)
             onContinueRequested: row => lines.list.timesheet.continueEntry(row)

@@ -52,9 +52,12 @@ TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confir
 }
 
 void TimesheetModel::observe() {
-    connect(&filter_, &TimesheetFilterModel::narrowed, this, &TimesheetModel::clearSelection);
+    connect(&filter_, &TimesheetFilterModel::narrowed, &selection_, &KeyedSelection::clear);
     connect(&filter_, &TimesheetFilterModel::changed, this, &TimesheetModel::refilter);
-    connect(&commands_, &EntryCommandsModel::deleted, this, &TimesheetModel::clearDeleted);
+    connect(&commands_, &EntryCommandsModel::deleted, &selection_,
+            [this] { selection_.clearKeepingPlace(); });
+    connect(&selection_, &KeyedSelection::changed, this,
+            [this] { rows_.showSelection(selection_.keys()); });
     connect(&commands_, &EntryCommandsModel::billedNotice, this, &TimesheetModel::tellOfBilled);
     connect(&menuProjects_, &ChoiceModel::picked, this,
             [this] { commands_.moveEntries(menuIDs_, *menuProjects_.chosen()); });
@@ -124,7 +127,6 @@ void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
         trim_ = services_.runLoop.post([] { returnFreeMemory(); });
     }
     Q_EMIT listed();
-    if (selection_.current()) Q_EMIT currentRowChanged();
 }
 
 void TimesheetModel::noteAwaited(const TimesheetListing& listing, Instant now) {

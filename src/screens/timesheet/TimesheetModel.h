@@ -54,8 +54,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
     /// Whether older time is still being read, so that what shows may not be all.
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
-    /// Where the line stands that the keyboard acts on, or -1.
-    Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged FINAL)
+    /// Of entries, also where a filter hides them.
+    Q_PROPERTY(elmworth::KeyedSelection* selection READ selection CONSTANT FINAL)
     /// What the menu of a line offers; see `openMenu`.
     Q_PROPERTY(bool menuOffersContinue READ menuOffersContinue NOTIFY menuChanged FINAL)
     Q_PROPERTY(bool menuOffersMove READ menuOffersMove NOTIFY menuChanged FINAL)
@@ -85,16 +85,7 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] QString emptyMessage() const;
     [[nodiscard]] bool isReading() const noexcept { return contents_.isReading(); }
 
-    /// What is selected, also where a filter hides it.
-    [[nodiscard]] const TimesheetSelection& selection() const noexcept { return selection_; }
-    [[nodiscard]] int currentRow() const;
-    /// A click on the line at `row`.
-    Q_INVOKABLE void click(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /// Moves the current line by so many entries, as the arrow keys do; with `extends` what lies
-    /// between is selected.
-    Q_INVOKABLE void moveCurrent(int entries, bool extends = false);
-    Q_INVOKABLE void selectAll();
-    Q_INVOKABLE void clearSelection();
+    [[nodiscard]] TimesheetSelection* selection() noexcept { return &selection_; }
 
     Q_INVOKABLE void edit(int row);
     /// Edits the selected entry; false when not exactly one of those that are shown is selected.
@@ -131,7 +122,6 @@ class TimesheetModel final : public QObject {
  Q_SIGNALS:
     void isShownChanged();
     void listed();
-    void currentRowChanged();
     void menuChanged();
 
  private:
@@ -146,8 +136,6 @@ class TimesheetModel final : public QObject {
     void showFigures(const TimesheetListing& listing, Instant now);
     void showChart(const TimesheetListing& listing, Instant now);
     void tick();
-    void selectionChanged();
-    void clearDeleted();
     void tellOfBilled();
     void offerMenuProjects();
     [[nodiscard]] Ref<TimeEntry> entryAt(int row);
@@ -163,12 +151,12 @@ class TimesheetModel final : public QObject {
     ListingSums sums_;
     StatsRowModel stats_;
     DailyChartModel chart_;
-    TimesheetSelection selection_;
     TimesheetRowsModel rows_;
+    TimesheetSelection selection_{rows_};
     TimesheetContents contents_;
     Choices<PersistentID> menuProjects_;
     PersistentID menuEntry_;
-    TimesheetSelection::Spot menuSpot_;
+    TimesheetEntryLines::Place menuPlace_;
     std::vector<PersistentID> menuIDs_;
     bool menuOffersContinue_ = false;
     bool menuOffersMove_ = false;

@@ -9,68 +9,16 @@
 
 namespace elmworth {
 
-int TimesheetModel::currentRow() const {
-    return selection_.current() ? rows_.position(*selection_.current()) : -1;
-}
-
-void TimesheetModel::selectionChanged() {
-    rows_.showSelection(selection_.ids());
-    Q_EMIT currentRowChanged();
-}
-
-void TimesheetModel::click(int row, Qt::KeyboardModifiers modifiers) {
-    const auto* line = rows_.rowAt(row);
-    if (line == nullptr || line->isHead()) return;
-    const auto at = static_cast<std::size_t>(row);
-    if (modifiers.testFlag(Qt::ShiftModifier)) {
-        selection_.extendTo(rows_.rows(), at);
-    } else if (modifiers.testFlag(Qt::ControlModifier)) {
-        selection_.toggle(rows_.rows(), at);
-    } else {
-        selection_.select(rows_.rows(), at);
-    }
-    selectionChanged();
-}
-
-void TimesheetModel::moveCurrent(int entries, bool extends) {
-    const auto reached = selection_.stepFrom(rows_.rows(), entries);
-    if (!reached) return;
-    if (extends) {
-        selection_.extendTo(rows_.rows(), *reached);
-    } else {
-        selection_.select(rows_.rows(), *reached);
-    }
-    selectionChanged();
-}
-
-void TimesheetModel::selectAll() {
-    selection_.selectAll(rows_.rows());
-    selectionChanged();
-}
-
-void TimesheetModel::clearSelection() {
-    if (selection_.ids().empty() && !selection_.current()) return;
-    selection_.clear();
-    selectionChanged();
-}
-
-void TimesheetModel::clearDeleted() {
-    selection_.clearKeepingPlace();
-    selectionChanged();
-}
-
 std::vector<PersistentID> TimesheetModel::shownSelection() const {
     std::vector<PersistentID> ids;
-    if (selection_.ids().empty()) return ids;
-    if (rows_.listing() == nullptr) return ids;
+    const auto& selected = selection_.keys();
+    if (selected.empty() || rows_.listing() == nullptr) return ids;
     const auto& current = selection_.current();
-    const bool isOne = current && selection_.ids().size() == 1;
-    if (isOne && selection_.ids().contains(current->entry) && currentRow() >= 0) {
-        return {current->entry};
-    }
+    const bool isOne = current && selected.size() == 1 && selected.contains(current->entry);
+    if (isOne && selection_.currentRow() >= 0) return {current->entry};
     for (const auto& place : rows_.listing()->entries) {
         const auto& id = place.entry().id;
-        if (selection_.ids().contains(id)) ids.push_back(id);
+        if (selected.contains(id)) ids.push_back(id);
     }
     return ids;
 }
@@ -100,7 +48,7 @@ void TimesheetModel::edit(int row) {
 }
 
 bool TimesheetModel::editSelected() {
-    if (selection_.ids().size() != 1) return false;
+    if (selection_.keys().size() != 1) return false;
     const auto shown = shownSelection();
     const auto entry = shown.empty() ? nullptr : commands_.entry(shown.front());
     if (entry) editor_.open(entry);
@@ -116,7 +64,7 @@ void TimesheetModel::addOnDay(int row) {
 }
 
 void TimesheetModel::addOnCurrentDay() {
-    const auto* line = rows_.rowAt(currentRow());
+    const auto* line = rows_.rowAt(selection_.currentRow());
     if (line == nullptr) return addEntry();
     editor_.open(nullptr, line->id.day);
 }
@@ -130,10 +78,10 @@ bool TimesheetModel::openMenu(int row) {
     const auto entry = entryAt(row);
     if (!entry) return false;
     menuEntry_ = entry->id();
-    menuSpot_ = {rows_.rowAt(row)->id, entry->start};
+    menuPlace_ = {rows_.rowAt(row)->id, entry->start};
     menuIDs_ = {menuEntry_};
-    if (selection_.ids().contains(menuEntry_)) {
-        menuIDs_.assign(selection_.ids().begin(), selection_.ids().end());
+    if (selection_.contains(menuEntry_)) {
+        menuIDs_.assign(selection_.keys().begin(), selection_.keys().end());
     }
     menuOffersContinue_ = !entry->isRunning() && entry->project.get() != nullptr;
     menuOffersMove_ = !entry->invoice;
@@ -168,7 +116,7 @@ void TimesheetModel::menuDuplicate() {
 }
 
 void TimesheetModel::menuDelete() {
-    if (!selection_.current()) selection_.stayAt(menuSpot_);
+    selection_.stayAt(menuPlace_);
     commands_.deleteEntries(menuIDs_);
 }
 

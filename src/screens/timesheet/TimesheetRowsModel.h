@@ -60,7 +60,8 @@ class TimesheetRowsModel final : public LiveRowModel<TimesheetRow> {
 
     /// What is shown; null before the first time.
     [[nodiscard]] const TimesheetListing* listing() const noexcept { return listing_.get(); }
-    /// Shows the entries `selection` as selected. It outlives this; call again when it changes.
+    /// Shows the entries `selection` as selected. It lives as long as rows are shown; call again
+    /// when it changes.
     void showSelection(const std::unordered_set<PersistentID>& selection);
 
     /// The line at `row`, or null when there is none.

@@ -40,6 +40,12 @@ GalleryModel::GalleryModel(AppearanceSetting setting) : setting_(setting) {
     std::vector<Choices<QString>::Choice> icons;
     for (const auto& name : iconNames()) icons.push_back({name, name});
     icons_.offer(std::move(icons));
+    std::vector<GalleryRow> rows;
+    for (const auto* name : {"Acme Co", "Bloom & Co", "Globex", "Initech", "Umbra", "Vandelay"}) {
+        rows.push_back({QString::fromUtf8(name)});
+    }
+    rows_.setRows(std::move(rows));
+    selection_.click(1);
 }
 
 void GalleryModel::setAppearance(int position) {

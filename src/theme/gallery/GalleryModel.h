@@ -7,12 +7,14 @@
 #include <QStringList>
 #include <QtQmlIntegration>
 
+#include "livelist/LiveListModel.h"
 #include "theme/AppearanceSetting.h"
 #include "theme/ChoiceModel.h"
 #include "theme/Confirmation.h"
 #include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
 #include "theme/FormSheetModel.h"
+#include "theme/KeyedSelection.h"
 
 namespace elmworth {
 
@@ -43,6 +45,18 @@ class GalleryForm : public FormSheetModel {
     FormText email_;
 };
 
+/// A line of a list as an example.
+struct GalleryRow {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(QString text MEMBER id)
+
+ public:
+    QString id;
+
+    friend bool operator==(const GalleryRow&, const GalleryRow&) = default;
+};
+
 /// What the gallery can show and switch.
 class GalleryModel final : public QObject {
     Q_OBJECT
@@ -56,6 +70,8 @@ class GalleryModel final : public QObject {
     Q_PROPERTY(elmworth::GalleryForm* form READ form CONSTANT FINAL)
     Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     Q_PROPERTY(elmworth::ChoiceModel* icons READ icons CONSTANT FINAL)
+    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT FINAL)
+    Q_PROPERTY(elmworth::KeyedSelection* selection READ selection CONSTANT FINAL)
     Q_PROPERTY(QStringList imageNames READ imageNames CONSTANT FINAL)
 
  public:
@@ -69,6 +85,8 @@ class GalleryModel final : public QObject {
     [[nodiscard]] Confirmation* confirmation() noexcept { return &confirmation_; }
     Q_INVOKABLE void ask();
     [[nodiscard]] ChoiceModel* icons() noexcept { return &icons_; }
+    [[nodiscard]] QAbstractItemModel* rows() noexcept { return &rows_; }
+    [[nodiscard]] KeyedSelection* selection() noexcept { return &selection_; }
     [[nodiscard]] static QStringList imageNames();
 
  Q_SIGNALS:
@@ -80,6 +98,8 @@ class GalleryModel final : public QObject {
     DateTimeInput wrongDate_{&Calendar::current, &currentInstant};
     GalleryForm form_;
     Confirmation confirmation_;
+    LiveListModel<GalleryRow> rows_;
+    RowSelection<PlainRows<GalleryRow>> selection_{rows_};
     Choices<QString> icons_{QStringLiteral("Choose\u2026")};
 };
 

@@ -50,6 +50,10 @@ Basic.ApplicationWindow {
             model: window.model
         }
         GalleryCards { Layout.fillWidth: true }
+        GalleryLists {
+            Layout.fillWidth: true
+            model: window.model
+        }
         GalleryIcons {
             Layout.fillWidth: true
             names: window.model.imageNames

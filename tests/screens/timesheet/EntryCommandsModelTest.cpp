@@ -214,7 +214,7 @@ TEST_F(EntryCommands, onARowThatCannotBeReadNothingHappens) {
     EXPECT_FALSE(model->editor()->isOpen());
     EXPECT_FALSE(model->openMenu(row));
     EXPECT_EQ(utf8(model->billedHelp(row)), "");
-    model->click(row);
+    model->selection()->click(row);
     EXPECT_FALSE(model->editSelected());
     model->menuEdit();
     EXPECT_FALSE(model->editor()->isOpen());

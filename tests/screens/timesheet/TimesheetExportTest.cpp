@@ -157,7 +157,7 @@ TEST_F(TimesheetExported, isOfAllThatIsListedThoughNothingIsInACard) {
 
 TEST_F(TimesheetExported, offersItsNameAndChangesNothing) {
     EXPECT_EQ(utf8(TimesheetModel::exportFile().fileName()), "Elmworth Timesheet.csv");
-    model->click(1);
+    model->selection()->click(1);
     const auto before = lines();
     exportTo(file("time.csv"));
     EXPECT_EQ(lines(), before);

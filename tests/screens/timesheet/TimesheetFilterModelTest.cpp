@@ -322,7 +322,7 @@ TEST_P(TimesheetNarrowed, losesItsSelectionUnlessOnlyTheCustomDaysChange) {
     ASSERT_TRUE(isSelected(entry));
     GetParam().change(filter());
     EXPECT_EQ(isSelected(entry), GetParam().keepsSelection);
-    EXPECT_EQ(model->currentRow() >= 0, GetParam().keepsSelection);
+    EXPECT_EQ(model->selection()->currentRow() >= 0, GetParam().keepsSelection);
 }
 
 INSTANTIATE_TEST_SUITE_P(

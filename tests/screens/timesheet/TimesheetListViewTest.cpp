@@ -122,13 +122,13 @@ TEST_F(TimesheetListView, isReadAsItIsSeenAfterAnotherPeriodAndAfterScrolling) {
 
 TEST_F(TimesheetListView, opensTheMenuOfTheCurrentLineAlsoWhenItIsScrolledAway) {
     choosePreset("This Year");
-    model->moveCurrent(-1);
-    ASSERT_GT(model->currentRow(), 80);
+    model->selection()->moveCurrent(-1);
+    ASSERT_GT(model->selection()->currentRow(), 80);
     scrollTo(list_->property("originY").toDouble());
     QSignalSpy requested(list_, SIGNAL(menuRequested(int, QQuickItem*, double, double)));
     QMetaObject::invokeMethod(list_, "requestMenu");
     ASSERT_EQ(requested.size(), 1);
-    EXPECT_EQ(requested[0][0].toInt(), model->currentRow());
+    EXPECT_EQ(requested[0][0].toInt(), model->selection()->currentRow());
     const auto* line = requested[0][1].value<QQuickItem*>();
     ASSERT_NE(line, nullptr);
     const double y = line->mapToItem(list_, QPointF()).y();

@@ -550,7 +550,7 @@ TEST_F(Timesheet, timeIsAddedOnTheDayOfTheRowOrNow) {
     model->addOnCurrentDay();
     EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
               test::at("2026-03-02T00:00Z"));
-    model->click(1);
+    model->selection()->click(1);
     model->addOnCurrentDay();
     EXPECT_EQ(timer.calendar.startOfDay(model->editor()->start()->value()),
               test::at("2026-03-01T00:00Z"));

@@ -190,8 +190,8 @@ class TimesheetRowsProperty : public TimesheetRows, public testing::WithParamInt
             case 7:
                 return upTo(1) == 0 ? service().stop() : service().start(website);
             case 8:
-                return model->click(upTo(rowCount()),
-                                    upTo(1) == 0 ? Qt::ControlModifier : Qt::ShiftModifier);
+                return model->selection()->click(
+                    upTo(rowCount()), upTo(1) == 0 ? Qt::ControlModifier : Qt::ShiftModifier);
             case 9:
                 return filter().choosePreset(upTo(6));
             case 10:
@@ -211,7 +211,7 @@ class TimesheetRowsProperty : public TimesheetRows, public testing::WithParamInt
         fresh.filter()->setSearch(filter().search());
         fresh.setShown(true);
         auto& rows = static_cast<TimesheetRowsModel&>(*fresh.rowsModel());
-        rows.showSelection(model->selection().ids());
+        rows.showSelection(model->selection()->keys());
         return Mirror(rows).lines();
     }
 

@@ -22,7 +22,7 @@ using Row = TimesheetRowsModel;
 class SelectionInTimesheet : public test::TimesheetTest {
  protected:
     void setSelected(std::initializer_list<Ref<TimeEntry>> entries) {
-        model->clearSelection();
+        model->selection()->clear();
         for (const auto& entry : entries) click(entry, Qt::ControlModifier);
     }
     /// The rows that show themselves as selected.
@@ -41,99 +41,99 @@ class SelectionInTimesheet : public test::TimesheetTest {
 };
 
 TEST_F(SelectionInTimesheet, aClickSelectsOneAlone) {
-    model->click(1);
-    model->click(2);
+    model->selection()->click(1);
+    model->selection()->click(2);
     EXPECT_THAT(selectedRows(), ElementsAre(2));
-    EXPECT_EQ(model->currentRow(), 2);
+    EXPECT_EQ(model->selection()->currentRow(), 2);
 }
 
 TEST_F(SelectionInTimesheet, ofAnEntryOverMidnightShowsInBothItsRows) {
-    model->click(5);
+    model->selection()->click(5);
     EXPECT_THAT(selectedRows(), ElementsAre(3, 5));
-    EXPECT_EQ(model->currentRow(), 5);
+    EXPECT_EQ(model->selection()->currentRow(), 5);
     EXPECT_EQ(selectedCount(), 1U);
 }
 
 TEST_F(SelectionInTimesheet, aClickWithCtrlTogglesOne) {
-    model->click(1);
-    model->click(6, Qt::ControlModifier);
+    model->selection()->click(1);
+    model->selection()->click(6, Qt::ControlModifier);
     EXPECT_THAT(selectedRows(), ElementsAre(1, 6));
-    model->click(1, Qt::ControlModifier);
+    model->selection()->click(1, Qt::ControlModifier);
     EXPECT_THAT(selectedRows(), ElementsAre(6));
 }
 
 TEST_F(SelectionInTimesheet, aClickWithShiftSelectsAllFromTheOneBefore) {
-    model->click(2);
-    model->click(6, Qt::ShiftModifier);
+    model->selection()->click(2);
+    model->selection()->click(6, Qt::ShiftModifier);
     EXPECT_THAT(selectedRows(), ElementsAre(2, 3, 5, 6));
-    model->click(1, Qt::ShiftModifier);
+    model->selection()->click(1, Qt::ShiftModifier);
     EXPECT_THAT(selectedRows(), ElementsAre(1, 2));
-    EXPECT_EQ(model->currentRow(), 1);
+    EXPECT_EQ(model->selection()->currentRow(), 1);
 }
 
 TEST_F(SelectionInTimesheet, aClickOnAHeadOrOutsideTheRowsChangesNothing) {
-    model->click(1);
-    for (const int row : {0, 4, 7, -1}) model->click(row);
+    model->selection()->click(1);
+    for (const int row : {0, 4, 7, -1}) model->selection()->click(row);
     EXPECT_THAT(selectedRows(), ElementsAre(1));
 }
 
 TEST_F(SelectionInTimesheet, aShiftClickWithoutAFirstSelectsOne) {
-    model->click(2, Qt::ShiftModifier);
+    model->selection()->click(2, Qt::ShiftModifier);
     EXPECT_THAT(selectedRows(), ElementsAre(2));
 }
 
 TEST_F(SelectionInTimesheet, aShiftClickFromAnEntryThatIsGoneSelectsOne) {
-    model->click(1);
+    model->selection()->click(1);
     deleteElsewhere(noon);
-    model->click(rowOf(yesterday), Qt::ShiftModifier);
+    model->selection()->click(rowOf(yesterday), Qt::ShiftModifier);
     EXPECT_TRUE(isSelected(yesterday));
     EXPECT_FALSE(isSelected(morning));
 }
 
 TEST_F(SelectionInTimesheet, theArrowKeysGoFromEntryToEntryAndStopAtTheEnds) {
-    model->moveCurrent(1);
-    EXPECT_EQ(model->currentRow(), 1);
-    model->moveCurrent(2);
-    EXPECT_EQ(model->currentRow(), 3);
-    model->moveCurrent(1);
-    EXPECT_EQ(model->currentRow(), 5) << "over the head of a day";
+    model->selection()->moveCurrent(1);
+    EXPECT_EQ(model->selection()->currentRow(), 1);
+    model->selection()->moveCurrent(2);
+    EXPECT_EQ(model->selection()->currentRow(), 3);
+    model->selection()->moveCurrent(1);
+    EXPECT_EQ(model->selection()->currentRow(), 5) << "over the head of a day";
     EXPECT_THAT(selectedRows(), ElementsAre(3, 5));
-    model->moveCurrent(10);
-    EXPECT_EQ(model->currentRow(), 6);
-    model->moveCurrent(1);
-    EXPECT_EQ(model->currentRow(), 6);
-    model->moveCurrent(-10);
-    EXPECT_EQ(model->currentRow(), 1);
-    model->moveCurrent(0);
-    EXPECT_EQ(model->currentRow(), 1);
+    model->selection()->moveCurrent(10);
+    EXPECT_EQ(model->selection()->currentRow(), 6);
+    model->selection()->moveCurrent(1);
+    EXPECT_EQ(model->selection()->currentRow(), 6);
+    model->selection()->moveCurrent(-10);
+    EXPECT_EQ(model->selection()->currentRow(), 1);
+    model->selection()->moveCurrent(0);
+    EXPECT_EQ(model->selection()->currentRow(), 1);
 }
 
 TEST_F(SelectionInTimesheet, theArrowKeyUpwardsBeginsAtTheLast) {
-    model->moveCurrent(-1);
-    EXPECT_EQ(model->currentRow(), 6);
+    model->selection()->moveCurrent(-1);
+    EXPECT_EQ(model->selection()->currentRow(), 6);
 }
 
 TEST_F(SelectionInTimesheet, theArrowKeysWithShiftSelectWhatLiesBetween) {
-    model->click(2);
-    model->moveCurrent(2, true);
+    model->selection()->click(2);
+    model->selection()->moveCurrent(2, true);
     EXPECT_THAT(selectedRows(), ElementsAre(2, 3, 5));
-    model->moveCurrent(-3, true);
+    model->selection()->moveCurrent(-3, true);
     EXPECT_THAT(selectedRows(), ElementsAre(1, 2));
 }
 
 TEST_F(SelectionInTimesheet, ofAllHasEachEntryOnce) {
-    model->selectAll();
+    model->selection()->selectAll();
     EXPECT_EQ(selectedCount(), 4U);
     EXPECT_THAT(selectedRows(), ElementsAre(1, 2, 3, 5, 6));
-    model->clearSelection();
+    model->selection()->clear();
     EXPECT_THAT(selectedRows(), ElementsAre());
-    EXPECT_EQ(model->currentRow(), -1);
+    EXPECT_EQ(model->selection()->currentRow(), -1);
 }
 
 TEST_F(SelectionInTimesheet, isToldInOneStepHoweverManyRowsThereAre) {
-    model->click(1);
+    model->selection()->click(1);
     QSignalSpy changed(&model->rows(), &QAbstractItemModel::dataChanged);
-    model->click(6);
+    model->selection()->click(6);
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 0);
     EXPECT_EQ(changed[0][1].toModelIndex().row(), 6);
@@ -141,10 +141,10 @@ TEST_F(SelectionInTimesheet, isToldInOneStepHoweverManyRowsThereAre) {
 }
 
 TEST_F(SelectionInTimesheet, isKnownToTheRowsWithoutACopy) {
-    model->selectAll();
-    const auto* selected = &model->selection().ids();
-    model->click(rowOf(noon), Qt::ControlModifier);
-    EXPECT_EQ(&model->selection().ids(), selected);
+    model->selection()->selectAll();
+    const auto* selected = &model->selection()->keys();
+    model->selection()->click(rowOf(noon), Qt::ControlModifier);
+    EXPECT_EQ(&model->selection()->keys(), selected);
     EXPECT_FALSE(value(rowOf(noon), Row::isSelected).toBool());
     EXPECT_TRUE(value(rowOf(morning), Row::isSelected).toBool());
 }
@@ -164,13 +164,13 @@ TEST_F(SelectionInTimesheet, isKeptWhateverChangesElsewhere) {
 }
 
 TEST_F(SelectionInTimesheet, theCurrentRowFollowsItsEntry) {
-    model->click(rowOf(morning));
-    QSignalSpy changed(model.get(), &TimesheetModel::currentRowChanged);
+    model->selection()->click(rowOf(morning));
+    QSignalSpy changed(model->selection(), &KeyedSelection::currentRowChanged);
     add(shop, "2026-03-02T08:30Z", "2026-03-02T08:45Z");
     EXPECT_EQ(changed.size(), 1);
-    EXPECT_EQ(model->currentRow(), rowOf(morning));
+    EXPECT_EQ(model->selection()->currentRow(), rowOf(morning));
     deleteElsewhere(morning);
-    EXPECT_EQ(model->currentRow(), -1);
+    EXPECT_EQ(model->selection()->currentRow(), -1);
     EXPECT_EQ(changed.size(), 2);
 }
 
@@ -199,8 +199,8 @@ class SelectionProperty : public testing::TestWithParam<unsigned> {
 
     std::mt19937 random_{GetParam()};  // NOLINT: the same steps in each run
     TimesheetListing listing_;
-    TimesheetSelection::Rows rows_;
-    TimesheetSelection selection_;
+    TimesheetEntryLines::Rows rows_;
+    ListSelection<TimesheetEntryLines> selection_;
 };
 
 TEST_P(SelectionProperty, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShrank) {
@@ -214,12 +214,12 @@ TEST_P(SelectionProperty, isWhatLiesBetweenTheFirstAndTheLastHoweverItGrewAndShr
         for (int i = upTo(6); i >= 0; --i) {
             const std::size_t to = someEntry();
             selection_.extendTo(rows_, to);
-            if (upTo(5) == 0) selection_.rowsChanged();
-            TimesheetSelection::IDs expected;
+            if (upTo(5) == 0) selection_.rowsChanged(rows_);
+            ListSelection<TimesheetEntryLines>::Keys expected;
             for (auto row = std::min(from, to); row <= std::max(from, to); ++row) {
                 if (!rows_[row].isHead()) expected.insert(rows_[row].id.entry);
             }
-            ASSERT_EQ(selection_.ids(), expected) << "round " << round;
+            ASSERT_EQ(selection_.keys(), expected) << "round " << round;
             ASSERT_EQ(selection_.current(), rows_[to].id);
         }
     }
@@ -240,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(, SelectionProperty, testing::Values(1U, 2U, 3U));
 
 TEST_F(SelectionInTimesheet, returnEditsTheOneThatIsSelected) {
     EXPECT_FALSE(model->editSelected());
-    model->click(1);
+    model->selection()->click(1);
     EXPECT_TRUE(model->editSelected());
     EXPECT_TRUE(model->editor()->isOpen());
 }
@@ -291,13 +291,14 @@ class KeysAfterADeletion : public SelectionInTimesheet,
 
 TEST_P(KeysAfterADeletion, goOnWhereTheDeletedStood) {
     for (const auto& [step, reached] : {std::pair(1, GetParam().down), {-1, GetParam().up}}) {
-        model->clearSelection();
-        for (const int row : GetParam().deleted) model->click(row, Qt::ControlModifier);
+        model->selection()->clear();
+        for (const int row : GetParam().deleted)
+            model->selection()->click(row, Qt::ControlModifier);
         model->askToDeleteSelected();
         confirmation.accept();
         EXPECT_EQ(selectedCount(), 0U);
-        model->moveCurrent(step);
-        EXPECT_EQ(model->currentRow(), reached) << (step > 0 ? "down" : "up");
+        model->selection()->moveCurrent(step);
+        EXPECT_EQ(model->selection()->currentRow(), reached) << (step > 0 ? "down" : "up");
         commands().undo();
         turn();
     }
@@ -315,8 +316,8 @@ INSTANTIATE_TEST_SUITE_P(, KeysAfterADeletion,
 TEST_F(SelectionInTimesheet, afterADeletionByTheMenuTheArrowKeysGoOnFromItsRow) {
     model->openMenu(2);
     model->menuDelete();
-    model->moveCurrent(1);
-    EXPECT_EQ(model->currentRow(), rowOf(night));
+    model->selection()->moveCurrent(1);
+    EXPECT_EQ(model->selection()->currentRow(), rowOf(night));
 }
 
 TEST_F(SelectionInTimesheet, deleteThatIsDismissedDeletesNothingAndKeepsTheSelection) {

@@ -107,11 +107,11 @@ class TimesheetTest : public PanelTest {
         return -1;
     }
     void click(const Ref<TimeEntry>& entry, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        model->click(rowOf(entry), modifiers);
+        model->selection()->click(rowOf(entry), modifiers);
     }
-    [[nodiscard]] std::size_t selectedCount() const { return model->selection().ids().size(); }
+    [[nodiscard]] std::size_t selectedCount() const { return model->selection()->keys().size(); }
     [[nodiscard]] bool isSelected(const Ref<TimeEntry>& entry) const {
-        return model->selection().ids().contains(entry->id());
+        return model->selection()->keys().contains(entry->id());
     }
     [[nodiscard]] std::size_t entryCount() { return context().fetchCount<TimeEntry>(); }
 
