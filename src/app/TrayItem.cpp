@@ -24,7 +24,7 @@ TrayIconStyle iconStyle() {
     TrayIconStyle style;
     style.iconFamily = QStringLiteral("Material Icons");
     style.idleGlyph = iconGlyph(u"clock");
-    style.runningGlyph = iconGlyph(u"record.circle");
+    style.runningGlyph = iconGlyph(u"record");
     style.textFamily = tabularFontFamily();
     return style;
 }

@@ -41,7 +41,7 @@ Basic.CheckBox {
         Icon {
             anchors.centerIn: parent
             visible: box.checked
-            name: "checkmark"
+            name: "check"
             size: 14
             color: Theme.inverseFill
         }

@@ -48,7 +48,7 @@ PressButton {
 
             anchors { right: parent.right; rightMargin: 9; verticalCenter: parent.verticalCenter }
             visible: button.opensList
-            name: "chevron.up.chevron.down"
+            name: "chevrons-up-down"
             size: 14
             color: Theme.secondaryText
         }

@@ -19,7 +19,7 @@ ColumnLayout {
         spacing: 8
 
         Icon {
-            name: "lock.fill"
+            name: "lock"
             color: Theme.secondaryText
         }
 

@@ -4,7 +4,7 @@
 import QtQuick
 import Elmworth.Theme
 
-/// An icon, by the name of its system image. It says nothing of its own: what it belongs to has the name.
+/// An icon, by its name. It says nothing of its own: what it belongs to has the name.
 Text {
     property string name: ""
     property real size: 16

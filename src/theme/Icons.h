@@ -8,7 +8,7 @@
 
 namespace elmworth {
 
-/// The icons, each by the name of a system image such as "clock.fill": a glyph of the icon font,
+/// The icons, each by the name of what it shows, such as "clock-filled": a glyph of the icon font,
 /// which is drawn as text and takes any colour. An unknown name gives an empty square.
 [[nodiscard]] QChar iconGlyph(QStringView name);
 

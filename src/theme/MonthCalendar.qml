@@ -78,13 +78,13 @@ FocusScope {
             }
 
             IconButton {
-                iconName: "chevron.left"
+                iconName: "chevron-left"
                 label: "Previous month"
                 onClicked: calendar.model.moveByMonths(-1)
             }
 
             IconButton {
-                iconName: "chevron.right"
+                iconName: "chevron-right"
                 label: "Next month"
                 onClicked: calendar.model.moveByMonths(1)
             }

@@ -96,7 +96,7 @@ Rectangle {
             id: dismissal
 
             size: 24
-            iconName: "xmark"
+            iconName: "cross"
             label: "Dismiss"
             onClicked: notice.dismissed()
         }

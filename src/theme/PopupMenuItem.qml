@@ -61,7 +61,7 @@ Basic.MenuItem {
 
         Icon {
             visible: item.checkable || item.iconName.length > 0
-            name: item.checkable ? "checkmark" : item.iconName
+            name: item.checkable ? "check" : item.iconName
             opacity: !item.checkable || item.chosen ? 1 : 0
             color: item.foreground
         }
@@ -85,7 +85,7 @@ Basic.MenuItem {
 
         Icon {
             visible: item.subMenu !== null
-            name: "chevron.right"
+            name: "chevron-right"
             color: Theme.secondaryText
         }
     }

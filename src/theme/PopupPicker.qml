@@ -35,7 +35,7 @@ Basic.ComboBox {
     indicator: Icon {
         x: picker.width - width - 8
         y: Math.round((picker.height - height) / 2)
-        name: "chevron.up.chevron.down"
+        name: "chevrons-up-down"
         color: Theme.secondaryText
     }
 

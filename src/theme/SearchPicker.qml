@@ -74,7 +74,7 @@ Item {
         id: arrows
 
         anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
-        name: "chevron.up.chevron.down"
+        name: "chevrons-up-down"
         color: Theme.secondaryText
     }
 

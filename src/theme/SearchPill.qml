@@ -46,7 +46,7 @@ FocusScope {
         id: glass
 
         anchors { left: parent.left; leftMargin: 11; verticalCenter: parent.verticalCenter }
-        name: "magnifyingglass"
+        name: "magnifier"
         color: Theme.secondaryText
     }
 
@@ -81,7 +81,7 @@ FocusScope {
         anchors { right: parent.right; rightMargin: 7; verticalCenter: parent.verticalCenter }
         visible: pill.text.length > 0
         size: 20
-        iconName: "xmark.circle.fill"
+        iconName: "cross-circle"
         label: "Clear search"
         onClicked: { pill.clear(); field.forceActiveFocus(Qt.OtherFocusReason); }
     }

@@ -13,7 +13,7 @@ Item {
 
     Component { id: glow; GlowButton { text: "Save"; help: "Saves it" } }
     Component { id: glowColored; GlowButton { text: "Delete"; prominent: true; colors: Theme.amberGradient } }
-    Component { id: circle; CircleIconButton { iconName: "play.fill"; label: "Start" } }
+    Component { id: circle; CircleIconButton { iconName: "play"; label: "Start" } }
     Component { id: icon; IconButton { iconName: "plus"; label: "Add" } }
     Component { id: link; LinkButton { text: "Open Settings" } }
     Component { id: listRow; ListRow { title: "Website" } }

@@ -14,7 +14,7 @@ Item {
 
     Component { id: menu; PopupMenu { PopupMenuItem { text: "Stop"; enabled: false } PopupMenuItem { text: "Resume" } } }
     Component { id: tile; InitialTile { text: "Acme Co"; colors: Theme.tileGradient("Acme Co") } }
-    Component { id: chip; Chip { text: "Live"; icon: "record.circle" } }
+    Component { id: chip; Chip { text: "Live"; icon: "record" } }
     Component { id: stat; StatCard { title: "Tracked"; value: "1:00"; detail: "9 entries" } }
     Component { id: plain; PlainText { text: "<b>Brand</b> & Style" } }
     Component { id: track; ProgressTrack { width: 100; label: "Budget" } }
@@ -63,7 +63,7 @@ Item {
         id: sheet
 
         SheetPopup {
-            SheetScaffold { title: "New Client"; icon: "person.fill"; sheetWidth: 300 }
+            SheetScaffold { title: "New Client"; icon: "person"; sheetWidth: 300 }
         }
     }
 

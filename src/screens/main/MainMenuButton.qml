@@ -14,7 +14,7 @@ IconButton {
 
     signal closeRequested()
 
-    iconName: "line.3.horizontal"
+    iconName: "menu"
     label: "Menu"
     help: "Menu (" + menuKeys.nativeText + ")"
     Accessible.role: Accessible.ButtonMenu

@@ -47,7 +47,7 @@ Basic.SplitView {
 
             sourceComponent: SectionPlaceholder {
                 title: "Clients"
-                icon: "person.2.fill"
+                icon: "people-filled"
                 colors: Theme.violetGradient
                 message: "Clients and what they owe will appear here. Until then, add one in a terminal: elmworth client add \"Acme Co\" --rate 120"
             }
@@ -58,7 +58,7 @@ Basic.SplitView {
 
             sourceComponent: SectionPlaceholder {
                 title: "Projects"
-                icon: "folder.fill"
+                icon: "folder-filled"
                 colors: Theme.skyGradient
                 message: "Projects with their budgets will appear here. Until then, add one in a terminal: elmworth project add \"Website\" --client \"Acme Co\""
             }
@@ -69,7 +69,7 @@ Basic.SplitView {
 
             sourceComponent: SectionPlaceholder {
                 title: "Invoices"
-                icon: "doc.text.fill"
+                icon: "document"
                 colors: Theme.mintGradient
                 message: "Invoices and their PDFs will appear here. Until then, make one in a terminal: “elmworth invoice create --help” tells how."
             }

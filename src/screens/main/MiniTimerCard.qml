@@ -75,7 +75,7 @@ GlassCard {
 
             CircleIconButton {
                 size: 32
-                iconName: "stop.fill"
+                iconName: "stop"
                 colors: Theme.coralGradient
                 label: "Stop timer"
                 help: card.stopHelp

@@ -21,7 +21,7 @@ Rectangle {
         spacing: 10
 
         Icon {
-            name: "exclamationmark.triangle.fill"
+            name: "warning"
             size: 16
             color: Theme.warningText
         }

@@ -19,10 +19,10 @@ struct SidebarItem {
 
 /// The sections, in the order in which they stand.
 inline constexpr std::array sidebarItems{
-    SidebarItem{"Timesheet", "clock.fill", "Ctrl+1"},
-    SidebarItem{"Clients", "person.2.fill", "Ctrl+2"},
-    SidebarItem{"Projects", "folder.fill", "Ctrl+3"},
-    SidebarItem{"Invoices", "doc.text.fill", "Ctrl+4"},
+    SidebarItem{"Timesheet", "clock-filled", "Ctrl+1"},
+    SidebarItem{"Clients", "people-filled", "Ctrl+2"},
+    SidebarItem{"Projects", "folder-filled", "Ctrl+3"},
+    SidebarItem{"Invoices", "document", "Ctrl+4"},
 };
 
 /// The position of the section that `raw` names; absent for a text that is no raw value.

@@ -18,7 +18,7 @@ ColumnLayout {
         spacing: 8
 
         Icon {
-            name: "moon.zzz.fill"
+            name: "moon"
             color: Theme.accentText
         }
 

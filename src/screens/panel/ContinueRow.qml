@@ -17,7 +17,7 @@ ListRow {
     onClicked: row.model.continueEntry()
 
     Icon {
-        name: "arrow.clockwise"
+        name: "arrow-clockwise"
         color: row.raised ? Theme.primaryText : Theme.secondaryText
     }
 }

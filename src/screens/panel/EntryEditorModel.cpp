@@ -72,7 +72,7 @@ QString EntryEditorModel::title() const {
 }
 
 QString EntryEditorModel::icon() const {
-    return isBilled() ? QStringLiteral("lock.fill") : QStringLiteral("clock.fill");
+    return isBilled() ? QStringLiteral("lock") : QStringLiteral("clock-filled");
 }
 
 QString EntryEditorModel::iconColor() const {

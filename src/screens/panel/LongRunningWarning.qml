@@ -18,7 +18,7 @@ ColumnLayout {
         spacing: 8
 
         Icon {
-            name: "exclamationmark.triangle.fill"
+            name: "warning"
             color: Theme.warningText
         }
 

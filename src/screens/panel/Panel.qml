@@ -127,7 +127,7 @@ FocusScope {
             EmptyHero {
                 Layout.fillWidth: true
                 visible: panel.model.projects.isEmpty
-                icon: "folder.fill"
+                icon: "folder-filled"
                 title: "No projects yet"
                 message: "Add a client and a project, then start tracking with one click."
 

@@ -24,14 +24,14 @@ ColumnLayout {
 
         GlowButton {
             text: "Open Elmworth"
-            iconName: "macwindow"
+            iconName: "window"
             onClicked: { footer.model.openElmworth(); footer.done(); }
         }
 
         Item { Layout.fillWidth: true }
 
         IconButton {
-            iconName: "gearshape.fill"
+            iconName: "gear"
             label: "Settings"
             help: "Settings"
             onClicked: { footer.model.openSettings(); footer.done(); }

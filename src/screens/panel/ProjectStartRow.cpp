@@ -31,7 +31,7 @@ ProjectStartRow ProjectStartRow::of(const Project& project, std::size_t position
     row.hint = hintOf(row.shortcut);
     const auto start = QStringLiteral("Start %1").arg(row.name);
     row.status = isRunning ? QStringLiteral("Running") : QString();
-    row.image = isRunning ? QString() : QStringLiteral("play.fill");
+    row.image = isRunning ? QString() : QStringLiteral("play");
     row.help = isRunning ? QStringLiteral("Already running") : start;
     row.accessibilityLabel = isRunning ? start + QStringLiteral(", running") : start;
     return row;

@@ -24,7 +24,7 @@ struct ProjectStartRow {
     Q_PROPERTY(int shortcut MEMBER shortcut)     ///< the digit that starts it; 0 for none
     Q_PROPERTY(QString hint MEMBER hint)         ///< the keys of the shortcut, "Ctrl+1"
     Q_PROPERTY(QString status MEMBER status)     ///< "Running" or nothing
-    Q_PROPERTY(QString image MEMBER image)       ///< "play.fill", or nothing while running
+    Q_PROPERTY(QString image MEMBER image)       ///< "play", or nothing while running
     Q_PROPERTY(QString help MEMBER help)
     Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel)
 

@@ -69,7 +69,7 @@ GlassCard {
             Chip {
                 visible: card.model.budget.isShown
                 text: card.model.budget.text
-                icon: "gauge.with.dots.needle.67percent"
+                icon: "gauge"
                 tint: Theme.amberGradient[0]
             }
         }
@@ -106,7 +106,7 @@ GlassCard {
         GlowButton {
             Layout.fillWidth: true
             text: "Stop"
-            iconName: "stop.fill"
+            iconName: "stop"
             prominent: true
             help: "Ctrl+Alt+."
             onClicked: card.model.stop()

@@ -50,7 +50,7 @@ TrayLabel::Look TrayLabel::look() const {
     const auto elapsed = QString::fromStdString(services_.timer.elapsedText());
     const auto withName =
         elapsed + QStringLiteral(" \u00B7 ") + (project ? shortened(project->name) : QString());
-    Look look{QStringLiteral("record.circle"), {}, withName, services_.timer.elapsedText()};
+    Look look{QStringLiteral("record"), {}, withName, services_.timer.elapsedText()};
     switch (trayLabelStyle(services_.defaults.string(styleKey).value_or(std::string()))) {
         case TrayLabelStyle::time:
             look.text = elapsed;

@@ -20,7 +20,7 @@ namespace elmworth {
 class TrayLabel final : public QObject {
     Q_OBJECT
     QML_ANONYMOUS
-    /// "clock", or "record.circle" while a timer runs.
+    /// "clock", or "record" while a timer runs.
     Q_PROPERTY(QString image READ image NOTIFY changed FINAL)
     /// What stands beside the image, by the style; empty for nothing.
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)

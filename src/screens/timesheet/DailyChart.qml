@@ -20,7 +20,7 @@ GlassCard {
 
         CardHeader {
             Layout.fillWidth: true
-            icon: "chart.bar.fill"
+            icon: "bar-chart"
             colors: Theme.violetGradient
             title: "Hours by day"
         }

@@ -23,7 +23,7 @@ PopupMenu {
         visible: menu.model.menuOffersContinue
         height: visible ? implicitHeight : 0
         text: "Continue Tracking"
-        iconName: "play.fill"
+        iconName: "play"
         onTriggered: menu.model.menuContinue()
     }
 
@@ -31,7 +31,7 @@ PopupMenu {
         visible: menu.model.menuOffersContinue
         height: visible ? implicitHeight : 0
         text: "Duplicate to Today"
-        iconName: "doc.on.doc"
+        iconName: "copy"
         onTriggered: menu.model.menuDuplicate()
     }
 

@@ -151,7 +151,7 @@ Item {
                 // qmllint disable unqualified
                 sourceComponent: CircleIconButton {
                     focusPolicy: Qt.NoFocus
-                    iconName: "play.fill"
+                    iconName: "play"
                     help: "Continue tracking this"
                     label: "Continue tracking"
                     onClicked: row.continueRequested(row.index)
@@ -179,7 +179,7 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 sourceComponent: Chip {
                     text: "Live"
-                    icon: "record.circle"
+                    icon: "record"
                     tint: Theme.coralGradient[1]
                     Accessible.ignored: true
                 }

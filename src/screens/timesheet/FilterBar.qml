@@ -63,7 +63,7 @@ Flow {
     }
 
     ChoiceFilter {
-        iconName: "person.2"
+        iconName: "people"
         name: "Client"
         prompt: "Search clients"
         choice: bar.model.client
@@ -77,7 +77,7 @@ Flow {
     }
 
     FilterButton {
-        iconName: "tray.full"
+        iconName: "tray-full"
         opensList: false
         text: "Unbilled"
         help: "Show only time that isn't on an invoice yet"

@@ -20,7 +20,7 @@ GlassCard {
         spacing: 16
 
         IconBadge {
-            icon: "record.circle"
+            icon: "record"
             tint: Tint.fromHex(banner.model.badgeColor)
             size: 38
         }

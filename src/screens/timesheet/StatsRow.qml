@@ -17,7 +17,7 @@ RowLayout {
     StatCard {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
-        icon: "clock.fill"
+        icon: "clock-filled"
         title: "Tracked"
         value: row.model.tracked
         detail: row.model.trackedDetail
@@ -26,7 +26,7 @@ RowLayout {
     StatCard {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
-        icon: "dollarsign"
+        icon: "dollar"
         colors: Theme.mintGradient
         title: "Billable value"
         value: row.model.billable
@@ -36,7 +36,7 @@ RowLayout {
     StatCard {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
-        icon: "tray.full.fill"
+        icon: "tray-full-filled"
         colors: Theme.amberGradient
         title: "Unbilled"
         value: row.model.unbilled

@@ -37,7 +37,7 @@ Item {
 
             GlowButton {
                 text: "Export CSV"
-                iconName: "tablecells"
+                iconName: "table"
                 help: "Export the filtered entries as CSV"
                 enabled: !head.model.isEmpty
                 onClicked: head.exportRequested()
@@ -124,7 +124,7 @@ Item {
 
             // qmllint disable unqualified
             sourceComponent: EmptyHero {
-                icon: "clock.fill"
+                icon: "clock-filled"
                 title: head.model.emptyTitle
                 message: head.model.emptyMessage
 

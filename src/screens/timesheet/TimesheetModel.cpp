@@ -213,7 +213,7 @@ void TimesheetModel::requestExport(const QUrl& file) {
     if (!std::filesystem::is_regular_file(pathOf(file).toStdString(), ignored)) {
         return exportTo(file);
     }
-    confirmation_.ask({.icon = QStringLiteral("tablecells"),
+    confirmation_.ask({.icon = QStringLiteral("table"),
                        .title = QStringLiteral("Replace “%1”?").arg(file.fileName()),
                        .message = QStringLiteral(
                            "A file of that name is there already. What it holds will be lost."),

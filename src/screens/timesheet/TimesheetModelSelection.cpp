@@ -36,7 +36,7 @@ void TimesheetModel::askToDeleteSelected() {
 }
 
 void TimesheetModel::tellOfBilled() {
-    confirmation_.tell({.icon = QStringLiteral("lock.fill"),
+    confirmation_.tell({.icon = QStringLiteral("lock"),
                         .title = QStringLiteral("Billed entries are read-only"),
                         .message = QStringLiteral(
                             "This time is on an invoice. Delete the invoice to release its entries "

@@ -44,16 +44,16 @@ GallerySection {
         rowSpacing: 16
         columnSpacing: 40
 
-        States { button: GlowButton { text: "Plain"; iconName: "tablecells" } }
+        States { button: GlowButton { text: "Plain"; iconName: "table" } }
         States { button: GlowButton { text: "Prominent"; prominent: true; iconName: "plus" } }
         States { button: GlowButton { text: "Primary"; prominent: true; colors: Theme.primaryGradient } }
         States { button: GlowButton { text: "Delete"; prominent: true; colors: Theme.dangerGradient } }
         States { button: GlowButton { text: "Mint"; prominent: true; colors: Theme.mintGradient } }
         States { button: GlowButton { text: "Amber"; prominent: true; colors: Theme.amberGradient } }
         States { button: FilterButton { text: "This Week"; iconName: "calendar" } }
-        States { button: FilterButton { text: "Unbilled"; iconName: "tray.full"; opensList: false; active: true } }
-        States { button: CircleIconButton { iconName: "play.fill"; label: "Start" } }
-        States { button: CircleIconButton { iconName: "stop.fill"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
+        States { button: FilterButton { text: "Unbilled"; iconName: "tray-full"; opensList: false; active: true } }
+        States { button: CircleIconButton { iconName: "play"; label: "Start" } }
+        States { button: CircleIconButton { iconName: "stop"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
         States { button: IconButton { iconName: "plus"; label: "Add" } }
         States { button: LinkButton { text: "Open Settings" } }
         States { button: CheckMark { text: "Check box" } }

@@ -14,9 +14,9 @@ GallerySection {
         Layout.fillWidth: true
         spacing: 12
 
-        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "clock.fill"; title: "Tracked"; value: "32:45"; detail: "9 entries" }
-        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "dollarsign"; colors: Theme.mintGradient; title: "Billable value"; value: "$4,912.50"; detail: "32.75 h" }
-        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "tray.full.fill"; colors: Theme.amberGradient; title: "Unbilled"; value: "$123,456,789,012.50"; detail: "A figure too long for its card is made smaller" }
+        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "clock-filled"; title: "Tracked"; value: "32:45"; detail: "9 entries" }
+        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "dollar"; colors: Theme.mintGradient; title: "Billable value"; value: "$4,912.50"; detail: "32.75 h" }
+        StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "tray-full-filled"; colors: Theme.amberGradient; title: "Unbilled"; value: "$123,456,789,012.50"; detail: "A figure too long for its card is made smaller" }
         StatCard { Layout.fillWidth: true; Layout.preferredWidth: 1; icon: "calendar"; colors: Theme.coralGradient; title: "Due"; value: "Mar 14"; detail: "3 days late"; valueColor: Theme.warningText }
     }
 
@@ -24,9 +24,9 @@ GallerySection {
         spacing: 8
 
         Chip { text: "Billed"; tint: Theme.accentViolet }
-        Chip { text: "Live"; tint: "#FF5B87"; icon: "record.circle" }
-        Chip { text: "Over budget"; tint: Theme.coralGradient[1]; icon: "gauge.with.dots.needle.67percent" }
-        Chip { text: "84% of budget"; tint: Theme.amberGradient[0]; icon: "gauge.with.dots.needle.67percent" }
+        Chip { text: "Live"; tint: "#FF5B87"; icon: "record" }
+        Chip { text: "Over budget"; tint: Theme.coralGradient[1]; icon: "gauge" }
+        Chip { text: "84% of budget"; tint: Theme.amberGradient[0]; icon: "gauge" }
         Chip { text: "Paid"; tint: Theme.mintGradient[0] }
         Chip { text: "Dark tint"; tint: "#101030" }
         Chip { text: "Pale tint"; tint: "#FFF3B0" }
@@ -44,7 +44,7 @@ GallerySection {
             ListRow { Layout.fillWidth: true; title: "Website Redesign"; subtitle: "Acme Co"; mark: "#7C6CFF" }
             ListRow { Layout.fillWidth: true; title: "Hovered, with a name that is far too long for its row"; subtitle: "Globex"; mark: "#2EC4B6"; looksHovered: true
                 PlainText { text: "Ctrl+2"; color: Theme.secondaryText }
-                Icon { name: "play.fill" }
+                Icon { name: "play" }
             }
             ListRow { Layout.fillWidth: true; title: "Focused"; subtitle: "Initech"; mark: "#FFB400"; looksFocused: true }
             ListRow { Layout.fillWidth: true; title: "Pressed"; mark: "#4AA8FF"; looksPressed: true }
@@ -59,7 +59,7 @@ GallerySection {
 
             CardHeader {
                 anchors { left: parent.left; right: parent.right; top: parent.top }
-                icon: "chart.bar.fill"
+                icon: "bar-chart"
                 colors: Theme.violetGradient
                 title: "Hours by day"
                 subtitle: "A card with a shadow"
@@ -74,7 +74,7 @@ GallerySection {
 
             CardHeader {
                 anchors { left: parent.left; right: parent.right; top: parent.top }
-                icon: "flag.checkered"
+                icon: "flag"
                 colors: Theme.mintGradient
                 title: "Get set up"
                 subtitle: "3 of 5 done, selected"
@@ -100,7 +100,7 @@ GallerySection {
 
             EmptyHero {
                 anchors.centerIn: parent
-                icon: "person.2.fill"
+                icon: "people-filled"
                 title: "Add your first client"
                 message: "Clients hold your rate, currency and billing address. Projects and invoices hang off them."
 

@@ -21,7 +21,7 @@ GallerySection {
             IconTile {
                 required property var modelData
 
-                icon: "checkmark"
+                icon: "check"
                 colors: modelData
                 size: 40
             }
@@ -76,8 +76,8 @@ GallerySection {
             }
         }
 
-        IconBadge { icon: "record.circle"; tint: "#7C6CFF"; size: 38 }
-        IconBadge { icon: "folder.fill" }
+        IconBadge { icon: "record"; tint: "#7C6CFF"; size: 38 }
+        IconBadge { icon: "folder-filled" }
         PulsingDot { tint: "#FF5B87" }
         PulsingDot { tint: "#FF5B87"; dimmed: true }
     }

@@ -50,7 +50,7 @@ GallerySection {
 
         GlowButton {
             text: "Open Menu"
-            iconName: "line.3.horizontal"
+            iconName: "menu"
             help: "Shows the menu"
             onClicked: menu.popup(this, 0, height + 4)
 

@@ -13,7 +13,7 @@ FormSheet {
     required property GalleryForm model
 
     form: model
-    icon: "person.fill"
+    icon: "person"
     colors: Theme.violetGradient
     sheetWidth: 440
     onEntered: name.takeFocus()

@@ -11,7 +11,7 @@ SheetScaffold {
 
     signal closed()
 
-    icon: "person.fill"
+    icon: "person"
     colors: Theme.violetGradient
     title: "New Client"
     subtitle: "Rate and billing details"

@@ -77,8 +77,8 @@ TEST_F(MainView, SectionsAreInOrderWithTheirShortcuts) {
                        text(SidebarModel::ShortcutRole));
     }
     EXPECT_EQ(rows, (std::vector<std::string>{
-                        "Timesheet clock.fill Ctrl+1", "Clients person.2.fill Ctrl+2",
-                        "Projects folder.fill Ctrl+3", "Invoices doc.text.fill Ctrl+4"}));
+                        "Timesheet clock-filled Ctrl+1", "Clients people-filled Ctrl+2",
+                        "Projects folder-filled Ctrl+3", "Invoices document Ctrl+4"}));
 }
 
 TEST_F(MainView, ResumingWithNothingFinishedDoesNothing) {

@@ -97,7 +97,7 @@ TEST_F(EntryElsewhere, ABilledEntryCanOnlyBeRead) {
     editor.open(work);
     EXPECT_TRUE(editor.isBilled());
     EXPECT_EQ(utf8(editor.title()), "Billed Entry");
-    EXPECT_EQ(utf8(editor.icon()), "lock.fill");
+    EXPECT_EQ(utf8(editor.icon()), "lock");
     EXPECT_TRUE(editor.isLocked());
     EXPECT_EQ(utf8(editor.lockText()),
               "On invoice 2026-001. Delete the invoice to edit this entry.");

@@ -43,7 +43,7 @@ TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
     editor.open(nullptr);
     EXPECT_EQ(utf8(editor.projects()->title()), "Acme Co — Blog");
     EXPECT_EQ(utf8(editor.title()), "New Entry");
-    EXPECT_EQ(utf8(editor.icon()), "clock.fill");
+    EXPECT_EQ(utf8(editor.icon()), "clock-filled");
     EXPECT_EQ(utf8(editor.iconColor()), blog->colorHex.get());
     EXPECT_FALSE(editor.isLocked());
     EXPECT_TRUE(editor.canSave());

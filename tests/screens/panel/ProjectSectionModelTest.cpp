@@ -162,7 +162,7 @@ TEST_F(ProjectSectionTest, aRowSaysWhatItStarts) {
     EXPECT_EQ(utf8(row.projectColor.name()), "#123456");
     EXPECT_EQ(row.shortcut, 1);
     EXPECT_FALSE(row.isRunning);
-    EXPECT_EQ(utf8(row.image), "play.fill");
+    EXPECT_EQ(utf8(row.image), "play");
     EXPECT_EQ(utf8(row.status), "");
     EXPECT_EQ(utf8(row.help), "Start Website");
     EXPECT_EQ(utf8(row.accessibilityLabel), "Start Website");

@@ -43,18 +43,17 @@ TEST_P(TrayLabelStyleOf, decidesWhatARunningTimerShows) {
     EXPECT_EQ(utf8(label->summary()), "1:05 · Website");
 }
 
-INSTANTIATE_TEST_SUITE_P(Styles, TrayLabelStyleOf,
-                         testing::Values(Style{"time", "time", "record.circle|1:05"},
-                                         Style{"timeAndProject", "timeAndProject",
-                                               "record.circle|1:05 · Website"},
-                                         Style{"icon", "icon", "record.circle|"},
-                                         Style{"anythingElse", "Icon", "record.circle|1:05"},
-                                         Style{"empty", "", "record.circle|1:05"}),
-                         test::rowName);
+INSTANTIATE_TEST_SUITE_P(
+    Styles, TrayLabelStyleOf,
+    testing::Values(Style{"time", "time", "record|1:05"},
+                    Style{"timeAndProject", "timeAndProject", "record|1:05 · Website"},
+                    Style{"icon", "icon", "record|"}, Style{"anythingElse", "Icon", "record|1:05"},
+                    Style{"empty", "", "record|1:05"}),
+    test::rowName);
 
 TEST_F(TrayLabelTest, theTimeIsTheStyleOfAFreshInstall) {
     service().start(project("Website"));
-    EXPECT_EQ(shown(), "record.circle|0:00");
+    EXPECT_EQ(shown(), "record|0:00");
 }
 
 struct Name {
@@ -67,7 +66,7 @@ class TrayLabelName : public TrayLabelTest, public testing::WithParamInterface<N
 TEST_P(TrayLabelName, isCutAfter18Characters) {
     setStyle("timeAndProject");
     service().start(project(GetParam().project));
-    EXPECT_EQ(shown(), std::string("record.circle|0:00 · ") + GetParam().shown);
+    EXPECT_EQ(shown(), std::string("record|0:00 · ") + GetParam().shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -86,19 +85,19 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(TrayLabelTest, anEntryWithoutProjectHasAnEmptyName) {
     setStyle("timeAndProject");
     service().start(nullptr);
-    EXPECT_EQ(shown(), "record.circle|0:00 · ");
+    EXPECT_EQ(shown(), "record|0:00 · ");
 }
 
 TEST_F(TrayLabelTest, followsTheStyleAndTheNamesLive) {
     const auto website = project("Website");
     service().start(website);
-    EXPECT_EQ(shown(), "record.circle|0:00");
+    EXPECT_EQ(shown(), "record|0:00");
     setStyle("timeAndProject");
-    EXPECT_EQ(shown(), "record.circle|0:00 · Website");
+    EXPECT_EQ(shown(), "record|0:00 · Website");
     website->name = "Shop";
-    EXPECT_EQ(shown(), "record.circle|0:00 · Shop");
+    EXPECT_EQ(shown(), "record|0:00 · Shop");
     service().running()->project = project("Blog");
-    EXPECT_EQ(shown(), "record.circle|0:00 · Blog");
+    EXPECT_EQ(shown(), "record|0:00 · Blog");
 }
 
 TEST_F(TrayLabelTest, changesOnceAMinute) {
