@@ -26,14 +26,14 @@ class ActivationTest : public testing::Test {
                           *timer.service};
 };
 
-TEST_F(ActivationTest, ContinueStartsTheTimerOnWhatEndedLast) {
+TEST_F(ActivationTest, continueStartsTheTimerOnWhatEndedLast) {
     activation.run("continue");
     ASSERT_TRUE(timer.service->running());
     EXPECT_EQ(timer.service->running()->project.get(), website);
     EXPECT_EQ(shown, "");
 }
 
-TEST_F(ActivationTest, ContinueShowsWhatRunsAndLeavesItRunning) {
+TEST_F(ActivationTest, continueShowsWhatRunsAndLeavesItRunning) {
     timer.service->start(timer.library.addProject("App", nullptr));
     const auto running = timer.service->running();
     activation.run("continue");
@@ -41,7 +41,7 @@ TEST_F(ActivationTest, ContinueShowsWhatRunsAndLeavesItRunning) {
     EXPECT_EQ(shown, "panel ");
 }
 
-TEST_F(ActivationTest, AnUnknownActionBringsTheWindow) {
+TEST_F(ActivationTest, anUnknownActionBringsTheWindow) {
     activation.run("fly");
     EXPECT_EQ(shown, "window ");
 }

@@ -45,13 +45,13 @@ class CommandServiceTest : public testing::Test {
     test::SystemLogCapture log_;
 };
 
-TEST_F(CommandServiceTest, TakesItsNameOnTheBus) {
+TEST_F(CommandServiceTest, takesItsNameOnTheBus) {
     service_.publish(bus_);
     EXPECT_EQ(owner(), bus_.baseService());
     EXPECT_EQ(log_.take(), "");
 }
 
-TEST_F(CommandServiceTest, TellsThatAnotherHasTheNameAndTakesItOnceItIsFree) {
+TEST_F(CommandServiceTest, tellsThatAnotherHasTheNameAndTakesItOnceItIsFree) {
     auto other = daemon_.connect(QStringLiteral("other"));
     ASSERT_TRUE(other.registerService(name));
     service_.publish(bus_);
@@ -63,7 +63,7 @@ TEST_F(CommandServiceTest, TellsThatAnotherHasTheNameAndTakesItOnceItIsFree) {
     EXPECT_EQ(owner(), bus_.baseService());
 }
 
-TEST_F(CommandServiceTest, DoesWithoutABus) {
+TEST_F(CommandServiceTest, doesWithoutABus) {
     service_.publish(QDBusConnection(QStringLiteral("none")));
     EXPECT_EQ(log_.take(), "");
 }

@@ -45,7 +45,7 @@ class LiveAppearanceTest : public testing::Test {
     AppAppearance& appearance = AppAppearance::instance();
 };
 
-TEST_F(LiveAppearanceTest, TheDesktopIsFollowedLive) {
+TEST_F(LiveAppearanceTest, theDesktopIsFollowedLive) {
     desktop.prefer({true, false});
     EXPECT_TRUE(appearance.isDark());
     desktop.prefer({false, true});
@@ -53,7 +53,7 @@ TEST_F(LiveAppearanceTest, TheDesktopIsFollowedLive) {
     EXPECT_TRUE(appearance.hasReducedMotion());
 }
 
-TEST_F(LiveAppearanceTest, TheSettingOverrulesTheDesktopLive) {
+TEST_F(LiveAppearanceTest, theSettingOverrulesTheDesktopLive) {
     desktop.prefer({true, false});
     defaults.setString("appearance", "light");
     EXPECT_FALSE(appearance.isDark());
@@ -66,7 +66,7 @@ TEST_F(LiveAppearanceTest, TheSettingOverrulesTheDesktopLive) {
     }
 }
 
-TEST_F(LiveAppearanceTest, WhatIsThereAtFirstCounts) {
+TEST_F(LiveAppearanceTest, whatIsThereAtFirstCounts) {
     defaults.setString("appearance", "dark");
     ManualColorScheme still;
     still.prefer({false, true});

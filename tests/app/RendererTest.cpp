@@ -25,7 +25,7 @@ void PrintTo(const RendererRow& row, std::ostream* out) {
 
 class RendererName : public testing::TestWithParam<RendererRow> {};
 
-TEST_P(RendererName, TellsWhetherTheProcessorDraws) {
+TEST_P(RendererName, tellsWhetherTheProcessorDraws) {
     EXPECT_EQ(drawsOnProcessor(GetParam().renderer), GetParam().isProcessor);
 }
 
@@ -57,22 +57,22 @@ class GraphicsCard : public testing::Test {
     test::TemporaryFolder devices_;
 };
 
-TEST_F(GraphicsCard, IsNotThereWithoutDevices) {
+TEST_F(GraphicsCard, isNotThereWithoutDevices) {
     EXPECT_FALSE(isThere());
 }
 
-TEST_F(GraphicsCard, IsNotOneThatShowsPicturesOnly) {
+TEST_F(GraphicsCard, isNotOneThatShowsPicturesOnly) {
     add("dri/card0");
     EXPECT_FALSE(isThere());
 }
 
-TEST_F(GraphicsCard, IsOneThatDraws) {
+TEST_F(GraphicsCard, isOneThatDraws) {
     add("dri/card0");
     add("dri/renderD128");
     EXPECT_TRUE(isThere());
 }
 
-TEST_F(GraphicsCard, MayHaveADriverOfItsOwn) {
+TEST_F(GraphicsCard, mayHaveADriverOfItsOwn) {
     add("nvidiactl");
     EXPECT_TRUE(isThere());
 }

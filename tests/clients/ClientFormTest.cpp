@@ -23,7 +23,7 @@ struct RefusalRow {
 
 class FieldText : public testing::TestWithParam<RefusalRow> {};
 
-TEST_P(FieldText, IsRefusedInOneSentence) {
+TEST_P(FieldText, isRefusedInOneSentence) {
     EXPECT_EQ(GetParam().refused(), GetParam().sentence);
 }
 
@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "“perhaps” does not fit: it is true or false."}),
     test::rowName);
 
-TEST(FieldText, IsReadAsPeopleTypeIt) {
+TEST(FieldText, isReadAsPeopleTypeIt) {
     EXPECT_EQ(parseName(" Initech\t").value(), "Initech");
     EXPECT_EQ(parseRate("120,50").value(), 12050);
     EXPECT_EQ(parseRate("1,200.50").value(), 120050);
@@ -63,7 +63,7 @@ TEST(FieldText, IsReadAsPeopleTypeIt) {
     for (const char* no : {"False", "no", "off", "0"}) EXPECT_FALSE(parseFlag(no, "it").value());
 }
 
-TEST(FieldText, ARateIsComplainedAboutOnceSomethingIsTyped) {
+TEST(FieldText, aRateIsComplainedAboutOnceSomethingIsTyped) {
     EXPECT_EQ(rateProblem(""), "");
     EXPECT_EQ(rateProblem("120"), "");
     EXPECT_EQ(rateProblem("."), "Enter a number like 120 or 120.50");
@@ -79,7 +79,7 @@ struct SaveRow {
 
 class ClientFormSaving : public testing::TestWithParam<SaveRow> {};
 
-TEST_P(ClientFormSaving, NeedsANameAndNumbersThatCanBeRead) {
+TEST_P(ClientFormSaving, needsANameAndNumbersThatCanBeRead) {
     const auto& [name, form, canSave] = GetParam();
     EXPECT_EQ(form.canSave(), canSave);
     Client client("Before");
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SaveRow{"EmptyTaxIsNone", {.name = "Acme", .hasOwnTerms = true}, true}),
     test::rowName);
 
-TEST(ClientForm, WritesNameTrimmedAndTheRestAsTyped) {
+TEST(ClientForm, writesNameTrimmedAndTheRestAsTyped) {
     Client client("Before");
     const ClientForm form{" Acme ", " a@b ", "1 Road\n", "EUR", "120,50", true, 7, ""};
     form.apply(client);
@@ -118,7 +118,7 @@ TEST(ClientForm, WritesNameTrimmedAndTheRestAsTyped) {
     EXPECT_EQ(client.taxBasisPoints.get(), 0) << "reverse charge, not the business default";
 }
 
-TEST(ClientForm, WithoutTermsOfItsOwnTheBusinessDefaultsHold) {
+TEST(ClientForm, withoutTermsOfItsOwnTheBusinessDefaultsHold) {
     Client client("Acme");
     client.dueDays = 7;
     client.taxBasisPoints = 1900;
@@ -139,7 +139,7 @@ TEST(ClientForm, WithoutTermsOfItsOwnTheBusinessDefaultsHold) {
     EXPECT_EQ(form.rateText, "100");
 }
 
-TEST(ClientForm, OneOwnTermIsEnoughToHaveTerms) {
+TEST(ClientForm, oneOwnTermIsEnoughToHaveTerms) {
     Client client("Acme");
     client.taxBasisPoints = 0;
     EXPECT_TRUE(ClientForm::of(client, {}).hasOwnTerms);

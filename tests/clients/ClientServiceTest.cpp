@@ -32,13 +32,13 @@ class ClientServiceTest : public testing::Test {
     ClientService clients_{context(), history_, TimerCalls::of(timer_), [this] { return now_; }};
 };
 
-TEST_F(ClientServiceTest, AClientWithoutInvoicesMayGo) {
+TEST_F(ClientServiceTest, aClientWithoutInvoicesMayGo) {
     EXPECT_FALSE(hasInvoices(*client_));
     context().save();
     EXPECT_FALSE(hasInvoices(*client_));
 }
 
-TEST_F(ClientServiceTest, AnInvoiceKeepsItsClient) {
+TEST_F(ClientServiceTest, anInvoiceKeepsItsClient) {
     library_.addInvoice("A", client_);
     EXPECT_TRUE(hasInvoices(*client_));
     EXPECT_FALSE(hasInvoices(*other_));
@@ -46,12 +46,12 @@ TEST_F(ClientServiceTest, AnInvoiceKeepsItsClient) {
     EXPECT_TRUE(hasInvoices(*client_));
 }
 
-TEST_F(ClientServiceTest, TimeOnTheInvoiceOfAnotherClientKeepsTheClientToo) {
+TEST_F(ClientServiceTest, timeOnTheInvoiceOfAnotherClientKeepsTheClientToo) {
     entry_->invoice = library_.addInvoice("A", other_);
     EXPECT_TRUE(hasInvoices(*client_));
 }
 
-TEST_F(ClientServiceTest, ProjectsAndTimeGoWithTheClient) {
+TEST_F(ClientServiceTest, projectsAndTimeGoWithTheClient) {
     context().save();
     clients_.remove(client_);
     library_.reopen();
@@ -61,7 +61,7 @@ TEST_F(ClientServiceTest, ProjectsAndTimeGoWithTheClient) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
-TEST_F(ClientServiceTest, TheTimerOnTheClientStopsAndItsEntryGoes) {
+TEST_F(ClientServiceTest, theTimerOnTheClientStopsAndItsEntryGoes) {
     timer_.start(website_);
     now_ += 1h;
     int stops = 0;
@@ -78,20 +78,20 @@ TEST_F(ClientServiceTest, TheTimerOnTheClientStopsAndItsEntryGoes) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
-TEST_F(ClientServiceTest, TheTimerOnAnotherClientRunsOn) {
+TEST_F(ClientServiceTest, theTimerOnAnotherClientRunsOn) {
     timer_.start(library_.addProject("App", other_));
     clients_.remove(client_);
     ASSERT_TRUE(timer_.running());
     EXPECT_TRUE(timer_.running()->isRunning());
 }
 
-TEST_F(ClientServiceTest, ATimerWithoutAProjectRunsOn) {
+TEST_F(ClientServiceTest, aTimerWithoutAProjectRunsOn) {
     timer_.start(nullptr);
     clients_.remove(client_);
     EXPECT_TRUE(timer_.running());
 }
 
-TEST_F(ClientServiceTest, AClientWithInvoicesIsNotDeleted) {
+TEST_F(ClientServiceTest, aClientWithInvoicesIsNotDeleted) {
     library_.addInvoice("A", client_);
     context().save();
     timer_.start(website_);
@@ -105,7 +105,7 @@ TEST_F(ClientServiceTest, AClientWithInvoicesIsNotDeleted) {
     EXPECT_TRUE(timer_.running()) << "nothing has changed";
 }
 
-TEST_F(ClientServiceTest, ADeletionThatCannotBeSavedIsNotDone) {
+TEST_F(ClientServiceTest, aDeletionThatCannotBeSavedIsNotDone) {
     context().save();
     {
         const test::FileSizeLimit fullDisk(0);
@@ -117,7 +117,7 @@ TEST_F(ClientServiceTest, ADeletionThatCannotBeSavedIsNotDone) {
 
 // --- adding and editing ------------------------------------------------------------------------
 
-TEST_F(ClientServiceTest, AFormMakesAClientOfNow) {
+TEST_F(ClientServiceTest, aFormMakesAClientOfNow) {
     const auto client = clients_.add(ClientForm{.name = " Initech "});
     library_.reopen();
     const auto stored = context().record<Client>(client->id());
@@ -126,12 +126,12 @@ TEST_F(ClientServiceTest, AFormMakesAClientOfNow) {
     EXPECT_EQ(stored->createdAt.get(), now_);
 }
 
-TEST_F(ClientServiceTest, AFormThatCannotBeSavedMakesNoClient) {
+TEST_F(ClientServiceTest, aFormThatCannotBeSavedMakesNoClient) {
     EXPECT_THROW(clients_.add(ClientForm{.name = ""}), Refused);
     EXPECT_EQ(context().fetchCount<Client>(), 2U);
 }
 
-TEST_F(ClientServiceTest, AnEditIsSavedWholeOrNotDone) {
+TEST_F(ClientServiceTest, anEditIsSavedWholeOrNotDone) {
     auto form = ClientForm::of(*client_, {});
     form.rateText = "120";
     clients_.edit(client_, form);

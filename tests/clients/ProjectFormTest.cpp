@@ -16,7 +16,7 @@ using BudgetRow = test::FieldRow<std::optional<std::int64_t>>;
 
 class Budget : public testing::TestWithParam<BudgetRow> {};
 
-TEST_P(Budget, IsReadInWholeHours) {
+TEST_P(Budget, isReadInWholeHours) {
     EXPECT_EQ(parseBudget(GetParam().text).value(), GetParam().value);
 }
 
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BudgetRow{"Blanks", " \t", std::nullopt}),
     test::rowName);
 
-TEST(ProjectFields, WhatCannotBeReadIsRefused) {
+TEST(ProjectFields, whatCannotBeReadIsRefused) {
     for (const std::string text : {"0", "-1", "forty", "nan", "inf", "40h", "1e10"})
         EXPECT_EQ(refusal(parseBudget(text)),
                   "“" + text + "” is no budget. Enter hours like 40 or 37.5.");
@@ -50,7 +50,7 @@ class ProjectFormSaving : public testing::TestWithParam<SaveRow> {
     Ref<Client> acme_ = std::make_shared<Client>("Acme");
 };
 
-TEST_P(ProjectFormSaving, NeedsANameAClientAndNumbersThatCanBeRead) {
+TEST_P(ProjectFormSaving, needsANameAClientAndNumbersThatCanBeRead) {
     ProjectForm form{.name = "Website", .client = acme_};
     GetParam().change(form);
     EXPECT_EQ(form.canSave(), GetParam().canSave);
@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
                 false}),
     test::rowName);
 
-TEST(ProjectForm, WritesAllFieldsAndReadsThemBack) {
+TEST(ProjectForm, writesAllFieldsAndReadsThemBack) {
     const auto acme = std::make_shared<Client>("Acme");
     Project project("Before", nullptr);
     const ProjectForm form{" Website ", acme, true, "0", "#40D19E", true, "37,5"};
@@ -90,7 +90,7 @@ TEST(ProjectForm, WritesAllFieldsAndReadsThemBack) {
               (ProjectForm{"Website", acme, true, "0", "#40D19E", true, "38"}));
 }
 
-TEST(ProjectForm, AnEmptyBudgetAndTheClientsRateAreAbsent) {
+TEST(ProjectForm, anEmptyBudgetAndTheClientsRateAreAbsent) {
     const auto acme = std::make_shared<Client>("Acme");
     Project project("Website", acme);
     project.rateOverrideCents = 8000;

@@ -32,7 +32,7 @@ class ProjectServiceTest : public testing::Test {
     ProjectService projects_{context(), history_, TimerCalls::of(timer_)};
 };
 
-TEST_F(ProjectServiceTest, OneBilledEntryMakesInvoicedTime) {
+TEST_F(ProjectServiceTest, oneBilledEntryMakesInvoicedTime) {
     EXPECT_FALSE(hasInvoicedTime(*website_));
     first_->invoice = library_.addInvoice("A", client_);
     EXPECT_TRUE(hasInvoicedTime(*website_));
@@ -41,11 +41,11 @@ TEST_F(ProjectServiceTest, OneBilledEntryMakesInvoicedTime) {
     EXPECT_TRUE(hasInvoicedTime(*website_));
 }
 
-TEST_F(ProjectServiceTest, AProjectThatIsInNoLibraryHasNoInvoicedTime) {
+TEST_F(ProjectServiceTest, aProjectThatIsInNoLibraryHasNoInvoicedTime) {
     EXPECT_FALSE(hasInvoicedTime(Project("Loose", nullptr)));
 }
 
-TEST_F(ProjectServiceTest, WithoutInvoicedTimeEverythingGoes) {
+TEST_F(ProjectServiceTest, withoutInvoicedTimeEverythingGoes) {
     context().save();
     EXPECT_TRUE(projects_.remove(website_));
     library_.reopen();
@@ -54,7 +54,7 @@ TEST_F(ProjectServiceTest, WithoutInvoicedTimeEverythingGoes) {
     EXPECT_EQ(context().fetchCount<Client>(), 1U);
 }
 
-TEST_F(ProjectServiceTest, WithInvoicedTimeItIsArchivedAndNoEntryIsTouched) {
+TEST_F(ProjectServiceTest, withInvoicedTimeItIsArchivedAndNoEntryIsTouched) {
     first_->invoice = library_.addInvoice("A", client_);
     EXPECT_FALSE(projects_.remove(website_));
     library_.reopen();
@@ -63,7 +63,7 @@ TEST_F(ProjectServiceTest, WithInvoicedTimeItIsArchivedAndNoEntryIsTouched) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
 }
 
-TEST_F(ProjectServiceTest, TheTimerForgetsTheEntryThatWentWithIt) {
+TEST_F(ProjectServiceTest, theTimerForgetsTheEntryThatWentWithIt) {
     timer_.start(website_);
     projects_.remove(website_);
     EXPECT_FALSE(timer_.running());
@@ -71,14 +71,14 @@ TEST_F(ProjectServiceTest, TheTimerForgetsTheEntryThatWentWithIt) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
-TEST_F(ProjectServiceTest, ArchivingLeavesTheTimerRunning) {
+TEST_F(ProjectServiceTest, archivingLeavesTheTimerRunning) {
     first_->invoice = library_.addInvoice("A", client_);
     timer_.start(website_);
     projects_.remove(website_);
     EXPECT_TRUE(timer_.running());
 }
 
-TEST_F(ProjectServiceTest, ADeletionThatCannotBeSavedLeavesTheTimerRunning) {
+TEST_F(ProjectServiceTest, aDeletionThatCannotBeSavedLeavesTheTimerRunning) {
     timer_.start(website_);
     const test::FileSizeLimit fullDisk(0);
     EXPECT_THROW(projects_.remove(website_), StoreError);
@@ -88,7 +88,7 @@ TEST_F(ProjectServiceTest, ADeletionThatCannotBeSavedLeavesTheTimerRunning) {
 
 // --- adding, editing, moving -------------------------------------------------------------------
 
-TEST_F(ProjectServiceTest, AFormMakesAProject) {
+TEST_F(ProjectServiceTest, aFormMakesAProject) {
     const auto project = projects_.add(ProjectForm{.name = " App ", .client = client_});
     library_.reopen();
     const auto stored = context().record<Project>(project->id());
@@ -96,7 +96,7 @@ TEST_F(ProjectServiceTest, AFormMakesAProject) {
     EXPECT_EQ(stored->name.get(), "App");
 }
 
-TEST_F(ProjectServiceTest, AProjectMovesToAnotherClient) {
+TEST_F(ProjectServiceTest, aProjectMovesToAnotherClient) {
     const auto other = library_.addClient("Globex");
     projects_.move(website_, other);
     EXPECT_EQ(website_->client.get(), other);
@@ -107,7 +107,7 @@ TEST_F(ProjectServiceTest, AProjectMovesToAnotherClient) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(ProjectServiceTest, InvoicedTimeKeepsAProjectWithItsClientWhateverElseIsEdited) {
+TEST_F(ProjectServiceTest, invoicedTimeKeepsAProjectWithItsClientWhateverElseIsEdited) {
     first_->invoice = library_.addInvoice("A", client_);
     const auto other = library_.addClient("Globex");
     context().save();
@@ -126,7 +126,7 @@ TEST_F(ProjectServiceTest, InvoicedTimeKeepsAProjectWithItsClientWhateverElseIsE
     EXPECT_EQ(website_->client.get(), client_);
 }
 
-TEST_F(ProjectServiceTest, ArchivingIsSavedBothWays) {
+TEST_F(ProjectServiceTest, archivingIsSavedBothWays) {
     for (const bool isArchived : {true, false}) {
         projects_.setArchived(website_, isArchived);
         EXPECT_EQ(website_->isArchived.get(), isArchived);

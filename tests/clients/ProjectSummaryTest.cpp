@@ -27,7 +27,7 @@ class ProjectSummaryTest : public testing::Test {
     Ref<TimeEntry> running_ = library_.addEntry(website_, now_ - 30min, std::nullopt);
 };
 
-TEST_F(ProjectSummaryTest, RunningTimeUsesTheBudgetButIsNotTrackedYet) {
+TEST_F(ProjectSummaryTest, runningTimeUsesTheBudgetButIsNotTrackedYet) {
     billed_->invoice = library_.addInvoice("A", client_);
     website_->budgetHours = 4;
     for (int i = 0; i < 2; ++i) {  // as pending, and as stored
@@ -39,19 +39,19 @@ TEST_F(ProjectSummaryTest, RunningTimeUsesTheBudgetButIsNotTrackedYet) {
     }
 }
 
-TEST_F(ProjectSummaryTest, ABudgetOfLessThanAnHourIsNone) {
+TEST_F(ProjectSummaryTest, aBudgetOfLessThanAnHourIsNone) {
     EXPECT_FALSE(website().budgetFraction);
     website_->budgetHours = 0;
     EXPECT_FALSE(website().budgetFraction);
 }
 
-TEST_F(ProjectSummaryTest, FewOfManyProjectsHaveTheSameFigures) {
+TEST_F(ProjectSummaryTest, fewOfManyProjectsHaveTheSameFigures) {
     for (int i = 0; i < 8; ++i)
         library_.addEntry(library_.addProject("Other", client_), now_ - 2h, now_);
     EXPECT_EQ(website().trackedSeconds, 5400);
 }
 
-TEST_F(ProjectSummaryTest, AllStandByNameAndArchivedOnesOnRequest) {
+TEST_F(ProjectSummaryTest, allStandByNameAndArchivedOnesOnRequest) {
     library_.addProject("app 10", client_);
     library_.addProject("App 9", client_)->isArchived = true;
     const auto names = [&](bool withArchived) {

@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 class ClientCommand : public test::CommandTest {};
 
-TEST_F(ClientCommand, TheListHasTheFieldsAndTheUnbilledTime) {
+TEST_F(ClientCommand, theListHasTheFieldsAndTheUnbilledTime) {
     acme_->email = "pay@acme.test";
     acme_->dueDays = 30;
     acme_->taxBasisPoints = 825;
@@ -33,7 +33,7 @@ TEST_F(ClientCommand, TheListHasTheFieldsAndTheUnbilledTime) {
     EXPECT_FALSE(clients[1].HasMember("taxBasisPoints"));
 }
 
-TEST_F(ClientCommand, TheListForPeople) {
+TEST_F(ClientCommand, theListForPeople) {
     addEntry(website_, "2026-03-30T09:00+02:00", 90);
     EXPECT_EQ(output({"client", "list"}),
               "CLIENT   EMAIL       RATE  PROJECTS  UNBILLED    VALUE\n"
@@ -41,7 +41,7 @@ TEST_F(ClientCommand, TheListForPeople) {
               "Globex          $100.00/h         1      0:00    $0.00\n");
 }
 
-TEST_F(ClientCommand, AddReadsValuesAsTheFormDoes) {
+TEST_F(ClientCommand, addReadsValuesAsTheFormDoes) {
     const auto client =
         json({"client", "add", " Initech ", "--email", "a@b.test", "--address", "1 Road",
               "--currency", "eur", "--rate", "120,50", "--due-days", "0", "--tax", "8,25"});
@@ -54,7 +54,7 @@ TEST_F(ClientCommand, AddReadsValuesAsTheFormDoes) {
     EXPECT_EQ(library_.context().fetchCount<Client>(), 3U);
 }
 
-TEST_F(ClientCommand, AddWithoutMoreTakesTheDefaults) {
+TEST_F(ClientCommand, addWithoutMoreTakesTheDefaults) {
     EXPECT_EQ(output({"client", "add", "Initech"}), "Added the client “Initech”.\n");
     const auto clients = json({"client", "list"});
     EXPECT_STREQ(clients[2]["currencyCode"].GetString(), "USD");
@@ -62,7 +62,7 @@ TEST_F(ClientCommand, AddWithoutMoreTakesTheDefaults) {
     EXPECT_FALSE(clients[2].HasMember("dueDays"));
 }
 
-TEST_F(ClientCommand, WhatCannotBeReadIsRefusedAndNothingIsAdded) {
+TEST_F(ClientCommand, whatCannotBeReadIsRefusedAndNothingIsAdded) {
     for (const char* option : {"--rate", "--tax", "--due-days", "--currency"})
         EXPECT_EQ(run({"client", "add", "X", option, "many"}).exitStatus, 1) << option;
     expectRefusal({"client", "add", "X", "--rate", "ten"}, 1,
@@ -71,7 +71,7 @@ TEST_F(ClientCommand, WhatCannotBeReadIsRefusedAndNothingIsAdded) {
     EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
 }
 
-TEST_F(ClientCommand, SetChangesOneField) {
+TEST_F(ClientCommand, setChangesOneField) {
     EXPECT_EQ(output({"client", "set", "acme co", "rate", "1,200.50"}), "");
     EXPECT_EQ(acme_->hourlyRateCents.get(), 120050);
     output({"client", "set", "Acme Co", "due-days", "7"});
@@ -87,7 +87,7 @@ TEST_F(ClientCommand, SetChangesOneField) {
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
-TEST_F(ClientCommand, AnEmptyTermIsTheBusinessDefaultAgain) {
+TEST_F(ClientCommand, anEmptyTermIsTheBusinessDefaultAgain) {
     acme_->dueDays = 7;
     acme_->taxBasisPoints = 0;
     const auto client = json({"client", "set", "Acme Co", "due-days", ""});
@@ -95,26 +95,26 @@ TEST_F(ClientCommand, AnEmptyTermIsTheBusinessDefaultAgain) {
     EXPECT_FALSE(json({"client", "set", "Acme Co", "tax", ""}).HasMember("taxBasisPoints"));
 }
 
-TEST_F(ClientCommand, AValueThatBeginsWithADashStandsBehindTwoDashes) {
+TEST_F(ClientCommand, aValueThatBeginsWithADashStandsBehindTwoDashes) {
     output({"client", "set", "Acme Co", "email", "--", "-x@y.test"});
     EXPECT_EQ(acme_->email.get(), "-x@y.test");
 }
 
-TEST_F(ClientCommand, AChangeThatCannotBeSavedIsTakenBack) {
+TEST_F(ClientCommand, aChangeThatCannotBeSavedIsTakenBack) {
     const test::FileSizeLimit fullDisk(0);
     EXPECT_EQ(run({"client", "set", "Acme Co", "rate", "1"}).exitStatus, 1);
     EXPECT_EQ(acme_->hourlyRateCents.get(), 10000);
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
-TEST_F(ClientCommand, TwoClientsOfOneNameCannotBeToldApart) {
+TEST_F(ClientCommand, twoClientsOfOneNameCannotBeToldApart) {
     library_.addClient("GLOBEX");
     library_.context().save();
     expectRefusal({"client", "set", "globex", "rate", "1"}, 1,
                   "There are 2 clients “globex”: Globex, GLOBEX. Rename one of them first.");
 }
 
-TEST_F(ClientCommand, DeleteTakesProjectsAndTimeAlong) {
+TEST_F(ClientCommand, deleteTakesProjectsAndTimeAlong) {
     addEntry(website_, "2026-03-30T09:00+02:00", 90);
     timer_.start(website_);
     EXPECT_EQ(output({"client", "delete", "acme co"}),
@@ -124,7 +124,7 @@ TEST_F(ClientCommand, DeleteTakesProjectsAndTimeAlong) {
     EXPECT_TRUE(json({"client", "delete", "Globex"})["deleted"].GetBool());
 }
 
-TEST_F(ClientCommand, AClientWithInvoicesStays) {
+TEST_F(ClientCommand, aClientWithInvoicesStays) {
     addEntry(website_, "2026-03-30T09:00+02:00", 90);
     billMarch();
     expectRefusal({"client", "delete", "Acme Co"}, 1, "Delete Acme Co's invoices first.");

@@ -15,20 +15,20 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-TEST(CommandLine, WithoutACommandThereIsNothingToCarryOut) {
+TEST(CommandLine, withoutACommandThereIsNothingToCarryOut) {
     const auto commandLine = parseCommandLine({});
     EXPECT_FALSE(commandLine.answer);
     EXPECT_FALSE(commandLine.action);
 }
 
-TEST(CommandLine, TheVersionIsPrinted) {
+TEST(CommandLine, theVersionIsPrinted) {
     const auto answer = parseCommandLine({"--version"}).answer;
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->output, "Elmworth " ELMWORTH_VERSION "\n");
     EXPECT_EQ(answer->exitStatus, 0);
 }
 
-TEST(CommandLine, TheDemoSwitchMayStandAnywhere) {
+TEST(CommandLine, theDemoSwitchMayStandAnywhere) {
     EXPECT_FALSE(parseCommandLine({"status"}).isDemo);
     EXPECT_TRUE(parseCommandLine({"-demo"}).isDemo);
     const auto commandLine = parseCommandLine({"-demo", "invoice", "list"});
@@ -36,7 +36,7 @@ TEST(CommandLine, TheDemoSwitchMayStandAnywhere) {
     EXPECT_TRUE(commandLine.action);
 }
 
-TEST(CommandLine, TellsWhichCommandsNeedToDraw) {
+TEST(CommandLine, tellsWhichCommandsNeedToDraw) {
     EXPECT_TRUE(parseCommandLine({"invoice", "pdf", "A"}).needsPainter);
     EXPECT_FALSE(parseCommandLine({"invoice", "show", "A"}).needsPainter);
     EXPECT_TRUE(parseCommandLine({"invoice", "show", "A"}).countsPages);
@@ -59,7 +59,7 @@ class CommandHelp : public testing::TestWithParam<const char*> {
     }
 };
 
-TEST_P(CommandHelp, TellsPeopleHowToUseIt) {
+TEST_P(CommandHelp, tellsPeopleHowToUseIt) {
     auto arguments = words();
     arguments.emplace_back("--help");
     const auto answer = parseCommandLine(arguments).answer;
@@ -71,7 +71,7 @@ TEST_P(CommandHelp, TellsPeopleHowToUseIt) {
         EXPECT_THAT(answer->output, Not(HasSubstr(technical)));
 }
 
-TEST_P(CommandHelp, RefusesAnOptionThatItDoesNotHave) {
+TEST_P(CommandHelp, refusesAnOptionThatItDoesNotHave) {
     auto arguments = words();
     arguments.emplace_back("--no-such-option");
     const auto answer = parseCommandLine(arguments).answer;
@@ -91,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "invoice mark", "invoice rename", "invoice delete", "profile", "profile set"),
     test::textName);
 
-TEST(CommandLine, TheHelpNamesAllCommands) {
+TEST(CommandLine, theHelpNamesAllCommands) {
     const auto help = parseCommandLine({"--help"}).answer->output;
     for (const char* name : {"status", "start", "stop", "continue", "panel", "client", "project",
                              "log", "invoice", "profile", "--format", "--version", "-demo"})
@@ -109,7 +109,7 @@ struct UsageRow {
 
 class CommandUsage : public CommandTest, public testing::WithParamInterface<UsageRow> {};
 
-TEST_P(CommandUsage, IsWrong) {
+TEST_P(CommandUsage, isWrong) {
     expectUsageError(GetParam().arguments, GetParam().part);
 }
 
@@ -159,16 +159,16 @@ INSTANTIATE_TEST_SUITE_P(
                  "“2026-02-29” is no day."}),
     test::rowName);
 
-TEST_F(CommandTest, TheFormatMayStandBeforeOrBehindTheCommand) {
+TEST_F(CommandTest, theFormatMayStandBeforeOrBehindTheCommand) {
     EXPECT_EQ(output({"--format", "json", "status"}), output({"status", "--format", "JSON"}));
 }
 
-TEST_F(CommandTest, AFailureIsOneLine) {
+TEST_F(CommandTest, aFailureIsOneLine) {
     EXPECT_THAT(run({"start", "two\nlines\x1b[31m"}).errors,
                 StartsWith("There is no project “two lines [31m”."));
 }
 
-TEST_F(CommandTest, AnEmptyLibraryListsNothing) {
+TEST_F(CommandTest, anEmptyLibraryListsNothing) {
     for (const auto& client : library_.context().fetch<Client>())
         library_.context().deleteRecord(client);
     library_.context().save();
@@ -178,7 +178,7 @@ TEST_F(CommandTest, AnEmptyLibraryListsNothing) {
     }
 }
 
-TEST_F(CommandTest, TextInAnotherEncodingDoesNotSpoilTheJSON) {
+TEST_F(CommandTest, textInAnotherEncodingDoesNotSpoilTheJSON) {
     library_.context().insert(std::make_shared<Client>("M\xfcller"));
     EXPECT_EQ(json({"client", "list"}).GetArray().Size(), 3U);
 }

@@ -71,13 +71,13 @@ class DamagedLibrary : public testing::Test {
     test::TestLibrary library_;
 };
 
-TEST_F(DamagedLibrary, ShowsTheTimeThatCanBeRead) {
+TEST_F(DamagedLibrary, showsTheTimeThatCanBeRead) {
     EXPECT_THAT(incompleteOutput({"report", "--period", "This Month"}), HasSubstr("Landing page"));
     EXPECT_THAT(incompleteOutput({"report", "--period", "This Month", "--format", "json"}),
                 HasSubstr("Landing page"));
 }
 
-TEST_F(DamagedLibrary, MakesNoInvoiceLookCheaper) {
+TEST_F(DamagedLibrary, makesNoInvoiceLookCheaper) {
     EXPECT_THAT(incompleteOutput({"invoice", "show", "INV-1"}),
                 HasSubstr("The figures of INV-1 can't be read."));
     EXPECT_THAT(incompleteOutput({"invoice", "show", "INV-1", "--format", "json"}),
@@ -85,24 +85,24 @@ TEST_F(DamagedLibrary, MakesNoInvoiceLookCheaper) {
                       Not(HasSubstr("totalCents"))));
 }
 
-TEST_F(DamagedLibrary, StopsTheTimerOnAProjectThatCannotBeRead) {
+TEST_F(DamagedLibrary, stopsTheTimerOnAProjectThatCannotBeRead) {
     const auto entry = library_.context().fetch<TimeEntry>().back();
     EXPECT_EQ(incompleteOutput({"stop"}), "Stopped No project after 1:00:00.\n");
     EXPECT_TRUE(entry->project.id());
     EXPECT_EQ(entry->end.get(), at("2026-03-31T12:00Z"));
 }
 
-TEST_F(DamagedLibrary, BillsNothingOfWhichAPartIsMissing) {
+TEST_F(DamagedLibrary, billsNothingOfWhichAPartIsMissing) {
     expectRefusal({"invoice", "create", "--client", "Acme", "--period", "This Month"});
     EXPECT_EQ(library_.context().fetchCount<Invoice>(), 1U);
 }
 
-TEST_F(DamagedLibrary, IsNoBackupFromWhichAPartIsMissing) {
+TEST_F(DamagedLibrary, isNoBackupFromWhichAPartIsMissing) {
     expectRefusal({"backup", "backup.json"});
     EXPECT_FALSE(std::filesystem::exists(library_.folder.path() / "backup.json"));
 }
 
-TEST_F(DamagedLibrary, GetsNoTimeASecondTime) {
+TEST_F(DamagedLibrary, getsNoTimeASecondTime) {
     const auto file = library_.folder.path() / "time.csv";
     std::ofstream(file)
         << "Client,Project,Notes,Start,End,Hours\n"
@@ -111,7 +111,7 @@ TEST_F(DamagedLibrary, GetsNoTimeASecondTime) {
     EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 3U);
 }
 
-TEST_F(DamagedLibrary, LosesNoClientOfWhoseWorkNothingIsKnown) {
+TEST_F(DamagedLibrary, losesNoClientOfWhoseWorkNothingIsKnown) {
     expectRefusal({"client", "delete", "Globex"});
     EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
 }

@@ -50,7 +50,7 @@ class ExchangeCommands : public test::CommandTest {
 
 // --- export ------------------------------------------------------------------------------------
 
-TEST_F(ExchangeCommands, ExportWritesFinishedTimeByStartInTheCurrentZone) {
+TEST_F(ExchangeCommands, exportWritesFinishedTimeByStartInTheCurrentZone) {
     addEntry(design_, "2026-03-31T09:00+02:00", 90, "Logo, \"new\"");
     addEntry(website_, "2026-03-29T01:00+01:00", 60);
     timer_.start(design_);
@@ -63,17 +63,17 @@ TEST_F(ExchangeCommands, ExportWritesFinishedTimeByStartInTheCurrentZone) {
               "\"Logo, \"\"new\"\"\",1.50\r\n");
 }
 
-TEST_F(ExchangeCommands, ExportOfARunningEntryAloneIsTheHeader) {
+TEST_F(ExchangeCommands, exportOfARunningEntryAloneIsTheHeader) {
     timer_.start(design_);
     EXPECT_EQ(output({"export", "-"}), "Date,Start,End,Client,Project,Notes,Hours\r\n");
 }
 
-TEST_F(ExchangeCommands, ExportOfTimeWithoutAProjectHasEmptyNames) {
+TEST_F(ExchangeCommands, exportOfTimeWithoutAProjectHasEmptyNames) {
     addEntry(nullptr, "2026-03-31T09:00+02:00", 60);
     EXPECT_THAT(output({"export", "-"}), HasSubstr("T10:00:00+02:00,,,,1.00\r\n"));
 }
 
-TEST_F(ExchangeCommands, ExportTakesTheOptionsOfReport) {
+TEST_F(ExchangeCommands, exportTakesTheOptionsOfReport) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60, "shown");
     addEntry(otherWebsite_, "2026-03-31T09:00+02:00", 60, "hidden");
     addEntry(design_, "2026-01-31T09:00+01:00", 60, "long ago");
@@ -83,14 +83,14 @@ TEST_F(ExchangeCommands, ExportTakesTheOptionsOfReport) {
     EXPECT_THAT(text, testing::Not(HasSubstr("long ago")));
 }
 
-TEST_F(ExchangeCommands, ExportTellsAsJSONWhatItWrote) {
+TEST_F(ExchangeCommands, exportTellsAsJSONWhatItWrote) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     const auto result = json({"export", "time.csv"});
     EXPECT_EQ(result["file"].GetString(), file("time.csv").string());
     EXPECT_EQ(result["exported"].GetInt(), 1);
 }
 
-TEST_F(ExchangeCommands, ExportToAFullDiskLeavesTheOldFile) {
+TEST_F(ExchangeCommands, exportToAFullDiskLeavesTheOldFile) {
     for (int i = 0; i < 40; ++i) {
         addEntry(design_, "2026-03-31T09:00+02:00", i + 1, std::string(200, 'n'));
     }
@@ -114,7 +114,7 @@ constexpr const char* report =
     "Jane,j@x,Acme Co,Design,,Logo,Yes,2026-03-02,09:00:00,2026-03-02,10:00:00,01:00:00,,\n"
     "Jane,j@x,Initech,Printer,,,Yes,2026-03-03,09:00:00,2026-03-03,10:00:00,01:00:00,,\n";
 
-TEST_F(ExchangeCommands, ImportAddsTimeAndTellsWhatIsNew) {
+TEST_F(ExchangeCommands, importAddsTimeAndTellsWhatIsNew) {
     writeAtomically(file("report.csv"), report);
     const auto result = json({"import", "report.csv"});
     EXPECT_THAT(keys(result), ElementsAre("imported", "newClients", "skipped", "message"));
@@ -128,13 +128,13 @@ TEST_F(ExchangeCommands, ImportAddsTimeAndTellsWhatIsNew) {
               "Imported 0 entries. Skipped 2 already imported.\n");
 }
 
-TEST_F(ExchangeCommands, ADashImportsStandardInput) {
+TEST_F(ExchangeCommands, aDashImportsStandardInput) {
     writeAtomically(file("report.csv"), report);
     EXPECT_EQ(outputOf({"import", "-"}, "report.csv"),
               "Imported 2 entries. New clients: Initech — set their rates in Clients.\n");
 }
 
-TEST_F(ExchangeCommands, ImportedNamesDoNotSteerTheTerminal) {
+TEST_F(ExchangeCommands, importedNamesDoNotSteerTheTerminal) {
     writeAtomically(file("report.csv"),
                     "start,end,hours,client\n2026-03-01T09:00:00Z,2026-03-01T10:00:00Z,1,"
                     "\"red \x1b[31m\nline\"\n");
@@ -143,7 +143,7 @@ TEST_F(ExchangeCommands, ImportedNamesDoNotSteerTheTerminal) {
     EXPECT_EQ(library_.context().fetch<Client>().back()->name.get(), "red \x1b[31m\nline");
 }
 
-TEST_F(ExchangeCommands, ImportOfWhatIsNoReportChangesNothing) {
+TEST_F(ExchangeCommands, importOfWhatIsNoReportChangesNothing) {
     const auto before = state();
     const std::string unknown =
         "This CSV isn't in a format Elmworth knows. Use an Elmworth export or a Toggl Track "
@@ -164,7 +164,7 @@ TEST_F(ExchangeCommands, ImportOfWhatIsNoReportChangesNothing) {
     EXPECT_EQ(state(), before);
 }
 
-TEST_F(ExchangeCommands, ImportToAFullDiskChangesNothing) {
+TEST_F(ExchangeCommands, importToAFullDiskChangesNothing) {
     writeAtomically(file("report.csv"), report);
     const auto before = state();
     {
@@ -179,7 +179,7 @@ TEST_F(ExchangeCommands, ImportToAFullDiskChangesNothing) {
 
 // --- backup and restore ------------------------------------------------------------------------
 
-TEST_F(ExchangeCommands, BackupPrintsItsPathAndCountsAsJSON) {
+TEST_F(ExchangeCommands, backupPrintsItsPathAndCountsAsJSON) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     EXPECT_EQ(output({"backup", "library.json"}), file("library.json").string() + "\n");
     const auto result = json({"backup", "library.json"});
@@ -190,7 +190,7 @@ TEST_F(ExchangeCommands, BackupPrintsItsPathAndCountsAsJSON) {
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
 }
 
-TEST_F(ExchangeCommands, NamedFilesAreReadByWhomTheUmaskOfTheCallerLets) {
+TEST_F(ExchangeCommands, namedFilesAreReadByWhomTheUmaskOfTheCallerLets) {
     const auto mode = [&](const std::string& name) {
         return static_cast<unsigned>(std::filesystem::status(file(name)).permissions());
     };
@@ -210,7 +210,7 @@ TEST_F(ExchangeCommands, NamedFilesAreReadByWhomTheUmaskOfTheCallerLets) {
     EXPECT_EQ(mode(stored.substr(0, stored.size() - 1)), 0600U);
 }
 
-TEST_F(ExchangeCommands, RestoreBringsTheLibraryAndTheProfileBack) {
+TEST_F(ExchangeCommands, restoreBringsTheLibraryAndTheProfileBack) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     billMarch();
     run({"profile", "set", "name", "Jane"});
@@ -228,7 +228,7 @@ TEST_F(ExchangeCommands, RestoreBringsTheLibraryAndTheProfileBack) {
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
 }
 
-TEST_F(ExchangeCommands, ADashRestoresStandardInput) {
+TEST_F(ExchangeCommands, aDashRestoresStandardInput) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     output({"backup", "library.json"});
     clear();
@@ -236,7 +236,7 @@ TEST_F(ExchangeCommands, ADashRestoresStandardInput) {
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
 }
 
-TEST_F(ExchangeCommands, RestoreIntoALibraryThatIsNotEmptyChangesNothing) {
+TEST_F(ExchangeCommands, restoreIntoALibraryThatIsNotEmptyChangesNothing) {
     output({"backup", "library.json"});
     run({"profile", "set", "name", "Somebody else"});
     const auto before = state();
@@ -247,7 +247,7 @@ TEST_F(ExchangeCommands, RestoreIntoALibraryThatIsNotEmptyChangesNothing) {
     EXPECT_EQ(profiles_.profile().name, "Somebody else");
 }
 
-TEST_F(ExchangeCommands, RestoreOfABrokenDocumentChangesNothing) {
+TEST_F(ExchangeCommands, restoreOfABrokenDocumentChangesNothing) {
     output({"backup", "library.json"});
     auto json = written("library.json");
     clear();
@@ -259,7 +259,7 @@ TEST_F(ExchangeCommands, RestoreOfABrokenDocumentChangesNothing) {
     EXPECT_EQ(state(), before);
 }
 
-TEST_F(ExchangeCommands, RestoreToAFullDiskChangesNothingAndKeepsTheProfile) {
+TEST_F(ExchangeCommands, restoreToAFullDiskChangesNothingAndKeepsTheProfile) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);
     run({"profile", "set", "name", "Jane"});
     output({"backup", "library.json"});
@@ -276,7 +276,7 @@ TEST_F(ExchangeCommands, RestoreToAFullDiskChangesNothingAndKeepsTheProfile) {
     EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
 }
 
-TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
+TEST_F(ExchangeCommands, filesThatCannotBeReadAreNamed) {
     for (const char* command : {"import", "restore"}) {
         const auto missing = run({command, "none"});
         EXPECT_EQ(missing.errors, file("none").string() + ": No such file or directory\n");
@@ -289,7 +289,7 @@ TEST_F(ExchangeCommands, FilesThatCannotBeReadAreNamed) {
     EXPECT_EQ(run({"export", "no/such/folder"}).exitStatus, 1);
 }
 
-TEST_F(ExchangeCommands, BackupTellsOfDamagedTextsBesideItsResult) {
+TEST_F(ExchangeCommands, backupTellsOfDamagedTextsBesideItsResult) {
     addEntry(design_, "2026-03-31T09:00+02:00", 90, "caf\xE9");
     for (const char* target : {"backup.json", "-"}) {
         const auto result = run({"backup", target});
@@ -302,7 +302,7 @@ TEST_F(ExchangeCommands, BackupTellsOfDamagedTextsBesideItsResult) {
     EXPECT_EQ(output({"restore", "backup.json"}), "Restored 2 clients and 0 invoices.\n");
 }
 
-TEST_F(ExchangeCommands, StatusTellsOfASnapshotThatCouldNotBeReadBack) {
+TEST_F(ExchangeCommands, statusTellsOfASnapshotThatCouldNotBeReadBack) {
     const test::ScopedEnvironment data("XDG_DATA_HOME", "/data");
     profiles_.defaults().setString("failedSnapshotCheck", "2026-03-10T12:00:00Z It is\nno JSON.");
     const std::string sentence =

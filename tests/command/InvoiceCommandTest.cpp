@@ -47,7 +47,7 @@ std::vector<std::string> withKeys(std::vector<std::string> names,
 
 // --- preview and create ------------------------------------------------------------------------
 
-TEST_F(InvoiceCommand, PreviewShowsLinesAndSumsAndChangesNothing) {
+TEST_F(InvoiceCommand, previewShowsLinesAndSumsAndChangesNothing) {
     const auto preview = json(march("preview", {"--tax", "10"}));
     EXPECT_THAT(keys(preview), ElementsAre("lines", "subtotalCents", "taxCents", "totalCents"));
     ASSERT_EQ(preview["lines"].Size(), 2U);
@@ -64,7 +64,7 @@ TEST_F(InvoiceCommand, PreviewShowsLinesAndSumsAndChangesNothing) {
     EXPECT_EQ(profiles_.profile(), BusinessProfile());
 }
 
-TEST_F(InvoiceCommand, PreviewForPeople) {
+TEST_F(InvoiceCommand, previewForPeople) {
     EXPECT_EQ(output(march("preview")),
               "PROJECT   HOURS     RATE   AMOUNT\n"
               "Design     2.00  $100.00  $200.00\n"
@@ -74,7 +74,7 @@ TEST_F(InvoiceCommand, PreviewForPeople) {
               "Total                     $310.00\n");
 }
 
-TEST_F(InvoiceCommand, APeriodWithoutUnbilledTimePreviewsNothingAndCannotBeBilled) {
+TEST_F(InvoiceCommand, aPeriodWithoutUnbilledTimePreviewsNothingAndCannotBeBilled) {
     EXPECT_EQ(output({"invoice", "preview", "--client", "Globex", "--period", "today"}),
               "No unbilled, finished entries for this client in this period.\n");
     expectRefusal({"invoice", "create", "--client", "Globex", "--period", "today"}, 1,
@@ -82,7 +82,7 @@ TEST_F(InvoiceCommand, APeriodWithoutUnbilledTimePreviewsNothingAndCannotBeBille
     EXPECT_EQ(profiles_.profile(), BusinessProfile());
 }
 
-TEST_F(InvoiceCommand, CreatePrintsTheNumberAndCountsOn) {
+TEST_F(InvoiceCommand, createPrintsTheNumberAndCountsOn) {
     EXPECT_EQ(output(march("create")), "INV-2026-001\n");
     EXPECT_EQ(profiles_.profile().nextInvoiceNumber, 2);
     EXPECT_EQ(ProfileStore(defaults_).profile().nextInvoiceNumber, 2);
@@ -92,14 +92,14 @@ TEST_F(InvoiceCommand, CreatePrintsTheNumberAndCountsOn) {
     EXPECT_EQ(made->entries().size(), 2U);
 }
 
-TEST_F(InvoiceCommand, CreateShowsTheWholeInvoiceAsJSON) {
+TEST_F(InvoiceCommand, createShowsTheWholeInvoiceAsJSON) {
     const auto made = json(march("create"));
     EXPECT_THAT(keys(made),
                 testing::ElementsAreArray(withKeys(
                     recordKeys, {"lines", "subtotalCents", "taxCents", "totalCents", "pages"})));
 }
 
-TEST_F(InvoiceCommand, TheTaxIsTheOneGivenElseTheClientsElseTheBusinessDefault) {
+TEST_F(InvoiceCommand, theTaxIsTheOneGivenElseTheClientsElseTheBusinessDefault) {
     auto profile = profiles_.profile();
     profile.defaultTaxBasisPoints = 100;
     profiles_.setProfile(profile);
@@ -109,13 +109,13 @@ TEST_F(InvoiceCommand, TheTaxIsTheOneGivenElseTheClientsElseTheBusinessDefault) 
     EXPECT_EQ(json(march("create", {"--tax", "8,25"}))["taxRateBasisPoints"].GetInt(), 825);
 }
 
-TEST_F(InvoiceCommand, ATaxThatCannotBeReadMakesNoInvoice) {
+TEST_F(InvoiceCommand, aTaxThatCannotBeReadMakesNoInvoice) {
     expectRefusal(march("create", {"--tax", "lots"}), 1,
                   "“lots” is no percentage. Enter a number like 0 or 8.25, at most 100.");
     EXPECT_EQ(library_.context().fetchCount<Invoice>(), 0U);
 }
 
-TEST_F(InvoiceCommand, AnInvoiceThatCannotBeSavedLeavesNoTrace) {
+TEST_F(InvoiceCommand, anInvoiceThatCannotBeSavedLeavesNoTrace) {
     {
         const test::FileSizeLimit fullDisk(0);
         EXPECT_EQ(run(march("create")).exitStatus, 1);
@@ -126,7 +126,7 @@ TEST_F(InvoiceCommand, AnInvoiceThatCannotBeSavedLeavesNoTrace) {
 
 // --- list and show -----------------------------------------------------------------------------
 
-TEST_F(InvoiceCommand, ShowTellsEveryFigure) {
+TEST_F(InvoiceCommand, showTellsEveryFigure) {
     const auto number = billMarch();
     const auto shown = json({"invoice", "show", number});
     EXPECT_STREQ(shown["status"].GetString(), "draft");
@@ -140,7 +140,7 @@ TEST_F(InvoiceCommand, ShowTellsEveryFigure) {
     EXPECT_STREQ(json({"invoice", "show", number})["paidAt"].GetString(), "2026-03-31T10:00:00Z");
 }
 
-TEST_F(InvoiceCommand, ShowForPeople) {
+TEST_F(InvoiceCommand, showForPeople) {
     const auto number = billMarch();
     invoice(number)->notes = "Thank you!";
     EXPECT_EQ(output({"invoice", "show", number}),
@@ -158,13 +158,13 @@ TEST_F(InvoiceCommand, ShowForPeople) {
               "Thank you!\n");
 }
 
-TEST_F(InvoiceCommand, AnUnknownNumberIsRefused) {
+TEST_F(InvoiceCommand, anUnknownNumberIsRefused) {
     for (const char* command : {"show", "email", "delete", "pdf"})
         expectRefusal({"invoice", command, "INV-9"}, 1,
                       "There is no invoice “INV-9”. \"elmworth invoice list\" shows all numbers.");
 }
 
-TEST_F(InvoiceCommand, TheListHasTheFiguresWithoutTheLines) {
+TEST_F(InvoiceCommand, theListHasTheFiguresWithoutTheLines) {
     billMarch();
     const auto list = json({"invoice", "list"});
     ASSERT_EQ(list.Size(), 1U);
@@ -173,7 +173,7 @@ TEST_F(InvoiceCommand, TheListHasTheFiguresWithoutTheLines) {
                     withKeys(recordKeys, {"subtotalCents", "taxCents", "totalCents", "pages"})));
 }
 
-TEST_F(InvoiceCommand, TheListIsNewestFirstAndFilteredByStatus) {
+TEST_F(InvoiceCommand, theListIsNewestFirstAndFilteredByStatus) {
     const auto number = billMarch();
     const auto old = library_.addInvoice("OLD", acme_);
     old->issueDate = at("2026-01-01T00:00Z");
@@ -191,14 +191,14 @@ TEST_F(InvoiceCommand, TheListIsNewestFirstAndFilteredByStatus) {
 
 // --- pdf and email -----------------------------------------------------------------------------
 
-TEST_F(InvoiceCommand, ThePDFGoesToTheStoredFileWhosePathIsPrinted) {
+TEST_F(InvoiceCommand, thePDFGoesToTheStoredFileWhosePathIsPrinted) {
     const auto number = billMarch();
     const auto stored = storedInvoiceFile(number);
     EXPECT_EQ(output({"invoice", "pdf", number}), stored.string() + "\n");
     EXPECT_EQ(readFile(stored), "INV-2026-001 letter");
 }
 
-TEST_F(InvoiceCommand, ThePDFGoesToAFileOfTheWorkingFolderAndIsStoredToo) {
+TEST_F(InvoiceCommand, thePDFGoesToAFileOfTheWorkingFolderAndIsStoredToo) {
     const auto number = billMarch();
     const auto printed = json({"invoice", "pdf", number, "mine.pdf", "--paper", "A4"});
     EXPECT_THAT(keys(printed), ElementsAre("file", "pages"));
@@ -207,21 +207,21 @@ TEST_F(InvoiceCommand, ThePDFGoesToAFileOfTheWorkingFolderAndIsStoredToo) {
     EXPECT_EQ(readFile(storedInvoiceFile(number)), "INV-2026-001 a4");
 }
 
-TEST_F(InvoiceCommand, ThePDFGoesToStandardOutput) {
+TEST_F(InvoiceCommand, thePDFGoesToStandardOutput) {
     EXPECT_EQ(output({"invoice", "pdf", billMarch(), "-"}), "INV-2026-001 letter");
 }
 
-TEST_F(InvoiceCommand, AnUnknownPaperIsWrongUsage) {
+TEST_F(InvoiceCommand, anUnknownPaperIsWrongUsage) {
     expectUsageError({"invoice", "pdf", billMarch(), "--paper", "a5"}, "Choose letter or a4.");
 }
 
-TEST_F(InvoiceCommand, WhereNothingCanBeDrawnThereIsNoPDF) {
+TEST_F(InvoiceCommand, whereNothingCanBeDrawnThereIsNoPDF) {
     const auto number = billMarch();
     painter_ = nullptr;
     expectRefusal({"invoice", "pdf", number}, 1, "PDFs can't be drawn here.");
 }
 
-TEST_F(InvoiceCommand, TheEmailGreetsTheClient) {
+TEST_F(InvoiceCommand, theEmailGreetsTheClient) {
     const auto number = billMarch();
     const std::string text = output({"invoice", "email", number});
     EXPECT_EQ(text,
@@ -245,7 +245,7 @@ class TooLargeInvoice : public InvoiceCommand {
     std::string sentence = "The figures of INV-2026-001 are too large.";
 };
 
-TEST_F(TooLargeInvoice, SaysSoWhereItsTotalWouldStandInTheList) {
+TEST_F(TooLargeInvoice, saysSoWhereItsTotalWouldStandInTheList) {
     const auto text = output({"invoice", "list"});
     EXPECT_THAT(text, HasSubstr(sentence));
     EXPECT_THAT(text, HasSubstr("$0.00")) << "the other one has figures";
@@ -258,20 +258,20 @@ TEST_F(TooLargeInvoice, SaysSoWhereItsTotalWouldStandInTheList) {
     EXPECT_EQ(list[1]["totalCents"].GetInt64(), 0);
 }
 
-TEST_F(TooLargeInvoice, SaysSoWhereItsFiguresWouldStand) {
+TEST_F(TooLargeInvoice, saysSoWhereItsFiguresWouldStand) {
     const auto text = output({"invoice", "show", number});
     EXPECT_THAT(text, HasSubstr("INV-2026-001 · Acme Co"));
     EXPECT_THAT(text, HasSubstr("\n\n" + sentence + "\n"));
     EXPECT_EQ(json({"invoice", "show", number})["error"].GetString(), sentence);
 }
 
-TEST_F(TooLargeInvoice, HasNoPDFAndNoEmail) {
+TEST_F(TooLargeInvoice, hasNoPDFAndNoEmail) {
     expectRefusal({"invoice", "pdf", number}, 1, sentence);
     expectRefusal({"invoice", "email", number}, 1, sentence);
     EXPECT_FALSE(std::filesystem::exists(storedInvoiceFile(number)));
 }
 
-TEST_F(TooLargeInvoice, CanBeMarkedRenamedAndDeleted) {
+TEST_F(TooLargeInvoice, canBeMarkedRenamedAndDeleted) {
     output({"invoice", "rename", number, "INV-3"});
     output({"invoice", "mark", "INV-3", "sent"});
     output({"invoice", "delete", "INV-3"});

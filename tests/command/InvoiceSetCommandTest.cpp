@@ -25,26 +25,26 @@ class InvoiceSetCommand : public test::CommandTest {
     Ref<Invoice> invoice_;
 };
 
-TEST_F(InvoiceSetCommand, TheIssueDateMovesTheDueDateAndKeepsTheTimeOfDay) {
+TEST_F(InvoiceSetCommand, theIssueDateMovesTheDueDateAndKeepsTheTimeOfDay) {
     EXPECT_EQ(output(set("issueDate", "2026-04-03")), "");
     EXPECT_EQ(invoice_->issueDate.get(), at("2026-04-03T12:00+02:00"));
     EXPECT_EQ(invoice_->dueDate.get(), at("2026-04-17T12:00+02:00"));
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
-TEST_F(InvoiceSetCommand, TheDueDateIsShownAsItWasSet) {
+TEST_F(InvoiceSetCommand, theDueDateIsShownAsItWasSet) {
     const auto shown = json(set("dueDate", "2026-05-01"));
     EXPECT_STREQ(shown["dueDate"].GetString(), "2026-05-01T10:00:00Z");
 }
 
-TEST_F(InvoiceSetCommand, DatesAreLockedOnceItIsSent) {
+TEST_F(InvoiceSetCommand, datesAreLockedOnceItIsSent) {
     output({"invoice", "mark", "INV-2026-001", "sent"});
     for (const char* field : {"issueDate", "dueDate"})
         expectRefusal(set(field, "2026-04-03"), 1, "Dates are locked once an invoice is sent.");
     EXPECT_EQ(invoice_->issueDate.get(), now_);
 }
 
-TEST_F(InvoiceSetCommand, NotesAndDetailsChangeInEveryStatus) {
+TEST_F(InvoiceSetCommand, notesAndDetailsChangeInEveryStatus) {
     for (const char* status : {"draft", "sent", "paid"}) {
         output({"invoice", "mark", "INV-2026-001", status});
         output(set("notes", status));
@@ -56,20 +56,20 @@ TEST_F(InvoiceSetCommand, NotesAndDetailsChangeInEveryStatus) {
     }
 }
 
-TEST_F(InvoiceSetCommand, NotesCanBeEmptied) {
+TEST_F(InvoiceSetCommand, notesCanBeEmptied) {
     output(set("notes", "x"));
     output(set("notes", ""));
     EXPECT_EQ(invoice_->notes.get(), "");
 }
 
-TEST_F(InvoiceSetCommand, WrongUsageChangesNothing) {
+TEST_F(InvoiceSetCommand, wrongUsageChangesNothing) {
     expectUsageError(set("number", "X"), "The fields are notes, showsEntryDetails, issueDate");
     expectUsageError(set("issueDate", "tomorrow"), "“tomorrow” is no day.");
     expectRefusal(set("showsEntryDetails", "perhaps"), 1,
                   "“perhaps” does not fit: showsEntryDetails is true or false.");
 }
 
-TEST_F(InvoiceSetCommand, AChangeThatCannotBeSavedIsTakenBack) {
+TEST_F(InvoiceSetCommand, aChangeThatCannotBeSavedIsTakenBack) {
     const test::FileSizeLimit fullDisk(0);
     EXPECT_EQ(run(set("notes", "x")).exitStatus, 1);
     EXPECT_EQ(invoice_->notes.get(), "");
@@ -77,7 +77,7 @@ TEST_F(InvoiceSetCommand, AChangeThatCannotBeSavedIsTakenBack) {
 
 // --- mark --------------------------------------------------------------------------------------
 
-TEST_F(InvoiceSetCommand, EveryChangeOfStatusIsAllowed) {
+TEST_F(InvoiceSetCommand, everyChangeOfStatusIsAllowed) {
     const auto paid = json({"invoice", "mark", "INV-2026-001", "Paid"});
     EXPECT_STREQ(paid["paidAt"].GetString(), "2026-03-31T10:00:00Z");
     for (const char* status : {"sent", "paid", "draft"})
@@ -87,7 +87,7 @@ TEST_F(InvoiceSetCommand, EveryChangeOfStatusIsAllowed) {
 
 // --- rename and delete -------------------------------------------------------------------------
 
-TEST_F(InvoiceSetCommand, RenameFollowsTheRulesOfNumbers) {
+TEST_F(InvoiceSetCommand, renameFollowsTheRulesOfNumbers) {
     library_.addInvoice("TAKEN", globex_);
     library_.context().save();
     expectRefusal({"invoice", "rename", "INV-2026-001", "TAKEN"}, 1,
@@ -96,7 +96,7 @@ TEST_F(InvoiceSetCommand, RenameFollowsTheRulesOfNumbers) {
     EXPECT_EQ(invoice_->number.get(), "2026/7");
 }
 
-TEST_F(InvoiceSetCommand, DeleteFreesTheEntries) {
+TEST_F(InvoiceSetCommand, deleteFreesTheEntries) {
     EXPECT_EQ(output({"invoice", "delete", "INV-2026-001"}),
               "Deleted INV-2026-001. Its 1 time entry is unbilled again.\n");
     EXPECT_TRUE(invoice_->isDeleted());

@@ -16,7 +16,7 @@ class ProfileCommand : public test::CommandTest {
     [[nodiscard]] const BusinessProfile& profile() const { return profiles_.profile(); }
 };
 
-TEST_F(ProfileCommand, ShowsTheFourteenFields) {
+TEST_F(ProfileCommand, showsTheFourteenFields) {
     EXPECT_THAT(
         keys(json({"profile"})),
         ElementsAre("name", "address", "taxID", "email", "paymentInstructions", "invoicePrefix",
@@ -27,7 +27,7 @@ TEST_F(ProfileCommand, ShowsTheFourteenFields) {
     EXPECT_THAT(text, HasSubstr("\nresetNumberingYearly   false\n"));
 }
 
-TEST_F(ProfileCommand, SetsEachFieldByItsName) {
+TEST_F(ProfileCommand, setsEachFieldByItsName) {
     const std::vector<std::pair<const char*, const char*>> values{
         {"name", "Ada"},
         {"address", "1 Road\nLondon"},
@@ -53,7 +53,7 @@ TEST_F(ProfileCommand, SetsEachFieldByItsName) {
     EXPECT_EQ(ProfileStore(defaults_).profile(), expected) << "it is in the settings file";
 }
 
-TEST_F(ProfileCommand, ANumberSetByHandOutlivesTheYearlyRestart) {
+TEST_F(ProfileCommand, aNumberSetByHandOutlivesTheYearlyRestart) {
     output({"profile", "set", "resetNumberingYearly", "true"});
     output({"profile", "set", "numberingYear", "2025"});
     output({"profile", "set", "nextInvoiceNumber", "42"});
@@ -62,11 +62,11 @@ TEST_F(ProfileCommand, ANumberSetByHandOutlivesTheYearlyRestart) {
     EXPECT_EQ(billMarch(), "INV-2026-042");
 }
 
-TEST_F(ProfileCommand, TheNextNumberIsAtLeastOne) {
+TEST_F(ProfileCommand, theNextNumberIsAtLeastOne) {
     EXPECT_EQ(json({"profile", "set", "nextInvoiceNumber", "0"})["nextInvoiceNumber"].GetInt(), 1);
 }
 
-TEST_F(ProfileCommand, WhatDoesNotFitIsRefused) {
+TEST_F(ProfileCommand, whatDoesNotFitIsRefused) {
     const auto before = profile();
     expectRefusal({"profile", "set", "defaultDueDays", "121"}, 1,
                   "“121” does not fit: the value is a whole number from 0 to 120.");
@@ -79,7 +79,7 @@ TEST_F(ProfileCommand, WhatDoesNotFitIsRefused) {
     EXPECT_EQ(profile(), before);
 }
 
-TEST_F(ProfileCommand, ASettingThatCannotBeWrittenIsTakenBack) {
+TEST_F(ProfileCommand, aSettingThatCannotBeWrittenIsTakenBack) {
     const test::FileSizeLimit fullDisk(0);
     expectRefusal({"profile", "set", "name", "Ada"}, 1,
                   "The settings file can't be written, so the change was not kept.");

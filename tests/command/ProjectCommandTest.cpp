@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 class ProjectCommand : public test::CommandTest {};
 
-TEST_F(ProjectCommand, TheListHasTheFieldsAndTheTime) {
+TEST_F(ProjectCommand, theListHasTheFieldsAndTheTime) {
     design_->rateOverrideCents = 5000;
     design_->budgetHours = 4;
     addEntry(design_, "2026-03-30T09:00+02:00", 60)->invoice = library_.addInvoice("A", acme_);
@@ -33,7 +33,7 @@ TEST_F(ProjectCommand, TheListHasTheFieldsAndTheTime) {
     EXPECT_FALSE(projects[1].HasMember("budgetFraction"));
 }
 
-TEST_F(ProjectCommand, ArchivedProjectsAreListedOnRequest) {
+TEST_F(ProjectCommand, archivedProjectsAreListedOnRequest) {
     EXPECT_EQ(output({"project", "archive", "Design"}), "");
     EXPECT_EQ(json({"project", "list"}).Size(), 2U);
     EXPECT_EQ(json({"project", "list", "--all"}).Size(), 3U);
@@ -42,7 +42,7 @@ TEST_F(ProjectCommand, ArchivedProjectsAreListedOnRequest) {
     EXPECT_EQ(json({"project", "list"}).Size(), 3U);
 }
 
-TEST_F(ProjectCommand, TheListForPeople) {
+TEST_F(ProjectCommand, theListForPeople) {
     design_->budgetHours = 2;
     addEntry(design_, "2026-03-30T09:00+02:00", 90);
     EXPECT_EQ(output({"project", "list"}),
@@ -52,7 +52,7 @@ TEST_F(ProjectCommand, TheListForPeople) {
               "Website  Globex   $100.00/h     0:00      0:00\n");
 }
 
-TEST_F(ProjectCommand, AddReadsValuesAsTheFormDoes) {
+TEST_F(ProjectCommand, addReadsValuesAsTheFormDoes) {
     const auto project = json({"project", "add", " App ", "--client", "globex", "--rate", "0",
                                "--budget", "37,5", "--color", "#40D19E"});
     EXPECT_STREQ(project["name"].GetString(), "App");
@@ -64,7 +64,7 @@ TEST_F(ProjectCommand, AddReadsValuesAsTheFormDoes) {
               "Added the project “Site — Globex”.\n");
 }
 
-TEST_F(ProjectCommand, WhatCannotBeReadIsRefusedAndNothingIsAdded) {
+TEST_F(ProjectCommand, whatCannotBeReadIsRefusedAndNothingIsAdded) {
     const auto add = [](const char* option, const char* value) {
         return test::Arguments{"project", "add", "X", "--client", "Globex", option, value};
     };
@@ -76,7 +76,7 @@ TEST_F(ProjectCommand, WhatCannotBeReadIsRefusedAndNothingIsAdded) {
     EXPECT_EQ(library_.context().fetchCount<Project>(), 3U);
 }
 
-TEST_F(ProjectCommand, SetChangesOneField) {
+TEST_F(ProjectCommand, setChangesOneField) {
     output({"project", "set", "Design", "rate", "80"});
     output({"project", "set", "Design", "budget", "40,"});
     output({"project", "set", "Design", "color", "#40D19E"});
@@ -89,7 +89,7 @@ TEST_F(ProjectCommand, SetChangesOneField) {
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
-TEST_F(ProjectCommand, TheClientTellsProjectsOfOneNameApart) {
+TEST_F(ProjectCommand, theClientTellsProjectsOfOneNameApart) {
     output({"project", "set", "Website", "rate", "80", "--client", "globex"});
     EXPECT_EQ(otherWebsite_->rateOverrideCents.get(), 8000);
     EXPECT_FALSE(website_->rateOverrideCents.get());
@@ -100,7 +100,7 @@ TEST_F(ProjectCommand, TheClientTellsProjectsOfOneNameApart) {
     EXPECT_TRUE(otherWebsite_->isDeleted());
 }
 
-TEST_F(ProjectCommand, AProjectWithInvoicedTimeStaysWithItsClient) {
+TEST_F(ProjectCommand, aProjectWithInvoicedTimeStaysWithItsClient) {
     output({"project", "set", "Design", "client", "Globex"});
     EXPECT_EQ(design_->client.get(), globex_);
     addEntry(website_, "2026-03-30T09:00+02:00", 60);
@@ -109,7 +109,7 @@ TEST_F(ProjectCommand, AProjectWithInvoicedTimeStaysWithItsClient) {
                   "Projects with invoiced time stay with their client.");
 }
 
-TEST_F(ProjectCommand, DeleteTakesTheTimeAlong) {
+TEST_F(ProjectCommand, deleteTakesTheTimeAlong) {
     addEntry(design_, "2026-03-30T09:00+02:00", 60);
     timer_.start(design_);
     EXPECT_EQ(output({"project", "delete", "design"}),
@@ -118,7 +118,7 @@ TEST_F(ProjectCommand, DeleteTakesTheTimeAlong) {
     EXPECT_FALSE(timer_.running());
 }
 
-TEST_F(ProjectCommand, DeleteArchivesAProjectWithInvoicedTime) {
+TEST_F(ProjectCommand, deleteArchivesAProjectWithInvoicedTime) {
     addEntry(design_, "2026-03-30T09:00+02:00", 60);
     billMarch();
     EXPECT_EQ(output({"project", "delete", "Design"}),

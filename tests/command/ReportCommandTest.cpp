@@ -34,7 +34,7 @@ class ReportCommand : public test::CommandTest {
     Ref<TimeEntry> first_, second_;
 };
 
-TEST_F(ReportCommand, TellsThePeriodTheEntriesTheDaysAndTheStatistics) {
+TEST_F(ReportCommand, tellsThePeriodTheEntriesTheDaysAndTheStatistics) {
     addTime();
     const auto report = json({"report"});
     EXPECT_THAT(keys(report), ElementsAre("period", "entries", "days", "statistics"));
@@ -70,7 +70,7 @@ TEST_F(ReportCommand, TellsThePeriodTheEntriesTheDaysAndTheStatistics) {
     EXPECT_EQ(statistics["billableCents"].GetInt(), 25000);
 }
 
-TEST_F(ReportCommand, OfARunningEntryHasNoEndAndCountsUpToNow) {
+TEST_F(ReportCommand, ofARunningEntryHasNoEndAndCountsUpToNow) {
     timer_.start(design_);
     now_ += std::chrono::minutes(30);
     const auto report = json({"report", "--period", "today"});
@@ -80,7 +80,7 @@ TEST_F(ReportCommand, OfARunningEntryHasNoEndAndCountsUpToNow) {
     EXPECT_THAT(output({"report", "--period", "today"}), HasSubstr("now"));
 }
 
-TEST_F(ReportCommand, OfABilledEntryNamesItsInvoice) {
+TEST_F(ReportCommand, ofABilledEntryNamesItsInvoice) {
     addTime();
     const std::string number = billMarch();
     const auto report = json({"report"});
@@ -88,7 +88,7 @@ TEST_F(ReportCommand, OfABilledEntryNamesItsInvoice) {
     EXPECT_EQ(report["statistics"]["unbilledSeconds"].GetInt(), 1800);
 }
 
-TEST_F(ReportCommand, OfSeveralCurrenciesLeavesTheAmountsOut) {
+TEST_F(ReportCommand, ofSeveralCurrenciesLeavesTheAmountsOut) {
     globex_->currencyCode = "EUR";
     addTime();
     EXPECT_THAT(keys(json({"report"})["statistics"]),
@@ -96,7 +96,7 @@ TEST_F(ReportCommand, OfSeveralCurrenciesLeavesTheAmountsOut) {
     EXPECT_THAT(output({"report"}), HasSubstr("Billable Mixed"));
 }
 
-TEST_F(ReportCommand, OptionsChooseTheEntries) {
+TEST_F(ReportCommand, optionsChooseTheEntries) {
     addTime();
     EXPECT_THAT(notes({}), ElementsAre("Over midnight", "", "Long ago"));
     EXPECT_THAT(notes({"--client", "acme co"}), ElementsAre("Over midnight", "Long ago"));
@@ -107,7 +107,7 @@ TEST_F(ReportCommand, OptionsChooseTheEntries) {
     EXPECT_THAT(notes({"--unbilled"}), ElementsAre("", "Long ago"));
 }
 
-TEST_F(ReportCommand, OfDaysTakesTheWholeLastDay) {
+TEST_F(ReportCommand, ofDaysTakesTheWholeLastDay) {
     addTime();
     const auto report = json({"report", "--from", "2026-03-30", "--through", "2026-03-30"});
     EXPECT_STREQ(report["period"]["start"].GetString(), "2026-03-29T22:00:00Z");
@@ -117,7 +117,7 @@ TEST_F(ReportCommand, OfDaysTakesTheWholeLastDay) {
     EXPECT_EQ(report["entries"][0]["seconds"].GetInt(), 7200);
 }
 
-TEST_F(ReportCommand, OfNothingSaysSo) {
+TEST_F(ReportCommand, ofNothingSaysSo) {
     EXPECT_THAT(output({"report"}), HasSubstr("No time matches this period and filter.\n"));
     const auto report = json({"report"});
     EXPECT_EQ(report["entries"].Size(), 0U);
@@ -125,7 +125,7 @@ TEST_F(ReportCommand, OfNothingSaysSo) {
     EXPECT_STREQ(report["statistics"]["currencyCode"].GetString(), "USD");
 }
 
-TEST_F(ReportCommand, AsTextHasALineForEachEntryUnderItsDay) {
+TEST_F(ReportCommand, asTextHasALineForEachEntryUnderItsDay) {
     addTime();
     const auto text = output({"report"});
     EXPECT_THAT(text, HasSubstr("Tuesday, Mar 31, 2026  1:00\n"));
@@ -134,7 +134,7 @@ TEST_F(ReportCommand, AsTextHasALineForEachEntryUnderItsDay) {
                                         "(2:30)\n"));
 }
 
-TEST_F(ReportCommand, OfAnUnknownClientProjectOrPeriodIsRefused) {
+TEST_F(ReportCommand, ofAnUnknownClientProjectOrPeriodIsRefused) {
     expectRefusal({"report", "--client", "acme"}, 1,
                   "There is no client “acme”. Candidates: Acme Co.");
     expectUsageError({"report", "--period", "Someday"}, "is no period");

@@ -28,7 +28,7 @@ struct TimeRow {
 
 class TimeArgumentRows : public TimeArguments, public testing::WithParamInterface<TimeRow> {};
 
-TEST_P(TimeArgumentRows, IsReadOrRefusedAsWrongUsage) {
+TEST_P(TimeArgumentRows, isReadOrRefusedAsWrongUsage) {
     const auto& row = GetParam();
     if (row.instant) {
         EXPECT_EQ(iso(parseTime(row.text, environment_)), iso(at(row.instant)));
@@ -72,40 +72,40 @@ INSTANTIATE_TEST_SUITE_P(
         TimeRow{"Afternoon", "2:30PM", nullptr}),
     rowName);
 
-TEST_F(TimeArguments, TodayIsTheDayInTheZoneOfTheUser) {
+TEST_F(TimeArguments, todayIsTheDayInTheZoneOfTheUser) {
     now_ = at("2026-03-30T23:30Z");  // already the 31st in Berlin
     EXPECT_EQ(parseTime("01:00", environment_), at("2026-03-31T01:00+02:00"));
 }
 
-TEST_F(TimeArguments, ADayBeginsAtItsLocalMidnight) {
+TEST_F(TimeArguments, aDayBeginsAtItsLocalMidnight) {
     EXPECT_EQ(parseDay("2026-03-29", environment_), at("2026-03-29T00:00+01:00"));
     for (const char* text : {"", "29.03.2026", "2026-3-29", "2026-02-29", "2026-03-29T00:00"})
         EXPECT_THROW((void)parseDay(text, environment_), CommandError) << text;
 }
 
-TEST_F(TimeArguments, ADayThatBeginsBeforeAnyThatCanBeStoredIsNoDay) {
+TEST_F(TimeArguments, aDayThatBeginsBeforeAnyThatCanBeStoredIsNoDay) {
     EXPECT_THROW((void)parseDay("0000-01-01", environment_), CommandError);
     environment_.calendar = Calendar(Locale("en_US"), "America/New_York");
     EXPECT_THROW((void)parseTime("9999-12-31T23:59", environment_), CommandError);
 }
 
-TEST_F(TimeArguments, ADayThatTheZoneSkippedIsNoDay) {
+TEST_F(TimeArguments, aDayThatTheZoneSkippedIsNoDay) {
     environment_.calendar = Calendar(Locale("en_US"), "Pacific/Apia");
     EXPECT_THROW((void)parseDay("2011-12-30", environment_), CommandError);
 }
 
-TEST_F(TimeArguments, DaysAreGregorianWhateverTheCalendarOfTheUser) {
+TEST_F(TimeArguments, daysAreGregorianWhateverTheCalendarOfTheUser) {
     environment_.calendar = Calendar(Locale("th_TH"), "Europe/Berlin");
     EXPECT_EQ(parseDay("2026-03-01", environment_), at("2026-03-01T00:00+01:00"));
 }
 
-TEST_F(TimeArguments, APeriodIsNamedWithoutRegardToCase) {
+TEST_F(TimeArguments, aPeriodIsNamedWithoutRegardToCase) {
     const DateInterval february{at("2026-02-01T00:00+01:00"), at("2026-03-01T00:00+01:00")};
     for (const char* name : {"Last Month", "last month", "LAST MONTH"})
         EXPECT_EQ((PeriodArguments{name, "", ""}.interval(environment_)), february) << name;
 }
 
-TEST_F(TimeArguments, APeriodOfDaysHoldsBothOfThemInEitherOrder) {
+TEST_F(TimeArguments, aPeriodOfDaysHoldsBothOfThemInEitherOrder) {
     const DateInterval march{at("2026-03-01T00:00+01:00"), at("2026-04-01T00:00+02:00")};
     EXPECT_EQ((PeriodArguments{"", "2026-03-01", "2026-03-31"}.interval(environment_)), march);
     EXPECT_EQ((PeriodArguments{"", "2026-03-31", "2026-03-01"}.interval(environment_)), march);

@@ -16,14 +16,14 @@ using namespace std::chrono_literals;
 
 class TimerCommands : public test::CommandTest {};
 
-TEST_F(TimerCommands, StatusOfNothing) {
+TEST_F(TimerCommands, statusOfNothing) {
     EXPECT_EQ(output({"status"}), "Nothing is running.\nToday 0:00 · This week 0:00\n");
     const auto status = json({"status"});
     EXPECT_THAT(keys(status), ElementsAre("todaySeconds", "thisWeekSeconds"));
     EXPECT_EQ(status["todaySeconds"].GetInt(), 0);
 }
 
-TEST_F(TimerCommands, StatusOfARunningTimer) {
+TEST_F(TimerCommands, statusOfARunningTimer) {
     addEntry(design_, "2026-03-30T09:00+02:00", 60);
     timer_.start(design_, "Logo");
     now_ += 65min + 9s;
@@ -45,7 +45,7 @@ TEST_F(TimerCommands, StatusOfARunningTimer) {
         "1:05:09  Design — Acme Co\nSince 12:00\u202FPM · Logo\nToday 1:05 · This week 2:05\n");
 }
 
-TEST_F(TimerCommands, StatusCountsTheDayOfWhoeverAsks) {
+TEST_F(TimerCommands, statusCountsTheDayOfWhoeverAsks) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);  // yesterday evening in Honolulu
     EXPECT_EQ(json({"status"})["todaySeconds"].GetInt(), 3600);
     EXPECT_THAT(output({"status"}), testing::HasSubstr("Today 1:00 · This week 1:00"));
@@ -53,14 +53,14 @@ TEST_F(TimerCommands, StatusCountsTheDayOfWhoeverAsks) {
 
 // --- start -------------------------------------------------------------------------------------
 
-TEST_F(TimerCommands, StartFindsTheProjectWithoutRegardToCase) {
+TEST_F(TimerCommands, startFindsTheProjectWithoutRegardToCase) {
     EXPECT_EQ(output({"start", "DESIGN", "--notes", "Logo"}), "Tracking Design — Acme Co.\n");
     ASSERT_TRUE(timer_.running());
     EXPECT_EQ(timer_.running()->project.get(), design_);
     EXPECT_EQ(timer_.running()->notes.get(), "Logo");
 }
 
-TEST_F(TimerCommands, StartClosesWhatRuns) {
+TEST_F(TimerCommands, startClosesWhatRuns) {
     timer_.start(design_);
     const auto first = timer_.running();
     now_ += 10min;
@@ -69,14 +69,14 @@ TEST_F(TimerCommands, StartClosesWhatRuns) {
     EXPECT_EQ(first->end.get(), now_);
 }
 
-TEST_F(TimerCommands, ANameOfSeveralProjectsIsRefusedWithTheCandidates) {
+TEST_F(TimerCommands, aNameOfSeveralProjectsIsRefusedWithTheCandidates) {
     expectRefusal({"start", "website"}, 1,
                   "There are 2 projects “website”: Website — Acme Co, Website — Globex. Name the "
                   "client with --client.");
     EXPECT_FALSE(timer_.running());
 }
 
-TEST_F(TimerCommands, NamesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
+TEST_F(TimerCommands, namesAndNumbersAreFoundHoweverTheirCharactersAreComposed) {
     const auto cafe = library_.addClient("Caf\u00e9");
     library_.addProject("R\u00e9sum\u00e9", cafe);
     library_.addInvoice("\u00c9-1", cafe);
@@ -86,7 +86,7 @@ TEST_F(TimerCommands, NamesAndNumbersAreFoundHoweverTheirCharactersAreComposed) 
     EXPECT_THAT(output({"invoice", "show", "E\u0301-1"}), testing::HasSubstr("\u00c9-1"));
 }
 
-TEST_F(TimerCommands, AnUnknownNameIsRefusedWithTheCandidates) {
+TEST_F(TimerCommands, anUnknownNameIsRefusedWithTheCandidates) {
     expectRefusal({"start", "Web"}, 1,
                   "There is no project “Web”. Candidates: Website — Acme Co, Website — Globex.");
     expectRefusal({"start", "Nothing like it"}, 1,
@@ -96,14 +96,14 @@ TEST_F(TimerCommands, AnUnknownNameIsRefusedWithTheCandidates) {
                   "There is no client “acme”. Candidates: Acme Co.");
 }
 
-TEST_F(TimerCommands, AtMostEightCandidatesAreNamed) {
+TEST_F(TimerCommands, atMostEightCandidatesAreNamed) {
     for (int i = 1; i <= 8; ++i) library_.addProject("P" + std::to_string(i), globex_);
     library_.context().save();
     EXPECT_THAT(run({"start", "zzz"}).errors, testing::EndsWith("P6 — Globex, P7 — Globex and 3 "
                                                                 "more.\n"));
 }
 
-TEST_F(TimerCommands, ATimerThatIsNotOnDiskIsNoSuccess) {
+TEST_F(TimerCommands, aTimerThatIsNotOnDiskIsNoSuccess) {
     const test::FileSizeLimit fullDisk(0);
     const auto result = run({"start", "Design"});
     EXPECT_EQ(result.exitStatus, 1);
@@ -113,12 +113,12 @@ TEST_F(TimerCommands, ATimerThatIsNotOnDiskIsNoSuccess) {
 
 // --- stop and continue -------------------------------------------------------------------------
 
-TEST_F(TimerCommands, StopWithNothingRunningIsFine) {
+TEST_F(TimerCommands, stopWithNothingRunningIsFine) {
     EXPECT_EQ(output({"stop"}), "Nothing is running.\n");
     EXPECT_EQ(output({"stop", "--at", "09:00"}), "Nothing is running.\n");
 }
 
-TEST_F(TimerCommands, StopEndsTheEntry) {
+TEST_F(TimerCommands, stopEndsTheEntry) {
     timer_.start(design_);
     const auto entry = timer_.running();
     now_ += 3909s;
@@ -127,14 +127,14 @@ TEST_F(TimerCommands, StopEndsTheEntry) {
     EXPECT_FALSE(timer_.running());
 }
 
-TEST_F(TimerCommands, StopWithinASecondKeepsNothing) {
+TEST_F(TimerCommands, stopWithinASecondKeepsNothing) {
     timer_.start(design_);
     EXPECT_EQ(output({"stop"}),
               "Stopped Design — Acme Co. It ran for less than a second, so nothing was kept.\n");
     EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 0U);
 }
 
-TEST_F(TimerCommands, StopAtAnEarlierTime) {
+TEST_F(TimerCommands, stopAtAnEarlierTime) {
     timer_.start(design_);
     const auto entry = timer_.running();
     now_ += 3h;
@@ -142,28 +142,28 @@ TEST_F(TimerCommands, StopAtAnEarlierTime) {
     EXPECT_EQ(entry->end.get(), at("2026-03-31T13:30+02:00"));
 }
 
-TEST_F(TimerCommands, StopBeforeTheStartLeavesOneSecond) {
+TEST_F(TimerCommands, stopBeforeTheStartLeavesOneSecond) {
     timer_.start(design_);
     const auto entry = timer_.running();
     output({"stop", "--at", "2026-03-01T10:00"});
     EXPECT_EQ(entry->end.get(), now_ + 1s);
 }
 
-TEST_F(TimerCommands, StopInTheFutureIsRefused) {
+TEST_F(TimerCommands, stopInTheFutureIsRefused) {
     timer_.start(design_);
     expectRefusal({"stop", "--at", "12:01"}, 1,
                   "The timer can't be stopped at a time in the future.");
     EXPECT_TRUE(timer_.running());
 }
 
-TEST_F(TimerCommands, ContinueTakesUpWhatEndedLast) {
+TEST_F(TimerCommands, continueTakesUpWhatEndedLast) {
     addEntry(design_, "2026-03-30T09:00+02:00", 60, "Logo");
     EXPECT_EQ(output({"continue"}), "Tracking Design — Acme Co.\n");
     EXPECT_EQ(timer_.running()->notes.get(), "Logo");
     EXPECT_EQ(timer_.running()->start.get(), now_);
 }
 
-TEST_F(TimerCommands, ContinueSaysWhatRunsAndLeavesItRunning) {
+TEST_F(TimerCommands, continueSaysWhatRunsAndLeavesItRunning) {
     addEntry(design_, "2026-03-30T09:00+02:00", 60, "Logo");
     timer_.start(design_, "Sketches");
     const auto running = timer_.running();
@@ -175,7 +175,7 @@ TEST_F(TimerCommands, ContinueSaysWhatRunsAndLeavesItRunning) {
     EXPECT_EQ(output({"continue"}), "Already tracking No project.\n");
 }
 
-TEST_F(TimerCommands, ContinueWithNothingToContinueIsRefused) {
+TEST_F(TimerCommands, continueWithNothingToContinueIsRefused) {
     expectRefusal({"continue"}, 1, "There is no entry to continue.");
     design_->isArchived = true;
     addEntry(design_, "2026-03-30T09:00+02:00", 60);
@@ -184,7 +184,7 @@ TEST_F(TimerCommands, ContinueWithNothingToContinueIsRefused) {
 
 // --- log ---------------------------------------------------------------------------------------
 
-TEST_F(TimerCommands, LogAddsAFinishedEntry) {
+TEST_F(TimerCommands, logAddsAFinishedEntry) {
     const auto entry =
         json({"log", "design", "--from", "09:00", "--to", "10:30", "--notes", "Logo"});
     EXPECT_THAT(keys(entry),
@@ -195,12 +195,12 @@ TEST_F(TimerCommands, LogAddsAFinishedEntry) {
     EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
 }
 
-TEST_F(TimerCommands, LogSaysHowLong) {
+TEST_F(TimerCommands, logSaysHowLong) {
     EXPECT_EQ(output({"log", "Design", "--from", "09:00", "--to", "10:30"}),
               "Logged 1:30 on Design — Acme Co.\n");
 }
 
-TEST_F(TimerCommands, LogFollowsTheRulesOfTheEntryForm) {
+TEST_F(TimerCommands, logFollowsTheRulesOfTheEntryForm) {
     expectRefusal({"log", "Design", "--from", "10:00", "--to", "10:00"}, 1,
                   "End must be after start.");
     expectRefusal({"log", "Design", "--from", "12:01", "--to", "13:00"}, 1,
@@ -208,7 +208,7 @@ TEST_F(TimerCommands, LogFollowsTheRulesOfTheEntryForm) {
     output({"log", "Design", "--from", "12:00", "--to", "13:00"});  // it may end in the future
 }
 
-TEST_F(TimerCommands, LogIsNotForArchivedProjects) {
+TEST_F(TimerCommands, logIsNotForArchivedProjects) {
     output({"project", "archive", "Design"});
     expectRefusal({"log", "Design", "--from", "09:00", "--to", "10:00"}, 1,
                   "“Design — Acme Co” is archived. Unarchive it to log time on it.");

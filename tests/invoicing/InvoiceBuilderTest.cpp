@@ -59,7 +59,7 @@ class InvoiceBuilderTest : public testing::Test {
 
 // --- which entries -----------------------------------------------------------------------------
 
-TEST_F(InvoiceBuilderTest, ThePeriodHoldsItsStartButNotItsEnd) {
+TEST_F(InvoiceBuilderTest, thePeriodHoldsItsStartButNotItsEnd) {
     const auto first = addHour("2026-03-01T00:00-05:00");
     const auto last = addHour("2026-03-31T23:59:59-04:00");
     addHour("2026-04-01T00:00-04:00");
@@ -67,12 +67,12 @@ TEST_F(InvoiceBuilderTest, ThePeriodHoldsItsStartButNotItsEnd) {
     EXPECT_THAT(unbilled(), ElementsAre(first, last));
 }
 
-TEST_F(InvoiceBuilderTest, AnEntryThatEndsAfterThePeriodBelongsToItWhole) {
+TEST_F(InvoiceBuilderTest, anEntryThatEndsAfterThePeriodBelongsToItWhole) {
     const auto overnight = addHour("2026-03-31T23:30-04:00");
     EXPECT_THAT(unbilled(), ElementsAre(overnight));
 }
 
-TEST_F(InvoiceBuilderTest, EntriesComeInTheOrderOfTheirStart) {
+TEST_F(InvoiceBuilderTest, entriesComeInTheOrderOfTheirStart) {
     const auto second = addHour("2026-03-03T09:00Z");
     const auto first = addHour("2026-03-02T09:00Z");
     EXPECT_THAT(unbilled(), ElementsAre(first, second));
@@ -80,13 +80,13 @@ TEST_F(InvoiceBuilderTest, EntriesComeInTheOrderOfTheirStart) {
     EXPECT_THAT(unbilled(), ElementsAre(first, second));
 }
 
-TEST_F(InvoiceBuilderTest, RunningAndBilledEntriesAreLeftOut) {
+TEST_F(InvoiceBuilderTest, runningAndBilledEntriesAreLeftOut) {
     library_.addEntry(website_, at("2026-03-02T09:00Z"), std::nullopt);
     addHour("2026-03-02T11:00Z")->invoice = library_.addInvoice("A", client_);
     EXPECT_THAT(unbilled(), IsEmpty());
 }
 
-TEST_F(InvoiceBuilderTest, EntriesOfOthersAndOfNobodyAreLeftOut) {
+TEST_F(InvoiceBuilderTest, entriesOfOthersAndOfNobodyAreLeftOut) {
     addHour("2026-03-02T09:00Z", library_.addProject("Other", library_.addClient("Globex")));
     addHour("2026-03-02T11:00Z", library_.addProject("Loose", nullptr));
     addHour("2026-03-02T13:00Z", nullptr);
@@ -94,7 +94,7 @@ TEST_F(InvoiceBuilderTest, EntriesOfOthersAndOfNobodyAreLeftOut) {
     EXPECT_EQ(errorOf([&] { create(); }), BuildError::Code::noEntries);
 }
 
-TEST_F(InvoiceBuilderTest, ArchivedProjectsAreBilledToo) {
+TEST_F(InvoiceBuilderTest, archivedProjectsAreBilledToo) {
     website_->isArchived = true;
     addHour("2026-03-02T09:00Z");
     EXPECT_EQ(unbilled().size(), 1U);
@@ -102,7 +102,7 @@ TEST_F(InvoiceBuilderTest, ArchivedProjectsAreBilledToo) {
 
 // --- what an invoice freezes -------------------------------------------------------------------
 
-TEST_F(InvoiceBuilderTest, AnInvoiceIsADraftWithThePeriodAsGiven) {
+TEST_F(InvoiceBuilderTest, anInvoiceIsADraftWithThePeriodAsGiven) {
     addHour("2026-03-02T09:00Z");
     const auto invoice = create(825);
     EXPECT_EQ(invoice->number.get(), "INV-2026-001");
@@ -117,7 +117,7 @@ TEST_F(InvoiceBuilderTest, AnInvoiceIsADraftWithThePeriodAsGiven) {
     EXPECT_TRUE(invoice->showsEntryDetails);
 }
 
-TEST_F(InvoiceBuilderTest, AnInvoiceIsOnDisk) {
+TEST_F(InvoiceBuilderTest, anInvoiceIsOnDisk) {
     addHour("2026-03-02T09:00Z");
     const auto id = create()->id();
     library_.reopen();
@@ -127,7 +127,7 @@ TEST_F(InvoiceBuilderTest, AnInvoiceIsOnDisk) {
     EXPECT_EQ(invoice->entries()[0]->billedRateCents.get(), 10000);
 }
 
-TEST_F(InvoiceBuilderTest, RoundingAndCurrencyAreFrozen) {
+TEST_F(InvoiceBuilderTest, roundingAndCurrencyAreFrozen) {
     profile_.roundingMinutes = 15;
     client_->currencyCode = "EUR";
     addHour("2026-03-02T09:00Z");
@@ -138,7 +138,7 @@ TEST_F(InvoiceBuilderTest, RoundingAndCurrencyAreFrozen) {
     EXPECT_EQ(invoice->effectiveCurrencyCode(), "EUR");
 }
 
-TEST_F(InvoiceBuilderTest, TheRateOfTheMomentIsFrozenOverAnEarlierOne) {
+TEST_F(InvoiceBuilderTest, theRateOfTheMomentIsFrozenOverAnEarlierOne) {
     const auto app = library_.addProject("App", client_);
     app->rateOverrideCents = 0;
     const auto plain = addHour("2026-03-02T09:00Z");
@@ -152,7 +152,7 @@ TEST_F(InvoiceBuilderTest, TheRateOfTheMomentIsFrozenOverAnEarlierOne) {
     EXPECT_EQ(overridden->billedRateCents.get(), 0) << "an override of nothing stands";
 }
 
-TEST_F(InvoiceBuilderTest, TheSnapshotHoldsTheProfileWithTheNumberingOfTheInvoice) {
+TEST_F(InvoiceBuilderTest, theSnapshotHoldsTheProfileWithTheNumberingOfTheInvoice) {
     profile_.name = "Ada";
     profile_.nextInvoiceNumber = 7;
     library_.addInvoice("INV-2026-007", client_);
@@ -166,26 +166,26 @@ TEST_F(InvoiceBuilderTest, TheSnapshotHoldsTheProfileWithTheNumberingOfTheInvoic
 
 // --- the due date ------------------------------------------------------------------------------
 
-TEST_F(InvoiceBuilderTest, AClientWithoutATermHasTheBusinessDefault) {
+TEST_F(InvoiceBuilderTest, aClientWithoutATermHasTheBusinessDefault) {
     profile_.defaultDueDays = 30;
     addHour("2026-03-02T09:00Z");
     EXPECT_EQ(create()->dueDate.get(), at("2026-05-02T10:00-04:00"));
 }
 
-TEST_F(InvoiceBuilderTest, ATermOfNoDaysIsDueOnTheDayOfIssue) {
+TEST_F(InvoiceBuilderTest, aTermOfNoDaysIsDueOnTheDayOfIssue) {
     client_->dueDays = 0;
     addHour("2026-03-02T09:00Z");
     EXPECT_EQ(create()->dueDate.get(), now_);
 }
 
-TEST_F(InvoiceBuilderTest, TheTermCountsCalendarDaysAcrossDaylightSaving) {
+TEST_F(InvoiceBuilderTest, theTermCountsCalendarDaysAcrossDaylightSaving) {
     now_ = at("2026-03-07T10:00-05:00");
     client_->dueDays = 1;
     addHour("2026-03-02T09:00Z");
     EXPECT_EQ(create()->dueDate.get(), at("2026-03-08T10:00-04:00"));
 }
 
-TEST_F(InvoiceBuilderTest, ATermThatNoCalendarReachesIsDueAtIssue) {
+TEST_F(InvoiceBuilderTest, aTermThatNoCalendarReachesIsDueAtIssue) {
     for (const std::int64_t days :
          {std::int64_t{1} << 40, std::int64_t{2'000'000'000}, std::int64_t{100'000'000},
           std::int64_t{3'000'000}, std::int64_t{-1'000'000}}) {
@@ -197,14 +197,14 @@ TEST_F(InvoiceBuilderTest, ATermThatNoCalendarReachesIsDueAtIssue) {
 
 // --- failures ----------------------------------------------------------------------------------
 
-TEST_F(InvoiceBuilderTest, NothingToBillChangesNothing) {
+TEST_F(InvoiceBuilderTest, nothingToBillChangesNothing) {
     const auto before = profile_;
     EXPECT_EQ(errorOf([&] { create(); }), BuildError::Code::noEntries);
     EXPECT_EQ(profile_, before);
     EXPECT_EQ(library_.context().fetchCount<Invoice>(), 0U);
 }
 
-TEST_F(InvoiceBuilderTest, AFailedSaveLeavesNoTraceButTheSkippedNumbers) {
+TEST_F(InvoiceBuilderTest, aFailedSaveLeavesNoTraceButTheSkippedNumbers) {
     profile_.nextInvoiceNumber = 5;
     library_.addInvoice("INV-2026-005", client_);
     const auto entry = addHour("2026-03-02T09:00Z");
@@ -222,7 +222,7 @@ TEST_F(InvoiceBuilderTest, AFailedSaveLeavesNoTraceButTheSkippedNumbers) {
     EXPECT_EQ(create()->number.get(), "INV-2026-006") << "it works again when there is room";
 }
 
-TEST_F(InvoiceBuilderTest, AFailedSaveKeepsWhatWaitedFromBefore) {
+TEST_F(InvoiceBuilderTest, aFailedSaveKeepsWhatWaitedFromBefore) {
     addHour("2026-03-02T09:00Z");
     library_.context().save();
     const FileSizeLimit fullDisk(0);
@@ -233,7 +233,7 @@ TEST_F(InvoiceBuilderTest, AFailedSaveKeepsWhatWaitedFromBefore) {
     EXPECT_TRUE(library_.context().hasChanges());
 }
 
-TEST_F(InvoiceBuilderTest, ErrorsSayWhatToTellThePerson) {
+TEST_F(InvoiceBuilderTest, errorsSayWhatToTellThePerson) {
     using Code = BuildError::Code;
     EXPECT_STREQ(BuildError(Code::noEntries).what(),
                  "There are no unbilled, finished entries for this client and range.");
@@ -245,7 +245,7 @@ TEST_F(InvoiceBuilderTest, ErrorsSayWhatToTellThePerson) {
 
 // --- deleting ----------------------------------------------------------------------------------
 
-TEST_F(InvoiceBuilderTest, DeletingSetsTheEntriesFreeToBeBilledUnderTheNextNumber) {
+TEST_F(InvoiceBuilderTest, deletingSetsTheEntriesFreeToBeBilledUnderTheNextNumber) {
     const auto entry = addHour("2026-03-02T09:00Z");
     const auto first = create();
     builder().deleteInvoice(first);
@@ -257,7 +257,7 @@ TEST_F(InvoiceBuilderTest, DeletingSetsTheEntriesFreeToBeBilledUnderTheNextNumbe
     EXPECT_EQ(entry->billedRateCents.get(), 20000);
 }
 
-TEST_F(InvoiceBuilderTest, InvoicesOfEveryStatusCanBeDeleted) {
+TEST_F(InvoiceBuilderTest, invoicesOfEveryStatusCanBeDeleted) {
     for (const auto status : {InvoiceStatus::draft, InvoiceStatus::sent, InvoiceStatus::paid}) {
         addHour("2026-03-02T09:00Z");
         const auto invoice = create();
@@ -269,7 +269,7 @@ TEST_F(InvoiceBuilderTest, InvoicesOfEveryStatusCanBeDeleted) {
     EXPECT_EQ(library_.context().fetchCount<Invoice>(), 0U);
 }
 
-TEST_F(InvoiceBuilderTest, ADeletionThatCannotBeSavedIsReported) {
+TEST_F(InvoiceBuilderTest, aDeletionThatCannotBeSavedIsReported) {
     addHour("2026-03-02T09:00Z");
     const auto invoice = create();
     const FileSizeLimit fullDisk(0);

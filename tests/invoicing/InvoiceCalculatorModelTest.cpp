@@ -157,7 +157,7 @@ class InvoiceCalculatorModel : public testing::TestWithParam<unsigned> {
                                           PersistentID::make(), PersistentID::make()};
 };
 
-TEST_P(InvoiceCalculatorModel, AgreesWithExactArithmetic) {
+TEST_P(InvoiceCalculatorModel, agreesWithExactArithmetic) {
     forInvoices(
         invoicesForTheModel, [](const RandomInvoice& invoice, const auto&, const Totals& totals) {
             const auto lines = modelLines(invoice);
@@ -180,7 +180,7 @@ TEST_P(InvoiceCalculatorModel, AgreesWithExactArithmetic) {
         });
 }
 
-TEST_P(InvoiceCalculatorModel, EachEntryStandsInOneLineInOrderOfItsStart) {
+TEST_P(InvoiceCalculatorModel, eachEntryStandsInOneLineInOrderOfItsStart) {
     forInvoices(invoicesForAProperty,
                 [](const RandomInvoice&, const std::vector<Item>& items, const Totals& totals) {
                     std::size_t count = 0;
@@ -193,7 +193,7 @@ TEST_P(InvoiceCalculatorModel, EachEntryStandsInOneLineInOrderOfItsStart) {
                 });
 }
 
-TEST_P(InvoiceCalculatorModel, TimeIsRoundedUpToWholeStepsPerEntry) {
+TEST_P(InvoiceCalculatorModel, timeIsRoundedUpToWholeStepsPerEntry) {
     forInvoices(invoicesForAProperty, [](const RandomInvoice& invoice, const auto& items,
                                          const Totals& totals) {
         const double step =
@@ -215,7 +215,7 @@ TEST_P(InvoiceCalculatorModel, TimeIsRoundedUpToWholeStepsPerEntry) {
     });
 }
 
-TEST_P(InvoiceCalculatorModel, TheOrderOfTheInputDoesNotMatter) {
+TEST_P(InvoiceCalculatorModel, theOrderOfTheInputDoesNotMatter) {
     forInvoices(invoicesForAProperty, [this](const RandomInvoice& invoice, std::vector<Item> items,
                                              const Totals& totals) {
         std::shuffle(items.begin(), items.end(), random_);
@@ -225,7 +225,7 @@ TEST_P(InvoiceCalculatorModel, TheOrderOfTheInputDoesNotMatter) {
     });
 }
 
-TEST_P(InvoiceCalculatorModel, TheSumsAddUp) {
+TEST_P(InvoiceCalculatorModel, theSumsAddUp) {
     forInvoices(invoicesForAProperty, [](const auto&, const auto&, const Totals& totals) {
         std::int64_t sum = 0;
         for (const auto& line : totals.lines) sum += line.amountCents;

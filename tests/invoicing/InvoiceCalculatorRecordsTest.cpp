@@ -38,7 +38,7 @@ class InvoiceCalculatorRecords : public testing::Test {
         library_.context(), [] { return at("2026-04-01T10:00Z"); }, {Locale("en_US"), "UTC"}};
 };
 
-TEST_F(InvoiceCalculatorRecords, RunningEntriesAndThoseWithoutAProjectAreNoItems) {
+TEST_F(InvoiceCalculatorRecords, runningEntriesAndThoseWithoutAProjectAreNoItems) {
     const auto billable = addEntry(website_, "2026-03-02T09:00Z", 1);
     const auto running = library_.addEntry(website_, at("2026-03-02T11:00Z"), std::nullopt);
     const auto loose = addEntry(nullptr, "2026-03-02T13:00Z", 1);
@@ -48,7 +48,7 @@ TEST_F(InvoiceCalculatorRecords, RunningEntriesAndThoseWithoutAProjectAreNoItems
     EXPECT_EQ(items[0].projectName, "Website");
 }
 
-TEST_F(InvoiceCalculatorRecords, ItemsKeepTheirOrderAndEntriesOfNoOrNegativeLength) {
+TEST_F(InvoiceCalculatorRecords, itemsKeepTheirOrderAndEntriesOfNoOrNegativeLength) {
     const auto empty = addEntry(website_, "2026-03-03T09:00Z", 0);
     const auto reversed = addEntry(app_, "2026-03-02T09:00Z", -1);
     const auto items = InvoiceCalculator::items({empty, reversed});
@@ -57,7 +57,7 @@ TEST_F(InvoiceCalculatorRecords, ItemsKeepTheirOrderAndEntriesOfNoOrNegativeLeng
     EXPECT_EQ(items[1].seconds, -3600);
 }
 
-TEST_F(InvoiceCalculatorRecords, AnItemHasTheRateOfItsEntryAndTheExactLength) {
+TEST_F(InvoiceCalculatorRecords, anItemHasTheRateOfItsEntryAndTheExactLength) {
     const auto entry = library_.addEntry(website_, at("2026-03-02T09:00Z"),
                                          at("2026-03-02T09:00Z") + std::chrono::milliseconds(1500));
     entry->notes = "Fix";
@@ -69,7 +69,7 @@ TEST_F(InvoiceCalculatorRecords, AnItemHasTheRateOfItsEntryAndTheExactLength) {
     EXPECT_EQ(item.notes, "Fix");
 }
 
-TEST_F(InvoiceCalculatorRecords, NoLaterChangeOfRatesRoundingOrTaxAltersAStoredInvoice) {
+TEST_F(InvoiceCalculatorRecords, noLaterChangeOfRatesRoundingOrTaxAltersAStoredInvoice) {
     app_->rateOverrideCents = 20000;
     addEntry(website_, "2026-03-02T09:00Z", 1.3);
     addEntry(app_, "2026-03-02T11:00Z", 1);
@@ -84,7 +84,7 @@ TEST_F(InvoiceCalculatorRecords, NoLaterChangeOfRatesRoundingOrTaxAltersAStoredI
     EXPECT_EQ(before.totalCents, 33000);
 }
 
-TEST_F(InvoiceCalculatorRecords, ANewNameOfAProjectChangesTheLineAndItsPlace) {
+TEST_F(InvoiceCalculatorRecords, aNewNameOfAProjectChangesTheLineAndItsPlace) {
     addEntry(website_, "2026-03-02T09:00Z", 1);
     addEntry(app_, "2026-03-02T11:00Z", 1);
     const auto invoice = createInvoice();
@@ -94,7 +94,7 @@ TEST_F(InvoiceCalculatorRecords, ANewNameOfAProjectChangesTheLineAndItsPlace) {
     EXPECT_EQ(totals(*invoice).lines[1].projectName, "Zebra");
 }
 
-TEST_F(InvoiceCalculatorRecords, AnEntryThatLosesItsProjectDropsOutOfTheTotal) {
+TEST_F(InvoiceCalculatorRecords, anEntryThatLosesItsProjectDropsOutOfTheTotal) {
     const auto entry = addEntry(website_, "2026-03-02T09:00Z", 1);
     addEntry(app_, "2026-03-02T11:00Z", 1);
     const auto invoice = createInvoice();
@@ -104,7 +104,7 @@ TEST_F(InvoiceCalculatorRecords, AnEntryThatLosesItsProjectDropsOutOfTheTotal) {
     EXPECT_EQ(totals(*invoice).lines.size(), 1U);
 }
 
-TEST_F(InvoiceCalculatorRecords, AStoredInvoiceUsesItsOwnRoundingAndTax) {
+TEST_F(InvoiceCalculatorRecords, aStoredInvoiceUsesItsOwnRoundingAndTax) {
     addEntry(website_, "2026-03-02T09:00Z", 1.01);
     const auto invoice = createInvoice();
     invoice->roundingMinutes = 15;
@@ -113,7 +113,7 @@ TEST_F(InvoiceCalculatorRecords, AStoredInvoiceUsesItsOwnRoundingAndTax) {
     EXPECT_EQ(totals(*invoice).taxCents, 1250);
 }
 
-TEST_F(InvoiceCalculatorRecords, FiguresThatDoNotFitAreAnErrorOfThatInvoice) {
+TEST_F(InvoiceCalculatorRecords, figuresThatDoNotFitAreAnErrorOfThatInvoice) {
     addEntry(website_, "2026-03-02T09:00Z", 1);
     const auto invoice = createInvoice();
     invoice->taxRateBasisPoints = std::numeric_limits<std::int64_t>::max();

@@ -52,7 +52,7 @@ struct RoundingRow {
 
 class InvoiceCalculatorRounding : public testing::TestWithParam<RoundingRow> {};
 
-TEST_P(InvoiceCalculatorRounding, IsToAWholeSecondAndThenUpToAWholeStep) {
+TEST_P(InvoiceCalculatorRounding, isToAWholeSecondAndThenUpToAWholeStep) {
     const auto& row = GetParam();
     EXPECT_EQ(InvoiceCalculator::roundedSeconds(row.seconds, row.step), row.rounded);
 }
@@ -82,7 +82,7 @@ struct AmountRow {
 
 class InvoiceCalculatorAmount : public testing::TestWithParam<AmountRow> {};
 
-TEST_P(InvoiceCalculatorAmount, IsHoursTimesRateRoundedOnce) {
+TEST_P(InvoiceCalculatorAmount, isHoursTimesRateRoundedOnce) {
     const auto& row = GetParam();
     EXPECT_EQ(InvoiceCalculator::amountCents(row.seconds, row.rateCents), row.cents);
 }
@@ -118,7 +118,7 @@ struct TaxRow {
 
 class InvoiceCalculatorTax : public testing::TestWithParam<TaxRow> {};
 
-TEST_P(InvoiceCalculatorTax, IsComputedOnceOnTheSubtotalAndHalvesGoUp) {
+TEST_P(InvoiceCalculatorTax, isComputedOnceOnTheSubtotalAndHalvesGoUp) {
     const auto& row = GetParam();
     const auto totals = calculate({item(3600, row.subtotalCents)}, 1, row.basisPoints);
     EXPECT_EQ(totals.subtotalCents, row.subtotalCents);
@@ -136,18 +136,18 @@ INSTANTIATE_TEST_SUITE_P(
                     TaxRow{"OfASubtotalBelowZero", -150, 5000, -74}),
     rowName);
 
-TEST(InvoiceCalculator, TaxIsNotRoundedPerLine) {
+TEST(InvoiceCalculator, taxIsNotRoundedPerLine) {
     const auto totals = calculate({item(3600, 1), item(3600, 1, app, "App")}, 1, 4000);
     EXPECT_EQ(totals.taxCents, 1) << "40% of one cent, twice, would be 0";
 }
 
 // --- invoices ----------------------------------------------------------------------------------
 
-TEST(InvoiceCalculator, NoItemsMakeNoLinesAndNoMoney) {
+TEST(InvoiceCalculator, noItemsMakeNoLinesAndNoMoney) {
     EXPECT_EQ(calculate({}, 6, 825), InvoiceCalculator::Totals{});
 }
 
-TEST(InvoiceCalculator, TwoEntriesInQuarterHoursWithTax) {
+TEST(InvoiceCalculator, twoEntriesInQuarterHoursWithTax) {
     const auto totals = calculate({item(20 * 60 + 10, 9000), item(60, 9000)}, 15, 825);
     ASSERT_EQ(totals.lines.size(), 1U);
     EXPECT_EQ(totals.lines[0].entries[0].seconds, 1800);
@@ -158,7 +158,7 @@ TEST(InvoiceCalculator, TwoEntriesInQuarterHoursWithTax) {
     EXPECT_EQ(totals.totalCents, 7307);
 }
 
-TEST(InvoiceCalculator, AnEntryBelowHalfASecondStaysInItsLine) {
+TEST(InvoiceCalculator, anEntryBelowHalfASecondStaysInItsLine) {
     const auto totals = calculate({item(0.4, 9000)}, 6, 0);
     ASSERT_EQ(totals.lines.size(), 1U);
     ASSERT_EQ(totals.lines[0].entries.size(), 1U);
@@ -166,7 +166,7 @@ TEST(InvoiceCalculator, AnEntryBelowHalfASecondStaysInItsLine) {
     EXPECT_EQ(totals.totalCents, 0);
 }
 
-TEST(InvoiceCalculator, ARoundingBelowOneMinuteIsOneMinute) {
+TEST(InvoiceCalculator, aRoundingBelowOneMinuteIsOneMinute) {
     const std::vector items{item(61, 9000), item(0.6, 9000)};
     const auto expected = calculate(items, 1, 825);
     EXPECT_EQ(expected.lines[0].seconds, 180);
@@ -174,14 +174,14 @@ TEST(InvoiceCalculator, ARoundingBelowOneMinuteIsOneMinute) {
         EXPECT_EQ(calculate(items, minutes, 825), expected) << minutes;
 }
 
-TEST(InvoiceCalculator, TwoRatesOfAProjectAreTwoLinesTheCheaperFirst) {
+TEST(InvoiceCalculator, twoRatesOfAProjectAreTwoLinesTheCheaperFirst) {
     const auto totals = calculate({item(3600, 12000), item(3600, 10000), item(3600, 12000)}, 6, 0);
     EXPECT_THAT(names(totals.lines), ElementsAre("Website", "Website"));
     EXPECT_THAT(rates(totals.lines), ElementsAre(10000, 12000));
     EXPECT_EQ(totals.lines[1].entries.size(), 2U);
 }
 
-TEST(InvoiceCalculator, TwoProjectsOfOneNameAndRateStayTwoLinesTheEarlierFirst) {
+TEST(InvoiceCalculator, twoProjectsOfOneNameAndRateStayTwoLinesTheEarlierFirst) {
     const auto late = item(3600, 9000, app, "Website", at("2026-03-03T09:00Z"));
     const auto early = item(7200, 9000, website, "Website", at("2026-03-02T09:00Z"));
     const auto totals = calculate({late, early}, 6, 0);
@@ -190,7 +190,7 @@ TEST(InvoiceCalculator, TwoProjectsOfOneNameAndRateStayTwoLinesTheEarlierFirst) 
     EXPECT_EQ(totals.lines[1].seconds, 3600);
 }
 
-TEST(InvoiceCalculator, ARateOfNothingGivesALineWithHoursAndNoAmount) {
+TEST(InvoiceCalculator, aRateOfNothingGivesALineWithHoursAndNoAmount) {
     const auto totals = calculate({item(5400, 0)}, 6, 1900);
     ASSERT_EQ(totals.lines.size(), 1U);
     EXPECT_EQ(totals.lines[0].seconds, 5400);
@@ -198,7 +198,7 @@ TEST(InvoiceCalculator, ARateOfNothingGivesALineWithHoursAndNoAmount) {
     EXPECT_EQ(totals.totalCents, 0);
 }
 
-TEST(InvoiceCalculator, LinesStandInTheNaturalOrderOfTheirNames) {
+TEST(InvoiceCalculator, linesStandInTheNaturalOrderOfTheirNames) {
     std::vector<Item> items;
     for (const char* name : {"Phase 10", "éclair", "Phase 2", "phase 1", "Zoo", "Eclair 2"})
         items.push_back(item(60, 100, PersistentID::make(), name));
@@ -206,13 +206,13 @@ TEST(InvoiceCalculator, LinesStandInTheNaturalOrderOfTheirNames) {
                 ElementsAre("éclair", "Eclair 2", "phase 1", "Phase 2", "Phase 10", "Zoo"));
 }
 
-TEST(InvoiceCalculator, AProjectThatWasRenamedBetweenEntriesIsOneLineByItsEarliestName) {
+TEST(InvoiceCalculator, aProjectThatWasRenamedBetweenEntriesIsOneLineByItsEarliestName) {
     const auto early = item(60, 9000, website, "Old", at("2026-03-02T09:00Z"));
     const auto late = item(60, 9000, website, "New", at("2026-03-03T09:00Z"));
     EXPECT_THAT(names(calculate({late, early}, 1, 0).lines), ElementsAre("Old"));
 }
 
-TEST(InvoiceCalculator, EntriesOfOneStartKeepTheirOrder) {
+TEST(InvoiceCalculator, entriesOfOneStartKeepTheirOrder) {
     auto first = item(60, 9000);
     first.notes = "first";
     auto second = item(60, 9000);
@@ -222,12 +222,12 @@ TEST(InvoiceCalculator, EntriesOfOneStartKeepTheirOrder) {
     EXPECT_EQ(totals.lines[0].entries[1].notes, "second");
 }
 
-TEST(InvoiceCalculator, TheSubtotalIsTheSumOfRoundedAmounts) {
+TEST(InvoiceCalculator, theSubtotalIsTheSumOfRoundedAmounts) {
     const auto totals = calculate({item(60, 30), item(60, 30, app, "App")}, 1, 0);
     EXPECT_EQ(totals.subtotalCents, 2) << "half a cent twice, each rounded up";
 }
 
-TEST(InvoiceCalculator, EntriesOfALineAreNotPricedOneByOne) {
+TEST(InvoiceCalculator, entriesOfALineAreNotPricedOneByOne) {
     EXPECT_EQ(calculate({item(60, 30), item(60, 30)}, 1, 0).subtotalCents, 1);
 }
 
@@ -244,7 +244,7 @@ std::string errorOf(const std::vector<Item>& items, std::int64_t rounding, std::
 
 constexpr const char* tooLarge = "The figures of this invoice are too large.";
 
-TEST(InvoiceCalculator, ASubtotalBeyond64BitsIsAnError) {
+TEST(InvoiceCalculator, aSubtotalBeyond64BitsIsAnError) {
     std::vector<Item> items;
     for (int i = 0; i < 1024; ++i) items.push_back(item(3600, largestRate, PersistentID::make()));
     EXPECT_EQ(errorOf(items, 1, 0), "");
@@ -252,24 +252,24 @@ TEST(InvoiceCalculator, ASubtotalBeyond64BitsIsAnError) {
     EXPECT_EQ(errorOf(items, 1, 0), tooLarge);
 }
 
-TEST(InvoiceCalculator, ATaxBeyond64BitsIsAnError) {
+TEST(InvoiceCalculator, aTaxBeyond64BitsIsAnError) {
     EXPECT_EQ(errorOf({item(3600, largestRate)}, 1, 10000), tooLarge);
     EXPECT_EQ(errorOf({item(3600, 100)}, 1, std::numeric_limits<std::int64_t>::max()), tooLarge);
     EXPECT_EQ(errorOf({item(3600, 100)}, 1, std::numeric_limits<std::int64_t>::min()), tooLarge);
 }
 
-TEST(InvoiceCalculator, ATotalBeyond64BitsIsAnError) {
+TEST(InvoiceCalculator, aTotalBeyond64BitsIsAnError) {
     std::vector<Item> items;
     for (int i = 0; i < 1000; ++i) items.push_back(item(3600, largestRate, PersistentID::make()));
     EXPECT_EQ(errorOf(items, 1, 1), "");
     EXPECT_EQ(errorOf(items, 1, 10), tooLarge);
 }
 
-TEST(InvoiceCalculator, ARoundingBeyond64BitsIsAnError) {
+TEST(InvoiceCalculator, aRoundingBeyond64BitsIsAnError) {
     EXPECT_EQ(errorOf({}, largestRate, 0), tooLarge);
 }
 
-TEST(InvoiceCalculator, FiguresOverManyClientsStayWithin64Bits) {
+TEST(InvoiceCalculator, figuresOverManyClientsStayWithin64Bits) {
     constexpr auto most = std::numeric_limits<std::int64_t>::max();
     constexpr auto least = std::numeric_limits<std::int64_t>::min();
     EXPECT_EQ(InvoiceCalculator::limitedSum(2, -3), -1);

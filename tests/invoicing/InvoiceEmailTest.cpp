@@ -19,7 +19,7 @@ InvoiceRenderModel plainModel() {
     return model;
 }
 
-TEST(InvoiceEmail, SaysNumberTotalDueDateAndHowToPay) {
+TEST(InvoiceEmail, saysNumberTotalDueDateAndHowToPay) {
     const test::BilledMarch march;
     const Locale american("en_US");
     const auto model = makeInvoiceRenderModel(*march.invoice, march.profile,
@@ -27,7 +27,7 @@ TEST(InvoiceEmail, SaysNumberTotalDueDateAndHowToPay) {
     test::expectGolden(emailText(model, "Northwind Traders"), "invoicing/Email.en_US.txt");
 }
 
-TEST(InvoiceEmail, LeavesOutWhatIsEmpty) {
+TEST(InvoiceEmail, leavesOutWhatIsEmpty) {
     EXPECT_EQ(emailText(plainModel(), ""),
               "Hi there,\n"
               "\n"
@@ -36,7 +36,7 @@ TEST(InvoiceEmail, LeavesOutWhatIsEmpty) {
               "Thank you!");
 }
 
-TEST(InvoiceEmail, ClosesWithTheNameOfTheBusiness) {
+TEST(InvoiceEmail, closesWithTheNameOfTheBusiness) {
     auto model = plainModel();
     model.business.name = "Ada";
     const std::string text = emailText(model, "Jo");
@@ -44,7 +44,7 @@ TEST(InvoiceEmail, ClosesWithTheNameOfTheBusiness) {
     EXPECT_EQ(text.substr(text.size() - 15), "\nThank you!\nAda");
 }
 
-TEST(InvoiceEmail, TakesThePaymentInstructionsAsTheyStand) {
+TEST(InvoiceEmail, takesThePaymentInstructionsAsTheyStand) {
     auto model = plainModel();
     model.paymentInstructions = " Bank A\nBank B ";
     EXPECT_NE(

@@ -35,7 +35,7 @@ class InvoiceFilesTest : public testing::Test {
     test::ScopedEnvironment data_{"XDG_DATA_HOME", folder_.path().string()};
 };
 
-TEST_F(InvoiceFilesTest, TheFolderIsMadeForTheUserAlone) {
+TEST_F(InvoiceFilesTest, theFolderIsMadeForTheUserAlone) {
     const auto folder = invoicesFolder();
     EXPECT_EQ(folder, folder_.path() / "Elmworth" / "Invoices");
     struct stat status {};
@@ -43,31 +43,31 @@ TEST_F(InvoiceFilesTest, TheFolderIsMadeForTheUserAlone) {
     EXPECT_EQ(status.st_mode & 0777, 0700);
 }
 
-TEST_F(InvoiceFilesTest, AFolderThatCannotBeMadeIsReported) {
+TEST_F(InvoiceFilesTest, aFolderThatCannotBeMadeIsReported) {
     writeAtomically(folder_.path() / "Elmworth", "a file in the way");
     EXPECT_THROW((void)invoicesFolder(), std::filesystem::filesystem_error);
     EXPECT_THROW((void)storedInvoiceFile("INV-2026-001"), std::filesystem::filesystem_error);
 }
 
-TEST_F(InvoiceFilesTest, SlashesAndColonsBecomeHyphens) {
+TEST_F(InvoiceFilesTest, slashesAndColonsBecomeHyphens) {
     EXPECT_EQ(safeFileName("2026/03:7"), "2026-03-7");
     EXPECT_EQ(safeFileName("//::"), "----");
     EXPECT_EQ(safeFileName("INV-2026-001"), "INV-2026-001");
     EXPECT_EQ(safeFileName(""), "");
 }
 
-TEST_F(InvoiceFilesTest, AnOrdinaryNumberIsItsFile) {
+TEST_F(InvoiceFilesTest, anOrdinaryNumberIsItsFile) {
     for (const std::string number : {"INV-2026-001", "Rechnung Nr. 7 (März)", "7", "a..b", "R~7"})
         EXPECT_EQ(storedInvoiceFile(number).filename(), number + ".pdf");
 }
 
-TEST_F(InvoiceFilesTest, AChangedNumberCanStillBeRead) {
+TEST_F(InvoiceFilesTest, aChangedNumberCanStillBeRead) {
     const std::string name = storedInvoiceFile("2026/03").filename();
     EXPECT_EQ(name.substr(0, 8), "2026-03~");
     EXPECT_EQ(name.size(), "2026-03~0123456789abcdef.pdf"s.size());
 }
 
-TEST_F(InvoiceFilesTest, TheFileOfANumberStaysTheSame) {
+TEST_F(InvoiceFilesTest, theFileOfANumberStaysTheSame) {
     EXPECT_EQ(storedInvoiceFile("2026/03").filename(), "2026-03~9fbcd78a7a7f27b8.pdf");
 }
 
@@ -107,11 +107,11 @@ std::vector<std::string> hostileNumbers() {
     };
 }
 
-TEST_F(InvoiceFilesTest, EachNumberIsStoredDirectlyInsideTheFolder) {
+TEST_F(InvoiceFilesTest, eachNumberIsStoredDirectlyInsideTheFolder) {
     for (const std::string& number : hostileNumbers()) expectStoredInsideTheFolder(number);
 }
 
-TEST_F(InvoiceFilesTest, NamesHoldNoControlCharactersAndAreUTF8) {
+TEST_F(InvoiceFilesTest, namesHoldNoControlCharactersAndAreUTF8) {
     for (const std::string& number : hostileNumbers()) {
         const std::string name = storedInvoiceFile(number).filename();
         EXPECT_EQ(validUTF8(name), name);
@@ -122,7 +122,7 @@ TEST_F(InvoiceFilesTest, NamesHoldNoControlCharactersAndAreUTF8) {
     }
 }
 
-TEST_F(InvoiceFilesTest, NoTwoNumbersShareAFile) {
+TEST_F(InvoiceFilesTest, noTwoNumbersShareAFile) {
     std::vector<std::string> numbers = hostileNumbers();
     std::mt19937_64 random(20260301);
     for (int i = 0; i < 2000; ++i) {

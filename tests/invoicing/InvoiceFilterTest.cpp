@@ -25,7 +25,7 @@ struct FilterRow {
 
 class InvoiceFilterTest : public testing::TestWithParam<FilterRow> {};
 
-TEST_P(InvoiceFilterTest, ShowsAnInvoiceByStatusAndDueDay) {
+TEST_P(InvoiceFilterTest, showsAnInvoiceByStatusAndDueDay) {
     const auto& row = GetParam();
     Invoice invoice("INV-2026-001");
     invoice.statusRaw = row.status;

@@ -162,7 +162,7 @@ class InvoiceLedger : public testing::TestWithParam<unsigned> {
         library_.context(), [] { return at("2026-04-01T10:00Z"); }, {Locale("en_US"), "UTC"}};
 };
 
-TEST_P(InvoiceLedger, BillsNoEntryTwiceAndGivesNoNumberTwice) {
+TEST_P(InvoiceLedger, billsNoEntryTwiceAndGivesNoNumberTwice) {
     profile_.nextInvoiceNumber = 99;
     for (int step = 0; step < stepsPerSeed && !HasFailure(); ++step) {
         takeStep();
@@ -170,7 +170,7 @@ TEST_P(InvoiceLedger, BillsNoEntryTwiceAndGivesNoNumberTwice) {
     }
 }
 
-TEST_P(InvoiceLedger, DeletingEveryInvoiceGivesEveryEntryBack) {
+TEST_P(InvoiceLedger, deletingEveryInvoiceGivesEveryEntryBack) {
     const auto before = billing();
     for (int i = 0; i < 10; ++i) createInvoice();
     ASSERT_NE(billing(), before);

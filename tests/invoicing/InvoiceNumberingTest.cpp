@@ -68,7 +68,7 @@ struct YearRow {
 class InvoiceNumberingYears : public InvoiceNumbering,
                               public testing::WithParamInterface<YearRow> {};
 
-TEST_P(InvoiceNumberingYears, RestartOnlyInANewYearWhenAskedTo) {
+TEST_P(InvoiceNumberingYears, restartOnlyInANewYearWhenAskedTo) {
     const auto& row = GetParam();
     profile_.resetNumberingYearly = row.reset;
     profile_.numberingYear = row.numberingYear;
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(, InvoiceNumberingYears,
                                          YearRow{"NewYearRunsOn", false, 2025, "INV-2026-042"}),
                          rowName);
 
-TEST_F(InvoiceNumbering, TheYearIsThatOfTheIssueDateInTheCalendar) {
+TEST_F(InvoiceNumbering, theYearIsThatOfTheIssueDateInTheCalendar) {
     zone_ = "Asia/Tokyo";
     now_ = at("2026-12-31T20:00Z");
     EXPECT_EQ(create()->number.get(), "INV-2027-001");
@@ -94,20 +94,20 @@ TEST_F(InvoiceNumbering, TheYearIsThatOfTheIssueDateInTheCalendar) {
 
 // --- taken numbers -----------------------------------------------------------------------------
 
-TEST_F(InvoiceNumbering, TheCounterGoesOnFromTheNumberGiven) {
+TEST_F(InvoiceNumbering, theCounterGoesOnFromTheNumberGiven) {
     EXPECT_EQ(create()->number.get(), "INV-2026-001");
     EXPECT_EQ(create()->number.get(), "INV-2026-002");
     EXPECT_EQ(profile_.nextInvoiceNumber, 3);
 }
 
-TEST_F(InvoiceNumbering, TakenNumbersAreSkipped) {
+TEST_F(InvoiceNumbering, takenNumbersAreSkipped) {
     take("INV-2026-001");
     take("INV-2026-002");
     EXPECT_EQ(create()->number.get(), "INV-2026-003");
     EXPECT_EQ(profile_.nextInvoiceNumber, 4);
 }
 
-TEST_F(InvoiceNumbering, ARestartThatMeetsATakenNumberGoesOnToAFreeOne) {
+TEST_F(InvoiceNumbering, aRestartThatMeetsATakenNumberGoesOnToAFreeOne) {
     profile_.resetNumberingYearly = true;
     profile_.numberingYear = 2025;
     profile_.nextInvoiceNumber = 9;
@@ -115,12 +115,12 @@ TEST_F(InvoiceNumbering, ARestartThatMeetsATakenNumberGoesOnToAFreeOne) {
     EXPECT_EQ(create()->number.get(), "INV-2026-002");
 }
 
-TEST_F(InvoiceNumbering, NumbersThatDifferInCaseAreNotTheSame) {
+TEST_F(InvoiceNumbering, numbersThatDifferInCaseAreNotTheSame) {
     take("inv-2026-001");
     EXPECT_EQ(create()->number.get(), "INV-2026-001");
 }
 
-TEST_F(InvoiceNumbering, TheLastNumberThereIsCanBeGivenOnce) {
+TEST_F(InvoiceNumbering, theLastNumberThereIsCanBeGivenOnce) {
     constexpr auto last = std::numeric_limits<std::int64_t>::max();
     profile_.nextInvoiceNumber = last;
     EXPECT_EQ(create()->number.get(), "INV-2026-" + std::to_string(last));
@@ -130,7 +130,7 @@ TEST_F(InvoiceNumbering, TheLastNumberThereIsCanBeGivenOnce) {
 
 // --- renumbering -------------------------------------------------------------------------------
 
-TEST_F(InvoiceNumbering, ADraftTakesAnotherNumberTrimmed) {
+TEST_F(InvoiceNumbering, aDraftTakesAnotherNumberTrimmed) {
     const auto invoice = storedInvoice("A-1");
     EXPECT_EQ(renumber(invoice, " \t2026/7\n"), std::nullopt);
     EXPECT_EQ(invoice->number.get(), "2026/7");
@@ -138,7 +138,7 @@ TEST_F(InvoiceNumbering, ADraftTakesAnotherNumberTrimmed) {
     EXPECT_EQ(library_.context().fetch<Invoice>().front()->number.get(), "2026/7");
 }
 
-TEST_F(InvoiceNumbering, ThePresentNumberAgainIsNotSaved) {
+TEST_F(InvoiceNumbering, thePresentNumberAgainIsNotSaved) {
     const auto invoice = storedInvoice("A-1");
     const test::FileSizeLimit fullDisk(0);
     client_->name = "Unsaved";
@@ -146,21 +146,21 @@ TEST_F(InvoiceNumbering, ThePresentNumberAgainIsNotSaved) {
     EXPECT_TRUE(library_.context().hasChanges());
 }
 
-TEST_F(InvoiceNumbering, AnotherInvoicesNumberIsRefused) {
+TEST_F(InvoiceNumbering, anotherInvoicesNumberIsRefused) {
     const auto invoice = storedInvoice("A-1");
     take("A-2");
     EXPECT_EQ(renumber(invoice, "A-2 "), Code::duplicateNumber);
     EXPECT_EQ(invoice->number.get(), "A-1");
 }
 
-TEST_F(InvoiceNumbering, AnotherInvoicesNumberInOtherCaseIsFree) {
+TEST_F(InvoiceNumbering, anotherInvoicesNumberInOtherCaseIsFree) {
     const auto invoice = storedInvoice("A-1");
     take("A-2");
     EXPECT_EQ(renumber(invoice, "a-2"), std::nullopt);
     EXPECT_EQ(renumber(invoice, "a-1"), std::nullopt);
 }
 
-TEST_F(InvoiceNumbering, NumbersAreEqualHoweverTheirCharactersAreComposed) {
+TEST_F(InvoiceNumbering, numbersAreEqualHoweverTheirCharactersAreComposed) {
     const auto invoice = storedInvoice("\u00c9-1");
     take("\u00c9-2");
     EXPECT_EQ(renumber(invoice, "E\u0301-2"), Code::duplicateNumber);
@@ -171,11 +171,11 @@ TEST_F(InvoiceNumbering, NumbersAreEqualHoweverTheirCharactersAreComposed) {
     EXPECT_EQ(create()->number.get(), "\u00c9-2026-002");
 }
 
-TEST_F(InvoiceNumbering, AnEmptyNumberIsRefused) {
+TEST_F(InvoiceNumbering, anEmptyNumberIsRefused) {
     EXPECT_EQ(renumber(storedInvoice("A-1"), " \n\t\u00A0"), Code::emptyNumber);
 }
 
-TEST_F(InvoiceNumbering, OnlyDraftsAreRenumberedWhateverIsTyped) {
+TEST_F(InvoiceNumbering, onlyDraftsAreRenumberedWhateverIsTyped) {
     const auto invoice = storedInvoice("A-1");
     for (const auto status : {InvoiceStatus::sent, InvoiceStatus::paid}) {
         invoice->setStatus(status, now_);
@@ -185,14 +185,14 @@ TEST_F(InvoiceNumbering, OnlyDraftsAreRenumberedWhateverIsTyped) {
     EXPECT_EQ(invoice->number.get(), "A-1");
 }
 
-TEST_F(InvoiceNumbering, AStatusThatNobodyKnowsIsADraft) {
+TEST_F(InvoiceNumbering, aStatusThatNobodyKnowsIsADraft) {
     const auto invoice = storedInvoice("A-1");
     invoice->statusRaw = "archived";
     EXPECT_EQ(renumber(invoice, "B-1"), std::nullopt);
     EXPECT_EQ(invoice->number.get(), "B-1");
 }
 
-TEST_F(InvoiceNumbering, RenumberingLeavesTheCounterAlone) {
+TEST_F(InvoiceNumbering, renumberingLeavesTheCounterAlone) {
     const auto invoice = create();
     EXPECT_EQ(renumber(invoice, "INV-2026-009"), std::nullopt);
     EXPECT_EQ(create()->number.get(), "INV-2026-002");

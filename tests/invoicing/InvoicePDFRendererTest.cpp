@@ -41,7 +41,7 @@ class InvoicePDFRendererTest : public testing::Test {
     std::filesystem::path file_ = folder_.path() / "invoice.pdf";
 };
 
-TEST_F(InvoicePDFRendererTest, PagesHaveThePapersSize) {
+TEST_F(InvoicePDFRendererTest, pagesHaveThePapersSize) {
     render(plainInvoice(13), PaperSize::letter);
     for (const auto& page : test::pdfPages(file_)) {
         EXPECT_EQ(page.width, 612);
@@ -54,7 +54,7 @@ TEST_F(InvoicePDFRendererTest, PagesHaveThePapersSize) {
     }
 }
 
-TEST_F(InvoicePDFRendererTest, FileTellsTitleAuthorAndCreator) {
+TEST_F(InvoicePDFRendererTest, fileTellsTitleAuthorAndCreator) {
     render(plainInvoice(1));
     EXPECT_EQ(test::pdfInfo(file_, "Title"), "Invoice INV-2026-014");
     EXPECT_EQ(test::pdfInfo(file_, "Author"), "Ada Byron Design");
@@ -62,7 +62,7 @@ TEST_F(InvoicePDFRendererTest, FileTellsTitleAuthorAndCreator) {
     EXPECT_THAT(test::pdfInfo(file_, "CreationDate"), Not(IsEmpty()));
 }
 
-TEST_F(InvoicePDFRendererTest, TitleAndAuthorHoldAnyLetters) {
+TEST_F(InvoicePDFRendererTest, titleAndAuthorHoldAnyLetters) {
     InvoiceRenderModel model = plainInvoice(1);
     model.number = "(a) 2026/14 \\ 請求書 ഊ";
     model.business.name = "株式会社 (デザイン) 🚀";
@@ -71,7 +71,7 @@ TEST_F(InvoicePDFRendererTest, TitleAndAuthorHoldAnyLetters) {
     EXPECT_EQ(test::pdfInfo(file_, "Author"), "株式会社 (デザイン) 🚀");
 }
 
-TEST_F(InvoicePDFRendererTest, FontsAreEmbeddedInPartWithTheirCharacters) {
+TEST_F(InvoicePDFRendererTest, fontsAreEmbeddedInPartWithTheirCharacters) {
     render(plainInvoice(5));
     const auto fonts = test::pdfFonts(file_);
     EXPECT_THAT(fonts, Not(IsEmpty()));
@@ -86,13 +86,13 @@ TEST_F(InvoicePDFRendererTest, FontsAreEmbeddedInPartWithTheirCharacters) {
     EXPECT_LT(std::filesystem::file_size(file_), 100'000U);
 }
 
-TEST_F(InvoicePDFRendererTest, TextStaysTextAndNotAnImage) {
+TEST_F(InvoicePDFRendererTest, textStaysTextAndNotAnImage) {
     render(plainInvoice(30));
     EXPECT_THAT(test::pdfImages(file_), IsEmpty());
     EXPECT_THAT(test::pdfPlainText(file_), HasSubstr("DESCRIPTION HOURS RATE AMOUNT"));
 }
 
-TEST_F(InvoicePDFRendererTest, LogoIsEmbeddedWithoutLoss) {
+TEST_F(InvoicePDFRendererTest, logoIsEmbeddedWithoutLoss) {
     InvoiceRenderModel model = plainInvoice(1);
     QImage logo(300, 100, QImage::Format_RGB32);
     logo.fill(Qt::red);
@@ -104,7 +104,7 @@ TEST_F(InvoicePDFRendererTest, LogoIsEmbeddedWithoutLoss) {
     EXPECT_THAT(images.front(), Not(HasSubstr("jpeg")));
 }
 
-TEST_F(InvoicePDFRendererTest, TextsAreNeverTakenForMarkup) {
+TEST_F(InvoicePDFRendererTest, textsAreNeverTakenForMarkup) {
     InvoiceRenderModel model = plainInvoice(0);
     model.business.name = "<b>x</b> &amp; &lt;";
     model.rows = {ProjectRow{"<i>y</i> &#65;", "1.00", "$1.00", "$1.00"},
@@ -117,7 +117,7 @@ TEST_F(InvoicePDFRendererTest, TextsAreNeverTakenForMarkup) {
     EXPECT_THAT(text, HasSubstr("<br>\n<p>para</p>"));
 }
 
-TEST_F(InvoicePDFRendererTest, TextsAreReadAsTheyWereWritten) {
+TEST_F(InvoicePDFRendererTest, textsAreReadAsTheyWereWritten) {
     InvoiceRenderModel model = plainInvoice(0);
     model.number = "2026/14";
     model.notes =
@@ -129,7 +129,7 @@ TEST_F(InvoicePDFRendererTest, TextsAreReadAsTheyWereWritten) {
     EXPECT_THAT(text, HasSubstr("VAT (8.25%)"));
 }
 
-TEST_F(InvoicePDFRendererTest, NamesInOtherScriptsAreDrawn) {
+TEST_F(InvoicePDFRendererTest, namesInOtherScriptsAreDrawn) {
     InvoiceRenderModel model = plainInvoice(0);
     model.business.name = "株式会社デザイン工房";
     model.billTo.name = "עברית";
@@ -140,14 +140,14 @@ TEST_F(InvoicePDFRendererTest, NamesInOtherScriptsAreDrawn) {
     EXPECT_THAT(text, HasSubstr("नया"));
 }
 
-TEST_F(InvoicePDFRendererTest, EmojiAreDrawnByAFontThatHasThem) {
+TEST_F(InvoicePDFRendererTest, emojiAreDrawnByAFontThatHasThem) {
     InvoiceRenderModel model = plainInvoice(0);
     model.business.name = "Studio 🎨";
     EXPECT_THAT(plainText(model), HasSubstr("Studio"));
     EXPECT_THAT(test::pdfFonts(file_), testing::Contains(HasSubstr("Symbola")));
 }
 
-TEST_F(InvoicePDFRendererTest, EmptyNotesOfAnEntryAreADashAndLineFeedsBlanks) {
+TEST_F(InvoicePDFRendererTest, emptyNotesOfAnEntryAreADashAndLineFeedsBlanks) {
     InvoiceRenderModel model = plainInvoice(0);
     model.rows = {EntryRow{"Mar 1, 2026", "", "1.25"}, EntryRow{"Mar 2, 2026", "a\nb\n", "2.50"}};
     const std::string text = plainText(model);
@@ -155,7 +155,7 @@ TEST_F(InvoicePDFRendererTest, EmptyNotesOfAnEntryAreADashAndLineFeedsBlanks) {
     EXPECT_THAT(text, HasSubstr("Mar 2, 2026 a b 2.50"));
 }
 
-TEST_F(InvoicePDFRendererTest, LongTextsEndBeforeTheNextColumnAndThoseOfRowsWithAnEllipsis) {
+TEST_F(InvoicePDFRendererTest, longTextsEndBeforeTheNextColumnAndThoseOfRowsWithAnEllipsis) {
     std::string name;
     while (name.size() < 100) name += "longname";
     InvoiceRenderModel model = plainInvoice(0);
@@ -182,7 +182,7 @@ TEST_F(InvoicePDFRendererTest, LongTextsEndBeforeTheNextColumnAndThoseOfRowsWith
     }
 }
 
-TEST_F(InvoicePDFRendererTest, FiguresAreNeverCut) {
+TEST_F(InvoicePDFRendererTest, figuresAreNeverCut) {
     InvoiceRenderModel model = plainInvoice(0);
     constexpr const char* largest = "$92,233,720,368,547,758.07";
     model.rows = {ProjectRow{"Website", "2562047788015.22", largest, largest}};
@@ -196,7 +196,7 @@ TEST_F(InvoicePDFRendererTest, FiguresAreNeverCut) {
     EXPECT_NEAR(page.place("2562047788015.22").right, 378, 0.1);
 }
 
-TEST_F(InvoicePDFRendererTest, AddressesWrapBesideTheInvoiceColumn) {
+TEST_F(InvoicePDFRendererTest, addressesWrapBesideTheInvoiceColumn) {
     InvoiceRenderModel model = plainInvoice(0);
     model.business.address = std::string(200, 'm');
     render(model);
@@ -209,14 +209,14 @@ TEST_F(InvoicePDFRendererTest, AddressesWrapBesideTheInvoiceColumn) {
     }
 }
 
-TEST_F(InvoicePDFRendererTest, ReplacesAFileThatStandsThere) {
+TEST_F(InvoicePDFRendererTest, replacesAFileThatStandsThere) {
     writeAtomically(file_, "old");
     render(plainInvoice(1));
     EXPECT_EQ(test::pdfPages(file_).size(), 1U);
     EXPECT_THAT(folder_.names(), ElementsAre("invoice.pdf"));
 }
 
-TEST_F(InvoicePDFRendererTest, FailureLeavesWhatStoodThere) {
+TEST_F(InvoicePDFRendererTest, failureLeavesWhatStoodThere) {
     writeAtomically(file_, "old");
     {
         const test::FileSizeLimit disk(1'000);
@@ -226,7 +226,7 @@ TEST_F(InvoicePDFRendererTest, FailureLeavesWhatStoodThere) {
     EXPECT_THAT(folder_.names(), ElementsAre("invoice.pdf"));
 }
 
-TEST_F(InvoicePDFRendererTest, FolderThatIsNotThereIsAnErrorWithASentence) {
+TEST_F(InvoicePDFRendererTest, folderThatIsNotThereIsAnErrorWithASentence) {
     try {
         InvoicePDFRenderer::render(plainInvoice(1), PaperSize::a4, folder_.path() / "no" / "x.pdf");
         FAIL();

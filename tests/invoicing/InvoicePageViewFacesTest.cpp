@@ -72,7 +72,7 @@ double expectedWidth(const FaceRow& row) {
 
 class InvoicePageViewFaces : public testing::TestWithParam<FaceRow> {};
 
-TEST_P(InvoicePageViewFaces, TextIsSetInItsFace) {
+TEST_P(InvoicePageViewFaces, textIsSetInItsFace) {
     const test::TemporaryFolder folder;
     const auto file = folder.path() / "invoice.pdf";
     InvoicePDFRenderer::render(tellingInvoice(), PaperSize::letter, file);

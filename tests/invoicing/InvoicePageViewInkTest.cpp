@@ -53,7 +53,7 @@ int darkest(const QImage& image, const QRectF& area) {
 constexpr int mutedLevel = 115;  // 0.45
 constexpr int ruleLevel = 209;   // 0.82
 
-TEST(InvoicePageViewInk, PageIsWhiteAndNothingIsPaintedBesideIt) {
+TEST(InvoicePageViewInk, pageIsWhiteAndNothingIsPaintedBesideIt) {
     InvoiceRenderModel model = plainInvoice(1);
     model.notes = test::lines(200);
     const QImage image = painted(model, 1, 20);
@@ -65,7 +65,7 @@ TEST(InvoicePageViewInk, PageIsWhiteAndNothingIsPaintedBesideIt) {
     }
 }
 
-TEST(InvoicePageViewInk, RulesAreOnePointHighOverTheFullWidth) {
+TEST(InvoicePageViewInk, rulesAreOnePointHighOverTheFullWidth) {
     // The page of the totals alone begins with the rule of the closing.
     const QImage image = painted(plainInvoice(13), 1);
     constexpr double top = 48 + 14;
@@ -79,7 +79,7 @@ TEST(InvoicePageViewInk, RulesAreOnePointHighOverTheFullWidth) {
     EXPECT_EQ(gray(image, 564, top + 0.5), 255);
 }
 
-TEST(InvoicePageViewInk, TableHeadEndsWithARule) {
+TEST(InvoicePageViewInk, tableHeadEndsWithARule) {
     const QImage image = painted(plainInvoice(23), 1);
     constexpr double top = 48 + 17;
     EXPECT_EQ(gray(image, 300, top - 0.25), 255);
@@ -88,7 +88,7 @@ TEST(InvoicePageViewInk, TableHeadEndsWithARule) {
     EXPECT_EQ(gray(image, 300, top + 1), 255);
 }
 
-TEST(InvoicePageViewInk, LabelsEntriesAndFooterAreMutedAndFiguresAreNot) {
+TEST(InvoicePageViewInk, labelsEntriesAndFooterAreMutedAndFiguresAreNot) {
     const QImage later = painted(plainInvoice(23), 1);
     EXPECT_EQ(darkest(later, {48, 48, 516, 17}), mutedLevel);   // head row
     EXPECT_EQ(darkest(later, {48, 66, 516, 17}), mutedLevel);   // entry
@@ -98,7 +98,7 @@ TEST(InvoicePageViewInk, LabelsEntriesAndFooterAreMutedAndFiguresAreNot) {
     EXPECT_EQ(darkest(later, {420, 132, 75, 14}), 0);           // "Total"
 }
 
-TEST(InvoicePageViewInk, ContactsAndDatesOfTheHeaderAreMutedAndNamesAreNot) {
+TEST(InvoicePageViewInk, contactsAndDatesOfTheHeaderAreMutedAndNamesAreNot) {
     const QImage page = painted(plainInvoice(0), 0);
     EXPECT_EQ(darkest(page, {48, 48, 150, 15}), 0);            // name
     EXPECT_EQ(darkest(page, {48, 66, 150, 23}), 0);            // address
@@ -121,7 +121,7 @@ void PrintTo(const LogoRow& row, std::ostream* out) {
 
 class InvoiceLogo : public testing::TestWithParam<LogoRow> {};
 
-TEST_P(InvoiceLogo, FitsIntoItsSpaceAtTheUpperLeft) {
+TEST_P(InvoiceLogo, fitsIntoItsSpaceAtTheUpperLeft) {
     InvoiceRenderModel model = plainInvoice(0);
     QImage logo(GetParam().pixels, QImage::Format_RGB32);
     logo.fill(QColor(50, 50, 50));
@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(InvoicePageViewInk, InvoiceLogo,
                                          LogoRow{"Small", {16, 11}, {64, 44}}),
                          test::rowName);
 
-TEST(InvoicePageViewInk, PaintingLeavesThePainterAsItWas) {
+TEST(InvoicePageViewInk, paintingLeavesThePainterAsItWas) {
     QImage image(100, 100, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setPen(Qt::red);

@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(Paper, InvoicePageViewTest,
                          testing::Values(PaperSize::letter, PaperSize::a4),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-TEST_P(InvoicePageViewTest, IssuerStandsInTheUpperLeftCorner) {
+TEST_P(InvoicePageViewTest, issuerStandsInTheUpperLeftCorner) {
     const PdfPage page = firstPage(plainInvoice(1));
     double top = margin;
     const auto expectLine = [&](const char* text, double size, double gap) {
@@ -83,7 +83,7 @@ TEST_P(InvoicePageViewTest, IssuerStandsInTheUpperLeftCorner) {
     expectLine("Tax ID: GB 123", 10, 0);
 }
 
-TEST_P(InvoicePageViewTest, EmptyPartsOfTheIssuerTakeNoSpaceButTheNameDoes) {
+TEST_P(InvoicePageViewTest, emptyPartsOfTheIssuerTakeNoSpaceButTheNameDoes) {
     InvoiceRenderModel model = plainInvoice(1);
     model.business = {.name = "", .address = "", .email = "ada@byron.test", .taxID = ""};
     const PdfPage page = firstPage(model);
@@ -91,7 +91,7 @@ TEST_P(InvoicePageViewTest, EmptyPartsOfTheIssuerTakeNoSpaceButTheNameDoes) {
     EXPECT_THAT(page.places("Tax ID:"), IsEmpty());
 }
 
-TEST_P(InvoicePageViewTest, InvoiceColumnStandsInTheUpperRightCorner) {
+TEST_P(InvoicePageViewTest, invoiceColumnStandsInTheUpperRightCorner) {
     const PdfPage page = firstPage(plainInvoice(1));
     double top = margin;
     const auto expectLine = [&](const char* text, double size) {
@@ -107,7 +107,7 @@ TEST_P(InvoicePageViewTest, InvoiceColumnStandsInTheUpperRightCorner) {
     expectLine("Due Apr 15, 2026", 10);
 }
 
-TEST_P(InvoicePageViewTest, ClientStands18PointsBelowTheTallerColumn) {
+TEST_P(InvoicePageViewTest, clientStands18PointsBelowTheTallerColumn) {
     InvoiceRenderModel model = plainInvoice(1);
     model.business.address = "12 Analytical Row\nMarylebone\nLondon";
     double top = margin + lineHeight(13) + 5 * lineHeight(10) + 3 * 2 + 18;
@@ -130,7 +130,7 @@ TEST_P(InvoicePageViewTest, ClientStands18PointsBelowTheTallerColumn) {
     expectLine("pay@northwind.test", 10, 0);
 }
 
-TEST_P(InvoicePageViewTest, PeriodStands40PointsBesideTheClient) {
+TEST_P(InvoicePageViewTest, periodStands40PointsBesideTheClient) {
     const PdfPage page = firstPage(plainInvoice(1));
     const double left = page.place("Northwind Traders").right + 40;
     const Box label = page.place("PERIOD");
@@ -141,7 +141,7 @@ TEST_P(InvoicePageViewTest, PeriodStands40PointsBesideTheClient) {
     EXPECT_NEAR(period.top, label.bottom + 2, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, TableStands22PointsBelowTheHeader) {
+TEST_P(InvoicePageViewTest, tableStands22PointsBelowTheHeader) {
     const PdfPage page = firstPage(plainInvoice(1));
     const double headTop = page.place("pay@northwind.test").bottom + 22;
     EXPECT_NEAR(page.place("DESCRIPTION").top, headTop + (rowHeight - lineHeight(8)) / 2,
@@ -151,7 +151,7 @@ TEST_P(InvoicePageViewTest, TableStands22PointsBelowTheHeader) {
                 headTop + rowHeight + 1 + (rowHeight - lineHeight(10)) / 2 + 1, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, FiguresStandUnderTheirHeadings) {
+TEST_P(InvoicePageViewTest, figuresStandUnderTheirHeadings) {
     InvoiceRenderModel model = plainInvoice(0);
     model.rows = {ProjectRow{"Website", "12.50", "$95.00", "$1,187.55"}};
     const PdfPage page = firstPage(model);
@@ -166,7 +166,7 @@ TEST_P(InvoicePageViewTest, FiguresStandUnderTheirHeadings) {
     EXPECT_NEAR(page.place("Website").left, margin, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, EntriesAreIndentedAndTheirHoursStandUnderHours) {
+TEST_P(InvoicePageViewTest, entriesAreIndentedAndTheirHoursStandUnderHours) {
     const PdfPage page = firstPage(plainInvoice(2));
     const Box date = page.place("Mar 2, 2026");
     EXPECT_NEAR(date.left, margin + 14, tolerance);
@@ -175,7 +175,7 @@ TEST_P(InvoicePageViewTest, EntriesAreIndentedAndTheirHoursStandUnderHours) {
     EXPECT_NEAR(page.place("1.25").right, right() - hoursFromRight, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, RowsFollowEachOtherAt17Points) {
+TEST_P(InvoicePageViewTest, rowsFollowEachOtherAt17Points) {
     const PdfPage page = firstPage(plainInvoice(12));
     const double first = page.place("Note1").top;
     for (int i = 2; i < 12; ++i) {
@@ -186,7 +186,7 @@ TEST_P(InvoicePageViewTest, RowsFollowEachOtherAt17Points) {
     EXPECT_NEAR(first, rowTop + rowHeight + (rowHeight - lineHeight(9)) / 2, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, TotalsStandAtTheRightBelowTheRows) {
+TEST_P(InvoicePageViewTest, totalsStandAtTheRightBelowTheRows) {
     InvoiceRenderModel model = plainInvoice(1);
     model.rows.clear();
     model.taxLabel = "VAT (20%)";
@@ -211,13 +211,13 @@ TEST_P(InvoicePageViewTest, TotalsStandAtTheRightBelowTheRows) {
     expectRow("Total", "$1,200.00", 12);
 }
 
-TEST_P(InvoicePageViewTest, TaxHasNoRowWithoutItsLabel) {
+TEST_P(InvoicePageViewTest, taxHasNoRowWithoutItsLabel) {
     const PdfPage page = firstPage(plainInvoice(1));
     EXPECT_THAT(page.places("$0.00"), IsEmpty());
     EXPECT_NEAR(page.place("Total").top, page.place("Subtotal").bottom + 4, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, NotesAndPaymentStandBelowTheTotals) {
+TEST_P(InvoicePageViewTest, notesAndPaymentStandBelowTheTotals) {
     InvoiceRenderModel model = plainInvoice(1);
     model.notes = "Thanks\nagain";
     model.paymentInstructions = "By transfer";
@@ -236,13 +236,13 @@ TEST_P(InvoicePageViewTest, NotesAndPaymentStandBelowTheTotals) {
     expectLine("By transfer", 10, 0);
 }
 
-TEST_P(InvoicePageViewTest, EmptyNotesAndPaymentHaveNoHeading) {
+TEST_P(InvoicePageViewTest, emptyNotesAndPaymentHaveNoHeading) {
     const PdfPage page = firstPage(plainInvoice(1));
     EXPECT_THAT(page.places("NOTES"), IsEmpty());
     EXPECT_THAT(page.places("PAYMENT"), IsEmpty());
 }
 
-TEST_P(InvoicePageViewTest, FooterStandsAtTheBottomOfEachPage) {
+TEST_P(InvoicePageViewTest, footerStandsAtTheBottomOfEachPage) {
     const auto pages = printed(plainInvoice(56));
     ASSERT_THAT(pages, SizeIs(3));
     for (std::size_t i = 0; i < pages.size(); ++i) {
@@ -253,7 +253,7 @@ TEST_P(InvoicePageViewTest, FooterStandsAtTheBottomOfEachPage) {
     }
 }
 
-TEST_P(InvoicePageViewTest, HeaderIsOnTheFirstPageOnlyAndTheClosingOnTheLast) {
+TEST_P(InvoicePageViewTest, headerIsOnTheFirstPageOnlyAndTheClosingOnTheLast) {
     const auto pages = printed(plainInvoice(23));
     ASSERT_THAT(pages, SizeIs(2));
     EXPECT_THAT(pages[0].places("INVOICE"), SizeIs(1));
@@ -266,14 +266,14 @@ TEST_P(InvoicePageViewTest, HeaderIsOnTheFirstPageOnlyAndTheClosingOnTheLast) {
                 margin + rowHeight + 1 + (rowHeight - lineHeight(9)) / 2, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, PageOfTheTotalsAloneHasNoTable) {
+TEST_P(InvoicePageViewTest, pageOfTheTotalsAloneHasNoTable) {
     const auto pages = printed(plainInvoice(13));
     ASSERT_THAT(pages, SizeIs(2));
     EXPECT_THAT(pages[1].places("DESCRIPTION"), IsEmpty());
     EXPECT_NEAR(pages[1].place("Subtotal").top, margin + 14 + 1 + 18, tolerance);
 }
 
-TEST_P(InvoicePageViewTest, InvoiceWithoutRowsHasAHeadRowAndTheClosing) {
+TEST_P(InvoicePageViewTest, invoiceWithoutRowsHasAHeadRowAndTheClosing) {
     const auto pages = printed(plainInvoice(0));
     ASSERT_THAT(pages, SizeIs(1));
     for (const char* text : {"INVOICE", "DESCRIPTION", "Total", "Page 1 of 1"}) {
@@ -281,7 +281,7 @@ TEST_P(InvoicePageViewTest, InvoiceWithoutRowsHasAHeadRowAndTheClosing) {
     }
 }
 
-TEST_P(InvoicePageViewTest, LongTextsPressTheFooterDown) {
+TEST_P(InvoicePageViewTest, longTextsPressTheFooterDown) {
     InvoiceRenderModel model = plainInvoice(0);
     model.notes = test::lines(14);
     model.paymentInstructions = test::lines(GetParam() == PaperSize::letter ? 34 : 38);

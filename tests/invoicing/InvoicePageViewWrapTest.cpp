@@ -68,7 +68,7 @@ struct Wrapped {
 
 class WrappedText : public testing::TestWithParam<Wrapped> {};
 
-TEST_P(WrappedText, IsWholeAndMovesWhatStandsBelow) {
+TEST_P(WrappedText, isWholeAndMovesWhatStandsBelow) {
     const auto& row = GetParam();
     InvoiceRenderModel model = plainInvoice(1);
     row.lengthen(model);
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                             [](auto& model) { model.taxLabel = longName; }}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(InvoicePageView, WrappedLinesOfARightAlignedColumnEndAtItsEdge) {
+TEST(InvoicePageView, wrappedLinesOfARightAlignedColumnEndAtItsEdge) {
     InvoiceRenderModel model = plainInvoice(1);
     model.number = longName;
     const PdfPage page = firstPage(model);
@@ -115,7 +115,7 @@ TEST(InvoicePageView, WrappedLinesOfARightAlignedColumnEndAtItsEdge) {
     EXPECT_GE(edges, 3);
 }
 
-TEST(InvoicePageView, OnlyTheNamesAndNotesOfRowsAreCutToOneLine) {
+TEST(InvoicePageView, onlyTheNamesAndNotesOfRowsAreCutToOneLine) {
     InvoiceRenderModel model = plainInvoice(0);
     model.rows = {ProjectRow{longName, "1.00", "$95.00", "$95.00"},
                   EntryRow{"Mar 2, 2026", longName, "1.00"}};
@@ -127,7 +127,7 @@ TEST(InvoicePageView, OnlyTheNamesAndNotesOfRowsAreCutToOneLine) {
                 rowHeight + (lineHeight(10) - lineHeight(9)) / 2 - 1, tolerance);
 }
 
-TEST(InvoicePageView, ALongDateOfAnEntryIsMadeSmallerButKeepsItsEnd) {
+TEST(InvoicePageView, aLongDateOfAnEntryIsMadeSmallerButKeepsItsEnd) {
     InvoiceRenderModel model = plainInvoice(0);
     model.rows = {EntryRow{"31 de diciembre de 2026 d. C.", "Note", "1.00"}};
     const PdfPage page = firstPage(model);

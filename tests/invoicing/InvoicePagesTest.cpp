@@ -51,7 +51,7 @@ void PrintTo(const WrapRow& row, std::ostream* out) {
 
 class WrappedLines : public testing::TestWithParam<WrapRow> {};
 
-TEST_P(WrappedLines, AreCounted) {
+TEST_P(WrappedLines, areCounted) {
     EXPECT_EQ(wrappedLineCount(GetParam().text, 10), GetParam().lines);
 }
 
@@ -86,7 +86,7 @@ void PrintTo(const DealRow& row, std::ostream* out) {
 
 class DealtOut : public testing::TestWithParam<DealRow> {};
 
-TEST_P(DealtOut, RowsFillThePages) {
+TEST_P(DealtOut, rowsFillThePages) {
     const DealRow& row = GetParam();
     InvoiceRenderModel model = plainInvoice(row.rows);
     model.business.address = lines(row.businessAddressLines);
@@ -145,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DealRow{"FooterNeverTakesRowsOff", 30, 2, 2, false, 0, 90, {22, 8, 0}}),
     rowName);
 
-TEST(InvoicePages, AddressesWrapAt45Characters) {
+TEST(InvoicePages, addressesWrapAt45Characters) {
     InvoiceRenderModel model = plainInvoice(12);
     model.business.address = std::string(90, 'x');
     EXPECT_THAT(rowCounts(model), ElementsAre(12));
@@ -153,7 +153,7 @@ TEST(InvoicePages, AddressesWrapAt45Characters) {
     EXPECT_THAT(rowCounts(model), ElementsAre(12, 0));
 }
 
-TEST(InvoicePages, NotesAndPaymentWrapAt90Characters) {
+TEST(InvoicePages, notesAndPaymentWrapAt90Characters) {
     InvoiceRenderModel model = plainInvoice(12);
     model.paymentInstructions = std::string(180, 'x');
     EXPECT_THAT(rowCounts(model), ElementsAre(12));
@@ -167,7 +167,7 @@ TEST(InvoicePages, NotesAndPaymentWrapAt90Characters) {
     EXPECT_THAT(rowCounts(model), ElementsAre(9, 0));
 }
 
-TEST(InvoicePages, KnowTheirPlaceAndTheCount) {
+TEST(InvoicePages, knowTheirPlaceAndTheCount) {
     const auto dealt = pages(plainInvoice(56));
     ASSERT_EQ(dealt.size(), 3U);
     for (std::size_t i = 0; i < dealt.size(); ++i) {
@@ -176,7 +176,7 @@ TEST(InvoicePages, KnowTheirPlaceAndTheCount) {
     }
 }
 
-TEST(InvoicePages, CompareMemberByMember) {
+TEST(InvoicePages, compareMemberByMember) {
     const InvoicePage page{.index = 1, .count = 2, .rows = test::invoiceRows(2)};
     InvoicePage other = page;
     EXPECT_EQ(page, other);
@@ -187,7 +187,7 @@ TEST(InvoicePages, CompareMemberByMember) {
     EXPECT_NE(page, other);
 }
 
-TEST(InvoicePages, KeepAllRowsInOrderWhateverTheTexts) {
+TEST(InvoicePages, keepAllRowsInOrderWhateverTheTexts) {
     std::mt19937 random(20260301);
     const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
     for (int round = 0; round < 500; ++round) {

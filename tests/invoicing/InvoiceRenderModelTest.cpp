@@ -83,7 +83,7 @@ struct GoldenRow {
 class InvoiceRenderModelGolden : public InvoiceRenderModelTest,
                                  public testing::WithParamInterface<GoldenRow> {};
 
-TEST_P(InvoiceRenderModelGolden, ReadsAsTheLocaleWritesIt) {
+TEST_P(InvoiceRenderModelGolden, readsAsTheLocaleWritesIt) {
     const auto& [locale, currency] = GetParam();
     march_.invoice->currencyCode = currency;
     test::expectGolden(print(model(Locale(locale))),
@@ -97,14 +97,14 @@ INSTANTIATE_TEST_SUITE_P(, InvoiceRenderModelGolden,
 
 // --- parties -----------------------------------------------------------------------------------
 
-TEST_F(InvoiceRenderModelTest, AnInvoiceWithoutAClientHasAnEmptyRecipientAndDollars) {
+TEST_F(InvoiceRenderModelTest, anInvoiceWithoutAClientHasAnEmptyRecipientAndDollars) {
     march_.invoice->client = nullptr;
     march_.invoice->currencyCode = "";
     EXPECT_EQ(model().billTo, Party{});
     EXPECT_EQ(model().subtotal.front(), '$');
 }
 
-TEST_F(InvoiceRenderModelTest, TheIssuerIsTheOneOfTheDayOfIssue) {
+TEST_F(InvoiceRenderModelTest, theIssuerIsTheOneOfTheDayOfIssue) {
     march_.profile.name = "Ada & Co";
     march_.profile.taxLabel = "GST";
     march_.profile.paymentInstructions = "Cash";
@@ -118,7 +118,7 @@ TEST_F(InvoiceRenderModelTest, TheIssuerIsTheOneOfTheDayOfIssue) {
     EXPECT_EQ(model().business.name, "Ada & Co") << "a later invoice shows the later profile";
 }
 
-TEST_F(InvoiceRenderModelTest, WithoutASnapshotThatCanBeReadTheSettingsStandIn) {
+TEST_F(InvoiceRenderModelTest, withoutASnapshotThatCanBeReadTheSettingsStandIn) {
     march_.profile.name = "Live";
     march_.invoice->businessSnapshot = Blob{"{\"name\":"};
     EXPECT_EQ(model().business.name, "Live");
@@ -126,7 +126,7 @@ TEST_F(InvoiceRenderModelTest, WithoutASnapshotThatCanBeReadTheSettingsStandIn) 
     EXPECT_EQ(model().business.name, "Live");
 }
 
-TEST_F(InvoiceRenderModelTest, TheRecipientIsTheClientOfToday) {
+TEST_F(InvoiceRenderModelTest, theRecipientIsTheClientOfToday) {
     march_.client->name = "Northwind";
     march_.client->address = "New Street";
     march_.client->email = "";
@@ -145,7 +145,7 @@ struct TaxLabelRow {
 class InvoiceRenderModelTax : public InvoiceRenderModelTest,
                               public testing::WithParamInterface<TaxLabelRow> {};
 
-TEST_P(InvoiceRenderModelTax, LabelNamesTheRate) {
+TEST_P(InvoiceRenderModelTax, labelNamesTheRate) {
     const auto& row = GetParam();
     march_.profile.taxLabel = row.word;
     march_.invoice->businessSnapshot = std::nullopt;
@@ -161,36 +161,36 @@ INSTANTIATE_TEST_SUITE_P(, InvoiceRenderModelTax,
                                          TaxLabelRow{"Half", 850, "VAT", "VAT (8.50%)"}),
                          rowName);
 
-TEST_F(InvoiceRenderModelTest, TheTaxIsWrittenAlsoWithoutALabel) {
+TEST_F(InvoiceRenderModelTest, theTaxIsWrittenAlsoWithoutALabel) {
     march_.invoice->taxRateBasisPoints = 0;
     EXPECT_EQ(model().tax, "$0.00");
     EXPECT_EQ(model().total, model().subtotal);
 }
 
-TEST_F(InvoiceRenderModelTest, NotesOfNothingButBlanksAreEmpty) {
+TEST_F(InvoiceRenderModelTest, notesOfNothingButBlanksAreEmpty) {
     march_.invoice->notes = " \n\t ";
     EXPECT_EQ(model().notes, "");
 }
 
 // --- period ------------------------------------------------------------------------------------
 
-TEST_F(InvoiceRenderModelTest, ThePeriodEndsOnItsLastDay) {
+TEST_F(InvoiceRenderModelTest, thePeriodEndsOnItsLastDay) {
     EXPECT_EQ(model().period, "Mar 1, 2026 – Mar 31, 2026");
 }
 
-TEST_F(InvoiceRenderModelTest, AReversedPeriodIsAnEmptyOneAtItsStart) {
+TEST_F(InvoiceRenderModelTest, aReversedPeriodIsAnEmptyOneAtItsStart) {
     march_.invoice->periodEnd = at("2026-01-01T00:00Z");
     EXPECT_EQ(model().period, "Mar 1, 2026 – Feb 28, 2026");
 }
 
-TEST_F(InvoiceRenderModelTest, DatesStandInTheTimeZoneOfTheReader) {
+TEST_F(InvoiceRenderModelTest, datesStandInTheTimeZoneOfTheReader) {
     const auto model = this->model(Locale("en_US"), "Asia/Tokyo");
     EXPECT_EQ(std::get<EntryRow>(model.rows[2]).date, "Apr 1, 2026");
 }
 
 // --- rows --------------------------------------------------------------------------------------
 
-TEST_F(InvoiceRenderModelTest, WithoutDetailsThereAreOnlyProjects) {
+TEST_F(InvoiceRenderModelTest, withoutDetailsThereAreOnlyProjects) {
     march_.invoice->showsEntryDetails = false;
     EXPECT_THAT(model().rows,
                 ElementsAre(VariantWith<ProjectRow>(ProjectRow{"App", "2.30", "$95.00", "$218.50"}),
@@ -198,7 +198,7 @@ TEST_F(InvoiceRenderModelTest, WithoutDetailsThereAreOnlyProjects) {
                                 ProjectRow{"Website", "1.10", "$1,234.50", "$1,357.95"})));
 }
 
-TEST_F(InvoiceRenderModelTest, TwoRatesOfAProjectHaveTheirOwnEntries) {
+TEST_F(InvoiceRenderModelTest, twoRatesOfAProjectHaveTheirOwnEntries) {
     march_.invoice->entries()[0]->billedRateCents = 5000;
     EXPECT_THAT(model().rows,
                 ElementsAre(VariantWith<ProjectRow>(ProjectRow{"App", "1.50", "$50.00", "$75.00"}),

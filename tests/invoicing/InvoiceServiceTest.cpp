@@ -46,7 +46,7 @@ class InvoiceServiceTest : public testing::Test {
                              march_.builder.calendar};
 };
 
-TEST_F(InvoiceServiceTest, OnlyDraftsHaveDatesThatCanBeChanged) {
+TEST_F(InvoiceServiceTest, onlyDraftsHaveDatesThatCanBeChanged) {
     EXPECT_TRUE(canChangeDates(*invoice_));
     invoice_->setStatus(InvoiceStatus::sent);
     EXPECT_FALSE(canChangeDates(*invoice_));
@@ -56,7 +56,7 @@ TEST_F(InvoiceServiceTest, OnlyDraftsHaveDatesThatCanBeChanged) {
     EXPECT_TRUE(canChangeDates(*invoice_));
 }
 
-TEST_F(InvoiceServiceTest, TheIssueDateTakesTheDueDateAlong) {
+TEST_F(InvoiceServiceTest, theIssueDateTakesTheDueDateAlong) {
     invoices_.setIssueDay(invoice_, issue_ + 72h);
     EXPECT_EQ(invoice_->dueDate.get(), due_ + 72h);
     invoices_.setIssueDay(invoice_, issue_ - 48h);
@@ -64,7 +64,7 @@ TEST_F(InvoiceServiceTest, TheIssueDateTakesTheDueDateAlong) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(InvoiceServiceTest, TheDueDateStopsAtTheIssueDate) {
+TEST_F(InvoiceServiceTest, theDueDateStopsAtTheIssueDate) {
     invoices_.setDueDay(invoice_, issue_ + 24h);
     EXPECT_EQ(invoice_->dueDate.get(), issue_ + 24h);
     invoices_.setDueDay(invoice_, issue_ - 24h);
@@ -72,20 +72,20 @@ TEST_F(InvoiceServiceTest, TheDueDateStopsAtTheIssueDate) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(InvoiceServiceTest, ADueDateThatLayBeforeTheIssueDateIsMendedByMovingIt) {
+TEST_F(InvoiceServiceTest, aDueDateThatLayBeforeTheIssueDateIsMendedByMovingIt) {
     invoice_->dueDate = issue_ - 240h;
     invoices_.setIssueDay(invoice_, issue_ + 24h);
     EXPECT_EQ(invoice_->dueDate.get(), issue_ + 24h);
 }
 
-TEST_F(InvoiceServiceTest, NotesAreCutToSixHundredCharacters) {
+TEST_F(InvoiceServiceTest, notesAreCutToSixHundredCharacters) {
     invoices_.setNotes(invoice_, std::string(700, 'a'));
     EXPECT_EQ(invoice_->notes->size(), 600U);
     invoices_.setNotes(invoice_, std::string(600, 'b'));
     EXPECT_EQ(invoice_->notes.get(), std::string(600, 'b'));
 }
 
-TEST_F(InvoiceServiceTest, NotesAreCountedAsPeopleCount) {
+TEST_F(InvoiceServiceTest, notesAreCountedAsPeopleCount) {
     std::string notes;
     for (int i = 0; i < 601; ++i) notes += "👩‍👩‍👧";
     invoices_.setNotes(invoice_, notes);
@@ -112,7 +112,7 @@ constexpr Edit edits[] = {
 
 class InvoiceEdit : public InvoiceServiceTest, public testing::WithParamInterface<Edit> {};
 
-TEST_P(InvoiceEdit, IsSavedWholeOrNotDone) {
+TEST_P(InvoiceEdit, isSavedWholeOrNotDone) {
     context().save();
     const auto before = test::libraryText(context());
     {
@@ -128,7 +128,7 @@ TEST_P(InvoiceEdit, IsSavedWholeOrNotDone) {
 
 INSTANTIATE_TEST_SUITE_P(, InvoiceEdit, testing::ValuesIn(edits), test::rowName);
 
-TEST_F(InvoiceServiceTest, DatesAreLockedOnceItIsSent) {
+TEST_F(InvoiceServiceTest, datesAreLockedOnceItIsSent) {
     for (const auto status : {InvoiceStatus::sent, InvoiceStatus::paid}) {
         invoices_.setStatus(invoice_, status);
         EXPECT_THROW(invoices_.setIssueDay(invoice_, issue_ + 24h), Refused);
@@ -138,7 +138,7 @@ TEST_F(InvoiceServiceTest, DatesAreLockedOnceItIsSent) {
     EXPECT_EQ(invoice_->dueDate.get(), due_);
 }
 
-TEST_F(InvoiceServiceTest, AnotherDayKeepsTheTimeOfDay) {
+TEST_F(InvoiceServiceTest, anotherDayKeepsTheTimeOfDay) {
     invoices_.setIssueDay(invoice_, at("2026-11-20T00:00-05:00"));
     EXPECT_EQ(invoice_->issueDate.get(), at("2026-11-20T10:00-05:00"));
     invoices_.setDueDay(invoice_, at("2026-12-24T23:59-05:00"));
@@ -147,7 +147,7 @@ TEST_F(InvoiceServiceTest, AnotherDayKeepsTheTimeOfDay) {
 
 // --- making one --------------------------------------------------------------------------------
 
-TEST_F(InvoiceServiceTest, TheTaxIsTheClientsElseTheBusinessDefault) {
+TEST_F(InvoiceServiceTest, theTaxIsTheClientsElseTheBusinessDefault) {
     BusinessProfile profile;
     profile.defaultTaxBasisPoints = 100;
     profiles_.setProfile(profile);
@@ -156,7 +156,7 @@ TEST_F(InvoiceServiceTest, TheTaxIsTheClientsElseTheBusinessDefault) {
     EXPECT_EQ(invoices_.taxRate(*march_.client), 0);
 }
 
-TEST_F(InvoiceServiceTest, APreviewComesToWhatTheInvoiceWillAndChangesNothing) {
+TEST_F(InvoiceServiceTest, aPreviewComesToWhatTheInvoiceWillAndChangesNothing) {
     invoices_.remove(invoice_);
     const DateInterval march{at("2026-03-01T00:00-05:00"), at("2026-04-01T00:00-04:00")};
     const auto preview = invoices_.preview(march_.client, march, 825);
@@ -167,7 +167,7 @@ TEST_F(InvoiceServiceTest, APreviewComesToWhatTheInvoiceWillAndChangesNothing) {
     EXPECT_TRUE(invoices_.preview(march_.client, march, 825).lines.empty());
 }
 
-TEST_F(InvoiceServiceTest, TheNumberingIsKeptInTheSettings) {
+TEST_F(InvoiceServiceTest, theNumberingIsKeptInTheSettings) {
     invoices_.remove(invoice_);
     const DateInterval march{at("2026-03-01T00:00-05:00"), at("2026-04-01T00:00-04:00")};
     march_.library.addInvoice("INV-2026-001", march_.client);
@@ -184,26 +184,26 @@ TEST_F(InvoiceServiceTest, TheNumberingIsKeptInTheSettings) {
 
 // --- files -------------------------------------------------------------------------------------
 
-TEST_F(InvoiceServiceTest, RenumberingDeletesTheFileOfTheOldNumber) {
+TEST_F(InvoiceServiceTest, renumberingDeletesTheFileOfTheOldNumber) {
     storeFile("INV-2026-001");
     invoices_.rename(invoice_, " B/1 ");
     EXPECT_EQ(invoice_->number.get(), "B/1");
     EXPECT_FALSE(hasStored("INV-2026-001"));
 }
 
-TEST_F(InvoiceServiceTest, TheSameNumberAgainKeepsTheFile) {
+TEST_F(InvoiceServiceTest, theSameNumberAgainKeepsTheFile) {
     storeFile("INV-2026-001");
     invoices_.rename(invoice_, " INV-2026-001 ");
     EXPECT_TRUE(hasStored("INV-2026-001"));
 }
 
-TEST_F(InvoiceServiceTest, ARefusedNumberKeepsTheFile) {
+TEST_F(InvoiceServiceTest, aRefusedNumberKeepsTheFile) {
     storeFile("INV-2026-001");
     EXPECT_THROW(invoices_.rename(invoice_, " "), BuildError);
     EXPECT_TRUE(hasStored("INV-2026-001"));
 }
 
-TEST_F(InvoiceServiceTest, DeletingTakesTheFileAlongAndFreesTheEntries) {
+TEST_F(InvoiceServiceTest, deletingTakesTheFileAlongAndFreesTheEntries) {
     storeFile("INV-2026-001");
     const auto entries = invoice_->entries();
     invoices_.remove(invoice_);
@@ -212,13 +212,13 @@ TEST_F(InvoiceServiceTest, DeletingTakesTheFileAlongAndFreesTheEntries) {
     for (const auto& entry : entries) EXPECT_FALSE(entry->invoice);
 }
 
-TEST_F(InvoiceServiceTest, AFileThatCannotBeDeletedStopsNothing) {
+TEST_F(InvoiceServiceTest, aFileThatCannotBeDeletedStopsNothing) {
     std::filesystem::create_directories(storedInvoiceFile("INV-2026-001") / "in the way");
     invoices_.remove(invoice_);
     EXPECT_EQ(context().fetchCount<Invoice>(), 0U);
 }
 
-TEST_F(InvoiceServiceTest, ADeletionThatCannotBeSavedKeepsTheFile) {
+TEST_F(InvoiceServiceTest, aDeletionThatCannotBeSavedKeepsTheFile) {
     storeFile("INV-2026-001");
     const test::FileSizeLimit fullDisk(0);
     EXPECT_THROW(invoices_.remove(invoice_), StoreError);

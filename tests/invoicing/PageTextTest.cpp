@@ -41,13 +41,13 @@ QRectF inkOf(const PageText& text) {
     return {QPointF(ink.topLeft()) / scale, QSizeF(ink.size()) / scale};
 }
 
-TEST(PageText, LineThatFitsIsNotCut) {
+TEST(PageText, lineThatFitsIsNotCut) {
     const double natural = widthOf("Website redesign", {});
     const PageText exact = PageText::line("Website redesign", {}, natural + 0.01);
     EXPECT_NEAR(exact.width(), natural, tolerance);
 }
 
-TEST(PageText, LineThatDoesNotFitIsCutToItsWidth) {
+TEST(PageText, lineThatDoesNotFitIsCutToItsWidth) {
     const std::string text(400, 'm');
     const PageText cut = PageText::line(text, {}, 100);
     EXPECT_LE(cut.width(), 100);
@@ -55,12 +55,12 @@ TEST(PageText, LineThatDoesNotFitIsCutToItsWidth) {
     EXPECT_NEAR(cut.height(), TextStyle{}.lineHeight(), tolerance);
 }
 
-TEST(PageText, LineTakesLineFeedsAndTabsForBlanks) {
+TEST(PageText, lineTakesLineFeedsAndTabsForBlanks) {
     EXPECT_NEAR(widthOf("a\nb\tc", {}), widthOf("a b c", {}), tolerance);
     EXPECT_NEAR(PageText::line("a\nb", {}, wide).height(), TextStyle{}.lineHeight(), tolerance);
 }
 
-TEST(PageText, FigureIsMadeSmallerButKeepsItsEndAndItsLine) {
+TEST(PageText, figureIsMadeSmallerButKeepsItsEndAndItsLine) {
     constexpr const char* amount = "$92,233,720,368,547,758.07";
     const PageText figure = PageText::figure(amount, {}, 90);
     EXPECT_LE(figure.width(), 90);
@@ -68,7 +68,7 @@ TEST(PageText, FigureIsMadeSmallerButKeepsItsEndAndItsLine) {
     EXPECT_NEAR(figure.height(), TextStyle{}.lineHeight(), tolerance);
 }
 
-TEST(PageText, ParagraphsWrapAtTheirWidthAndAtLineFeeds) {
+TEST(PageText, paragraphsWrapAtTheirWidthAndAtLineFeeds) {
     const double height = TextStyle{}.lineHeight();
     const auto lineCount = [&](std::string_view text, double width) {
         return PageText::paragraphs(text, {}, width).height() / height;
@@ -82,33 +82,33 @@ TEST(PageText, ParagraphsWrapAtTheirWidthAndAtLineFeeds) {
     EXPECT_LE(PageText::paragraphs(std::string(500, 'x'), {}, 100).width(), 100);
 }
 
-TEST(PageText, EmptyTextTakesNoSpace) {
+TEST(PageText, emptyTextTakesNoSpace) {
     EXPECT_EQ(PageText::line("", {}, wide).height(), 0);
     EXPECT_EQ(PageText::figure("", {}, wide).height(), 0);
     EXPECT_EQ(PageText::paragraphs("", {}, wide).height(), 0);
     EXPECT_EQ(PageText::paragraphs("", {}, wide).width(), 0);
 }
 
-TEST(PageText, LinesOfOtherScriptsAreAsHigh) {
+TEST(PageText, linesOfOtherScriptsAreAsHigh) {
     for (const char* text : {"株式会社", "شركة", "नमस्ते", "👩‍🚀", "ไทย"}) {
         EXPECT_NEAR(PageText::line(text, {}, wide).height(), TextStyle{}.lineHeight(), tolerance)
             << text;
     }
 }
 
-TEST(PageText, SmallerFiguresStandOnTheSameBaseline) {
+TEST(PageText, smallerFiguresStandOnTheSameBaseline) {
     const double baseline = inkOf(PageText::line("1111", {}, wide)).bottom();
     EXPECT_NEAR(inkOf(PageText::figure("1111111111", {}, 30)).bottom(), baseline, 0.2);
 }
 
-TEST(PageText, LettersOfOtherFontsStandOnTheSameBaseline) {
+TEST(PageText, lettersOfOtherFontsStandOnTheSameBaseline) {
     const double baseline = inkOf(PageText::line("H", {}, wide)).bottom();
     for (const char* text : {"HΗא", "Hあ", "Hก"}) {
         EXPECT_NEAR(inkOf(PageText::line(text, {}, wide)).bottom(), baseline, 1) << text;
     }
 }
 
-TEST(PageText, TextFromRightToLeftStartsAtTheLeftEdge) {
+TEST(PageText, textFromRightToLeftStartsAtTheLeftEdge) {
     for (const PageText& text :
          {PageText::line("שלום", {}, wide), PageText::paragraphs("שלום", {}, wide)}) {
         const QRectF ink = inkOf(text);
@@ -117,7 +117,7 @@ TEST(PageText, TextFromRightToLeftStartsAtTheLeftEdge) {
     }
 }
 
-TEST(PageText, DigitsOfTheTabularFaceHaveOneWidth) {
+TEST(PageText, digitsOfTheTabularFaceHaveOneWidth) {
     for (const auto weight : {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold}) {
         const TextStyle style{.face = Face::tabular, .weight = weight};
         const double width = widthOf("0,000.00", style);
@@ -130,7 +130,7 @@ TEST(PageText, DigitsOfTheTabularFaceHaveOneWidth) {
     EXPECT_LT(widthOf("111.11", {}), widthOf("888.88", {}) - 5);
 }
 
-TEST(PageText, WeightsDiffer) {
+TEST(PageText, weightsDiffer) {
     double previous = 0;
     for (const auto weight : {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold}) {
         const double width = widthOf("Northwind Traders", {.weight = weight});
@@ -139,32 +139,32 @@ TEST(PageText, WeightsDiffer) {
     }
 }
 
-TEST(PageText, LetterSpacingStandsBetweenLettersOnly) {
+TEST(PageText, letterSpacingStandsBetweenLettersOnly) {
     EXPECT_NEAR(widthOf("INVOICE", {.letterSpacing = 1.5}), widthOf("INVOICE", {}) + 6 * 1.5,
                 tolerance);
 }
 
-TEST(PageText, LettersOfLabelsStandATenthOfTheirSizeApart) {
+TEST(PageText, lettersOfLabelsStandATenthOfTheirSizeApart) {
     const TextStyle semibold{.size = 8, .weight = QFont::DemiBold};
     const TextStyle label{.face = Face::label, .size = 8};
     EXPECT_NEAR(widthOf("AMOUNT", label), widthOf("AMOUNT", semibold) + 5.5 * 0.8, tolerance);
 }
 
-TEST(PageText, AbsurdlyLongTextsAreNotLaidOutWhole) {
+TEST(PageText, absurdlyLongTextsAreNotLaidOutWhole) {
     const std::string feeds(1'000'000, '\n');
     EXPECT_LT(PageText::paragraphs(feeds, {}, wide).height(), 1'100);
     const PageText line = PageText::line(std::string(10'000'000, 'i'), {}, wide);
     EXPECT_LE(line.width(), wide);
 }
 
-TEST(PageText, BytesThatAreNoTextAreShownAsReplacements) {
+TEST(PageText, bytesThatAreNoTextAreShownAsReplacements) {
     EXPECT_GT(widthOf("a\xff"
                       "b",
                       {}),
               widthOf("ab", {}));
 }
 
-TEST(TextStack, AddsHeightsAndSpacing) {
+TEST(TextStack, addsHeightsAndSpacing) {
     TextStack stack(3);
     EXPECT_EQ(stack.height(), 0);
     stack.add(PageText::line("one", {}, wide));

@@ -32,7 +32,7 @@ class UnbilledTimeTest : public testing::Test {
     Ref<Project> website_ = library_.addProject("Website", client_);
 };
 
-TEST_F(UnbilledTimeTest, RunningAndBilledTimeStaysOut) {
+TEST_F(UnbilledTimeTest, runningAndBilledTimeStaysOut) {
     library_.addEntry(website_, start_, std::nullopt);
     addEntry(1h, website_)->invoice = library_.addInvoice("A", client_);
     EXPECT_TRUE(unbilledTimeByProject(library_.context()).empty());
@@ -40,14 +40,14 @@ TEST_F(UnbilledTimeTest, RunningAndBilledTimeStaysOut) {
     EXPECT_TRUE(unbilledTimeByProject(library_.context()).empty());
 }
 
-TEST_F(UnbilledTimeTest, TimeOfArchivedProjectsCounts) {
+TEST_F(UnbilledTimeTest, timeOfArchivedProjectsCounts) {
     website_->isArchived = true;
     addEntry(90min, website_);
     EXPECT_EQ(of(website_).seconds, 5400);
     EXPECT_EQ(of(website_).cents, 15000);
 }
 
-TEST_F(UnbilledTimeTest, EntriesArePricedOneByOneAtFullLength) {
+TEST_F(UnbilledTimeTest, entriesArePricedOneByOneAtFullLength) {
     client_->hourlyRateCents = 30;
     addEntry(1min, website_);
     addEntry(1min, website_);
@@ -56,14 +56,14 @@ TEST_F(UnbilledTimeTest, EntriesArePricedOneByOneAtFullLength) {
     EXPECT_EQ(of(website_).seconds, 121) << "no rounding step";
 }
 
-TEST_F(UnbilledTimeTest, AReversedEntryCountsAgainstTheOthers) {
+TEST_F(UnbilledTimeTest, aReversedEntryCountsAgainstTheOthers) {
     addEntry(2h, website_);
     addEntry(-30min, website_);
     EXPECT_EQ(of(website_).seconds, 5400);
     EXPECT_EQ(of(website_).cents, 15000);
 }
 
-TEST_F(UnbilledTimeTest, ProjectsAreKeptApartAndHaveTheirOwnRates) {
+TEST_F(UnbilledTimeTest, projectsAreKeptApartAndHaveTheirOwnRates) {
     const auto app = library_.addProject("App", client_);
     app->rateOverrideCents = 20000;
     addEntry(1h, website_);
@@ -74,14 +74,14 @@ TEST_F(UnbilledTimeTest, ProjectsAreKeptApartAndHaveTheirOwnRates) {
     EXPECT_EQ(unbilledTimeByProject(library_.context()).size(), 2U);
 }
 
-TEST_F(UnbilledTimeTest, FiguresAddUp) {
+TEST_F(UnbilledTimeTest, figuresAddUp) {
     UnbilledTime sum{60, 100};
     sum += {30, 5};
     EXPECT_EQ(sum.seconds, 90);
     EXPECT_EQ(sum.cents, 105);
 }
 
-TEST_F(UnbilledTimeTest, FiguresStayWithin64Bits) {
+TEST_F(UnbilledTimeTest, figuresStayWithin64Bits) {
     constexpr auto most = std::numeric_limits<std::int64_t>::max();
     UnbilledTime sum{60, most - 1};
     sum += {30, 5};

@@ -29,7 +29,7 @@ class AtomicFileTest : public testing::Test {
     std::filesystem::path target_ = folder_.path() / "library.json";
 };
 
-TEST_F(AtomicFileTest, CommitReplacesTheTarget) {
+TEST_F(AtomicFileTest, commitReplacesTheTarget) {
     writeAtomically(target_, "old");
     AtomicFile file(target_);
     file.write("new ");
@@ -40,7 +40,7 @@ TEST_F(AtomicFileTest, CommitReplacesTheTarget) {
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
-TEST_F(AtomicFileTest, WithoutCommitTheTargetStaysAndNothingIsLeft) {
+TEST_F(AtomicFileTest, withoutCommitTheTargetStaysAndNothingIsLeft) {
     writeAtomically(target_, "old");
     {
         AtomicFile file(target_);
@@ -51,12 +51,12 @@ TEST_F(AtomicFileTest, WithoutCommitTheTargetStaysAndNothingIsLeft) {
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
-TEST_F(AtomicFileTest, OnlyTheUserCanReadTheFile) {
+TEST_F(AtomicFileTest, onlyTheUserCanReadTheFile) {
     writeAtomically(target_, "secret");
     EXPECT_EQ(modeOf(target_), 0600);
 }
 
-TEST_F(AtomicFileTest, AFileOfTheProgramsOwnBecomesPrivateAgain) {
+TEST_F(AtomicFileTest, aFileOfTheProgramsOwnBecomesPrivateAgain) {
     writeAtomically(target_, "old");
     std::filesystem::permissions(target_, std::filesystem::perms{0644});
     writeAtomically(target_, "secret");
@@ -72,7 +72,7 @@ struct NamedFile {
 
 class NamedFiles : public AtomicFileTest, public testing::WithParamInterface<NamedFile> {};
 
-TEST_P(NamedFiles, FollowTheUmaskAndKeepTheModeOfWhatTheyReplace) {
+TEST_P(NamedFiles, followTheUmaskAndKeepTheModeOfWhatTheyReplace) {
     const auto& [name, umask, replaced, mode] = GetParam();
     const auto file = folder_.path() / "file";
     std::filesystem::create_symlink("file", target_);
@@ -96,14 +96,14 @@ INSTANTIATE_TEST_SUITE_P(AtomicFileTest, NamedFiles,
                                          NamedFile{"aProtectedFileStaysOne", 0022, 0444, 0444}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(AtomicFileTest, TheUmaskIsReadWithoutBeingChanged) {
+TEST_F(AtomicFileTest, theUmaskIsReadWithoutBeingChanged) {
     const mode_t former = ::umask(0027);
     EXPECT_EQ(currentUmask(), 0027U);
     EXPECT_EQ(currentUmask(), 0027U);
     EXPECT_EQ(::umask(former), 0027U);
 }
 
-TEST_F(AtomicFileTest, AFullDiskIsReportedAndLeavesTheOldContent) {
+TEST_F(AtomicFileTest, aFullDiskIsReportedAndLeavesTheOldContent) {
     writeAtomically(target_, "old");
     const std::string large(100'000, 'x');
     {
@@ -114,7 +114,7 @@ TEST_F(AtomicFileTest, AFullDiskIsReportedAndLeavesTheOldContent) {
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
-TEST_F(AtomicFileTest, AFailureNamesTheTargetAndTheSystemsError) {
+TEST_F(AtomicFileTest, aFailureNamesTheTargetAndTheSystemsError) {
     const auto target = folder_.path() / "missing" / "file";
     try {
         writeAtomically(target, "new");
@@ -125,20 +125,20 @@ TEST_F(AtomicFileTest, AFailureNamesTheTargetAndTheSystemsError) {
     }
 }
 
-TEST_F(AtomicFileTest, AFolderThatIsAFileIsReported) {
+TEST_F(AtomicFileTest, aFolderThatIsAFileIsReported) {
     writeAtomically(target_, "old");
     EXPECT_THROW(AtomicFile(target_ / "below"), filesystem_error);
     EXPECT_EQ(readFile(target_), "old");
 }
 
-TEST_F(AtomicFileTest, ATargetThatIsAFolderIsReportedAndLeavesNothing) {
+TEST_F(AtomicFileTest, aTargetThatIsAFolderIsReportedAndLeavesNothing) {
     std::filesystem::create_directory(target_);
     EXPECT_THROW(writeAtomically(target_, "new"), filesystem_error);
     EXPECT_TRUE(std::filesystem::is_directory(target_));
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
-TEST_F(AtomicFileTest, ALinkStaysAndItsFileIsReplaced) {
+TEST_F(AtomicFileTest, aLinkStaysAndItsFileIsReplaced) {
     std::filesystem::create_directory(folder_.path() / "elsewhere");
     const auto file = folder_.path() / "elsewhere" / "settings";
     std::filesystem::create_symlink("elsewhere/settings", target_);
@@ -149,14 +149,14 @@ TEST_F(AtomicFileTest, ALinkStaysAndItsFileIsReplaced) {
     }
 }
 
-TEST_F(AtomicFileTest, APipeIsRefusedAndStays) {
+TEST_F(AtomicFileTest, aPipeIsRefusedAndStays) {
     ASSERT_EQ(::mkfifo(target_.c_str(), 0600), 0);
     EXPECT_THROW(writeAtomically(target_, "new"), filesystem_error);
     EXPECT_TRUE(std::filesystem::is_fifo(target_));
     EXPECT_THAT(folder_.names(), ElementsAre("library.json"));
 }
 
-TEST_F(AtomicFileTest, AFolderThatVanishesBeforeTheCommitIsReported) {
+TEST_F(AtomicFileTest, aFolderThatVanishesBeforeTheCommitIsReported) {
     const auto doomed = folder_.path() / "doomed";
     std::filesystem::create_directory(doomed);
     AtomicFile file(doomed / "file");
@@ -165,20 +165,20 @@ TEST_F(AtomicFileTest, AFolderThatVanishesBeforeTheCommitIsReported) {
     EXPECT_THROW(file.commit(), filesystem_error);
 }
 
-TEST_F(AtomicFileTest, OtherCodeMayWriteToTheTemporaryPath) {
+TEST_F(AtomicFileTest, otherCodeMayWriteToTheTemporaryPath) {
     AtomicFile file(target_);
     std::ofstream(file.temporaryPath()) << "by another";
     file.commit();
     EXPECT_EQ(readFile(target_), "by another");
 }
 
-TEST_F(AtomicFileTest, TheLongestNameOfAFileSystemIsWritten) {
+TEST_F(AtomicFileTest, theLongestNameOfAFileSystemIsWritten) {
     const auto target = folder_.path() / std::string(255, 'n');
     writeAtomically(target, "new");
     EXPECT_EQ(readFile(target), "new");
 }
 
-TEST_F(AtomicFileTest, TwoWritersOfOneTargetDoNotMix) {
+TEST_F(AtomicFileTest, twoWritersOfOneTargetDoNotMix) {
     AtomicFile first(target_);
     AtomicFile second(target_);
     first.write("first");
@@ -188,7 +188,7 @@ TEST_F(AtomicFileTest, TwoWritersOfOneTargetDoNotMix) {
     EXPECT_EQ(readFile(target_), "first");
 }
 
-TEST_F(AtomicFileTest, ReadingAMissingFileAFolderOrADeviceFails) {
+TEST_F(AtomicFileTest, readingAMissingFileAFolderOrADeviceFails) {
     EXPECT_THROW((void)readFile(target_), filesystem_error);
     EXPECT_THROW((void)readFile(folder_.path()), filesystem_error);
     EXPECT_THROW((void)readFile("/dev/zero"), filesystem_error);
@@ -196,7 +196,7 @@ TEST_F(AtomicFileTest, ReadingAMissingFileAFolderOrADeviceFails) {
     EXPECT_THROW((void)readFile(target_), filesystem_error);
 }
 
-TEST_F(AtomicFileTest, ReadingGivesAllBytesOfALargeFile) {
+TEST_F(AtomicFileTest, readingGivesAllBytesOfALargeFile) {
     std::string content(200'000, '\0');
     for (std::size_t i = 0; i < content.size(); ++i) content[i] = static_cast<char>(i % 251);
     writeAtomically(target_, content);

@@ -33,7 +33,7 @@ void PrintTo(const IntervalRow& row, std::ostream* out) {
 
 class CalendarInterval : public testing::TestWithParam<IntervalRow> {};
 
-TEST_P(CalendarInterval, RunsFromTheFirstInstantToTheFirstOneAfterIt) {
+TEST_P(CalendarInterval, runsFromTheFirstInstantToTheFirstOneAfterIt) {
     const auto& row = GetParam();
     const Calendar calendar(Locale(row.locale), row.zone);
     const auto interval = calendar.interval(row.unit, at(row.instant));
@@ -42,7 +42,7 @@ TEST_P(CalendarInterval, RunsFromTheFirstInstantToTheFirstOneAfterIt) {
     EXPECT_EQ(iso(interval->end), iso(at(row.end)));
 }
 
-TEST_P(CalendarInterval, StartsWithTheStartOfItsFirstDay) {
+TEST_P(CalendarInterval, startsWithTheStartOfItsFirstDay) {
     const auto& row = GetParam();
     const Calendar calendar(Locale(row.locale), row.zone);
     EXPECT_EQ(iso(calendar.startOfDay(at(row.start))), iso(at(row.start)));
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(MonthAndYear, CalendarInterval, testing::ValuesIn(std::
 
 class CalendarOfZone : public testing::TestWithParam<const char*> {};
 
-TEST_P(CalendarOfZone, LaysDaysSideBySideWithoutGapOrOverlap) {
+TEST_P(CalendarOfZone, laysDaysSideBySideWithoutGapOrOverlap) {
     const Calendar calendar(Locale("en_US"), GetParam());
     Instant cursor = calendar.startOfDay(at("2010-01-01T12:00Z"));
     const Instant end = at("2027-01-01T00:00Z");
@@ -120,7 +120,7 @@ TEST_P(CalendarOfZone, LaysDaysSideBySideWithoutGapOrOverlap) {
     }
 }
 
-TEST_P(CalendarOfZone, HoldsEachInstantInItsPeriods) {
+TEST_P(CalendarOfZone, holdsEachInstantInItsPeriods) {
     const Calendar calendar(Locale("en_US"), GetParam());
     std::mt19937_64 random(20260301);
     std::uniform_int_distribution<std::int64_t> seconds(wholeSeconds(at("2008-01-01T00:00Z")),

@@ -38,7 +38,7 @@ void PrintTo(const AddingRow& row, std::ostream* out) {
 
 class CalendarAdding : public testing::TestWithParam<AddingRow> {};
 
-TEST_P(CalendarAdding, MovesTheCalendarPageAndKeepsTheWallClock) {
+TEST_P(CalendarAdding, movesTheCalendarPageAndKeepsTheWallClock) {
     const auto& row = GetParam();
     const auto moved = in(row.zone).adding(row.value, row.unit, at(row.from));
     ASSERT_TRUE(moved);
@@ -71,12 +71,12 @@ INSTANTIATE_TEST_SUITE_P(Row, CalendarAdding, testing::ValuesIn(std::vector<Addi
 }), rowName);
 // clang-format on
 
-TEST(Calendar, AddingKeepsTheMicroseconds) {
+TEST(Calendar, addingKeepsTheMicroseconds) {
     const Instant instant = at("2026-01-15T10:00Z") + std::chrono::microseconds(123456);
     EXPECT_EQ(in("UTC").adding(1, day, instant), instant + std::chrono::hours(24));
 }
 
-TEST(Calendar, AddingBeyondAllDatesIsAbsent) {
+TEST(Calendar, addingBeyondAllDatesIsAbsent) {
     constexpr int most = std::numeric_limits<int>::max();
     for (const auto unit : {day, week, month, year}) {
         EXPECT_FALSE(in("UTC").adding(most, unit, at("2026-01-15T10:00Z")));
@@ -101,7 +101,7 @@ void PrintTo(const DateRow& row, std::ostream* out) {
 
 class CalendarDate : public testing::TestWithParam<DateRow> {};
 
-TEST_P(CalendarDate, IsTheInstantOfAWallClockTime) {
+TEST_P(CalendarDate, isTheInstantOfAWallClockTime) {
     const auto& row = GetParam();
     const auto date = in(row.zone).date(row.components);
     ASSERT_EQ(date.has_value(), row.expected != nullptr);
@@ -132,35 +132,35 @@ INSTANTIATE_TEST_SUITE_P(Row, CalendarDate, testing::ValuesIn(std::vector<DateRo
 }), rowName);
 // clang-format on
 
-TEST(Calendar, ComponentsAreTheWallClockOfTheZone) {
+TEST(Calendar, componentsAreTheWallClockOfTheZone) {
     const DateComponents expected{2026, 2, 28, 19, 30, 15, 7};
     EXPECT_EQ(in("America/New_York").components(at("2026-03-01T00:30:15Z")), expected);
 }
 
-TEST(Calendar, ComponentsOfADateGiveTheDateAgain) {
+TEST(Calendar, componentsOfADateGiveTheDateAgain) {
     const Calendar calendar = in("Europe/Berlin");
     const Instant instant = at("2026-07-14T18:45:59+02:00");
     EXPECT_EQ(calendar.date(calendar.components(instant)), instant);
 }
 
-TEST(Calendar, SettingTimeStaysOnTheDay) {
+TEST(Calendar, settingTimeStaysOnTheDay) {
     const Calendar berlin = in("Europe/Berlin");
     const auto late = berlin.settingTime(23, 59, 59, at("2026-01-15T00:00+01:00"));
     ASSERT_TRUE(late);
     EXPECT_EQ(iso(*late), iso(at("2026-01-15T23:59:59+01:00")));
 }
 
-TEST(Calendar, SettingASkippedTimeGivesTheNextValidOne) {
+TEST(Calendar, settingASkippedTimeGivesTheNextValidOne) {
     const auto time = in("Europe/Berlin").settingTime(2, 30, 0, at("2026-03-29T12:00+02:00"));
     ASSERT_TRUE(time);
     EXPECT_EQ(iso(*time), iso(at("2026-03-29T03:00+02:00")));
 }
 
-TEST(Calendar, SettingATimeThatNoClockShowsIsAbsent) {
+TEST(Calendar, settingATimeThatNoClockShowsIsAbsent) {
     EXPECT_FALSE(in("UTC").settingTime(24, 0, 0, at("2026-01-15T00:00Z")));
 }
 
-TEST(Calendar, DaysBetweenCountsDatesAndNotHours) {
+TEST(Calendar, daysBetweenCountsDatesAndNotHours) {
     const Calendar berlin = in("Europe/Berlin");
     const auto days = [&](const char* from, const char* to) {
         return berlin.daysBetween(at(from), at(to));
@@ -172,30 +172,30 @@ TEST(Calendar, DaysBetweenCountsDatesAndNotHours) {
     EXPECT_EQ(days("2026-01-01T00:00+01:00", "2027-01-01T00:00+01:00"), 365);
 }
 
-TEST(Calendar, DaysBetweenLeavesOutADayThatTheZoneSkipped) {
+TEST(Calendar, daysBetweenLeavesOutADayThatTheZoneSkipped) {
     const Calendar apia = in("Pacific/Apia");
     EXPECT_EQ(apia.daysBetween(at("2011-12-29T00:00-10:00"), at("2011-12-31T23:00+14:00")), 1);
 }
 
-TEST(Calendar, DaysBetweenIsRightAroundAMissingMidnight) {
+TEST(Calendar, daysBetweenIsRightAroundAMissingMidnight) {
     const Calendar saoPaulo = in("America/Sao_Paulo");
     EXPECT_EQ(saoPaulo.daysBetween(at("2018-11-04T01:00-02:00"), at("2018-11-05T00:00-02:00")), 1);
 }
 
-TEST(Calendar, SecondsFromUTCFollowTheZoneChanges) {
+TEST(Calendar, secondsFromUTCFollowTheZoneChanges) {
     EXPECT_EQ(in("Europe/Berlin").secondsFromUTC(at("2026-03-29T00:59:59Z")), 3600);
     EXPECT_EQ(in("Europe/Berlin").secondsFromUTC(at("2026-03-29T01:00:00Z")), 7200);
     EXPECT_EQ(in("Asia/Kathmandu").secondsFromUTC(at("2026-03-29T01:00:00Z")), 20700);
     EXPECT_EQ(in("America/New_York").secondsFromUTC(at("2026-01-01T00:00:00Z")), -18000);
 }
 
-TEST(Calendar, UnknownZonesCountAsUTC) {
+TEST(Calendar, unknownZonesCountAsUTC) {
     EXPECT_EQ(in("Mars/Olympus_Mons").zoneID(), "UTC");
     EXPECT_EQ(in("").zoneID(), "UTC");
     EXPECT_EQ(in("Mars/Olympus_Mons").secondsFromUTC(at("2026-07-01T00:00Z")), 0);
 }
 
-TEST(Calendar, CopiesAreIndependent) {
+TEST(Calendar, copiesAreIndependent) {
     Calendar copy = in("UTC");
     const Calendar original = in("Europe/Berlin");
     copy = original;
@@ -207,7 +207,7 @@ TEST(Calendar, CopiesAreIndependent) {
     EXPECT_EQ(iso(second.startOfDay(instant)), "2026-03-28T23:00:00Z");
 }
 
-TEST(Calendar, CurrentFollowsTheEnvironment) {
+TEST(Calendar, currentFollowsTheEnvironment) {
     const ScopedEnvironment zone("TZ", "Asia/Kathmandu");
     const ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
     const Calendar calendar = Calendar::current();

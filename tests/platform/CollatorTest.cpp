@@ -32,7 +32,7 @@ int sign(int value) {
 
 class CollatorOrder : public testing::TestWithParam<OrderRow> {};
 
-TEST_P(CollatorOrder, IsWhatPeopleExpect) {
+TEST_P(CollatorOrder, isWhatPeopleExpect) {
     const auto& row = GetParam();
     const Collator collator{Locale(row.locale)};
     EXPECT_EQ(sign(collator.compare(row.first, row.second)), row.order);
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Row, CollatorOrder,
                          }),
                          rowName);
 
-TEST(Collator, TheCurrentOneIsMadeOnce) {
+TEST(Collator, theCurrentOneIsMadeOnce) {
     EXPECT_EQ(&Collator::current(), &Collator::current());
     EXPECT_LT(localizedStandardCompare("Site 9", "site 10"), 0);
 }

@@ -29,7 +29,7 @@ void PrintTo(const CurrencyRow& row, std::ostream* out) {
 
 class CurrencyText : public testing::TestWithParam<CurrencyRow> {};
 
-TEST_P(CurrencyText, IsTheLocalesOwnWithTheCurrencysDecimals) {
+TEST_P(CurrencyText, isTheLocalesOwnWithTheCurrencysDecimals) {
     const auto& row = GetParam();
     EXPECT_EQ(formatCurrency(row.hundredths, row.code, Locale(row.locale)), row.text);
 }
@@ -59,19 +59,19 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
-TEST(CurrencyFormatter, ACodeThatIsNotThreeLettersHasNoText) {
+TEST(CurrencyFormatter, aCodeThatIsNotThreeLettersHasNoText) {
     for (const char* code : {"", "US", "USDX", "U$D", "12€", "ÄB"})
         EXPECT_EQ(formatCurrency(1200, code, Locale("en_US")), std::nullopt) << code;
 }
 
-TEST(CurrencyFormatter, ManyCurrenciesInTurnKeepTheirOwnForms) {
+TEST(CurrencyFormatter, manyCurrenciesInTurnKeepTheirOwnForms) {
     for (int round = 0; round < 2; ++round)
         for (const std::string& code : commonCurrencyCodes())
             EXPECT_NE(formatCurrency(100, code, Locale("en_US")), std::nullopt) << code;
     EXPECT_EQ(formatCurrency(100, "EUR", Locale("en_US")), "€1.00");
 }
 
-TEST(CurrencyFormatter, CommonCodesAreSortedAndInUse) {
+TEST(CurrencyFormatter, commonCodesAreSortedAndInUse) {
     const auto& codes = commonCurrencyCodes();
     EXPECT_TRUE(std::is_sorted(codes.begin(), codes.end()));
     EXPECT_THAT(codes, testing::IsSupersetOf({"CHF", "EUR", "GBP", "JPY", "USD"}));

@@ -33,7 +33,7 @@ void PrintTo(const FormatRow& row, std::ostream* out) {
 
 class DateFormatterText : public testing::TestWithParam<FormatRow> {};
 
-TEST_P(DateFormatterText, IsTheLocalesOwn) {
+TEST_P(DateFormatterText, isTheLocalesOwn) {
     const auto& row = GetParam();
     const DateFormatter formatter(row.style, Locale(row.locale), row.zone);
     EXPECT_EQ(formatter.string(at("2026-03-01T20:30Z")), row.text);
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
-TEST(DateFormatter, KeepsTextsThatAreThoseOfANewOne) {
+TEST(DateFormatter, keepsTextsThatAreThoseOfANewOne) {
     std::mt19937_64 random(11);
     for (const auto& [style, locale] :
          {std::pair(Style::shortTime, "en_US"), std::pair(Style::shortTime, "zh_TW"),

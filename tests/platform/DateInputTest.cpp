@@ -37,7 +37,7 @@ void PrintTo(const TextRow& row, std::ostream* out) {
 
 class DateInputText : public testing::TestWithParam<TextRow> {};
 
-TEST_P(DateInputText, IsTheLocalesShortFormWithTheWholeYear) {
+TEST_P(DateInputText, isTheLocalesShortFormWithTheWholeYear) {
     EXPECT_EQ(DateInput(Locale(GetParam().locale)).text({2026, 3, 2}), GetParam().text);
 }
 
@@ -65,7 +65,7 @@ void PrintTo(const TypedRow& row, std::ostream* out) {
 
 class DateInputTyped : public testing::TestWithParam<TypedRow> {};
 
-TEST_P(DateInputTyped, MeansADay) {
+TEST_P(DateInputTyped, meansADay) {
     const auto& row = GetParam();
     EXPECT_EQ(iso(DateInput(Locale(row.locale)).day(row.typed, reference)), row.day);
 }
@@ -125,11 +125,11 @@ INSTANTIATE_TEST_SUITE_P(Row, DateInputTyped,
                          }),
                          rowName);
 
-TEST(DateInput, ALongTextIsNoDay) {
+TEST(DateInput, aLongTextIsNoDay) {
     EXPECT_EQ(DateInput(Locale("en_US")).day(std::string(1'000'000, '3'), reference), std::nullopt);
 }
 
-TEST(DateInput, TheTextOfADayMeansThatDayInEveryLocale) {
+TEST(DateInput, theTextOfADayMeansThatDayInEveryLocale) {
     int count = 0;
     const auto* locales = icu::Locale::getAvailableLocales(count);
     for (int i = 0; i < count; ++i) {
@@ -145,7 +145,7 @@ TEST(DateInput, TheTextOfADayMeansThatDayInEveryLocale) {
     EXPECT_GT(count, 500);
 }
 
-TEST(DateInput, ThePartsStandWhereTheTextHasThem) {
+TEST(DateInput, thePartsStandWhereTheTextHasThem) {
     using Parts = std::vector<DatePartSpan>;
     EXPECT_EQ(DateInput(Locale("en_US")).parts({2026, 3, 12}),
               (Parts{{DatePart::month, 0, 1}, {DatePart::day, 2, 4}, {DatePart::year, 5, 9}}));

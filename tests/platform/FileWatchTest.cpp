@@ -28,7 +28,7 @@ class FileWatchTest : public testing::Test {
         file_, [this] { seen_ = std::filesystem::exists(file_) ? readFile(file_) : "no file"; }};
 };
 
-TEST_F(FileWatchTest, TellsOfAFileThatIsMadeReplacedWrittenAndRemovedAgainAndAgain) {
+TEST_F(FileWatchTest, tellsOfAFileThatIsMadeReplacedWrittenAndRemovedAgainAndAgain) {
     for (const std::string round : {"1", "2"}) {
         writeAtomically(file_, "made " + round);
         EXPECT_TRUE(tellsOf("made " + round));
@@ -41,7 +41,7 @@ TEST_F(FileWatchTest, TellsOfAFileThatIsMadeReplacedWrittenAndRemovedAgainAndAga
     }
 }
 
-TEST_F(FileWatchTest, TellsOfAFileElsewhereThatALinkLeadsTo) {
+TEST_F(FileWatchTest, tellsOfAFileElsewhereThatALinkLeadsTo) {
     const auto target = folder_.path() / "elsewhere.ini";
     writeAtomically(target, "first");
     std::filesystem::create_symlink(target, file_);
@@ -52,7 +52,7 @@ TEST_F(FileWatchTest, TellsOfAFileElsewhereThatALinkLeadsTo) {
     EXPECT_TRUE(tellsOf("replaced"));
 }
 
-TEST(FileWatch, WatchesNothingWhereItsFolderCannotBeMade) {
+TEST(FileWatch, watchesNothingWhereItsFolderCannotBeMade) {
     const test::TemporaryFolder folder;
     writeAtomically(folder.path() / "Elmworth", "in the way");
     EXPECT_NO_THROW(FileWatch(folder.path() / "Elmworth" / "Elmworth.ini", [] {}));

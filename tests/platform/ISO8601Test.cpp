@@ -18,21 +18,21 @@ using test::at;
 using test::iso;
 using test::rowName;
 
-TEST(ISO8601, AnInstantIsWrittenInUTCWithWholeSecondsRoundedDown) {
+TEST(ISO8601, anInstantIsWrittenInUTCWithWholeSecondsRoundedDown) {
     EXPECT_EQ(formatISO8601(at("2026-03-01T09:30Z")), "2026-03-01T09:30:00Z");
     EXPECT_EQ(formatISO8601(at("2026-03-01T09:30Z") + 999999us), "2026-03-01T09:30:00Z");
     EXPECT_EQ(formatISO8601(at("2026-03-01T09:30Z") - 1us), "2026-03-01T09:29:59Z");
     EXPECT_EQ(formatISO8601(Instant{} - 1us), "1969-12-31T23:59:59Z");
 }
 
-TEST(ISO8601, AnInstantIsWrittenWithAnOffset) {
+TEST(ISO8601, anInstantIsWrittenWithAnOffset) {
     const Instant instant = at("2026-03-01T23:30Z");
     EXPECT_EQ(formatISO8601(instant, 3600), "2026-03-02T00:30:00+01:00");
     EXPECT_EQ(formatISO8601(instant, -12600), "2026-03-01T20:00:00-03:30");
     EXPECT_EQ(formatISO8601(instant, 0), "2026-03-01T23:30:00+00:00");
 }
 
-TEST(ISO8601, AnOffsetWithSecondsStillMeansTheSameInstant) {
+TEST(ISO8601, anOffsetWithSecondsStillMeansTheSameInstant) {
     const Instant instant = at("1880-01-01T12:00Z");
     for (const int offset : {3208, -17762, -30})  // local mean times of old
         EXPECT_EQ(parseISO8601(formatISO8601(instant, offset)), instant) << offset;
@@ -46,7 +46,7 @@ struct AcceptedRow {
 
 class ISO8601Accepted : public testing::TestWithParam<AcceptedRow> {};
 
-TEST_P(ISO8601Accepted, IsRead) {
+TEST_P(ISO8601Accepted, isRead) {
     const auto instant = parseISO8601(GetParam().text);
     ASSERT_TRUE(instant);
     EXPECT_EQ(iso(*instant), GetParam().instant);
@@ -72,7 +72,7 @@ struct RefusedRow {
 
 class ISO8601Refused : public testing::TestWithParam<RefusedRow> {};
 
-TEST_P(ISO8601Refused, IsAbsent) {
+TEST_P(ISO8601Refused, isAbsent) {
     EXPECT_EQ(parseISO8601(GetParam().text), std::nullopt);
 }
 
@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedRow{"Slashes", "2026/03/01T09:30:15Z"}),
     rowName);
 
-TEST(ISO8601, WhatIsWrittenIsRead) {
+TEST(ISO8601, whatIsWrittenIsRead) {
     std::mt19937_64 random(20260301);
     std::uniform_int_distribution<std::int64_t> seconds(-62'000'000'000, 253'000'000'000);
     std::uniform_int_distribution<int> offsets(-14 * 60, 14 * 60);

@@ -29,11 +29,11 @@ void PrintTo(const LocaleRow& row, std::ostream* out) {
 
 class LocaleIdentifier : public testing::TestWithParam<LocaleRow> {};
 
-TEST_P(LocaleIdentifier, IsCanonical) {
+TEST_P(LocaleIdentifier, isCanonical) {
     EXPECT_EQ(Locale(GetParam().given).identifier(), GetParam().identifier);
 }
 
-TEST_P(LocaleIdentifier, GivesTheSameLocaleAgain) {
+TEST_P(LocaleIdentifier, givesTheSameLocaleAgain) {
     const Locale locale(GetParam().given);
     EXPECT_EQ(Locale(locale.identifier()), locale);
 }
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Row, LocaleIdentifier,
                          }),
                          rowName);
 
-TEST(Locale, CurrentTakesTheFirstVariableThatIsSet) {
+TEST(Locale, currentTakesTheFirstVariableThatIsSet) {
     const ScopedEnvironment language("LANG", "fr_FR.UTF-8");
     const ScopedEnvironment time("LC_TIME", "de_DE.UTF-8");
     const ScopedEnvironment collate("LC_COLLATE", "sv_SE.UTF-8");
@@ -71,7 +71,7 @@ TEST(Locale, CurrentTakesTheFirstVariableThatIsSet) {
     EXPECT_EQ(Locale::currentForCollation().identifier(), "sv_SE");
 }
 
-TEST(Locale, CurrentFallsBackToTheLanguageAndThenToAmericanEnglish) {
+TEST(Locale, currentFallsBackToTheLanguageAndThenToAmericanEnglish) {
     const ScopedEnvironment all("LC_ALL", std::nullopt);
     const ScopedEnvironment time("LC_TIME", std::nullopt);
     {
@@ -94,7 +94,7 @@ void PrintTo(const CategoryRow& row, std::ostream* out) {
 
 class EnvironmentLocale : public testing::TestWithParam<CategoryRow> {};
 
-TEST_P(EnvironmentLocale, IsTheCategorysOwnUnderTheOneForAllAndOverTheLanguage) {
+TEST_P(EnvironmentLocale, isTheCategorysOwnUnderTheOneForAllAndOverTheLanguage) {
     const ScopedEnvironment language("LANG", "fr_FR.UTF-8");
     const ScopedEnvironment money("LC_MONETARY", "it_IT");
     const ScopedEnvironment numbers("LC_NUMERIC", "it_IT");

@@ -144,7 +144,7 @@ class LogindPowerEventsTest : public testing::Test {
     TestTimer timer;
 };
 
-TEST_F(LogindPowerEventsTest, ASleepOf599SecondsCountsAsWork) {
+TEST_F(LogindPowerEventsTest, aSleepOf599SecondsCountsAsWork) {
     FakeLogind logind;
     LogindPowerEvents events;
     const auto& service = runningTimer(events);
@@ -152,7 +152,7 @@ TEST_F(LogindPowerEventsTest, ASleepOf599SecondsCountsAsWork) {
     EXPECT_TRUE(service.awayIntervals().empty());
 }
 
-TEST_F(LogindPowerEventsTest, ASleepOf600SecondsIsAskedAbout) {
+TEST_F(LogindPowerEventsTest, aSleepOf600SecondsIsAskedAbout) {
     FakeLogind logind;
     LogindPowerEvents events;
     const auto& service = runningTimer(events);
@@ -162,7 +162,7 @@ TEST_F(LogindPowerEventsTest, ASleepOf600SecondsIsAskedAbout) {
     EXPECT_EQ(timer.spans(), std::vector<std::string>{"09:00:00-"});
 }
 
-TEST_F(LogindPowerEventsTest, TwoSleepsAreAskedAboutTogether) {
+TEST_F(LogindPowerEventsTest, twoSleepsAreAskedAboutTogether) {
     FakeLogind logind;
     LogindPowerEvents events;
     const auto& service = runningTimer(events);
@@ -171,7 +171,7 @@ TEST_F(LogindPowerEventsTest, TwoSleepsAreAskedAboutTogether) {
     EXPECT_EQ(service.awayIntervals().size(), 2U);
 }
 
-TEST_F(LogindPowerEventsTest, TheMachineWaitsUntilTheHandlersHaveRun) {
+TEST_F(LogindPowerEventsTest, theMachineWaitsUntilTheHandlersHaveRun) {
     FakeLogind logind;
     LogindPowerEvents events;
     ASSERT_TRUE(logind.getsLock());
@@ -187,7 +187,7 @@ TEST_F(LogindPowerEventsTest, TheMachineWaitsUntilTheHandlersHaveRun) {
     EXPECT_TRUE(logind.getsLock(1));
 }
 
-TEST_F(LogindPowerEventsTest, AShutdownWaitsForTheHandlersToo) {
+TEST_F(LogindPowerEventsTest, aShutdownWaitsForTheHandlersToo) {
     FakeLogind logind;
     LogindPowerEvents events;
     ASSERT_TRUE(logind.getsLock());
@@ -201,7 +201,7 @@ TEST_F(LogindPowerEventsTest, AShutdownWaitsForTheHandlersToo) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(LogindPowerEventsTest, ALogindThatStartsLaterOrAgainIsTakenUp) {
+TEST_F(LogindPowerEventsTest, aLogindThatStartsLaterOrAgainIsTakenUp) {
     LogindPowerEvents events;
     auto& service = runningTimer(events);
     for (std::size_t sleeps = 1; sleeps <= 2; ++sleeps) {
@@ -212,7 +212,7 @@ TEST_F(LogindPowerEventsTest, ALogindThatStartsLaterOrAgainIsTakenUp) {
     }
 }
 
-TEST_F(LogindPowerEventsTest, ADeadHandlerIsNotCalled) {
+TEST_F(LogindPowerEventsTest, aDeadHandlerIsNotCalled) {
     FakeLogind logind;
     LogindPowerEvents events;
     int calls = 0;

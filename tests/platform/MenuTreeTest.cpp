@@ -21,7 +21,7 @@ QString labelOf(const MenuTree& tree, int id) {
     return tree.find(id)->properties.value(QStringLiteral("label")).toString();
 }
 
-TEST(MenuTree, ItemsAreNumberedUnderTheRoot) {
+TEST(MenuTree, itemsAreNumberedUnderTheRoot) {
     MenuTree tree;
     const auto change =
         tree.replace({{.text = "Open"}, TrayMenuItem::separator(), {.text = "Quit"}});
@@ -31,7 +31,7 @@ TEST(MenuTree, ItemsAreNumberedUnderTheRoot) {
     EXPECT_EQ(tree.revision(), 2U);
 }
 
-TEST(MenuTree, TheSameItemsAgainChangeNothing) {
+TEST(MenuTree, theSameItemsAgainChangeNothing) {
     MenuTree tree;
     const std::vector<TrayMenuItem> items{{.text = "Stop at…", .submenu = {{.text = "Now"}}},
                                           TrayMenuItem::separator(),
@@ -46,7 +46,7 @@ TEST(MenuTree, TheSameItemsAgainChangeNothing) {
     EXPECT_EQ(tree.revision(), 2U);
 }
 
-TEST(MenuTree, AnItemOfTheSameIdentityKeepsItsNumberWhenItsTextChanges) {
+TEST(MenuTree, anItemOfTheSameIdentityKeepsItsNumberWhenItsTextChanges) {
     MenuTree tree;
     tree.replace({{.text = "1:05 Website", .isEnabled = false, .identity = "status"}});
     const auto change = tree.replace({{.text = "1:06 Website", .identity = "status"}});
@@ -58,7 +58,7 @@ TEST(MenuTree, AnItemOfTheSameIdentityKeepsItsNumberWhenItsTextChanges) {
     EXPECT_EQ(changed.removed, QStringList{QStringLiteral("enabled")});
 }
 
-TEST(MenuTree, AMovedItemKeepsItsNumberAndTheLayoutChanges) {
+TEST(MenuTree, aMovedItemKeepsItsNumberAndTheLayoutChanges) {
     MenuTree tree;
     tree.replace({{.text = "Website"}, {.text = "Logo"}});
     const auto change = tree.replace({{.text = "Logo"}, {.text = "Website"}});
@@ -67,7 +67,7 @@ TEST(MenuTree, AMovedItemKeepsItsNumberAndTheLayoutChanges) {
     EXPECT_EQ(labelOf(tree, 1), QStringLiteral("Website"));
 }
 
-TEST(MenuTree, ANumberIsNeverGivenToAnotherItem) {
+TEST(MenuTree, aNumberIsNeverGivenToAnotherItem) {
     MenuTree tree;
     tree.replace({{.text = "Website"}});
     tree.replace({{.text = "Logo"}});
@@ -76,14 +76,14 @@ TEST(MenuTree, ANumberIsNeverGivenToAnotherItem) {
     EXPECT_THAT(childIDs(tree.root()), ElementsAre(3));
 }
 
-TEST(MenuTree, ItemsOfTheSameTextAreDifferentItems) {
+TEST(MenuTree, itemsOfTheSameTextAreDifferentItems) {
     MenuTree tree;
     tree.replace({{.text = "Website"}, {.text = "Website"}});
     EXPECT_THAT(childIDs(tree.root()), ElementsAre(1, 2));
     EXPECT_FALSE(tree.replace({{.text = "Website"}, {.text = "Website"}}).isLayoutChanged);
 }
 
-TEST(MenuTree, AChangeBelowChangesTheLayout) {
+TEST(MenuTree, aChangeBelowChangesTheLayout) {
     MenuTree tree;
     tree.replace({{.text = "Stop at…", .submenu = {{.text = "Now"}}}});
     const auto change =
@@ -92,7 +92,7 @@ TEST(MenuTree, AChangeBelowChangesTheLayout) {
     EXPECT_THAT(childIDs(*tree.find(1)), ElementsAre(2, 3));
 }
 
-TEST(MenuTree, APropertyIsThereOnlyWhenItDiffersFromTheDefault) {
+TEST(MenuTree, aPropertyIsThereOnlyWhenItDiffersFromTheDefault) {
     MenuTree tree;
     tree.replace({{.text = "Open"},
                   {.text = "Off", .isEnabled = false},
@@ -108,7 +108,7 @@ TEST(MenuTree, APropertyIsThereOnlyWhenItDiffersFromTheDefault) {
     EXPECT_EQ(names(6), list("type"));
 }
 
-TEST(MenuTree, AnUnderscoreIsShownAndUnderlinesNothing) {
+TEST(MenuTree, anUnderscoreIsShownAndUnderlinesNothing) {
     MenuTree tree;
     tree.replace({{.text = "snake_case"}});
     EXPECT_EQ(labelOf(tree, 1), QStringLiteral("snake__case"));

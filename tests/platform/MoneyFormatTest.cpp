@@ -38,7 +38,7 @@ void PrintTo(const FormatRow& row, std::ostream* out) {
 
 class FormatCents : public testing::TestWithParam<FormatRow> {};
 
-TEST_P(FormatCents, IsTheLocalesForm) {
+TEST_P(FormatCents, isTheLocalesForm) {
     const auto& row = GetParam();
     EXPECT_EQ(formatCents(row.cents, row.code, Locale(row.locale)), row.text);
 }
@@ -73,7 +73,7 @@ void PrintTo(const ParseRow& row, std::ostream* out) {
 
 class ParseCents : public testing::TestWithParam<ParseRow> {};
 
-TEST_P(ParseCents, ReadsWhatPeopleType) {
+TEST_P(ParseCents, readsWhatPeopleType) {
     EXPECT_EQ(parseCents(GetParam().text), GetParam().expected);
 }
 
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Row, ParseCents,
 
 class ParseBasisPoints : public testing::TestWithParam<ParseRow> {};
 
-TEST_P(ParseBasisPoints, ReadsWhatPeopleType) {
+TEST_P(ParseBasisPoints, readsWhatPeopleType) {
     EXPECT_EQ(parseBasisPoints(GetParam().text), GetParam().expected);
 }
 
@@ -165,7 +165,7 @@ void PrintTo(const ScaledRow& row, std::ostream* out) {
 
 class ParseScaledDecimal : public testing::TestWithParam<ScaledRow> {};
 
-TEST_P(ParseScaledDecimal, IsExactAndRoundsHalvesUp) {
+TEST_P(ParseScaledDecimal, isExactAndRoundsHalvesUp) {
     const auto& row = GetParam();
     EXPECT_EQ(parseScaledDecimal(row.text, row.limit), row.expected);
 }
@@ -205,7 +205,7 @@ void PrintTo(const PercentRow& row, std::ostream* out) {
 
 class FormatBasisPoints : public testing::TestWithParam<PercentRow> {};
 
-TEST_P(FormatBasisPoints, HasNoDecimalsOrTwo) {
+TEST_P(FormatBasisPoints, hasNoDecimalsOrTwo) {
     EXPECT_EQ(formatBasisPoints(GetParam().basisPoints), GetParam().text);
 }
 
@@ -227,7 +227,7 @@ bool hasTwoDecimals(const std::string& code) {
     return formatCents(1, code, Locale("en_US")).ends_with("0.01");
 }
 
-TEST(MoneyFormat, AFormattedAmountParsesBackInEachCurrencyWithTwoDecimals) {
+TEST(MoneyFormat, aFormattedAmountParsesBackInEachCurrencyWithTwoDecimals) {
     std::mt19937_64 random(20260301);
     std::uniform_int_distribution<int> digits(1, 11);
     int currencies = 0;
@@ -245,19 +245,19 @@ TEST(MoneyFormat, AFormattedAmountParsesBackInEachCurrencyWithTwoDecimals) {
     EXPECT_GT(currencies, 100);
 }
 
-TEST(MoneyFormat, EachPercentageParsesBack) {
+TEST(MoneyFormat, eachPercentageParsesBack) {
     for (std::int64_t basisPoints = 0; basisPoints <= 10000; ++basisPoints)
         ASSERT_EQ(parseBasisPoints(formatBasisPoints(basisPoints)), basisPoints);
 }
 
-TEST(MoneyFormat, AmountsReadAsTheUserWritesMoneyWhateverTheDatesAre) {
+TEST(MoneyFormat, amountsReadAsTheUserWritesMoneyWhateverTheDatesAre) {
     const test::ScopedEnvironment all("LC_ALL", std::nullopt);
     const test::ScopedEnvironment money("LC_MONETARY", "de_DE.UTF-8");
     const test::ScopedEnvironment dates("LC_TIME", "en_GB.UTF-8");
     EXPECT_EQ(formatCents(123456, "EUR"), "1.234,56\u00a0€");
 }
 
-TEST(MoneyFormat, TheSharedDateFormattersAreMadeOnceInTheCurrentLocaleAndZone) {
+TEST(MoneyFormat, theSharedDateFormattersAreMadeOnceInTheCurrentLocaleAndZone) {
     const test::ScopedEnvironment zone("TZ", "Asia/Kathmandu");
     const test::ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
     EXPECT_EQ(mediumDateFormatter().string(at("2026-03-01T20:30Z")), "02.03.2026");

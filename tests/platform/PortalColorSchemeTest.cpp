@@ -99,7 +99,7 @@ class PortalColorSchemeTest : public testing::Test {
     FakePortal* portal_ = nullptr;
 };
 
-TEST_F(PortalColorSchemeTest, TheFirstAnswerIsThereAtOnce) {
+TEST_F(PortalColorSchemeTest, theFirstAnswerIsThereAtOnce) {
     startPortal(scheme(1));
     EXPECT_EQ(PortalColorScheme(programBus_).preferences(), (Preferences{true, false}));
 }
@@ -114,7 +114,7 @@ struct Row {
 
 class PortalAnswer : public PortalColorSchemeTest, public testing::WithParamInterface<Row> {};
 
-TEST_P(PortalAnswer, IsUnderstood) {
+TEST_P(PortalAnswer, isUnderstood) {
     const auto text = [](const char* latin) { return QString::fromLatin1(latin); };
     startPortal({{text(GetParam().group), {{text(GetParam().key), GetParam().value}}}});
     EXPECT_EQ(PortalColorScheme(programBus_).preferences(), GetParam().expected);
@@ -149,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(
             {{}, false}}),
     [](const auto& row) { return row.param.name; });
 
-TEST_F(PortalColorSchemeTest, AChangeIsToldOnce) {
+TEST_F(PortalColorSchemeTest, aChangeIsToldOnce) {
     startPortal(scheme(2));
     PortalColorScheme portalScheme(programBus_);
     int changes = 0;
@@ -166,14 +166,14 @@ TEST_F(PortalColorSchemeTest, AChangeIsToldOnce) {
     EXPECT_EQ(changes, 2);
 }
 
-TEST_F(PortalColorSchemeTest, APortalThatStartsLaterIsAsked) {
+TEST_F(PortalColorSchemeTest, aPortalThatStartsLaterIsAsked) {
     const PortalColorScheme portalScheme(programBus_);
     EXPECT_EQ(portalScheme.preferences(), Preferences{});
     startPortal(scheme(1));
     EXPECT_TRUE(becomes(portalScheme, {true, false}));
 }
 
-TEST_F(PortalColorSchemeTest, WhatAPortalSaidHoldsWhileItIsAway) {
+TEST_F(PortalColorSchemeTest, whatAPortalSaidHoldsWhileItIsAway) {
     startPortal(scheme(1));
     const PortalColorScheme portalScheme(programBus_);
     stopPortal();
@@ -182,7 +182,7 @@ TEST_F(PortalColorSchemeTest, WhatAPortalSaidHoldsWhileItIsAway) {
     EXPECT_TRUE(becomes(portalScheme, {false, false}));
 }
 
-TEST(PortalColorScheme, WithoutABusNothingIsPreferred) {
+TEST(PortalColorScheme, withoutABusNothingIsPreferred) {
     const PortalColorScheme colorScheme(QDBusConnection(QStringLiteral("nowhere")));
     EXPECT_EQ(colorScheme.preferences(), ColorScheme::Preferences{});
 }

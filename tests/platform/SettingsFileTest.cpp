@@ -35,7 +35,7 @@ class SettingsFileTest : public testing::Test {
     std::filesystem::path file_ = folder_.path() / "Elmworth" / "Elmworth.ini";
 };
 
-TEST_F(SettingsFileTest, AChangeWritesItsOwnKeyOverWhatTheFileHoldsByThen) {
+TEST_F(SettingsFileTest, aChangeWritesItsOwnKeyOverWhatTheFileHoldsByThen) {
     writeFile("[General]\nappearance=dark\nweeklyGoalHours=32\nmainSection=clients\n");
     Settings defaults(file_);
     writeFile("[General]\nappearance=light\nweeklyGoalHours=30\nmenuBarStyle=icon\n");
@@ -54,7 +54,7 @@ TEST_F(SettingsFileTest, AChangeWritesItsOwnKeyOverWhatTheFileHoldsByThen) {
                                             "weeklyGoalHours"));
 }
 
-TEST_F(SettingsFileTest, AValueThatOthersHaveChangedIsWrittenAgainWhenItIsSetToWhatItWas) {
+TEST_F(SettingsFileTest, aValueThatOthersHaveChangedIsWrittenAgainWhenItIsSetToWhatItWas) {
     Settings defaults(file_);
     defaults.setString("appearance", "dark");
     Settings(file_).setString("appearance", "light");
@@ -62,7 +62,7 @@ TEST_F(SettingsFileTest, AValueThatOthersHaveChangedIsWrittenAgainWhenItIsSetToW
     EXPECT_EQ(Settings(file_).string("appearance"), "dark");
 }
 
-TEST_F(SettingsFileTest, ARemovalLeavesWhatOthersHaveWritten) {
+TEST_F(SettingsFileTest, aRemovalLeavesWhatOthersHaveWritten) {
     Settings defaults(file_);
     defaults.setString("a", "1");
     Settings(file_).setString("b", "2");
@@ -71,7 +71,7 @@ TEST_F(SettingsFileTest, ARemovalLeavesWhatOthersHaveWritten) {
     EXPECT_EQ(Settings(file_).string("b"), "2");
 }
 
-TEST_F(SettingsFileTest, AnObsoleteKeyGoesInTheWriteOfTheNewOne) {
+TEST_F(SettingsFileTest, anObsoleteKeyGoesInTheWriteOfTheNewOne) {
     Settings defaults(file_);
     defaults.setString("old", "1");
     {
@@ -85,7 +85,7 @@ TEST_F(SettingsFileTest, AnObsoleteKeyGoesInTheWriteOfTheNewOne) {
     EXPECT_EQ(Settings(file_).data("new"), "2");
 }
 
-TEST_F(SettingsFileTest, ReloadingGivesEachChangeOfOthersAndTellsOfIt) {
+TEST_F(SettingsFileTest, reloadingGivesEachChangeOfOthersAndTellsOfIt) {
     Settings defaults(file_);
     defaults.setString("a", "1");
     defaults.setString("b", "2");
@@ -104,7 +104,7 @@ TEST_F(SettingsFileTest, ReloadingGivesEachChangeOfOthersAndTellsOfIt) {
     EXPECT_EQ(defaults.string("b"), "5");
 }
 
-TEST_F(SettingsFileTest, WhatCouldNotBeWrittenIsNotLostToAChangeOfOthers) {
+TEST_F(SettingsFileTest, whatCouldNotBeWrittenIsNotLostToAChangeOfOthers) {
     Settings defaults(file_);
     defaults.setString("a", "1");
     {
@@ -159,7 +159,7 @@ class UnreadableSettings : public SettingsFileTest, public testing::WithParamInt
     }
 };
 
-TEST_P(UnreadableSettings, AreKeptUnderADatedNameBeforeAnythingIsWritten) {
+TEST_P(UnreadableSettings, areKeptUnderADatedNameBeforeAnythingIsWritten) {
     writeFile("");
     std::filesystem::remove(file_);
     GetParam().inflict(file_);
@@ -173,7 +173,7 @@ TEST_P(UnreadableSettings, AreKeptUnderADatedNameBeforeAnythingIsWritten) {
     expectKept(before);
 }
 
-TEST_P(UnreadableSettings, OfARunningProgramLoseNothingThatItKnows) {
+TEST_P(UnreadableSettings, ofARunningProgramLoseNothingThatItKnows) {
     Settings defaults(file_);
     defaults.setString("businessName", "Jane");
     std::filesystem::remove(file_);
@@ -219,7 +219,7 @@ class OrdinaryUser {
     bool isRoot_ = ::geteuid() == 0;
 };
 
-TEST_F(SettingsFileTest, AFileThatMayNotBeReadIsKeptUnderADatedName) {
+TEST_F(SettingsFileTest, aFileThatMayNotBeReadIsKeptUnderADatedName) {
     writeFile("[General]\nappearance=dark\n");
     std::filesystem::permissions(file_, std::filesystem::perms::none);
     {
@@ -239,7 +239,7 @@ TEST_F(SettingsFileTest, AFileThatMayNotBeReadIsKeptUnderADatedName) {
     EXPECT_THAT(texts, ElementsAre("[General]\nappearance=dark\n"));
 }
 
-TEST_F(SettingsFileTest, OfADamagedFileWhatCanBeReadStays) {
+TEST_F(SettingsFileTest, ofADamagedFileWhatCanBeReadStays) {
     writeFile(halfALine);
     Settings defaults(file_);
     EXPECT_EQ(defaults.string("appearance"), "dark");
@@ -247,7 +247,7 @@ TEST_F(SettingsFileTest, OfADamagedFileWhatCanBeReadStays) {
     EXPECT_EQ(Settings(file_).string("appearance"), "dark");
 }
 
-TEST_F(SettingsFileTest, SeveralDamagedFilesOfOneMomentAreAllKept) {
+TEST_F(SettingsFileTest, severalDamagedFilesOfOneMomentAreAllKept) {
     for (const char* value : {"1", "2", "3"}) {
         writeFile((std::string("damaged ") + value).c_str());
         Settings(file_).setString("key", value);
@@ -259,7 +259,7 @@ TEST_F(SettingsFileTest, SeveralDamagedFilesOfOneMomentAreAllKept) {
     EXPECT_THAT(texts, UnorderedElementsAre("damaged 1", "damaged 2", "damaged 3"));
 }
 
-TEST_F(SettingsFileTest, TheSystemLogSaysWhereADamagedFileIs) {
+TEST_F(SettingsFileTest, theSystemLogSaysWhereADamagedFileIs) {
     writeFile(halfALine);
     Settings defaults(file_);
     const test::SystemLogCapture log;
@@ -269,7 +269,7 @@ TEST_F(SettingsFileTest, TheSystemLogSaysWhereADamagedFileIs) {
                                     file_.string() + ".damaged-"));
 }
 
-TEST_F(SettingsFileTest, ADamagedFileStaysWhereItIsWhenNoneCanTakeItsPlace) {
+TEST_F(SettingsFileTest, aDamagedFileStaysWhereItIsWhenNoneCanTakeItsPlace) {
     writeFile(halfALine);
     Settings defaults(file_);
     {

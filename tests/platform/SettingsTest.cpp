@@ -32,7 +32,7 @@ class SettingsTest : public testing::Test {
     std::filesystem::path file_ = folder_.path() / "Elmworth" / "Elmworth.ini";
 };
 
-TEST_F(SettingsTest, AMissingFileHoldsNothingAndIsNotMade) {
+TEST_F(SettingsTest, aMissingFileHoldsNothingAndIsNotMade) {
     const Settings defaults(file_);
     EXPECT_EQ(defaults.string("mainSection"), std::nullopt);
     EXPECT_EQ(defaults.data("businessProfile"), std::nullopt);
@@ -40,7 +40,7 @@ TEST_F(SettingsTest, AMissingFileHoldsNothingAndIsNotMade) {
     EXPECT_THAT(folder_.names(), IsEmpty());
 }
 
-TEST_F(SettingsTest, ValuesAreThereAtTheNextStart) {
+TEST_F(SettingsTest, valuesAreThereAtTheNextStart) {
     {
         Settings defaults(file_);
         defaults.setString("mainSection", "timesheet");
@@ -58,7 +58,7 @@ TEST_F(SettingsTest, ValuesAreThereAtTheNextStart) {
     EXPECT_EQ(defaults.data("businessProfile"), "{\"name\":\"X\"}");
 }
 
-TEST_F(SettingsTest, TextsSurviveTheFileFormat) {
+TEST_F(SettingsTest, textsSurviveTheFileFormat) {
     const std::vector<std::string> texts{
         "",         " blanks ",   "a, b; c = d",        "\"quoted\" \\ backslash",
         "@at",      "@Invalid()", "line\nbreak\ttab",   "Zürich 👍",
@@ -70,7 +70,7 @@ TEST_F(SettingsTest, TextsSurviveTheFileFormat) {
     }
 }
 
-TEST_F(SettingsTest, AllBytesSurviveTheFileFormat) {
+TEST_F(SettingsTest, allBytesSurviveTheFileFormat) {
     std::string bytes;
     for (int round = 0; round < 2; ++round)
         for (int byte = 0; byte < 256; ++byte) bytes.append(1, static_cast<char>(byte)).append("0");
@@ -80,7 +80,7 @@ TEST_F(SettingsTest, AllBytesSurviveTheFileFormat) {
     EXPECT_EQ(Settings(file_).data("blob"), "");
 }
 
-TEST_F(SettingsTest, IntegersAreExactIn64Bits) {
+TEST_F(SettingsTest, integersAreExactIn64Bits) {
     for (const auto value : {std::numeric_limits<std::int64_t>::max(),
                              std::numeric_limits<std::int64_t>::min(), std::int64_t{0}}) {
         Settings(file_).setInteger("number", value);
@@ -88,7 +88,7 @@ TEST_F(SettingsTest, IntegersAreExactIn64Bits) {
     }
 }
 
-TEST_F(SettingsTest, AValueOfAnotherTypeIsAbsent) {
+TEST_F(SettingsTest, aValueOfAnotherTypeIsAbsent) {
     Settings defaults(file_);
     defaults.setString("text", "forty");
     defaults.setData("blob", "40");
@@ -99,7 +99,7 @@ TEST_F(SettingsTest, AValueOfAnotherTypeIsAbsent) {
     EXPECT_EQ(defaults.integer("blob"), std::nullopt);
 }
 
-TEST_F(SettingsTest, OnlyTheUserCanReadThem) {
+TEST_F(SettingsTest, onlyTheUserCanReadThem) {
     Settings(file_).setString("key", "value");
     struct stat status {};
     ASSERT_EQ(::stat(file_.c_str(), &status), 0);
@@ -108,7 +108,7 @@ TEST_F(SettingsTest, OnlyTheUserCanReadThem) {
     EXPECT_EQ(status.st_mode & 0777, 0700);
 }
 
-TEST_F(SettingsTest, WritingLeavesNothingButTheFile) {
+TEST_F(SettingsTest, writingLeavesNothingButTheFile) {
     Settings(file_).setString("key", "value");
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(file_.parent_path()))
@@ -116,7 +116,7 @@ TEST_F(SettingsTest, WritingLeavesNothingButTheFile) {
     EXPECT_THAT(names, ElementsAre("Elmworth.ini"));
 }
 
-TEST_F(SettingsTest, ValuesWrittenByHandAreReadAndKept) {
+TEST_F(SettingsTest, valuesWrittenByHandAreReadAndKept) {
     writeFile("[General]\nappearance=dark\nweeklyGoalHours=32\nlist=a, b\n\n[other]\nkey=1\n");
     Settings defaults(file_);
     EXPECT_EQ(defaults.string("appearance"), "dark");
@@ -127,7 +127,7 @@ TEST_F(SettingsTest, ValuesWrittenByHandAreReadAndKept) {
     EXPECT_THAT(text, testing::HasSubstr("[other]\nkey=1"));
 }
 
-TEST_F(SettingsTest, AFullDiskKeepsTheOldFileAndTheNewValueInMemory) {
+TEST_F(SettingsTest, aFullDiskKeepsTheOldFileAndTheNewValueInMemory) {
     Settings defaults(file_);
     defaults.setString("key", "old");
     const std::string before = readFile(file_);
@@ -144,7 +144,7 @@ TEST_F(SettingsTest, AFullDiskKeepsTheOldFileAndTheNewValueInMemory) {
     EXPECT_EQ(Settings(file_).string("key"), std::string(20'000, 'x'));
 }
 
-TEST_F(SettingsTest, AFolderThatCannotBeMadeIsToldByTheFlag) {
+TEST_F(SettingsTest, aFolderThatCannotBeMadeIsToldByTheFlag) {
     writeAtomically(folder_.path() / "Elmworth", "a file in the way");
     Settings defaults(file_);
     defaults.setString("key", "value");
@@ -152,7 +152,7 @@ TEST_F(SettingsTest, AFolderThatCannotBeMadeIsToldByTheFlag) {
     EXPECT_EQ(defaults.string("key"), "value");
 }
 
-TEST_F(SettingsTest, ObserversHearOfEachChange) {
+TEST_F(SettingsTest, observersHearOfEachChange) {
     Settings defaults(file_);
     std::vector<std::string> heard;
     const auto observation =
@@ -165,7 +165,7 @@ TEST_F(SettingsTest, ObserversHearOfEachChange) {
     EXPECT_EQ(Settings(file_).string("a"), std::nullopt);
 }
 
-TEST_F(SettingsTest, AnEqualValueWritesNothingAndTellsNobody) {
+TEST_F(SettingsTest, anEqualValueWritesNothingAndTellsNobody) {
     Settings defaults(file_);
     defaults.setInteger("a", 1);
     std::filesystem::remove(file_);
@@ -177,7 +177,7 @@ TEST_F(SettingsTest, AnEqualValueWritesNothingAndTellsNobody) {
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
-TEST_F(SettingsTest, ADeadObservationHearsNothing) {
+TEST_F(SettingsTest, aDeadObservationHearsNothing) {
     Settings defaults(file_);
     int changes = 0;
     auto observation = defaults.observe([&](std::string_view) { ++changes; });
@@ -186,7 +186,7 @@ TEST_F(SettingsTest, ADeadObservationHearsNothing) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(SettingsTest, AnObserverMayEndItselfAndSetValues) {
+TEST_F(SettingsTest, anObserverMayEndItselfAndSetValues) {
     Settings defaults(file_);
     std::vector<std::string> heard;
     Settings::Observation observation;
@@ -200,7 +200,7 @@ TEST_F(SettingsTest, AnObserverMayEndItselfAndSetValues) {
     EXPECT_EQ(defaults.string("b"), "2");
 }
 
-TEST_F(SettingsTest, RemoveAllTakesTheFileToo) {
+TEST_F(SettingsTest, removeAllTakesTheFileToo) {
     Settings defaults(file_);
     defaults.setString("a", "1");
     defaults.setString("b", "2");
@@ -213,7 +213,7 @@ TEST_F(SettingsTest, RemoveAllTakesTheFileToo) {
     EXPECT_THAT(heard, ElementsAre("a", "b"));
 }
 
-TEST_F(SettingsTest, NamedSettingsAreFilesOfTheirOwn) {
+TEST_F(SettingsTest, namedSettingsAreFilesOfTheirOwn) {
     const test::ScopedEnvironment config("XDG_CONFIG_HOME", "/config");
     EXPECT_EQ(Settings::standardFile(), "/config/Elmworth/Elmworth.ini");
     EXPECT_EQ(Settings::namedFile("demo"), "/config/Elmworth/demo.ini");

@@ -15,14 +15,14 @@ namespace {
 
 using test::ScopedEnvironment;
 
-TEST(StandardFolders, FollowTheBaseDirectories) {
+TEST(StandardFolders, followTheBaseDirectories) {
     const ScopedEnvironment data("XDG_DATA_HOME", "/data");
     const ScopedEnvironment config("XDG_CONFIG_HOME", "/config");
     EXPECT_EQ(dataFolder(), "/data/Elmworth");
     EXPECT_EQ(settingsFolder(), "/config/Elmworth");
 }
 
-TEST(StandardFolders, LieInTheHomeFolderWithoutBaseDirectories) {
+TEST(StandardFolders, lieInTheHomeFolderWithoutBaseDirectories) {
     const ScopedEnvironment home("HOME", "/home/someone");
     const ScopedEnvironment data("XDG_DATA_HOME", std::nullopt);
     const ScopedEnvironment config("XDG_CONFIG_HOME", "");
@@ -30,19 +30,19 @@ TEST(StandardFolders, LieInTheHomeFolderWithoutBaseDirectories) {
     EXPECT_EQ(settingsFolder(), "/home/someone/.config/Elmworth");
 }
 
-TEST(StandardFolders, RelativeBaseDirectoriesDoNotCount) {
+TEST(StandardFolders, relativeBaseDirectoriesDoNotCount) {
     const ScopedEnvironment home("HOME", "/home/someone");
     const ScopedEnvironment data("XDG_DATA_HOME", "data");
     EXPECT_EQ(dataFolder(), "/home/someone/.local/share/Elmworth");
 }
 
-TEST(StandardFolders, AreAbsoluteAlsoWithoutAHomeFolder) {
+TEST(StandardFolders, areAbsoluteAlsoWithoutAHomeFolder) {
     const ScopedEnvironment home("HOME", std::nullopt);
     const ScopedEnvironment data("XDG_DATA_HOME", std::nullopt);
     EXPECT_TRUE(dataFolder().is_absolute());
 }
 
-TEST(StandardFolders, CreatedFoldersAreForTheUserAlone) {
+TEST(StandardFolders, createdFoldersAreForTheUserAlone) {
     const test::TemporaryFolder folder;
     const auto created = createPrivateFolder(folder.path() / "a" / "b");
     EXPECT_EQ(created, folder.path() / "a" / "b");
@@ -53,7 +53,7 @@ TEST(StandardFolders, CreatedFoldersAreForTheUserAlone) {
     }
 }
 
-TEST(StandardFolders, AnExistingFolderIsLeftAsItIs) {
+TEST(StandardFolders, anExistingFolderIsLeftAsItIs) {
     const test::TemporaryFolder folder;
     ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
     createPrivateFolder(folder.path());
@@ -62,7 +62,7 @@ TEST(StandardFolders, AnExistingFolderIsLeftAsItIs) {
     EXPECT_EQ(status.st_mode & 0777, 0755);
 }
 
-TEST(StandardFolders, AFileInTheWayIsReported) {
+TEST(StandardFolders, aFileInTheWayIsReported) {
     const test::TemporaryFolder folder;
     writeAtomically(folder.path() / "a", "");
     EXPECT_THROW(createPrivateFolder(folder.path() / "a"), std::filesystem::filesystem_error);

@@ -30,7 +30,7 @@ std::string readSome(int descriptor) {
     return {buffer, static_cast<std::size_t>(count > 0 ? count : 0)};
 }
 
-TEST(SystemLog, ALineGoesToTheTerminalAsItStands) {
+TEST(SystemLog, aLineGoesToTheTerminalAsItStands) {
     int host = -1;
     int terminal = -1;
     ASSERT_EQ(::openpty(&host, &terminal, nullptr, nullptr, nullptr), 0);
@@ -38,7 +38,7 @@ TEST(SystemLog, ALineGoesToTheTerminalAsItStands) {
     EXPECT_EQ(readSome(host), "Elmworth: 100%s saved\r\n");
 }
 
-TEST(SystemLog, StandardErrorThatIsNoTerminalStaysEmpty) {
+TEST(SystemLog, standardErrorThatIsNoTerminalStaysEmpty) {
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
     withStandardError(ends[1], [] { writeSystemLog("Elmworth: a line"); });

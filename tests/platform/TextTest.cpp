@@ -36,7 +36,7 @@ std::string encoded(unsigned c) {
     return byte(0xE0 | c >> 12) + byte(0x80 | (c >> 6 & 0x3F)) + byte(0x80 | (c & 0x3F));
 }
 
-TEST(CharacterCount, OfTextsWithoutClustersIsThatOfTheRulesForClusters) {
+TEST(CharacterCount, ofTextsWithoutClustersIsThatOfTheRulesForClusters) {
     const std::string hangul = "\u1100";  // a text with it goes the long way
     std::string previous = "a";
     for (unsigned c = 1; c < 0x2200; ++c) {
@@ -48,11 +48,11 @@ TEST(CharacterCount, OfTextsWithoutClustersIsThatOfTheRulesForClusters) {
     EXPECT_EQ(characterCount("a\xE2\x82"), characterCount("a\xE2\x82 " + hangul) - 2);
 }
 
-TEST_P(Characters, AreCountedAsPeoplePerceiveThem) {
+TEST_P(Characters, areCountedAsPeoplePerceiveThem) {
     EXPECT_EQ(characterCount(GetParam().text), GetParam().count);
 }
 
-TEST_P(Characters, AreNeverCutInTheMiddle) {
+TEST_P(Characters, areNeverCutInTheMiddle) {
     EXPECT_EQ(firstCharacters(GetParam().text, 2), GetParam().firstTwo);
 }
 
@@ -77,40 +77,40 @@ INSTANTIATE_TEST_SUITE_P(Row, Characters,
                          }),
                          rowName);
 
-TEST(Text, FirstNoneIsEmpty) {
+TEST(Text, firstNoneIsEmpty) {
     EXPECT_EQ(firstCharacters("äöü", 0), "");
     EXPECT_EQ(firstCharacters("abc", 0), "");
 }
 
-TEST(Text, TrimmedBlanksLeavesLineBreaks) {
+TEST(Text, trimmedBlanksLeavesLineBreaks) {
     EXPECT_EQ(trimmedBlanks(" \t a b \t"), "a b");
     EXPECT_EQ(trimmedBlanks(" \na\n "), "\na\n");
     EXPECT_EQ(trimmedBlanks(" \t "), "");
     EXPECT_EQ(trimmedBlanks(""), "");
 }
 
-TEST(Text, TrimmedWhitespaceTakesAllUnicodeWhiteSpace) {
+TEST(Text, trimmedWhitespaceTakesAllUnicodeWhiteSpace) {
     EXPECT_EQ(trimmedWhitespace(" \t\r\n\u00a0\u2003a b\u2028\u3000\n "), "a b");
     EXPECT_EQ(trimmedWhitespace("\u00a0\n"), "");
     EXPECT_EQ(trimmedWhitespace(""), "");
     EXPECT_EQ(trimmedWhitespace("ä"), "ä");
 }
 
-TEST(Text, NumericCharactersAreThoseOfAnyScript) {
+TEST(Text, numericCharactersAreThoseOfAnyScript) {
     EXPECT_EQ(numericCharacters(" $ 1,200.50 -x"), "120050");
     EXPECT_EQ(numericCharacters(" $ 1,200.50 -x", ".,"), "1,200.50");
     EXPECT_EQ(numericCharacters("٣½²Ⅷ一𝟙aé👍"), "٣½²Ⅷ一𝟙");
     EXPECT_EQ(numericCharacters(""), "");
 }
 
-TEST(Text, CaseFoldingMakesSpellingsEqual) {
+TEST(Text, caseFoldingMakesSpellingsEqual) {
     EXPECT_EQ(caseFolded("STRASSE"), caseFolded("straße"));
     EXPECT_EQ(caseFolded("ΣΊΣΥΦΟΣ"), caseFolded("σίσυφος"));
     EXPECT_EQ(caseFolded("Ärger 7"), "ärger 7");
     EXPECT_EQ(caseFolded(""), "");
 }
 
-TEST(Text, CanonicalFormsCaseFoldingsAndLowerCaseAreEqualForEquivalentTexts) {
+TEST(Text, canonicalFormsCaseFoldingsAndLowerCaseAreEqualForEquivalentTexts) {
     const std::pair<const char*, const char*> equivalents[] = {
         {"Caf\u00c9", "CafE\u0301"},  // one code point and two
         {"\u212b", "A\u030a"},        // three spellings of one letter
@@ -131,14 +131,14 @@ TEST(Text, CanonicalFormsCaseFoldingsAndLowerCaseAreEqualForEquivalentTexts) {
     EXPECT_NE(canonical("a\xff"), canonical("a\xfe"));
 }
 
-TEST(Text, OnlyUTF8IsUTF8) {
+TEST(Text, onlyUTF8IsUTF8) {
     for (const char* text : {"", "plain", "Z\u00fcrich", "\U0001f44d"})
         EXPECT_TRUE(isUTF8(text)) << text;
     for (const char* text : {"caf\xe9", "\xed\xa0\x80", "cut \xf0\x9f\x91", "\xc0\x80"})
         EXPECT_FALSE(isUTF8(text)) << text;
 }
 
-TEST(Text, ValidUTF8ReplacesOnlyWhatIsNot) {
+TEST(Text, validUTF8ReplacesOnlyWhatIsNot) {
     EXPECT_EQ(validUTF8("Zürich 👍"), "Zürich 👍");
     EXPECT_EQ(validUTF8("a\xff"
                         "b"),
@@ -163,7 +163,7 @@ struct OneLineRow {
 
 class OneLine : public testing::TestWithParam<OneLineRow> {};
 
-TEST_P(OneLine, HasABlankForWhatBreaksOrSteers) {
+TEST_P(OneLine, hasABlankForWhatBreaksOrSteers) {
     EXPECT_EQ(oneLine(GetParam().text), GetParam().line);
 }
 

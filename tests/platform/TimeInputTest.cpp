@@ -35,7 +35,7 @@ void PrintTo(const TextRow& row, std::ostream* out) {
 
 class TimeInputText : public testing::TestWithParam<TextRow> {};
 
-TEST_P(TimeInputText, IsTheLocalesShortForm) {
+TEST_P(TimeInputText, isTheLocalesShortForm) {
     EXPECT_EQ(TimeInput(Locale(GetParam().locale)).text({21, 5}), GetParam().text);
 }
 
@@ -63,7 +63,7 @@ void PrintTo(const TypedRow& row, std::ostream* out) {
 
 class TimeInputTyped : public testing::TestWithParam<TypedRow> {};
 
-TEST_P(TimeInputTyped, MeansATime) {
+TEST_P(TimeInputTyped, meansATime) {
     const auto& row = GetParam();
     EXPECT_EQ(clock(TimeInput(Locale(row.locale)).time(row.typed)), row.time);
 }
@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(Row, TimeInputTyped,
                          }),
                          rowName);
 
-TEST(TimeInput, TheTextOfATimeMeansThatTimeInEveryLocale) {
+TEST(TimeInput, theTextOfATimeMeansThatTimeInEveryLocale) {
     int count = 0;
     const auto* locales = icu::Locale::getAvailableLocales(count);
     for (int i = 0; i < count; ++i) {
@@ -125,7 +125,7 @@ TEST(TimeInput, TheTextOfATimeMeansThatTimeInEveryLocale) {
     EXPECT_GT(count, 500);
 }
 
-TEST(TimeInput, ThePartsStandWhereTheTextHasThem) {
+TEST(TimeInput, thePartsStandWhereTheTextHasThem) {
     using Parts = std::vector<DatePartSpan>;
     EXPECT_EQ(
         TimeInput(Locale("en_US")).parts({21, 5}),

@@ -27,7 +27,7 @@ class TrayIconPainterTest : public testing::Test {
     TrayFace running_{.icon = TrayFace::Icon::running, .iconText = "1:05"};
 };
 
-TEST_F(TrayIconPainterTest, EachSizeOfAPanelHasAPictureOfItsOwn) {
+TEST_F(TrayIconPainterTest, eachSizeOfAPanelHasAPictureOfItsOwn) {
     std::vector<int> sizes;
     for (const auto& image : drawTrayIcons(style_, running_, true)) {
         EXPECT_EQ(image.width(), image.height());
@@ -36,12 +36,12 @@ TEST_F(TrayIconPainterTest, EachSizeOfAPanelHasAPictureOfItsOwn) {
     EXPECT_THAT(sizes, testing::ElementsAre(16, 22, 24, 32, 44, 48, 64));
 }
 
-TEST_F(TrayIconPainterTest, ARunningTimerShowsInAnotherColour) {
+TEST_F(TrayIconPainterTest, aRunningTimerShowsInAnotherColour) {
     EXPECT_EQ(pixelsLike(drawTrayIcon(style_, {}, 48, true), style_.accent), 0);
     EXPECT_GT(pixelsLike(drawTrayIcon(style_, running_, 48, false), style_.accent), 50);
 }
 
-TEST_F(TrayIconPainterTest, AnotherTimeIsAnotherPictureOnlyWhereTheTimeIsDrawn) {
+TEST_F(TrayIconPainterTest, anotherTimeIsAnotherPictureOnlyWhereTheTimeIsDrawn) {
     TrayFace later = running_;
     later.iconText = "1:06";
     const auto draw = [this](const TrayFace& face, bool withText) {
@@ -51,7 +51,7 @@ TEST_F(TrayIconPainterTest, AnotherTimeIsAnotherPictureOnlyWhereTheTimeIsDrawn) 
     EXPECT_EQ(draw(running_, false), draw(later, false));
 }
 
-TEST_F(TrayIconPainterTest, ALongTimeStaysInTheIcon) {
+TEST_F(TrayIconPainterTest, aLongTimeStaysInTheIcon) {
     for (const char* text : {"0:00", "10:00", "100:00", "9999:59", "x"}) {
         TrayFace face = running_;
         face.iconText = text;

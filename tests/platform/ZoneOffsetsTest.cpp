@@ -16,7 +16,7 @@ namespace {
 using namespace std::chrono_literals;
 using test::at;
 
-TEST(ZoneOffsets, ChangeAtTheVeryInstantOfTheClocksChange) {
+TEST(ZoneOffsets, changeAtTheVeryInstantOfTheClocksChange) {
     const ZoneOffsets berlin("Europe/Berlin");
     const Instant spring = at("2026-03-29T01:00:00Z");
     EXPECT_EQ(berlin.secondsAt(spring - 1us), 3600);
@@ -24,13 +24,13 @@ TEST(ZoneOffsets, ChangeAtTheVeryInstantOfTheClocksChange) {
     EXPECT_EQ(berlin.secondsAt(spring - 1us), 3600);
 }
 
-TEST(ZoneOffsets, OfAnUnknownZoneAreThoseOfUTC) {
+TEST(ZoneOffsets, ofAnUnknownZoneAreThoseOfUTC) {
     EXPECT_EQ(ZoneOffsets("Mars/Olympus_Mons").secondsAt(at("2026-07-01T00:00Z")), 0);
 }
 
 class ZoneOffsetsOf : public testing::TestWithParam<const char*> {};
 
-TEST_P(ZoneOffsetsOf, AgreeWithTheCalendarAtAnyInstantInAnyOrder) {
+TEST_P(ZoneOffsetsOf, agreeWithTheCalendarAtAnyInstantInAnyOrder) {
     const ZoneOffsets offsets(GetParam());
     const Calendar calendar(Locale("en_US"), GetParam());
     std::mt19937_64 random(7);

@@ -39,7 +39,7 @@ BusinessProfile filledProfile() {
     };
 }
 
-TEST(BusinessProfile, JSONWithOnlyANameLeavesTheDefaults) {
+TEST(BusinessProfile, jsonWithOnlyANameLeavesTheDefaults) {
     const auto profile = decodeProfile(R"({"name":"X"})");
     ASSERT_TRUE(profile);
     EXPECT_EQ(profile->name, "X");
@@ -51,7 +51,7 @@ TEST(BusinessProfile, JSONWithOnlyANameLeavesTheDefaults) {
     EXPECT_EQ(*profile, BusinessProfile{.name = "X"});
 }
 
-TEST(BusinessProfile, ADefaultProfileHasTheDefaultsOfANewBusiness) {
+TEST(BusinessProfile, aDefaultProfileHasTheDefaultsOfANewBusiness) {
     const BusinessProfile profile;
     EXPECT_EQ(profile.name + profile.address + profile.taxID + profile.email, "");
     EXPECT_EQ(profile.paymentInstructions, "");
@@ -61,7 +61,7 @@ TEST(BusinessProfile, ADefaultProfileHasTheDefaultsOfANewBusiness) {
     EXPECT_EQ(profile.numberingYear, 0);
 }
 
-TEST(BusinessProfile, JSONHoldsAllFieldsInDeclarationOrder) {
+TEST(BusinessProfile, jsonHoldsAllFieldsInDeclarationOrder) {
     EXPECT_EQ(encodeProfile(BusinessProfile{.name = "X"}),
               R"({"name":"X","address":"","taxID":"","email":"","paymentInstructions":"",)"
               R"("invoicePrefix":"INV","nextInvoiceNumber":1,"paperSize":"letter",)"
@@ -69,11 +69,11 @@ TEST(BusinessProfile, JSONHoldsAllFieldsInDeclarationOrder) {
               R"("taxLabel":"Tax","resetNumberingYearly":false,"numberingYear":0})");
 }
 
-TEST(BusinessProfile, JSONRoundTripsEachField) {
+TEST(BusinessProfile, jsonRoundTripsEachField) {
     EXPECT_EQ(decodeProfile(encodeProfile(filledProfile())), filledProfile());
 }
 
-TEST(BusinessProfile, JSONRoundTripsRandomProfiles) {
+TEST(BusinessProfile, jsonRoundTripsRandomProfiles) {
     std::mt19937_64 random(20260301);
     const std::vector<std::string> pieces{"a",   "\"",     "\\",       "\n", "ä", "👍",
                                           "\0"s, "\u2028", "</x>\x7f", "7",  "{", "\x01"};
@@ -104,13 +104,13 @@ TEST(BusinessProfile, JSONRoundTripsRandomProfiles) {
     }
 }
 
-TEST(BusinessProfile, NoPrefixOfItsJSONIsAProfile) {
+TEST(BusinessProfile, noPrefixOfItsJSONIsAProfile) {
     const std::string json = encodeProfile(filledProfile());
     for (std::size_t length = 0; length < json.size(); ++length)
         EXPECT_EQ(decodeProfile(std::string_view(json).substr(0, length)), std::nullopt) << length;
 }
 
-TEST(BusinessProfile, TextThatIsNotUTF8IsWrittenAsValidJSON) {
+TEST(BusinessProfile, textThatIsNotUTF8IsWrittenAsValidJSON) {
     const auto profile = decodeProfile(encodeProfile(BusinessProfile{.name = "caf\xe9"}));
     ASSERT_TRUE(profile);
     EXPECT_EQ(profile->name, "caf\ufffd");
@@ -128,7 +128,7 @@ void PrintTo(const JSONRow& row, std::ostream* out) {
 
 class ProfileJSON : public testing::TestWithParam<JSONRow> {};
 
-TEST_P(ProfileJSON, IsReadStrictly) {
+TEST_P(ProfileJSON, isReadStrictly) {
     EXPECT_EQ(decodeProfile(GetParam().json), GetParam().expected);
 }
 
@@ -202,7 +202,7 @@ void PrintTo(const NumberRow& row, std::ostream* out) {
 
 class InvoiceNumber : public testing::TestWithParam<NumberRow> {};
 
-TEST_P(InvoiceNumber, HasAtLeastThreeDigits) {
+TEST_P(InvoiceNumber, hasAtLeastThreeDigits) {
     const BusinessProfile profile{.nextInvoiceNumber = GetParam().number};
     EXPECT_EQ(profile.formattedInvoiceNumber(2026), GetParam().text);
 }
@@ -220,7 +220,7 @@ INSTANTIATE_TEST_SUITE_P(Row, InvoiceNumber,
                          }),
                          rowName);
 
-TEST(BusinessProfile, AnEmptyPrefixLeavesItsHyphen) {
+TEST(BusinessProfile, anEmptyPrefixLeavesItsHyphen) {
     EXPECT_EQ(BusinessProfile{.invoicePrefix = ""}.formattedInvoiceNumber(2026), "-2026-001");
 }
 
@@ -238,7 +238,7 @@ void PrintTo(const ResetRow& row, std::ostream* out) {
 
 class YearlyReset : public testing::TestWithParam<ResetRow> {};
 
-TEST_P(YearlyReset, StartsAgainOnlyInANewYear) {
+TEST_P(YearlyReset, startsAgainOnlyInANewYear) {
     const auto& row = GetParam();
     BusinessProfile profile{.nextInvoiceNumber = 42,
                             .resetNumberingYearly = row.resetNumberingYearly,
@@ -259,7 +259,7 @@ INSTANTIATE_TEST_SUITE_P(Row, YearlyReset,
                          }),
                          rowName);
 
-TEST(PaperSize, HasARawValueForEachCase) {
+TEST(PaperSize, hasARawValueForEachCase) {
     EXPECT_EQ(allPaperSizes.size(), 2);
     EXPECT_EQ(rawValue(PaperSize::letter), "letter");
     EXPECT_EQ(rawValue(PaperSize::a4), "a4");

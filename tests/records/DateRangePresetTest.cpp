@@ -44,7 +44,7 @@ void PrintTo(const PresetRow& row, std::ostream* out) {
 
 class PresetInterval : public testing::TestWithParam<PresetRow> {};
 
-TEST_P(PresetInterval, IsThePeriodThatHoldsNowOrTheOneBefore) {
+TEST_P(PresetInterval, isThePeriodThatHoldsNowOrTheOneBefore) {
     const auto& row = GetParam();
     expectInterval(interval(row.preset, at(row.now), in(row.zone)), row.start, row.end);
 }
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Row, PresetInterval, testing::ValuesIn(std::vector<Pres
 }), rowName);
 // clang-format on
 
-TEST(DateRangePreset, AWeekEndsOrBeginsOnSundayAsTheCalendarHasIt) {
+TEST(DateRangePreset, aWeekEndsOrBeginsOnSundayAsTheCalendarHasIt) {
     const Instant sunday = at("2026-03-01T12:00Z");
     expectInterval(interval(P::thisWeek, sunday, in("UTC", "en_US")), "2026-03-01T00:00Z",
                    "2026-03-08T00:00Z");
@@ -76,21 +76,21 @@ TEST(DateRangePreset, AWeekEndsOrBeginsOnSundayAsTheCalendarHasIt) {
                    "2026-03-02T00:00Z");
 }
 
-TEST(DateRangePreset, LastMonthOnMarch31IsFebruary) {
+TEST(DateRangePreset, lastMonthOnMarch31IsFebruary) {
     expectInterval(interval(P::lastMonth, at("2026-03-31T12:00Z"), in("UTC")), "2026-02-01T00:00Z",
                    "2026-03-01T00:00Z");
 }
 
-TEST(DateRangePreset, CustomHasNoIntervalOfItsOwn) {
+TEST(DateRangePreset, customHasNoIntervalOfItsOwn) {
     EXPECT_EQ(interval(P::custom, at("2026-03-31T12:00Z"), in("UTC")), std::nullopt);
 }
 
-TEST(DateRangePreset, BeyondTheCalendarThereIsNoInterval) {
+TEST(DateRangePreset, beyondTheCalendarThereIsNoInterval) {
     EXPECT_EQ(interval(P::thisYear, Instant::max(), in("UTC")), std::nullopt);
     EXPECT_EQ(interval(P::lastMonth, Instant::min(), in("UTC")), std::nullopt);
 }
 
-TEST(DateRangePreset, RawValuesAreTheLabelsInMenuOrder) {
+TEST(DateRangePreset, rawValuesAreTheLabelsInMenuOrder) {
     const std::vector<std::string_view> labels{"Today",      "Yesterday",  "This Week", "Last Week",
                                                "This Month", "Last Month", "This Year", "Custom"};
     ASSERT_EQ(allDateRangePresets.size(), labels.size());
@@ -100,12 +100,12 @@ TEST(DateRangePreset, RawValuesAreTheLabelsInMenuOrder) {
     }
 }
 
-TEST(DateRangePreset, AnUnknownRawValueIsAbsent) {
+TEST(DateRangePreset, anUnknownRawValueIsAbsent) {
     for (const char* raw : {"", "today", "This  Week", "Fortnight", "Custom "})
         EXPECT_EQ(dateRangePresetFromRawValue(raw), std::nullopt) << raw;
 }
 
-TEST(CustomInterval, IsTheSameForSwappedDates) {
+TEST(CustomInterval, isTheSameForSwappedDates) {
     const Calendar calendar = in("Europe/Berlin");
     const Instant a = at("2026-03-03T18:00+01:00");
     const Instant b = at("2026-03-29T09:00+02:00");
@@ -114,18 +114,18 @@ TEST(CustomInterval, IsTheSameForSwappedDates) {
                    "2026-03-30T00:00+02:00");
 }
 
-TEST(CustomInterval, OfOneDayIsThatWholeDay) {
+TEST(CustomInterval, ofOneDayIsThatWholeDay) {
     expectInterval(customInterval(at("2026-03-03T18:00Z"), at("2026-03-03T09:00Z"), in("UTC")),
                    "2026-03-03T00:00Z", "2026-03-04T00:00Z");
 }
 
-TEST(CustomInterval, EndsWhereTheDayBehindAMissingMidnightStarts) {
+TEST(CustomInterval, endsWhereTheDayBehindAMissingMidnightStarts) {
     const Instant day = at("2018-11-04T12:00-02:00");
     expectInterval(customInterval(day, day, in("America/Sao_Paulo")), "2018-11-04T01:00-02:00",
                    "2018-11-05T00:00-02:00");
 }
 
-TEST(CustomIntervalDeathTest, ADateWithoutANextDayStopsTheProgram) {
+TEST(CustomIntervalDeathTest, aDateWithoutANextDayStopsTheProgram) {
     EXPECT_EXIT((void)customInterval(Instant::max(), Instant::max(), in("UTC")),
                 testing::KilledBySignal(SIGABRT), "");
 }
@@ -143,28 +143,28 @@ std::vector<DaySlice> slices(std::initializer_list<std::pair<const char*, double
     return made;
 }
 
-TEST(SplitByDay, ASpanOverMidnightCountsOnBothDays) {
+TEST(SplitByDay, aSpanOverMidnightCountsOnBothDays) {
     EXPECT_EQ(texts(splitByDay(at("2026-03-03T23:30Z"), at("2026-03-04T00:30Z"), in("UTC"))),
               texts(slices({{"2026-03-03T00:00Z", 1800}, {"2026-03-04T00:00Z", 1800}})));
 }
 
-TEST(SplitByDay, ASpanWithinOneDayIsOneSlice) {
+TEST(SplitByDay, aSpanWithinOneDayIsOneSlice) {
     EXPECT_EQ(texts(splitByDay(at("2026-03-03T09:00Z"), at("2026-03-03T10:30Z"), in("UTC"))),
               texts(slices({{"2026-03-03T00:00Z", 5400}})));
 }
 
-TEST(SplitByDay, AnEmptyOrBackwardSpanHasNoSlices) {
+TEST(SplitByDay, anEmptyOrBackwardSpanHasNoSlices) {
     const Instant instant = at("2026-03-03T09:00Z");
     EXPECT_TRUE(splitByDay(instant, instant, in("UTC")).empty());
     EXPECT_TRUE(splitByDay(instant, instant - std::chrono::hours(48), in("UTC")).empty());
 }
 
-TEST(SplitByDay, AnEndAtMidnightTouchesNoFurtherDay) {
+TEST(SplitByDay, anEndAtMidnightTouchesNoFurtherDay) {
     EXPECT_EQ(texts(splitByDay(at("2026-03-03T00:00Z"), at("2026-03-04T00:00Z"), in("UTC"))),
               texts(slices({{"2026-03-03T00:00Z", 86400}})));
 }
 
-TEST(SplitByDay, DaysOf23And25HoursCountWhole) {
+TEST(SplitByDay, daysOf23And25HoursCountWhole) {
     const Calendar berlin = in("Europe/Berlin");
     EXPECT_EQ(
         texts(splitByDay(at("2026-03-29T00:00+01:00"), at("2026-03-30T01:00+02:00"), berlin)),
@@ -174,7 +174,7 @@ TEST(SplitByDay, DaysOf23And25HoursCountWhole) {
         texts(slices({{"2026-10-25T00:00+02:00", 25 * 3600}, {"2026-10-26T00:00+01:00", 3600}})));
 }
 
-TEST(SplitByDay, ADayWithoutMidnightDoesNotShiftTheDaysBehindIt) {
+TEST(SplitByDay, aDayWithoutMidnightDoesNotShiftTheDaysBehindIt) {
     EXPECT_EQ(texts(splitByDay(at("2018-11-03T23:00-03:00"), at("2018-11-05T01:00-02:00"),
                                in("America/Sao_Paulo"))),
               texts(slices({{"2018-11-03T00:00-03:00", 3600},
@@ -182,19 +182,19 @@ TEST(SplitByDay, ADayWithoutMidnightDoesNotShiftTheDaysBehindIt) {
                             {"2018-11-05T00:00-02:00", 3600}})));
 }
 
-TEST(SplitByDay, ASkippedDayHasNoSlice) {
+TEST(SplitByDay, aSkippedDayHasNoSlice) {
     EXPECT_EQ(texts(splitByDay(at("2011-12-29T23:00-10:00"), at("2011-12-31T02:00+14:00"),
                                in("Pacific/Apia"))),
               texts(slices({{"2011-12-29T00:00-10:00", 3600}, {"2011-12-31T00:00+14:00", 7200}})));
 }
 
-TEST(SplitByDay, TheLastHourOfADayThatIsRepeatedBehindMidnightCountsOnTheNextDay) {
+TEST(SplitByDay, theLastHourOfADayThatIsRepeatedBehindMidnightCountsOnTheNextDay) {
     EXPECT_EQ(texts(splitByDay(at("2010-11-06T23:30-03:30"), at("2010-11-07T01:30-03:30"),
                                in("America/St_Johns"))),
               texts(slices({{"2010-11-07T00:00-02:30", 7200}})));
 }
 
-TEST(SplitByDay, FractionsOfASecondAreKept) {
+TEST(SplitByDay, fractionsOfASecondAreKept) {
     const Instant start = at("2026-03-03T23:59:59Z") + std::chrono::microseconds(250'000);
     EXPECT_EQ(texts(splitByDay(start, at("2026-03-04T00:00:01Z"), in("UTC"))),
               texts(slices({{"2026-03-03T00:00Z", 0.75}, {"2026-03-04T00:00Z", 1}})));
@@ -213,7 +213,7 @@ class PeriodsOfZone : public testing::TestWithParam<const char*> {
     std::mt19937_64 random_{20260301};
 };
 
-TEST_P(PeriodsOfZone, SplitByDayConservesTheSeconds) {
+TEST_P(PeriodsOfZone, splitByDayConservesTheSeconds) {
     std::uniform_int_distribution<std::int64_t> length(1, 40LL * 24 * 3600 * 1'000'000);
     for (int i = 0; i < 300; ++i) {
         const Instant start = someInstant();
@@ -230,7 +230,7 @@ TEST_P(PeriodsOfZone, SplitByDayConservesTheSeconds) {
     }
 }
 
-TEST_P(PeriodsOfZone, CustomIntervalIsSymmetricAndHoldsBothDates) {
+TEST_P(PeriodsOfZone, customIntervalIsSymmetricAndHoldsBothDates) {
     for (int i = 0; i < 300; ++i) {
         const Instant a = someInstant();
         const Instant b = someInstant();

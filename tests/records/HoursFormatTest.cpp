@@ -24,7 +24,7 @@ struct HoursRow {
 
 class HoursFormatRows : public testing::TestWithParam<HoursRow> {};
 
-TEST_P(HoursFormatRows, HasTwoDecimalsAndAPoint) {
+TEST_P(HoursFormatRows, hasTwoDecimalsAndAPoint) {
     EXPECT_EQ(formatDecimalHours(GetParam().seconds), GetParam().text);
 }
 
@@ -40,13 +40,13 @@ INSTANTIATE_TEST_SUITE_P(, HoursFormatRows,
                                          HoursRow{"Reversed", -1800, "-0.50"}),
                          rowName);
 
-TEST(HoursFormat, TheLongestDurationFits) {
+TEST(HoursFormat, theLongestDurationFits) {
     const std::string text = formatDecimalHours(1.7e308);
     EXPECT_EQ(text.size(), 305U + 3U);
     EXPECT_EQ(text.substr(text.size() - 3), ".00");
 }
 
-TEST(HoursFormat, NoLocaleOfTheProcessPutsAComma) {
+TEST(HoursFormat, noLocaleOfTheProcessPutsAComma) {
     struct Comma final : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
     };

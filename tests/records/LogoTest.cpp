@@ -61,13 +61,13 @@ void PrintTo(const SizeRow& row, std::ostream* out) {
 
 class LogoSize : public LogoTest, public testing::WithParamInterface<SizeRow> {};
 
-TEST_P(LogoSize, IsAtMost600PixelsASideAndNeverEnlarged) {
+TEST_P(LogoSize, isAtMost600PixelsASideAndNeverEnlarged) {
     const auto& row = GetParam();
     storeLogo(picture(row.width, row.height, Qt::red));
     EXPECT_EQ(stored().size(), QSize(row.storedWidth, row.storedHeight));
 }
 
-TEST_P(LogoSize, IsTheSameForAPictureThatDecodesDifferently) {
+TEST_P(LogoSize, isTheSameForAPictureThatDecodesDifferently) {
     const auto& row = GetParam();
     storeLogo(picture(row.width, row.height, Qt::red, "picture.jpg"));
     EXPECT_EQ(stored().size(), QSize(row.storedWidth, row.storedHeight));
@@ -87,21 +87,21 @@ INSTANTIATE_TEST_SUITE_P(Row, LogoSize,
                          }),
                          rowName);
 
-TEST_F(LogoTest, ThereIsNoneAtFirst) {
+TEST_F(LogoTest, thereIsNoneAtFirst) {
     EXPECT_EQ(loadLogo(), nullptr);
 }
 
-TEST_F(LogoTest, LiesInTheApplicationSupportFolder) {
+TEST_F(LogoTest, liesInTheApplicationSupportFolder) {
     EXPECT_EQ(logoFileURL(), folder_.path() / "Elmworth" / "logo.png");
     EXPECT_TRUE(std::filesystem::is_directory(folder_.path() / "Elmworth"));
 }
 
-TEST_F(LogoTest, IsAlwaysStoredAsPNG) {
+TEST_F(LogoTest, isAlwaysStoredAsPNG) {
     storeLogo(picture(20, 20, Qt::red, "picture.bmp"));
     EXPECT_EQ(readFile(logoFileURL()).substr(1, 3), "PNG");
 }
 
-TEST_F(LogoTest, KeepsColourAndTransparency) {
+TEST_F(LogoTest, keepsColourAndTransparency) {
     storeLogo(picture(1200, 1200, QColor(200, 100, 50, 128)));
     const QColor color = stored().pixelColor(300, 300);
     EXPECT_NEAR(color.red(), 200, 2);
@@ -110,7 +110,7 @@ TEST_F(LogoTest, KeepsColourAndTransparency) {
     EXPECT_EQ(color.alpha(), 128);
 }
 
-TEST_F(LogoTest, IsScaledSmoothly) {
+TEST_F(LogoTest, isScaledSmoothly) {
     QImage stripes(1200, 1200, QImage::Format_RGB32);
     for (int y = 0; y < stripes.height(); ++y)
         for (int x = 0; x < stripes.width(); ++x)
@@ -119,7 +119,7 @@ TEST_F(LogoTest, IsScaledSmoothly) {
     EXPECT_NEAR(qGray(stored().pixel(300, 300)), 128, 8);
 }
 
-TEST_F(LogoTest, IsConvertedToSRGB) {
+TEST_F(LogoTest, isConvertedToSRGB) {
     QImage image(20, 20, QImage::Format_RGB32);
     image.fill(QColor(200, 100, 50));
     image.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
@@ -129,7 +129,7 @@ TEST_F(LogoTest, IsConvertedToSRGB) {
     EXPECT_EQ(stored().colorSpace(), QColorSpace(QColorSpace::SRgb));
 }
 
-TEST_F(LogoTest, IsFoundByContentWhateverTheNameSays) {
+TEST_F(LogoTest, isFoundByContentWhateverTheNameSays) {
     const auto file = folder_.path() / "picture.txt";
     writeAtomically(file, readFile(picture(20, 20, Qt::red)));
     storeLogo(file);
@@ -150,23 +150,23 @@ long megabytesToStore(const std::filesystem::path& file, int width, int height) 
     return (after.ru_maxrss - before.ru_maxrss) / 1024;
 }
 
-TEST_F(LogoTest, APhotoOf200MegapixelsIsDecodedSmall) {
+TEST_F(LogoTest, aPhotoOf200MegapixelsIsDecodedSmall) {
     EXPECT_LT(megabytesToStore(folder_.path() / "huge.jpg", 16000, 12500), 100);
     EXPECT_EQ(stored().size(), QSize(600, 469));
 }
 
-TEST_F(LogoTest, AHugePictureThatOnlyDecodesWholeTakesLessThanAGigabyte) {
+TEST_F(LogoTest, aHugePictureThatOnlyDecodesWholeTakesLessThanAGigabyte) {
     EXPECT_LT(megabytesToStore(folder_.path() / "huge.png", 16000, 10000), 1024);
     EXPECT_EQ(stored().size(), QSize(600, 375));
 }
 
-TEST_F(LogoTest, ReadingLeavesTheProgramsLimitForPicturesAsItWas) {
+TEST_F(LogoTest, readingLeavesTheProgramsLimitForPicturesAsItWas) {
     const int limit = QImageReader::allocationLimit();
     storeLogo(picture(20, 20, Qt::red));
     EXPECT_EQ(QImageReader::allocationLimit(), limit);
 }
 
-TEST_F(LogoTest, ANewFileIsLoadedAnew) {
+TEST_F(LogoTest, aNewFileIsLoadedAnew) {
     storeLogo(picture(20, 20, Qt::red));
     const auto first = loadLogo();
     ASSERT_NE(first, nullptr);
@@ -177,7 +177,7 @@ TEST_F(LogoTest, ANewFileIsLoadedAnew) {
     EXPECT_EQ(second->pixelColor(0, 0), QColor(Qt::blue));
 }
 
-TEST_F(LogoTest, TheSameModificationDateNeedsNoReading) {
+TEST_F(LogoTest, theSameModificationDateNeedsNoReading) {
     storeLogo(picture(20, 20, Qt::red));
     const auto first = loadLogo();
     const auto date = std::filesystem::last_write_time(logoFileURL());
@@ -189,7 +189,7 @@ TEST_F(LogoTest, TheSameModificationDateNeedsNoReading) {
     EXPECT_EQ(loadLogo()->pixelColor(0, 0), QColor(Qt::blue));
 }
 
-TEST_F(LogoTest, AnUnreadableLogoIsNoneAndComesBackWithItsOldDate) {
+TEST_F(LogoTest, anUnreadableLogoIsNoneAndComesBackWithItsOldDate) {
     storeLogo(picture(20, 20, Qt::red));
     const auto first = loadLogo();
     const auto date = std::filesystem::last_write_time(logoFileURL());
@@ -200,7 +200,7 @@ TEST_F(LogoTest, AnUnreadableLogoIsNoneAndComesBackWithItsOldDate) {
     EXPECT_EQ(loadLogo(), first);
 }
 
-TEST_F(LogoTest, ARemovedFileEmptiesTheCache) {
+TEST_F(LogoTest, aRemovedFileEmptiesTheCache) {
     storeLogo(picture(20, 20, Qt::red));
     const auto first = loadLogo();
     const auto date = std::filesystem::last_write_time(logoFileURL());
@@ -213,7 +213,7 @@ TEST_F(LogoTest, ARemovedFileEmptiesTheCache) {
     EXPECT_NE(loadLogo(), first);
 }
 
-TEST_F(LogoTest, RemovingDeletesTheFileAndMayBeRepeated) {
+TEST_F(LogoTest, removingDeletesTheFileAndMayBeRepeated) {
     storeLogo(picture(20, 20, Qt::red));
     removeLogo();
     EXPECT_FALSE(std::filesystem::exists(logoFileURL()));
@@ -231,7 +231,7 @@ void expectError(const std::filesystem::path& file, LogoError::Code code, const 
     }
 }
 
-TEST_F(LogoTest, AFileThatIsNoPictureIsRefusedAndTheOldLogoStays) {
+TEST_F(LogoTest, aFileThatIsNoPictureIsRefusedAndTheOldLogoStays) {
     storeLogo(picture(20, 20, Qt::red));
     const auto text = folder_.path() / "text.png";
     writeAtomically(text, "no picture");
@@ -241,7 +241,7 @@ TEST_F(LogoTest, AFileThatIsNoPictureIsRefusedAndTheOldLogoStays) {
     EXPECT_EQ(stored().pixelColor(0, 0), QColor(Qt::red));
 }
 
-TEST_F(LogoTest, APipeInAPicturesPlaceIsNoPictureAndKeepsNobodyWaiting) {
+TEST_F(LogoTest, aPipeInAPicturesPlaceIsNoPictureAndKeepsNobodyWaiting) {
     ASSERT_EQ(::mkfifo(logoFileURL().c_str(), 0600), 0);
     EXPECT_FALSE(loadLogo());
     const auto pipe = folder_.path() / "pipe.png";
@@ -250,7 +250,7 @@ TEST_F(LogoTest, APipeInAPicturesPlaceIsNoPictureAndKeepsNobodyWaiting) {
                 "The file is not a picture that can be read.");
 }
 
-TEST_F(LogoTest, AFolderThatCannotBeMadeIsAFailureToWrite) {
+TEST_F(LogoTest, aFolderThatCannotBeMadeIsAFailureToWrite) {
     const auto file = picture(20, 20, Qt::red);
     writeAtomically(folder_.path() / "Elmworth", "a file in the way");
     expectError(file, LogoError::Code::fileWriteUnknown, "The logo could not be saved.");

@@ -28,13 +28,13 @@ class ProfileStoreTest : public testing::Test {
     Settings defaults_{file_};
 };
 
-TEST_F(ProfileStoreTest, WithoutAStoredProfileAllIsDefault) {
+TEST_F(ProfileStoreTest, withoutAStoredProfileAllIsDefault) {
     const ProfileStore store(defaults_);
     EXPECT_EQ(store.profile(), BusinessProfile());
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ProfileStoreTest, AChangeIsThereAtTheNextStart) {
+TEST_F(ProfileStoreTest, aChangeIsThereAtTheNextStart) {
     const BusinessProfile profile{.name = "X", .nextInvoiceNumber = 8};
     ProfileStore(defaults_).setProfile(profile);
     EXPECT_EQ(stored(), encodeProfile(profile));
@@ -42,7 +42,7 @@ TEST_F(ProfileStoreTest, AChangeIsThereAtTheNextStart) {
     EXPECT_EQ(ProfileStore(again).profile(), profile);
 }
 
-TEST_F(ProfileStoreTest, AnUnreadableProfileStaysUntilTheNextChange) {
+TEST_F(ProfileStoreTest, anUnreadableProfileStaysUntilTheNextChange) {
     defaults_.setData("businessProfile", R"({"name":7})");
     ProfileStore store(defaults_);
     EXPECT_EQ(store.profile(), BusinessProfile());
@@ -52,7 +52,7 @@ TEST_F(ProfileStoreTest, AnUnreadableProfileStaysUntilTheNextChange) {
     EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "X"}));
 }
 
-TEST_F(ProfileStoreTest, AnUnreadableProfileIsKeptInAFileOfItsOwnWhenAnotherIsStored) {
+TEST_F(ProfileStoreTest, anUnreadableProfileIsKeptInAFileOfItsOwnWhenAnotherIsStored) {
     defaults_.setData("businessProfile", R"({"name":7})");
     const std::string before = readFile(file_);
     ProfileStore store(defaults_);
@@ -66,7 +66,7 @@ TEST_F(ProfileStoreTest, AnUnreadableProfileIsKeptInAFileOfItsOwnWhenAnotherIsSt
     }
 }
 
-TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold) {
+TEST_F(ProfileStoreTest, aProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold) {
     ProfileStore store(defaults_);
     store.setProfile(BusinessProfile{.name = "X"});
     std::vector<std::string> seen;
@@ -81,7 +81,7 @@ TEST_F(ProfileStoreTest, AProfileThatChangesInTheFileIsTheOneThatCountsAndIsTold
     EXPECT_EQ(store.profile(), BusinessProfile());
 }
 
-TEST_F(ProfileStoreTest, AProfileThatBecomesUnreadableInTheFileLeavesTheOneThatIsThere) {
+TEST_F(ProfileStoreTest, aProfileThatBecomesUnreadableInTheFileLeavesTheOneThatIsThere) {
     ProfileStore store(defaults_);
     store.setProfile(BusinessProfile{.name = "X"});
     Settings(file_).setString("businessProfile", "@ByteArray({\"name\":");
@@ -92,7 +92,7 @@ TEST_F(ProfileStoreTest, AProfileThatBecomesUnreadableInTheFileLeavesTheOneThatI
     EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "Y"}));
 }
 
-TEST_F(ProfileStoreTest, AProfileThatIsSetWinsOverOneThatIsInTheFileByThen) {
+TEST_F(ProfileStoreTest, aProfileThatIsSetWinsOverOneThatIsInTheFileByThen) {
     ProfileStore store(defaults_);
     Settings(file_).setData("businessProfile", encodeProfile({.name = "Y"}));
     std::vector<std::string> seen;
@@ -102,12 +102,12 @@ TEST_F(ProfileStoreTest, AProfileThatIsSetWinsOverOneThatIsInTheFileByThen) {
     EXPECT_EQ(stored(), encodeProfile(BusinessProfile{.name = "X"}));
 }
 
-TEST_F(ProfileStoreTest, AProfileStoredAsTextIsUnreadable) {
+TEST_F(ProfileStoreTest, aProfileStoredAsTextIsUnreadable) {
     defaults_.setString("businessProfile", R"({"name":"X"})");
     EXPECT_EQ(ProfileStore(defaults_).profile(), BusinessProfile());
 }
 
-TEST_F(ProfileStoreTest, AnEqualProfileIsToldButNotWritten) {
+TEST_F(ProfileStoreTest, anEqualProfileIsToldButNotWritten) {
     ProfileStore store(defaults_);
     store.setProfile(BusinessProfile{.name = "X"});
     int told = 0;
@@ -119,7 +119,7 @@ TEST_F(ProfileStoreTest, AnEqualProfileIsToldButNotWritten) {
     EXPECT_EQ(written, 0);
 }
 
-TEST_F(ProfileStoreTest, ObserversSeeTheNewProfileUntilTheirHandleDies) {
+TEST_F(ProfileStoreTest, observersSeeTheNewProfileUntilTheirHandleDies) {
     ProfileStore store(defaults_);
     std::vector<std::string> seen;
     auto observation = store.observe([&] { seen.push_back(store.profile().name); });
@@ -129,7 +129,7 @@ TEST_F(ProfileStoreTest, ObserversSeeTheNewProfileUntilTheirHandleDies) {
     EXPECT_THAT(seen, ElementsAre("X"));
 }
 
-TEST_F(ProfileStoreTest, AProfileSetByAnObserverIsTheOneThatIsKept) {
+TEST_F(ProfileStoreTest, aProfileSetByAnObserverIsTheOneThatIsKept) {
     ProfileStore store(defaults_);
     const auto observation = store.observe([&] {
         if (store.profile().name == "X") store.setProfile(BusinessProfile{.name = "Y"});
@@ -160,28 +160,28 @@ class AnnouncedProfile : public ProfileStoreTest {
     const BusinessProfile new_{.name = "New", .address = "1 Main St\nSpringfield"};
 };
 
-TEST_F(AnnouncedProfile, IsTakenWhenTheLibraryHoldsItsEvidence) {
+TEST_F(AnnouncedProfile, isTakenWhenTheLibraryHoldsItsEvidence) {
     EXPECT_EQ(settled("client 7"), new_);
     EXPECT_EQ(stored(), encodeProfile(new_));
     EXPECT_EQ(settled("no client"), new_);
 }
 
-TEST_F(AnnouncedProfile, IsForgottenWhenTheLibraryDoesNotHoldItsEvidence) {
+TEST_F(AnnouncedProfile, isForgottenWhenTheLibraryDoesNotHoldItsEvidence) {
     EXPECT_EQ(settled("no client"), old_);
     EXPECT_EQ(settled("client 7"), old_);
 }
 
-TEST_F(AnnouncedProfile, LosesToOneThatIsSetLater) {
+TEST_F(AnnouncedProfile, losesToOneThatIsSetLater) {
     ProfileStore(defaults_).setProfile({.name = "Later"});
     EXPECT_EQ(settled("client 7").name, "Later");
 }
 
-TEST_F(AnnouncedProfile, LosesToOneThatSomebodyElseStoresLater) {
+TEST_F(AnnouncedProfile, losesToOneThatSomebodyElseStoresLater) {
     Settings(file_).setData("businessProfile", encodeProfile({.name = "Later"}));
     EXPECT_EQ(settled("client 7").name, "Later");
 }
 
-TEST_F(AnnouncedProfile, IsTakenAtTheNextStartWhenItCannotBeStored) {
+TEST_F(AnnouncedProfile, isTakenAtTheNextStartWhenItCannotBeStored) {
     {
         ProfileStore store(defaults_);
         const test::FileSizeLimit fullDisk(0);
@@ -192,7 +192,7 @@ TEST_F(AnnouncedProfile, IsTakenAtTheNextStartWhenItCannotBeStored) {
     EXPECT_EQ(settled("client 7"), new_);
 }
 
-TEST_F(AnnouncedProfile, IsNoneWhenItCannotBeStored) {
+TEST_F(AnnouncedProfile, isNoneWhenItCannotBeStored) {
     ProfileStore store(defaults_);
     {
         const test::FileSizeLimit fullDisk(0);
@@ -202,7 +202,7 @@ TEST_F(AnnouncedProfile, IsNoneWhenItCannotBeStored) {
     EXPECT_EQ(store.profile(), old_);
 }
 
-TEST_F(ProfileStoreTest, HandsOutItsDefaults) {
+TEST_F(ProfileStoreTest, handsOutItsDefaults) {
     ProfileStore store(defaults_);
     EXPECT_EQ(&store.defaults(), &defaults_);
 }

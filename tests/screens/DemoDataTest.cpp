@@ -51,7 +51,7 @@ class DemoDataTest : public testing::Test {
     Settings defaults_{library_.folder.path() / "ElmworthDemo.ini"};
 };
 
-TEST_F(DemoDataTest, HoldsClientsProjectsEntriesATimerAndInvoices) {
+TEST_F(DemoDataTest, holdsClientsProjectsEntriesATimerAndInvoices) {
     seed();
     EXPECT_EQ(context().fetchCount<Client>(), 3U);
     EXPECT_EQ(context().fetchCount<Project>(), 5U);
@@ -61,7 +61,7 @@ TEST_F(DemoDataTest, HoldsClientsProjectsEntriesATimerAndInvoices) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(DemoDataTest, EntriesStartAtTheirHourAndLastAsLongAsTheySay) {
+TEST_F(DemoDataTest, entriesStartAtTheirHourAndLastAsLongAsTheySay) {
     seed();
     const auto entries = finishedEntries();
     EXPECT_EQ(entries.front()->notes.get(), "Onboarding flow review");
@@ -72,24 +72,24 @@ TEST_F(DemoDataTest, EntriesStartAtTheirHourAndLastAsLongAsTheySay) {
     EXPECT_EQ(entries.back()->duration(now_), 160 * 60);
 }
 
-TEST_F(DemoDataTest, AtEightTheEntriesOfTodayAreStillToCome) {
+TEST_F(DemoDataTest, atEightTheEntriesOfTodayAreStillToCome) {
     seed("2026-03-19T08:00-04:00");
     EXPECT_EQ(finishedEntries().size(), 10U);
 }
 
-TEST_F(DemoDataTest, AtHalfPastNineTheFirstEntryEndsAMinuteAgo) {
+TEST_F(DemoDataTest, atHalfPastNineTheFirstEntryEndsAMinuteAgo) {
     seed("2026-03-19T09:30-04:00");
     ASSERT_EQ(finishedEntries().size(), 11U);
     EXPECT_EQ(finishedEntries().front()->start.get(), at("2026-03-19T09:00-04:00"));
     EXPECT_EQ(finishedEntries().front()->end.get(), at("2026-03-19T09:29-04:00"));
 }
 
-TEST_F(DemoDataTest, AnEntryThatWouldStartNowIsSkipped) {
+TEST_F(DemoDataTest, anEntryThatWouldStartNowIsSkipped) {
     seed("2026-03-19T09:00-04:00");
     EXPECT_EQ(finishedEntries().size(), 10U);
 }
 
-TEST_F(DemoDataTest, TheFirstInvoiceIsSentAndOverdueWithAllTimeOfItsClient) {
+TEST_F(DemoDataTest, theFirstInvoiceIsSentAndOverdueWithAllTimeOfItsClient) {
     seed();
     const auto first = invoice("INV-2026-001");
     EXPECT_EQ(first->client->name.get(), "Initech");
@@ -100,7 +100,7 @@ TEST_F(DemoDataTest, TheFirstInvoiceIsSentAndOverdueWithAllTimeOfItsClient) {
     EXPECT_EQ(InvoiceCalculator::totals(*first).totalCents, 7600);
 }
 
-TEST_F(DemoDataTest, TheSecondInvoiceIsADraftWithTaxOnTheTimeOfAWeekAgo) {
+TEST_F(DemoDataTest, theSecondInvoiceIsADraftWithTaxOnTheTimeOfAWeekAgo) {
     seed();
     const auto second = invoice("INV-2026-002");
     EXPECT_EQ(second->client->name.get(), "Acme Co");
@@ -111,7 +111,7 @@ TEST_F(DemoDataTest, TheSecondInvoiceIsADraftWithTaxOnTheTimeOfAWeekAgo) {
     EXPECT_EQ(InvoiceCalculator::totals(*second).totalCents, 63651);
 }
 
-TEST_F(DemoDataTest, TheTimerHasRunForThreeQuartersOfAnHour) {
+TEST_F(DemoDataTest, theTimerHasRunForThreeQuartersOfAnHour) {
     seed();
     TimerService timer(
         context(), [this] { return now_; }, library_.runLoop, [this] { return calendar_; });
@@ -122,7 +122,7 @@ TEST_F(DemoDataTest, TheTimerHasRunForThreeQuartersOfAnHour) {
     EXPECT_EQ(timer.running()->project->name.get(), "Website Redesign");
 }
 
-TEST_F(DemoDataTest, TheProfileGoesToTheSettingsWithTheNumbersUsed) {
+TEST_F(DemoDataTest, theProfileGoesToTheSettingsWithTheNumbersUsed) {
     seed();
     const ProfileStore profiles(defaults_);
     EXPECT_EQ(profiles.profile().name, "Jane Doe Design");
@@ -130,7 +130,7 @@ TEST_F(DemoDataTest, TheProfileGoesToTheSettingsWithTheNumbersUsed) {
     EXPECT_EQ(profiles.profile().numberingYear, 2026);
 }
 
-TEST_F(DemoDataTest, ThereAreTwoInvoicesAtWhateverHourOfTheYear) {
+TEST_F(DemoDataTest, thereAreTwoInvoicesAtWhateverHourOfTheYear) {
     for (int day = 0; day < 365; day += 7) {
         test::TestLibrary library;
         const Instant now = at("2026-01-01T00:30-05:00") + std::chrono::hours(day * 25);

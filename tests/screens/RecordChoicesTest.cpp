@@ -47,7 +47,7 @@ class RecordChoicesTest : public test::PanelTest {
                                     QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-TEST_F(RecordChoicesTest, NoneStandsBeforeAllByName) {
+TEST_F(RecordChoicesTest, noneStandsBeforeAllByName) {
     project("Site 10");
     project("Site 9", nullptr);
     show(website, nullptr);
@@ -55,7 +55,7 @@ TEST_F(RecordChoicesTest, NoneStandsBeforeAllByName) {
     EXPECT_EQ(choices.chosenRow(), 3);
 }
 
-TEST_F(RecordChoicesTest, AnArchivedProjectIsListedForItsOwnEntriesOnly) {
+TEST_F(RecordChoicesTest, anArchivedProjectIsListedForItsOwnEntriesOnly) {
     const auto old = project("Old");
     old->isArchived = true;
     context().save();
@@ -67,7 +67,7 @@ TEST_F(RecordChoicesTest, AnArchivedProjectIsListedForItsOwnEntriesOnly) {
     EXPECT_EQ(labels().size(), 3U);
 }
 
-TEST_F(RecordChoicesTest, EveryWordOfASearchMustStandInTheLabel) {
+TEST_F(RecordChoicesTest, everyWordOfASearchMustStandInTheLabel) {
     const auto bloom = timer.library.addClient("Bloom & Söhne");
     project("Relaunch", bloom);
     project("Retainer", bloom);
@@ -79,7 +79,7 @@ TEST_F(RecordChoicesTest, EveryWordOfASearchMustStandInTheLabel) {
     EXPECT_EQ(find(" ").size(), 4U);
 }
 
-TEST_F(RecordChoicesTest, ARowIsChosenAndEndsTheSearch) {
+TEST_F(RecordChoicesTest, aRowIsChosenAndEndsTheSearch) {
     const auto blog = project("Blog");
     show(website, nullptr);
     find("blog");
@@ -95,7 +95,7 @@ TEST_F(RecordChoicesTest, ARowIsChosenAndEndsTheSearch) {
     EXPECT_FALSE(choices.record());
 }
 
-TEST_F(RecordChoicesTest, TheyFollowTheLibrary) {
+TEST_F(RecordChoicesTest, theyFollowTheLibrary) {
     show(website, nullptr);
     project("Blog");
     acme()->name = "Acme & Sons";
@@ -111,7 +111,7 @@ TEST_F(RecordChoicesTest, TheyFollowTheLibrary) {
     EXPECT_EQ(choices.chosenRow(), 0);
 }
 
-TEST_F(RecordChoicesTest, WhatIsChosenAgainIsNoNewChoice) {
+TEST_F(RecordChoicesTest, whatIsChosenAgainIsNoNewChoice) {
     show(website, nullptr);
     QSignalSpy picked(&choices, &ChoiceModel::picked);
     choices.choose(choices.chosenRow());
@@ -120,7 +120,7 @@ TEST_F(RecordChoicesTest, WhatIsChosenAgainIsNoNewChoice) {
     EXPECT_EQ(picked.size(), 1);
 }
 
-TEST_F(RecordChoicesTest, OnceStoppedTheyFollowNothing) {
+TEST_F(RecordChoicesTest, onceStoppedTheyFollowNothing) {
     show(website, nullptr);
     choices.stop();
     context().deleteRecord(website);

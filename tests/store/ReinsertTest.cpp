@@ -40,7 +40,7 @@ class ReinsertTest : public testing::Test {
     PersistentID id_ = entry_->id();
 };
 
-TEST_F(ReinsertTest, ADeletionThatWaitsForTheSaveIsTakenBackWithItsValues) {
+TEST_F(ReinsertTest, aDeletionThatWaitsForTheSaveIsTakenBackWithItsValues) {
     context().save();
     context().deleteRecord(entry_);
     EXPECT_EQ(reinsert(), entry_);
@@ -51,7 +51,7 @@ TEST_F(ReinsertTest, ADeletionThatWaitsForTheSaveIsTakenBackWithItsValues) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"Landing page"});
 }
 
-TEST_F(ReinsertTest, ADeletionThatWasTakenBackWritesNoRow) {
+TEST_F(ReinsertTest, aDeletionThatWasTakenBackWritesNoRow) {
     context().save();
     context().deleteRecord(entry_);
     reinsert();
@@ -62,7 +62,7 @@ TEST_F(ReinsertTest, ADeletionThatWasTakenBackWritesNoRow) {
     }
 }
 
-TEST_F(ReinsertTest, ChangesMadeAfterTakingBackAreSaved) {
+TEST_F(ReinsertTest, changesMadeAfterTakingBackAreSaved) {
     context().save();
     context().deleteRecord(entry_);
     reinsert()->notes = "Footer";
@@ -70,7 +70,7 @@ TEST_F(ReinsertTest, ChangesMadeAfterTakingBackAreSaved) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"Footer"});
 }
 
-TEST_F(ReinsertTest, AChangeBeforeTheDeletionIsTakenBackToo) {
+TEST_F(ReinsertTest, aChangeBeforeTheDeletionIsTakenBackToo) {
     context().save();
     entry_->notes = "Footer";
     context().deleteRecord(entry_);
@@ -79,7 +79,7 @@ TEST_F(ReinsertTest, AChangeBeforeTheDeletionIsTakenBackToo) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"Footer"});
 }
 
-TEST_F(ReinsertTest, ARollbackAfterTakingBackGivesTheSavedValues) {
+TEST_F(ReinsertTest, aRollbackAfterTakingBackGivesTheSavedValues) {
     context().save();
     context().deleteRecord(entry_);
     reinsert()->notes = "Footer";
@@ -89,7 +89,7 @@ TEST_F(ReinsertTest, ARollbackAfterTakingBackGivesTheSavedValues) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(ReinsertTest, AfterTheSaveANewObjectHasTheIdentity) {
+TEST_F(ReinsertTest, afterTheSaveANewObjectHasTheIdentity) {
     context().save();
     deleteAndSave();
     const auto again = reinsert();
@@ -103,7 +103,7 @@ TEST_F(ReinsertTest, AfterTheSaveANewObjectHasTheIdentity) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"Again"});
 }
 
-TEST_F(ReinsertTest, TheObjectThatWentMayDieWithoutTakingTheNewOneWithIt) {
+TEST_F(ReinsertTest, theObjectThatWentMayDieWithoutTakingTheNewOneWithIt) {
     context().save();
     deleteAndSave();
     const auto again = reinsert();
@@ -113,14 +113,14 @@ TEST_F(ReinsertTest, TheObjectThatWentMayDieWithoutTakingTheNewOneWithIt) {
     EXPECT_EQ(context().record<TimeEntry>(id_), again);
 }
 
-TEST_F(ReinsertTest, ARecordThatWasNeverSavedComesBackAsANewOne) {
+TEST_F(ReinsertTest, aRecordThatWasNeverSavedComesBackAsANewOne) {
     context().deleteRecord(entry_);
     EXPECT_EQ(reinsert()->id(), id_);
     context().save();
     EXPECT_EQ(storedNotes(), std::vector<std::string>{""});
 }
 
-TEST_F(ReinsertTest, DeletingAndTakingBackMayGoOnForever) {
+TEST_F(ReinsertTest, deletingAndTakingBackMayGoOnForever) {
     context().save();
     for (int round = 0; round < 4; ++round) {
         const bool saved = round % 2 == 1;
@@ -134,7 +134,7 @@ TEST_F(ReinsertTest, DeletingAndTakingBackMayGoOnForever) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"3"});
 }
 
-TEST_F(ReinsertTest, ADeletionThatCouldNotBeSavedIsTakenBackAllTheSame) {
+TEST_F(ReinsertTest, aDeletionThatCouldNotBeSavedIsTakenBackAllTheSame) {
     context().save();
     {
         const test::FileSizeLimit fullDisk(0);
@@ -146,7 +146,7 @@ TEST_F(ReinsertTest, ADeletionThatCouldNotBeSavedIsTakenBackAllTheSame) {
     EXPECT_EQ(storedNotes(), std::vector<std::string>{"Landing page"});
 }
 
-TEST_F(ReinsertTest, ObserversAreTold) {
+TEST_F(ReinsertTest, observersAreTold) {
     context().save();
     context().deleteRecord(entry_);
     context().deliverChanges();

@@ -50,7 +50,7 @@ class TotalSeconds : public testing::Test {
     const Instant nine = at("2026-03-01T09:00Z");
 };
 
-TEST_F(TotalSeconds, CountWhatHasBothInstantsAndPointsToTheOwner) {
+TEST_F(TotalSeconds, countWhatHasBothInstantsAndPointsToTheOwner) {
     add(website, 60min);
     add(website, 15min);
     add(app, 7min);
@@ -61,7 +61,7 @@ TEST_F(TotalSeconds, CountWhatHasBothInstantsAndPointsToTheOwner) {
     EXPECT_EQ(total(app), 420);
 }
 
-TEST_F(TotalSeconds, SubtractSpansThatRunBackwards) {
+TEST_F(TotalSeconds, subtractSpansThatRunBackwards) {
     add(website, 60min);
     add(website, -15min);
     EXPECT_EQ(total(website), 2700);
@@ -69,7 +69,7 @@ TEST_F(TotalSeconds, SubtractSpansThatRunBackwards) {
     EXPECT_EQ(total(website), 2700);
 }
 
-TEST_F(TotalSeconds, AskTheLibraryOnceForEachOwner) {
+TEST_F(TotalSeconds, askTheLibraryOnceForEachOwner) {
     const auto entry = add(website, 60min);
     library.context().save();
     (void)StatementTrace::take();
@@ -86,7 +86,7 @@ TEST_F(TotalSeconds, AskTheLibraryOnceForEachOwner) {
     EXPECT_EQ(StatementTrace::take().size(), 1U);
 }
 
-TEST_F(TotalSeconds, AreThoseOfTheLibraryAgainAfterSpilledEntriesAreRolledBack) {
+TEST_F(TotalSeconds, areThoseOfTheLibraryAgainAfterSpilledEntriesAreRolledBack) {
     add(website, 60min);
     library.context().save();
     EXPECT_EQ(total(website), 3600);
@@ -98,7 +98,7 @@ TEST_F(TotalSeconds, AreThoseOfTheLibraryAgainAfterSpilledEntriesAreRolledBack) 
     EXPECT_EQ(total(website), 3600);
 }
 
-TEST(TotalSecondsOnDisk, StayWhereASaveFails) {
+TEST(TotalSecondsOnDisk, stayWhereASaveFails) {
     FaultyVfs disk;
     TestLibrary library;
     const auto website = library.addProject("Website", nullptr);
@@ -117,7 +117,7 @@ TEST(TotalSecondsOnDisk, StayWhereASaveFails) {
 }
 
 /// Whatever is done to entries, saved, taken back or not, the sums are those of the entries.
-TEST_F(TotalSeconds, FollowEveryChange) {
+TEST_F(TotalSeconds, followEveryChange) {
     std::mt19937 random(7);
     const auto below = [&](std::size_t limit) { return random() % limit; };
     std::vector<Ref<TimeEntry>> entries;

@@ -59,7 +59,7 @@ class UndoHistoryTest : public testing::Test {
 
 // --- what a step is ----------------------------------------------------------------------------
 
-TEST_F(UndoHistoryTest, AClientIsChangedBackInAllItsFields) {
+TEST_F(UndoHistoryTest, aClientIsChangedBackInAllItsFields) {
     expectUndoAndRedo([&] {
         acme_->name = "Acme Co";
         acme_->email = "a@example.com";
@@ -69,28 +69,28 @@ TEST_F(UndoHistoryTest, AClientIsChangedBackInAllItsFields) {
     });
 }
 
-TEST_F(UndoHistoryTest, AProjectIsArchivedAndMoved) {
+TEST_F(UndoHistoryTest, aProjectIsArchivedAndMoved) {
     expectUndoAndRedo([&] {
         website_->isArchived = true;
         website_->client = library_.addClient("Globex");
     });
 }
 
-TEST_F(UndoHistoryTest, AClientIsDeletedWithItsProjectsAndTheirEntries) {
+TEST_F(UndoHistoryTest, aClientIsDeletedWithItsProjectsAndTheirEntries) {
     expectUndoAndRedo([&] { context().deleteRecord(acme_); });
 }
 
-TEST_F(UndoHistoryTest, AnInvoiceComesWithTheEntriesThatItBills) {
+TEST_F(UndoHistoryTest, anInvoiceComesWithTheEntriesThatItBills) {
     expectUndoAndRedo([&] { bill(); });
 }
 
-TEST_F(UndoHistoryTest, AnInvoiceGoesAndLetsGoOfItsEntries) {
+TEST_F(UndoHistoryTest, anInvoiceGoesAndLetsGoOfItsEntries) {
     bill();
     context().save();
     expectUndoAndRedo([&] { context().deleteRecord(entry_->invoice.get()); });
 }
 
-TEST_F(UndoHistoryTest, AnInvoiceGetsItsBytesBack) {
+TEST_F(UndoHistoryTest, anInvoiceGetsItsBytesBack) {
     bill();
     entry_->invoice->businessSnapshot = Blob{"first"};
     context().save();
@@ -100,7 +100,7 @@ TEST_F(UndoHistoryTest, AnInvoiceGetsItsBytesBack) {
     });
 }
 
-TEST_F(UndoHistoryTest, ClientsProjectsAndEntriesThatCameTogetherGoTogether) {
+TEST_F(UndoHistoryTest, clientsProjectsAndEntriesThatCameTogetherGoTogether) {
     expectUndoAndRedo([&] {
         const auto globex = library_.addClient("Globex");
         addEntry(library_.addProject("App", globex));
@@ -108,7 +108,7 @@ TEST_F(UndoHistoryTest, ClientsProjectsAndEntriesThatCameTogetherGoTogether) {
     });
 }
 
-TEST_F(UndoHistoryTest, WhatComesAndGoesWithinAStepIsNoStep) {
+TEST_F(UndoHistoryTest, whatComesAndGoesWithinAStepIsNoStep) {
     history_.perform("Step", [&] {
         context().deleteRecord(addEntry(website_));
         entry_->notes = "typed";
@@ -117,7 +117,7 @@ TEST_F(UndoHistoryTest, WhatComesAndGoesWithinAStepIsNoStep) {
     EXPECT_FALSE(history_.canUndo());
 }
 
-TEST_F(UndoHistoryTest, AStepIsNotedAcrossSavesInIt) {
+TEST_F(UndoHistoryTest, aStepIsNotedAcrossSavesInIt) {
     expectUndoAndRedo([&] {
         const auto id = entry_->id();
         entry_->notes = "1";
@@ -129,7 +129,7 @@ TEST_F(UndoHistoryTest, AStepIsNotedAcrossSavesInIt) {
     });
 }
 
-TEST_F(UndoHistoryTest, WhatWaitedBeforeAStepIsNoPartOfIt) {
+TEST_F(UndoHistoryTest, whatWaitedBeforeAStepIsNoPartOfIt) {
     entry_->notes = "typed";
     history_.performQuietly("Step", [&] { entry_->billedRateCents = 1; });
     history_.undo();
@@ -137,7 +137,7 @@ TEST_F(UndoHistoryTest, WhatWaitedBeforeAStepIsNoPartOfIt) {
     EXPECT_EQ(entry_->billedRateCents.get(), std::nullopt);
 }
 
-TEST_F(UndoHistoryTest, AStepWithinAStepIsPartOfIt) {
+TEST_F(UndoHistoryTest, aStepWithinAStepIsPartOfIt) {
     expectUndoAndRedo([&] {
         entry_->notes = "outer";
         history_.perform("Inner", [&] { website_->name = "inner"; });
@@ -147,7 +147,7 @@ TEST_F(UndoHistoryTest, AStepWithinAStepIsPartOfIt) {
 
 // --- failures ----------------------------------------------------------------------------------
 
-TEST_F(UndoHistoryTest, AChangeThatThrowsLeavesEverythingAsItWas) {
+TEST_F(UndoHistoryTest, aChangeThatThrowsLeavesEverythingAsItWas) {
     const auto before = text();
     const auto change = [&] {
         context().deleteRecord(acme_);
@@ -159,7 +159,7 @@ TEST_F(UndoHistoryTest, AChangeThatThrowsLeavesEverythingAsItWas) {
     EXPECT_FALSE(history_.canUndo());
 }
 
-TEST_F(UndoHistoryTest, AStepThatCannotBeSavedLeavesEverythingAsItWas) {
+TEST_F(UndoHistoryTest, aStepThatCannotBeSavedLeavesEverythingAsItWas) {
     const auto before = text();
     {
         const test::FileSizeLimit fullDisk(0);
@@ -169,7 +169,7 @@ TEST_F(UndoHistoryTest, AStepThatCannotBeSavedLeavesEverythingAsItWas) {
     EXPECT_FALSE(history_.canUndo());
 }
 
-TEST_F(UndoHistoryTest, WhatWaitsFromAFailedSaveIsNotRolledBack) {
+TEST_F(UndoHistoryTest, whatWaitsFromAFailedSaveIsNotRolledBack) {
     website_->name = "waits";
     {
         const test::FileSizeLimit fullDisk(0);
@@ -181,7 +181,7 @@ TEST_F(UndoHistoryTest, WhatWaitsFromAFailedSaveIsNotRolledBack) {
 
 // --- what is left alone ------------------------------------------------------------------------
 
-TEST_F(UndoHistoryTest, AProjectThatIsUsedByNowStaysWithItsClient) {
+TEST_F(UndoHistoryTest, aProjectThatIsUsedByNowStaysWithItsClient) {
     Ref<Project> app;
     history_.perform("Step",
                      [&] { app = library_.addProject("App", library_.addClient("Globex")); });
@@ -193,7 +193,7 @@ TEST_F(UndoHistoryTest, AProjectThatIsUsedByNowStaysWithItsClient) {
     EXPECT_FALSE(history_.canRedo());
 }
 
-TEST_F(UndoHistoryTest, AnInvoiceDoesNotComeBackWhenItsNumberIsTaken) {
+TEST_F(UndoHistoryTest, anInvoiceDoesNotComeBackWhenItsNumberIsTaken) {
     bill();
     context().save();
     history_.perform("Step", [&] { context().deleteRecord(entry_->invoice.get()); });
@@ -205,7 +205,7 @@ TEST_F(UndoHistoryTest, AnInvoiceDoesNotComeBackWhenItsNumberIsTaken) {
     EXPECT_EQ(context().fetchCount<Invoice>(), 1U);
 }
 
-TEST_F(UndoHistoryTest, RecordsOfSeveralTypesAreToldOfInOneSentence) {
+TEST_F(UndoHistoryTest, recordsOfSeveralTypesAreToldOfInOneSentence) {
     const auto second = addEntry(website_);
     history_.perform("Step", [&] {
         acme_->name = "1";
@@ -219,7 +219,7 @@ TEST_F(UndoHistoryTest, RecordsOfSeveralTypesAreToldOfInOneSentence) {
               "1 client and 2 entries were changed since and stay as they are.");
 }
 
-TEST_F(UndoHistoryTest, AFieldOfAClientThatSomebodyElseChangedStays) {
+TEST_F(UndoHistoryTest, aFieldOfAClientThatSomebodyElseChangedStays) {
     history_.perform("Step", [&] { acme_->name = "mine"; });
     acme_->email = "theirs@example.com";
     EXPECT_EQ(history_.undo().notice(), "");
@@ -236,7 +236,7 @@ class Typing : public UndoHistoryTest {
     }
 };
 
-TEST_F(Typing, WhatIsTypedIntoAFieldIsOneStep) {
+TEST_F(Typing, whatIsTypedIntoAFieldIsOneStep) {
     for (const char* notes : {"T", "Ty", "Typ"}) type(notes);
     EXPECT_EQ(history_.undoText(), "Undo Edit Notes");
     history_.undo();
@@ -246,7 +246,7 @@ TEST_F(Typing, WhatIsTypedIntoAFieldIsOneStep) {
     EXPECT_EQ(entry_->notes.get(), "Typ");
 }
 
-TEST_F(Typing, ASaveInBetweenDoesNotEndTheStep) {
+TEST_F(Typing, aSaveInBetweenDoesNotEndTheStep) {
     type("T");
     context().save();
     type("Ty");
@@ -255,7 +255,7 @@ TEST_F(Typing, ASaveInBetweenDoesNotEndTheStep) {
     EXPECT_EQ(entry_->notes.get(), "Landing page");
 }
 
-TEST_F(Typing, AFieldThatWasLeftBeginsAnotherStep) {
+TEST_F(Typing, aFieldThatWasLeftBeginsAnotherStep) {
     type("T");
     history_.leaveField();
     type("Ty");
@@ -263,7 +263,7 @@ TEST_F(Typing, AFieldThatWasLeftBeginsAnotherStep) {
     EXPECT_EQ(entry_->notes.get(), "T");
 }
 
-TEST_F(Typing, AnotherFieldAndAnotherStepBeginAnotherStep) {
+TEST_F(Typing, anotherFieldAndAnotherStepBeginAnotherStep) {
     type("T");
     type("Ty", "elsewhere");
     history_.perform("Step", [&] { acme_->name = "1"; });
@@ -274,7 +274,7 @@ TEST_F(Typing, AnotherFieldAndAnotherStepBeginAnotherStep) {
     }
 }
 
-TEST_F(Typing, WhatIsTypedAfterAnUndoIsAnotherStep) {
+TEST_F(Typing, whatIsTypedAfterAnUndoIsAnotherStep) {
     type("T");
     history_.perform("Step", [&] { acme_->name = "1"; });
     history_.undo();
@@ -283,18 +283,18 @@ TEST_F(Typing, WhatIsTypedAfterAnUndoIsAnotherStep) {
     EXPECT_EQ(entry_->notes.get(), "T");
 }
 
-TEST_F(Typing, WhatIsDeletedAgainIsNoStep) {
+TEST_F(Typing, whatIsDeletedAgainIsNoStep) {
     type("T");
     type("Landing page");
     EXPECT_FALSE(history_.canUndo());
 }
 
-TEST_F(Typing, NothingIsSavedOnTheWay) {
+TEST_F(Typing, nothingIsSavedOnTheWay) {
     type("T");
     EXPECT_TRUE(context().hasChanges());
 }
 
-TEST_F(Typing, ARecordThatIsTypedIntoAndGoesComesBackWithBothValues) {
+TEST_F(Typing, aRecordThatIsTypedIntoAndGoesComesBackWithBothValues) {
     RecordStep typed{&TimeEntry::schema(), entry_->id(), FieldValues{}, FieldValues{}};
     const auto notes = KeyPath<&TimeEntry::notes>::index();
     typed.before->set(notes, std::string("old"));
@@ -313,7 +313,7 @@ TEST_F(Typing, ARecordThatIsTypedIntoAndGoesComesBackWithBothValues) {
 
 // --- steps that can't be kept ------------------------------------------------------------------
 
-TEST_F(UndoHistoryTest, AStepWithFlushedInsertsCannotBeUndoneNorWhatCameBefore) {
+TEST_F(UndoHistoryTest, aStepWithFlushedInsertsCannotBeUndoneNorWhatCameBefore) {
     history_.perform("Step", [&] { entry_->notes = "typed"; });
     history_.perform("Import", [&] {
         addEntry(website_);
@@ -323,7 +323,7 @@ TEST_F(UndoHistoryTest, AStepWithFlushedInsertsCannotBeUndoneNorWhatCameBefore) 
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
 }
 
-TEST_F(UndoHistoryTest, WhatIsDoneForGoodCannotBeUndoneNorWhatCameBefore) {
+TEST_F(UndoHistoryTest, whatIsDoneForGoodCannotBeUndoneNorWhatCameBefore) {
     history_.perform("Step", [&] { entry_->notes = "typed"; });
     history_.performForGood([&] { addEntry(website_); });
     EXPECT_FALSE(history_.canUndo());
@@ -331,7 +331,7 @@ TEST_F(UndoHistoryTest, WhatIsDoneForGoodCannotBeUndoneNorWhatCameBefore) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
 }
 
-TEST_F(UndoHistoryTest, WhatFailsForGoodLeavesEverythingAsItWas) {
+TEST_F(UndoHistoryTest, whatFailsForGoodLeavesEverythingAsItWas) {
     history_.perform("Step", [&] { entry_->notes = "typed"; });
     const auto before = text();
     const auto change = [&] {

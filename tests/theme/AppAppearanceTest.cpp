@@ -31,14 +31,14 @@ class Appearance : public testing::Test {
     AppAppearance& appearance = AppAppearance::instance();
 };
 
-TEST_F(Appearance, FollowsThePaletteWhileNobodySaysMore) {
+TEST_F(Appearance, followsThePaletteWhileNobodySaysMore) {
     setPaletteGround(Qt::black);
     EXPECT_TRUE(appearance.isDark());
     setPaletteGround(Qt::white);
     EXPECT_FALSE(appearance.isDark());
 }
 
-TEST_F(Appearance, TheDesktopOverrulesThePalette) {
+TEST_F(Appearance, theDesktopOverrulesThePalette) {
     setPaletteGround(Qt::white);
     appearance.setDesktopDark(true);
     EXPECT_TRUE(appearance.isDark());
@@ -46,7 +46,7 @@ TEST_F(Appearance, TheDesktopOverrulesThePalette) {
     EXPECT_FALSE(appearance.isDark());
 }
 
-TEST_F(Appearance, TheUserOverrulesTheDesktop) {
+TEST_F(Appearance, theUserOverrulesTheDesktop) {
     appearance.setDesktopDark(true);
     appearance.setSetting(AppearanceSetting::light);
     EXPECT_FALSE(appearance.isDark());
@@ -57,7 +57,7 @@ TEST_F(Appearance, TheUserOverrulesTheDesktop) {
     EXPECT_TRUE(appearance.isDark());
 }
 
-TEST_F(Appearance, TellsOnlyChanges) {
+TEST_F(Appearance, tellsOnlyChanges) {
     appearance.setDesktopDark(false);
     QSignalSpy dark(&appearance, &AppAppearance::darkChanged);
     appearance.setDesktopDark(false);
@@ -71,7 +71,7 @@ TEST_F(Appearance, TellsOnlyChanges) {
     EXPECT_EQ(motion.size(), 1);
 }
 
-TEST(AppearanceSettingText, AnyTextThatIsNotARawValueCountsAsSystem) {
+TEST(AppearanceSettingText, anyTextThatIsNotARawValueCountsAsSystem) {
     EXPECT_EQ(appearanceSetting("dark"), AppearanceSetting::dark);
     EXPECT_EQ(appearanceSetting("light"), AppearanceSetting::light);
     for (const char* text : {"system", "", "Dark", "auto"}) {

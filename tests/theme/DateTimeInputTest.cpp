@@ -53,7 +53,7 @@ void PrintTo(const ChangeRow& row, std::ostream* out) {
 
 class DateTimeInputTyped : public testing::TestWithParam<ChangeRow> {};
 
-TEST_P(DateTimeInputTyped, ShowsTheInstantThatItMeans) {
+TEST_P(DateTimeInputTyped, showsTheInstantThatItMeans) {
     const auto& row = GetParam();
     Typed typed("de_DE", row.zone, row.start);
     if (*row.day != '\0') typed.type(typed.input.day(), row.day);
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
-TEST(DateTimeInput, WhatIsUnderstoodCountsWhileItIsTyped) {
+TEST(DateTimeInput, whatIsUnderstoodCountsWhileItIsTyped) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     for (const char* text : {"1", "10", "10:", "10:1"})
         typed.input.time()->edit(QString::fromUtf8(text));
@@ -102,7 +102,7 @@ TEST(DateTimeInput, WhatIsUnderstoodCountsWhileItIsTyped) {
     EXPECT_EQ(typed.time(), "10:15\u202fAM");
 }
 
-TEST(DateTimeInput, ATextThatIsNotADateStaysAndSaysSoWhenItIsFinished) {
+TEST(DateTimeInput, aTextThatIsNotADateStaysAndSaysSoWhenItIsFinished) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.input.day()->edit(QStringLiteral("2/30/2026"));
     EXPECT_FALSE(typed.input.isValid());
@@ -117,7 +117,7 @@ TEST(DateTimeInput, ATextThatIsNotADateStaysAndSaysSoWhenItIsFinished) {
     EXPECT_EQ(typed.value(), "2026-02-28T09:30:00Z");
 }
 
-TEST(DateTimeInput, ATextThatIsNotATimeStaysWhileTheDayChanges) {
+TEST(DateTimeInput, aTextThatIsNotATimeStaysWhileTheDayChanges) {
     Typed typed("de_DE", "UTC", "2026-03-02T09:30Z");
     typed.type(typed.input.time(), "25:00");
     typed.type(typed.input.day(), "3.3.");
@@ -127,14 +127,14 @@ TEST(DateTimeInput, ATextThatIsNotATimeStaysWhileTheDayChanges) {
     EXPECT_FALSE(typed.input.isValid());
 }
 
-TEST(DateTimeInput, AnEmptyFieldIsNoDate) {
+TEST(DateTimeInput, anEmptyFieldIsNoDate) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.type(typed.input.day(), "");
     EXPECT_FALSE(typed.input.isValid());
     EXPECT_EQ(typed.day(), "");
 }
 
-TEST(DateTimeInput, AValueThatIsSetReplacesWhatWasTyped) {
+TEST(DateTimeInput, aValueThatIsSetReplacesWhatWasTyped) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.type(typed.input.day(), "nonsense");
     typed.input.setValue(at("2026-03-04T11:00Z"));
@@ -143,7 +143,7 @@ TEST(DateTimeInput, AValueThatIsSetReplacesWhatWasTyped) {
     EXPECT_EQ(typed.input.day()->problem(), QString());
 }
 
-TEST(DateTimeInput, ADayThatTheZoneSkippedIsNoDate) {
+TEST(DateTimeInput, aDayThatTheZoneSkippedIsNoDate) {
     Typed typed("en_US", "Pacific/Apia", "2011-12-29T09:00-10:00");
     typed.type(typed.input.day(), "12/30/2011");
     EXPECT_FALSE(typed.input.isValid());
@@ -168,7 +168,7 @@ void PrintTo(const StepRow& row, std::ostream* out) {
 
 class DateTimeInputStep : public testing::TestWithParam<StepRow> {};
 
-TEST_P(DateTimeInputStep, MovesThePartUnderTheCursor) {
+TEST_P(DateTimeInputStep, movesThePartUnderTheCursor) {
     const auto& row = GetParam();
     Typed typed("en_US", "America/New_York", row.start);
     auto* field = row.isTime ? typed.input.time() : typed.input.day();
@@ -199,7 +199,7 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
-TEST(DateTimeInput, StepsOfAWholeTextAreDaysAndMinutes) {
+TEST(DateTimeInput, stepsOfAWholeTextAreDaysAndMinutes) {
     Typed typed("en_US", "UTC", "2026-03-31T09:30Z");
     const auto day = typed.input.day()->step(-1, 1);
     EXPECT_EQ(typed.value(), "2026-04-01T09:30:00Z");
@@ -208,7 +208,7 @@ TEST(DateTimeInput, StepsOfAWholeTextAreDaysAndMinutes) {
     EXPECT_EQ(typed.value(), "2026-04-01T09:28:00Z");
 }
 
-TEST(DateTimeInput, PagesAreMonthsAndHours) {
+TEST(DateTimeInput, pagesAreMonthsAndHours) {
     Typed typed("en_US", "UTC", "2026-03-31T09:30Z");
     typed.input.day()->page(8, -1);
     EXPECT_EQ(typed.value(), "2026-02-28T09:30:00Z");
@@ -216,14 +216,14 @@ TEST(DateTimeInput, PagesAreMonthsAndHours) {
     EXPECT_EQ(typed.value(), "2026-02-28T11:30:00Z");
 }
 
-TEST(DateTimeInput, AStepTakesUpWhatWasTyped) {
+TEST(DateTimeInput, aStepTakesUpWhatWasTyped) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.input.day()->edit(QStringLiteral("4/5"));
     typed.input.day()->step(3, 1);
     EXPECT_EQ(typed.day(), "4/6/2026");
 }
 
-TEST(DateTimeInput, ATextThatIsNotADateIsNotStepped) {
+TEST(DateTimeInput, aTextThatIsNotADateIsNotStepped) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.input.day()->edit(QStringLiteral("soon"));
     typed.input.day()->step(1, 1);
@@ -232,13 +232,13 @@ TEST(DateTimeInput, ATextThatIsNotADateIsNotStepped) {
     EXPECT_EQ(typed.value(), "2026-03-02T09:30:00Z");
 }
 
-TEST(DateTimeInput, StepsStayWithinTheYearsThatTextsCanName) {
+TEST(DateTimeInput, stepsStayWithinTheYearsThatTextsCanName) {
     Typed typed("en_US", "UTC", "9998-12-31T09:30Z");
     typed.input.day()->step(3, 1);
     EXPECT_EQ(typed.day(), "12/31/9998");
 }
 
-TEST(DateTimeInput, ADayOfTheMonthsPageKeepsTheTime) {
+TEST(DateTimeInput, aDayOfTheMonthsPageKeepsTheTime) {
     Typed typed("de_DE", "Europe/Berlin", "2026-03-02T09:30:37+01:00");
     typed.input.showMonth();
     typed.input.month()->moveByDays(27);
@@ -247,7 +247,7 @@ TEST(DateTimeInput, ADayOfTheMonthsPageKeepsTheTime) {
     EXPECT_EQ(typed.day(), "29.03.2026");
 }
 
-TEST(DateTimeInput, OnlyAChangeIsTold) {
+TEST(DateTimeInput, onlyAChangeIsTold) {
     Typed typed("en_US", "UTC", "2026-03-02T09:30Z");
     typed.type(typed.input.time(), "930");
     typed.input.setValue(at("2026-03-02T09:30Z"));

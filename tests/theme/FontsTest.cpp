@@ -22,7 +22,7 @@ QString digits(char digit) {
     return QString(6, QLatin1Char(digit));
 }
 
-TEST(Fonts, EachFaceIsEmbeddedAndNotReplacedByAnother) {
+TEST(Fonts, eachFaceIsEmbeddedAndNotReplacedByAnother) {
     loadEmbeddedFonts();
     for (const auto weight : weights) {
         for (const QFont& font : {textFont(10, weight), tabularFont(10, weight)}) {
@@ -34,14 +34,14 @@ TEST(Fonts, EachFaceIsEmbeddedAndNotReplacedByAnother) {
     EXPECT_EQ(QFontInfo(labelFont(8)).family(), labelFontFamily());
 }
 
-TEST(Fonts, LoadingAgainChangesNothing) {
+TEST(Fonts, loadingAgainChangesNothing) {
     loadEmbeddedFonts();
     const auto before = QFontDatabase::families();
     loadEmbeddedFonts();
     EXPECT_EQ(QFontDatabase::families(), before);
 }
 
-TEST(Fonts, TabularDigitsHaveOneWidth) {
+TEST(Fonts, tabularDigitsHaveOneWidth) {
     loadEmbeddedFonts();
     for (const auto weight : weights) {
         const QFontMetricsF metrics(tabularFont(100, weight));
@@ -53,7 +53,7 @@ TEST(Fonts, TabularDigitsHaveOneWidth) {
     }
 }
 
-TEST(Fonts, LettersOfBothFamiliesAreTheSame) {
+TEST(Fonts, lettersOfBothFamiliesAreTheSame) {
     loadEmbeddedFonts();
     const QString letters = QStringLiteral("Website redesign");
     for (const auto weight : weights) {
@@ -62,7 +62,7 @@ TEST(Fonts, LettersOfBothFamiliesAreTheSame) {
     }
 }
 
-TEST(Fonts, TextsAreSetWithTheGlyphsOfTheirCharacters) {
+TEST(Fonts, textsAreSetWithTheGlyphsOfTheirCharacters) {
     loadEmbeddedFonts();
     const QRawFont font = QRawFont::fromFont(textFont(10));
     for (const char* text : {"10:30", "(a)", "->", "12x34"}) {

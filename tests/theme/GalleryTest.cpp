@@ -24,7 +24,7 @@ void collect(QtMsgType type, const QMessageLogContext& /*context*/, const QStrin
     if (type == QtWarningMsg || type == QtCriticalMsg) warnings << message;
 }
 
-TEST(Gallery, ShowsEveryComponentWithoutAWarningInBothAppearances) {
+TEST(Gallery, showsEveryComponentWithoutAWarningInBothAppearances) {
     loadEmbeddedFonts();
     EXPECT_FALSE(appIcon().isNull());
     warnings.clear();
@@ -49,7 +49,7 @@ TEST(Gallery, ShowsEveryComponentWithoutAWarningInBothAppearances) {
     EXPECT_EQ(light.pixelColor(2, 2), QColor(Qt::white));
 }
 
-TEST(Gallery, AnAppearanceThatIsNoneChangesNothing) {
+TEST(Gallery, anAppearanceThatIsNoneChangesNothing) {
     GalleryModel model(AppearanceSetting::light);
     model.setAppearance(3);
     model.setAppearance(-1);

@@ -16,7 +16,7 @@ struct Row {
 
 class HexColor : public testing::TestWithParam<Row> {};
 
-TEST_P(HexColor, IsRead) {
+TEST_P(HexColor, isRead) {
     const QColor color = colorFromHex(QString::fromUtf8(GetParam().text));
     EXPECT_EQ(color.rgb(), GetParam().color) << GetParam().text;
     EXPECT_EQ(color.alpha(), 255);

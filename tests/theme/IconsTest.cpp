@@ -12,7 +12,7 @@
 namespace elmworth {
 namespace {
 
-TEST(Icons, EachNameHasAGlyphOfTheIconFont) {
+TEST(Icons, eachNameHasAGlyphOfTheIconFont) {
     loadEmbeddedFonts();
     const QRawFont font = QRawFont::fromFont(QFont(QStringLiteral("Material Icons")));
     ASSERT_EQ(font.familyName(), QStringLiteral("Material Icons"));
@@ -21,7 +21,7 @@ TEST(Icons, EachNameHasAGlyphOfTheIconFont) {
     }
 }
 
-TEST(Icons, AnUnknownNameGivesAnEmptySquareThatNoOtherHas) {
+TEST(Icons, anUnknownNameGivesAnEmptySquareThatNoOtherHas) {
     loadEmbeddedFonts();
     const QChar square = iconGlyph(u"no.such.image");
     EXPECT_TRUE(
@@ -31,7 +31,7 @@ TEST(Icons, AnUnknownNameGivesAnEmptySquareThatNoOtherHas) {
     for (const QString& name : iconNames()) EXPECT_NE(iconGlyph(name), square);
 }
 
-TEST(Icons, StatesThatMustNotBeMixedUpLookDifferent) {
+TEST(Icons, statesThatMustNotBeMixedUpLookDifferent) {
     EXPECT_NE(iconGlyph(u"play"), iconGlyph(u"stop"));
     EXPECT_NE(iconGlyph(u"circle"), iconGlyph(u"check-circle-filled"));
     EXPECT_NE(iconGlyph(u"clock"), iconGlyph(u"record"));

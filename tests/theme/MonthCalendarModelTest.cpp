@@ -54,7 +54,7 @@ void PrintTo(const WordsRow& row, std::ostream* out) {
 
 class MonthCalendarWords : public testing::TestWithParam<WordsRow> {};
 
-TEST_P(MonthCalendarWords, AreTheLocalesAndItsWeekBeginsTheRows) {
+TEST_P(MonthCalendarWords, areTheLocalesAndItsWeekBeginsTheRows) {
     const auto& row = GetParam();
     const Page page(row.locale);
     EXPECT_EQ(page.month.title().toStdString(), row.title);
@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     rowName);
 
-TEST(MonthCalendar, SixWeeksShowWithTheMonthTodayAndTheChosenDayMarked) {
+TEST(MonthCalendar, sixWeeksShowWithTheMonthTodayAndTheChosenDayMarked) {
     Page page("en_GB");
     page.month.show({2026, 3, 12});
     EXPECT_EQ(page.month.days().size(), 42U);
@@ -86,12 +86,12 @@ TEST(MonthCalendar, SixWeeksShowWithTheMonthTodayAndTheChosenDayMarked) {
     EXPECT_EQ(page.name(7), "Monday, 2 March 2026, today");
 }
 
-TEST(MonthCalendar, TodayIsTheUsersDayAndNotTheOneInUTC) {
+TEST(MonthCalendar, todayIsTheUsersDayAndNotTheOneInUTC) {
     const Page page("en_GB", "Asia/Kathmandu", "2026-03-02T20:00Z");
     EXPECT_EQ(page.marked(&MonthDay::isToday), "3");
 }
 
-TEST(MonthCalendar, KeysMoveOverTheDaysAndLeaveTheChosenOne) {
+TEST(MonthCalendar, keysMoveOverTheDaysAndLeaveTheChosenOne) {
     Page page("en_GB");
     page.month.moveByDays(-7);
     EXPECT_EQ(page.current(), "Monday, 23 February 2026");
@@ -107,14 +107,14 @@ TEST(MonthCalendar, KeysMoveOverTheDaysAndLeaveTheChosenOne) {
     EXPECT_EQ(page.month.chosenDay().day, 2);
 }
 
-TEST(MonthCalendar, AMonthWithFewerDaysHasItsLast) {
+TEST(MonthCalendar, aMonthWithFewerDaysHasItsLast) {
     Page page("en_GB");
     page.month.show({2026, 1, 31});
     page.month.moveByMonths(1);
     EXPECT_EQ(page.current(), "Saturday, 28 February 2026");
 }
 
-TEST(MonthCalendar, AChosenDayIsTold) {
+TEST(MonthCalendar, aChosenDayIsTold) {
     Page page("en_GB");
     int count = 0;
     QObject::connect(&page.month, &MonthCalendarModel::chosen, [&] { ++count; });
@@ -126,7 +126,7 @@ TEST(MonthCalendar, AChosenDayIsTold) {
     EXPECT_EQ(page.month.chosenDay().day, 5);
 }
 
-TEST(MonthCalendar, ItsPageChangesInPlace) {
+TEST(MonthCalendar, itsPageChangesInPlace) {
     Page page("en_GB");
     const QAbstractItemModelTester tester(page.month.daysModel(),
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
@@ -134,7 +134,7 @@ TEST(MonthCalendar, ItsPageChangesInPlace) {
     EXPECT_EQ(page.month.title().toStdString(), "March 2028");
 }
 
-TEST(MonthCalendar, NobodyGetsBeyondTheYearsThatTextsCanName) {
+TEST(MonthCalendar, nobodyGetsBeyondTheYearsThatTextsCanName) {
     Page page("en_GB");
     page.month.moveByMonths(12 * 9000);
     EXPECT_EQ(page.month.title().toStdString(), "March 2026");

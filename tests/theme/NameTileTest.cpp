@@ -8,18 +8,18 @@
 namespace elmworth {
 namespace {
 
-TEST(NameHash, IsTheSameInEveryRun) {
+TEST(NameHash, isTheSameInEveryRun) {
     EXPECT_EQ(nameHash(QString()), 0U);
     EXPECT_EQ(nameHash(QStringLiteral("a")), 97U);
     EXPECT_EQ(nameHash(QStringLiteral("ab")), 97U * 31 + 98);
     EXPECT_EQ(nameHash(QStringLiteral("Acme Co")), 15634U);
 }
 
-TEST(NameHash, CountsACharacterOutsideTheBasicPlaneOnce) {
+TEST(NameHash, countsACharacterOutsideTheBasicPlaneOnce) {
     EXPECT_EQ(nameHash(QStringLiteral("🎉")), 0x1F389U & 0xFFFFU);
 }
 
-TEST(NameHash, StaysWithinSixteenBits) {
+TEST(NameHash, staysWithinSixteenBits) {
     EXPECT_LE(nameHash(QString(100'000, u'z')), 0xFFFFU);
 }
 
@@ -31,7 +31,7 @@ struct Row {
 
 class Initials : public testing::TestWithParam<Row> {};
 
-TEST_P(Initials, StandForTheName) {
+TEST_P(Initials, standForTheName) {
     EXPECT_EQ(initials(QString::fromUtf8(GetParam().text)).toStdString(), GetParam().initials);
 }
 

@@ -43,7 +43,7 @@ class Theme : public testing::TestWithParam<AppearanceSetting> {
     std::unique_ptr<QObject> holder_;
 };
 
-TEST_P(Theme, EveryTextIsLegibleOnEveryGround) {
+TEST_P(Theme, everyTextIsLegibleOnEveryGround) {
     for (const char* groundName :
          {"backgroundTop", "backgroundBottom", "cardFill", "cardFillHover", "panelFill"}) {
         const QColor ground = color(groundName);
@@ -55,11 +55,11 @@ TEST_P(Theme, EveryTextIsLegibleOnEveryGround) {
     }
 }
 
-TEST_P(Theme, AProminentButtonIsLegible) {
+TEST_P(Theme, aProminentButtonIsLegible) {
     EXPECT_GE(contrastRatio(color("inverseFill"), color("inverseText")), textContrast);
 }
 
-TEST_P(Theme, AMenuItemIsLegibleWhileItIsChosen) {
+TEST_P(Theme, aMenuItemIsLegibleWhileItIsChosen) {
     for (const char* textName : {"primaryText", "secondaryText", "dangerText"}) {
         const QColor ground = color("cardBorder");
         EXPECT_GE(contrastRatio(composed(color(textName), ground), ground), textContrast)
@@ -67,18 +67,18 @@ TEST_P(Theme, AMenuItemIsLegibleWhileItIsChosen) {
     }
 }
 
-TEST_P(Theme, SelectedTextIsLegible) {
+TEST_P(Theme, selectedTextIsLegible) {
     const QColor ground = composed(color("selectionFill"), color("cardFill"));
     EXPECT_GE(contrastRatio(color("primaryText"), ground), textContrast);
 }
 
-TEST_P(Theme, TheFocusRingStandsOutFromEveryGround) {
+TEST_P(Theme, theFocusRingStandsOutFromEveryGround) {
     for (const char* ground : {"backgroundTop", "backgroundBottom", "cardFill", "cardFillHover"}) {
         EXPECT_GE(contrastRatio(color("focusRing"), color(ground)), signContrast) << ground;
     }
 }
 
-TEST_P(Theme, WhatStandsOnATileIsLegible) {
+TEST_P(Theme, whatStandsOnATileIsLegible) {
     for (const QVariant& gradient : token("tilePalette").toList()) {
         QList<QColor> colors;
         for (const QVariant& value : gradient.toList()) colors << value.value<QColor>();
@@ -89,7 +89,7 @@ TEST_P(Theme, WhatStandsOnATileIsLegible) {
     }
 }
 
-TEST_P(Theme, WhiteStandsOnTheTwoColoursOfDecisionsWithoutAScrim) {
+TEST_P(Theme, whiteStandsOnTheTwoColoursOfDecisionsWithoutAScrim) {
     for (const char* name : {"dangerGradient", "successGradient"}) {
         const auto gradient = token(name).toList();
         ASSERT_EQ(gradient.size(), 1);
@@ -97,7 +97,7 @@ TEST_P(Theme, WhiteStandsOnTheTwoColoursOfDecisionsWithoutAScrim) {
     }
 }
 
-TEST_P(Theme, SurfacesFollowTheAppearance) {
+TEST_P(Theme, surfacesFollowTheAppearance) {
     const bool dark = GetParam() == AppearanceSetting::dark;
     EXPECT_EQ(color("backgroundTop").rgb(), dark ? 0xFF000000 : 0xFFFFFFFF);
     EXPECT_EQ(color("cardFillHover").rgb(), dark ? 0xFF141418 : 0xFFEFEFF2);

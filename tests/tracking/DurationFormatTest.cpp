@@ -29,11 +29,11 @@ void PrintTo(const DurationRow& row, std::ostream* out) {
 
 class Duration : public testing::TestWithParam<DurationRow> {};
 
-TEST_P(Duration, ReadsAsHoursAndMinutes) {
+TEST_P(Duration, readsAsHoursAndMinutes) {
     EXPECT_EQ(formatHoursMinutes(GetParam().seconds), GetParam().hoursMinutes);
 }
 
-TEST_P(Duration, ReadsAsHoursMinutesAndSeconds) {
+TEST_P(Duration, readsAsHoursMinutesAndSeconds) {
     EXPECT_EQ(formatHoursMinutesSeconds(GetParam().seconds), GetParam().hoursMinutesSeconds);
 }
 
@@ -67,7 +67,7 @@ void PrintTo(const StopRow& row, std::ostream* out) {
 
 class DurationDeathTest : public testing::TestWithParam<StopRow> {};
 
-TEST_P(DurationDeathTest, StopsTheProgram) {
+TEST_P(DurationDeathTest, stopsTheProgram) {
     const double seconds = GetParam().seconds;
     EXPECT_EXIT((void)formatHoursMinutes(seconds), testing::KilledBySignal(SIGABRT), "");
     EXPECT_EXIT((void)formatHoursMinutesSeconds(seconds), testing::KilledBySignal(SIGABRT), "");

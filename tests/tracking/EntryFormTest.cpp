@@ -30,7 +30,7 @@ class EntryFormTest : public testing::Test {
                         [] { return Calendar(Locale("en_US"), "UTC"); }};
 };
 
-TEST_F(EntryFormTest, AFinishedSpanOnAProjectCanBeSaved) {
+TEST_F(EntryFormTest, aFinishedSpanOnAProjectCanBeSaved) {
     EXPECT_EQ(form().problem(now_), std::nullopt);
 }
 
@@ -48,7 +48,7 @@ void PrintTo(const NewEntryRow& row, std::ostream* out) {
 
 class NewEntry : public EntryFormTest, public testing::WithParamInterface<NewEntryRow> {};
 
-TEST_P(NewEntry, IsAnHourFromNineOnOrAnHourAgo) {
+TEST_P(NewEntry, isAnHourFromNineOnOrAnHourAgo) {
     const auto& row = GetParam();
     const auto day = *row.day == '\0' ? std::nullopt : std::optional(at(row.day));
     const auto form =
@@ -75,13 +75,13 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     test::rowName);
 
-TEST_F(EntryFormTest, ANewEntryHasNoProjectWhenThereIsNone) {
+TEST_F(EntryFormTest, aNewEntryHasNoProjectWhenThereIsNone) {
     website_->isArchived = true;
     const Calendar calendar(Locale("en_US"), "UTC");
     EXPECT_FALSE(EntryForm::forNewEntry({}, now_, calendar, timer_).project);
 }
 
-TEST_F(EntryFormTest, AnEntrysFormIsWhatItHoldsAndARunningOneEndsNow) {
+TEST_F(EntryFormTest, anEntrysFormIsWhatItHoldsAndARunningOneEndsNow) {
     const auto entry = library_.addEntry(website_, now_ - 2h, now_ - 1h);
     entry->notes = "Landing page";
     EXPECT_EQ(EntryForm::of(*entry, now_), form());
@@ -90,14 +90,14 @@ TEST_F(EntryFormTest, AnEntrysFormIsWhatItHoldsAndARunningOneEndsNow) {
               (EntryForm{website_, now_ - 2h, now_, "Landing page", true}));
 }
 
-TEST_F(EntryFormTest, AProjectMustBeChosen) {
+TEST_F(EntryFormTest, aProjectMustBeChosen) {
     auto form = this->form();
     form.project = nullptr;
     EXPECT_EQ(form.problem(now_), "Choose a project.");
     EXPECT_EQ(form.timeProblem(now_), std::nullopt);
 }
 
-TEST_F(EntryFormTest, TheEndMustBeAfterTheStart) {
+TEST_F(EntryFormTest, theEndMustBeAfterTheStart) {
     auto form = this->form();
     form.end = form.start;
     EXPECT_EQ(form.problem(now_), "End must be after start.");
@@ -107,14 +107,14 @@ TEST_F(EntryFormTest, TheEndMustBeAfterTheStart) {
     EXPECT_EQ(form.problem(now_), std::nullopt);
 }
 
-TEST_F(EntryFormTest, ARunningEntryHasNoEndToLookAt) {
+TEST_F(EntryFormTest, aRunningEntryHasNoEndToLookAt) {
     auto form = this->form();
     form.wasRunning = true;
     form.end = form.start - 1h;
     EXPECT_EQ(form.problem(now_), std::nullopt);
 }
 
-TEST_F(EntryFormTest, OnlyTheStartMayNotLieInTheFuture) {
+TEST_F(EntryFormTest, onlyTheStartMayNotLieInTheFuture) {
     auto form = this->form();
     form.start = now_;
     form.end = now_ + 24h;
@@ -125,7 +125,7 @@ TEST_F(EntryFormTest, OnlyTheStartMayNotLieInTheFuture) {
     EXPECT_EQ(form.problem(now_), "The start can't be in the future.");
 }
 
-TEST_F(EntryFormTest, TimesThatABackupCannotHoldCannotBeSaved) {
+TEST_F(EntryFormTest, timesThatABackupCannotHoldCannotBeSaved) {
     auto form = this->form();
     form.end = latestISO8601;
     EXPECT_EQ(form.problem(now_), std::nullopt);
@@ -137,7 +137,7 @@ TEST_F(EntryFormTest, TimesThatABackupCannotHoldCannotBeSaved) {
     EXPECT_EQ(form.problem(now_), "Times must lie in the years 0 to 9999.");
 }
 
-TEST_F(EntryFormTest, ANewEntryIsOnDisk) {
+TEST_F(EntryFormTest, aNewEntryIsOnDisk) {
     const auto id = form().save(nullptr, library_.context(), timer_)->id();
     library_.reopen();
     const auto entry = library_.context().record<TimeEntry>(id);
@@ -148,7 +148,7 @@ TEST_F(EntryFormTest, ANewEntryIsOnDisk) {
     EXPECT_EQ(entry->notes.get(), "Landing page");
 }
 
-TEST_F(EntryFormTest, AnEntryTakesEveryFieldOfTheForm) {
+TEST_F(EntryFormTest, anEntryTakesEveryFieldOfTheForm) {
     const auto entry = library_.addEntry(nullptr, now_ - 9h, now_ - 8h);
     EXPECT_EQ(form().save(entry, library_.context(), timer_), entry);
     EXPECT_EQ(entry->project.get(), website_);
@@ -158,7 +158,7 @@ TEST_F(EntryFormTest, AnEntryTakesEveryFieldOfTheForm) {
     EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
 }
 
-TEST_F(EntryFormTest, ARunningEntryStaysRunningAndShowsItsNewTimeAtOnce) {
+TEST_F(EntryFormTest, aRunningEntryStaysRunningAndShowsItsNewTimeAtOnce) {
     timer_.start(website_);
     auto form = this->form();
     form.wasRunning = true;
@@ -169,7 +169,7 @@ TEST_F(EntryFormTest, ARunningEntryStaysRunningAndShowsItsNewTimeAtOnce) {
     EXPECT_EQ(timer_.elapsedLongText(), "1:05:00");
 }
 
-TEST_F(EntryFormTest, AnEntryThatCannotBeSavedStaysPending) {
+TEST_F(EntryFormTest, anEntryThatCannotBeSavedStaysPending) {
     library_.context().save();
     {
         const test::FileSizeLimit fullDisk(0);

@@ -23,7 +23,7 @@ struct EntryHistoryConflictTest : test::HistoryTest {
 
 // --- billed ------------------------------------------------------------------------------------
 
-TEST_F(EntryHistoryConflictTest, ABilledEntryStaysMovedAndTheOthersGoBack) {
+TEST_F(EntryHistoryConflictTest, aBilledEntryStaysMovedAndTheOthersGoBack) {
     move({first_, second_}, app_);
     bill(first_);
     EXPECT_EQ(history().undo().notice(), billedNotice);
@@ -31,7 +31,7 @@ TEST_F(EntryHistoryConflictTest, ABilledEntryStaysMovedAndTheOthersGoBack) {
     EXPECT_EQ(history().redoText(), "Redo Move Entry");
 }
 
-TEST_F(EntryHistoryConflictTest, ABilledEntryStaysWhereItIsInARedo) {
+TEST_F(EntryHistoryConflictTest, aBilledEntryStaysWhereItIsInARedo) {
     move({first_, second_}, app_);
     history().undo();
     bill(first_);
@@ -39,14 +39,14 @@ TEST_F(EntryHistoryConflictTest, ABilledEntryStaysWhereItIsInARedo) {
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 Website a", "07:00-07:30 App b"}));
 }
 
-TEST_F(EntryHistoryConflictTest, ABilledEntryKeepsItsEdit) {
+TEST_F(EntryHistoryConflictTest, aBilledEntryKeepsItsEdit) {
     edit(first_, "06:00", "06:45", "typed");
     bill(first_);
     EXPECT_EQ(history().undo().notice(), billedNotice);
     EXPECT_EQ(rows()[0], "06:00-06:45 Website typed");
 }
 
-TEST_F(EntryHistoryConflictTest, ABilledEntryIsNotRemovedThoughItWasAdded) {
+TEST_F(EntryHistoryConflictTest, aBilledEntryIsNotRemovedThoughItWasAdded) {
     const auto added = edit(nullptr, "08:00", "08:30", "new");
     const auto duplicate = editing_.duplicateEntryToToday(first_);
     duplicate->invoice = timer_.library.addInvoice("INV-1", acme_);
@@ -57,7 +57,7 @@ TEST_F(EntryHistoryConflictTest, ABilledEntryIsNotRemovedThoughItWasAdded) {
     EXPECT_EQ(rows().size(), 4U);
 }
 
-TEST_F(EntryHistoryConflictTest, AnEntryThatIsBilledIsNotDeletedAgain) {
+TEST_F(EntryHistoryConflictTest, anEntryThatIsBilledIsNotDeletedAgain) {
     remove({first_, second_});
     history().undo();
     bill(again(first_));
@@ -65,7 +65,7 @@ TEST_F(EntryHistoryConflictTest, AnEntryThatIsBilledIsNotDeletedAgain) {
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 Website a"}));
 }
 
-TEST_F(EntryHistoryConflictTest, AStepOfWhichNothingIsLeftIsDropped) {
+TEST_F(EntryHistoryConflictTest, aStepOfWhichNothingIsLeftIsDropped) {
     move({first_}, app_);
     bill(first_);
     const auto result = history().undo();
@@ -77,7 +77,7 @@ TEST_F(EntryHistoryConflictTest, AStepOfWhichNothingIsLeftIsDropped) {
 
 // --- changed elsewhere -------------------------------------------------------------------------
 
-TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedIsNotOverwritten) {
+TEST_F(EntryHistoryConflictTest, whatSomebodyElseTypedIsNotOverwritten) {
     edit(first_, "06:00", "06:30", "mine");
     first_->notes = "theirs";
     EXPECT_EQ(history().undo().notice(), changedNotice);
@@ -85,7 +85,7 @@ TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedIsNotOverwritten) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedSinceAnUndoIsNotOverwritten) {
+TEST_F(EntryHistoryConflictTest, whatSomebodyElseTypedSinceAnUndoIsNotOverwritten) {
     edit(first_, "06:00", "06:30", "mine");
     history().undo();
     first_->notes = "theirs";
@@ -93,14 +93,14 @@ TEST_F(EntryHistoryConflictTest, WhatSomebodyElseTypedSinceAnUndoIsNotOverwritte
     EXPECT_EQ(rows()[0], "06:00-06:30 Website theirs");
 }
 
-TEST_F(EntryHistoryConflictTest, AnotherFieldThatSomebodyElseChangedStaysAndTheStepIsTakenBack) {
+TEST_F(EntryHistoryConflictTest, anotherFieldThatSomebodyElseChangedStaysAndTheStepIsTakenBack) {
     move({first_}, app_);
     first_->notes = "theirs";
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows()[0], "06:00-06:30 Website theirs");
 }
 
-TEST_F(EntryHistoryConflictTest, TheOthersOfAStepAreTakenBack) {
+TEST_F(EntryHistoryConflictTest, theOthersOfAStepAreTakenBack) {
     move({first_, second_}, app_);
     first_->project = nullptr;
     const auto result = history().undo();
@@ -109,14 +109,14 @@ TEST_F(EntryHistoryConflictTest, TheOthersOfAStepAreTakenBack) {
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a", "07:00-07:30 Website b"}));
 }
 
-TEST_F(EntryHistoryConflictTest, AnUndoNeverReversesASpan) {
+TEST_F(EntryHistoryConflictTest, anUndoNeverReversesASpan) {
     edit(first_, "05:00", "06:30", "a");
     first_->end = timer_.today("05:30");
     EXPECT_EQ(history().undo().notice(), changedNotice);
     EXPECT_EQ(rows()[0], "05:00-05:30 Website a");
 }
 
-TEST_F(EntryHistoryConflictTest, ASpanThatWasReversedBeforeComesBackAsItWas) {
+TEST_F(EntryHistoryConflictTest, aSpanThatWasReversedBeforeComesBackAsItWas) {
     first_->end = first_->start.get() - std::chrono::hours(1);
     context().save();
     edit(first_, "05:00", "05:30", "a");
@@ -127,7 +127,7 @@ TEST_F(EntryHistoryConflictTest, ASpanThatWasReversedBeforeComesBackAsItWas) {
     EXPECT_EQ(rows()[0], "06:00-05:00 Website a");
 }
 
-TEST_F(EntryHistoryConflictTest, AnEntryDeletedElsewhereIsNotMadeAgainByAnEdit) {
+TEST_F(EntryHistoryConflictTest, anEntryDeletedElsewhereIsNotMadeAgainByAnEdit) {
     edit(first_, "06:00", "06:30", "mine");
     context().deleteRecord(first_);
     context().save();
@@ -135,13 +135,13 @@ TEST_F(EntryHistoryConflictTest, AnEntryDeletedElsewhereIsNotMadeAgainByAnEdit) 
     EXPECT_EQ(rows().size(), 1U);
 }
 
-TEST_F(EntryHistoryConflictTest, AnAddedEntryThatSomebodyElseChangedStays) {
+TEST_F(EntryHistoryConflictTest, anAddedEntryThatSomebodyElseChangedStays) {
     edit(nullptr, "08:00", "08:30", "new")->notes = "theirs";
     EXPECT_EQ(history().undo().notice(), changedNotice);
     EXPECT_EQ(rows().size(), 3U);
 }
 
-TEST_F(EntryHistoryConflictTest, SeveralAreToldOfInOneSentenceEach) {
+TEST_F(EntryHistoryConflictTest, severalAreToldOfInOneSentenceEach) {
     const auto third = add("08:00", "08:10", "c");
     const auto fourth = add("08:10", "08:20", "d");
     const auto fifth = add("08:20", "08:30", "e");
@@ -156,7 +156,7 @@ TEST_F(EntryHistoryConflictTest, SeveralAreToldOfInOneSentenceEach) {
 
 // --- a project that is gone --------------------------------------------------------------------
 
-TEST_F(EntryHistoryConflictTest, AnEntryOfADeletedProjectComesBackWithoutOne) {
+TEST_F(EntryHistoryConflictTest, anEntryOfADeletedProjectComesBackWithoutOne) {
     remove({first_});
     deleteProject(website_);
     EXPECT_EQ(history().undo().notice(), "");
@@ -166,14 +166,14 @@ TEST_F(EntryHistoryConflictTest, AnEntryOfADeletedProjectComesBackWithoutOne) {
     EXPECT_EQ(rows(), Rows{});
 }
 
-TEST_F(EntryHistoryConflictTest, AMoveFromADeletedProjectIsTakenBackToNone) {
+TEST_F(EntryHistoryConflictTest, aMoveFromADeletedProjectIsTakenBackToNone) {
     move({first_}, app_);
     deleteProject(website_);
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 none a"}));
 }
 
-TEST_F(EntryHistoryConflictTest, OlderStepsStillFindAnEntryThatCameBackWithoutItsProject) {
+TEST_F(EntryHistoryConflictTest, olderStepsStillFindAnEntryThatCameBackWithoutItsProject) {
     edit(first_, "06:00", "06:30", "typed");
     move({first_}, app_);
     remove({first_});
@@ -182,14 +182,14 @@ TEST_F(EntryHistoryConflictTest, OlderStepsStillFindAnEntryThatCameBackWithoutIt
     EXPECT_EQ(rows()[0], "06:00-06:30 Website a");
 }
 
-TEST_F(EntryHistoryConflictTest, AnEntryOfAProjectWhoseDeletionIsNotSavedYetComesBackWithoutOne) {
+TEST_F(EntryHistoryConflictTest, anEntryOfAProjectWhoseDeletionIsNotSavedYetComesBackWithoutOne) {
     remove({first_});
     context().deleteRecord(website_);
     history().undo();
     EXPECT_EQ(storedRows(), (Rows{"06:00-06:30 none a"}));
 }
 
-TEST_F(EntryHistoryConflictTest, AnArchivedProjectIsStillTheProject) {
+TEST_F(EntryHistoryConflictTest, anArchivedProjectIsStillTheProject) {
     remove({first_});
     website_->isArchived = true;
     history().undo();

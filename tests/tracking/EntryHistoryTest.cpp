@@ -29,13 +29,13 @@ struct EntryHistoryTest : test::HistoryTest {
 
 // --- the five actions --------------------------------------------------------------------------
 
-TEST_F(EntryHistoryTest, DeletedEntriesComeBack) {
+TEST_F(EntryHistoryTest, deletedEntriesComeBack) {
     remove({first_, second_});
     EXPECT_EQ(history().undoText(), "Undo Delete 2 Entries");
     expectUndoAndRedo({});
 }
 
-TEST_F(EntryHistoryTest, DeletedEntriesComeBackWithTheirIdentityAndFrozenRate) {
+TEST_F(EntryHistoryTest, deletedEntriesComeBackWithTheirIdentityAndFrozenRate) {
     first_->billedRateCents = 9500;
     remove({first_});
     history().undo();
@@ -43,7 +43,7 @@ TEST_F(EntryHistoryTest, DeletedEntriesComeBackWithTheirIdentityAndFrozenRate) {
     EXPECT_EQ(again(first_)->billedRateCents.get(), 9500);
 }
 
-TEST_F(EntryHistoryTest, MovedEntriesGoBackToTheirProjects) {
+TEST_F(EntryHistoryTest, movedEntriesGoBackToTheirProjects) {
     second_->project = nullptr;
     context().save();
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
@@ -54,13 +54,13 @@ TEST_F(EntryHistoryTest, MovedEntriesGoBackToTheirProjects) {
     EXPECT_EQ(rows(), (Rows{"06:00-06:30 App a", "07:00-07:30 App b"}));
 }
 
-TEST_F(EntryHistoryTest, ADuplicateGoesAndComesBack) {
+TEST_F(EntryHistoryTest, aDuplicateGoesAndComesBack) {
     ASSERT_TRUE(editing_.duplicateEntryToToday(first_));
     EXPECT_EQ(history().undoText(), "Undo Duplicate to Today");
     expectUndoAndRedo({"06:00-06:30 Website a", "06:00-06:30 Website a", "07:00-07:30 Website b"});
 }
 
-TEST_F(EntryHistoryTest, AnEditIsTakenBackInAllItsFields) {
+TEST_F(EntryHistoryTest, anEditIsTakenBackInAllItsFields) {
     first_->project = app_;
     context().save();
     edit(first_, "05:00", "05:30", "typed");
@@ -72,14 +72,14 @@ TEST_F(EntryHistoryTest, AnEditIsTakenBackInAllItsFields) {
     EXPECT_EQ(rows()[0], "05:00-05:30 Website typed");
 }
 
-TEST_F(EntryHistoryTest, AnAddedEntryGoesAndComesBack) {
+TEST_F(EntryHistoryTest, anAddedEntryGoesAndComesBack) {
     edit(nullptr, "08:00", "08:30", "new");
     EXPECT_EQ(history().undoText(), "Undo Add Entry");
     expectUndoAndRedo(
         {"06:00-06:30 Website a", "07:00-07:30 Website b", "08:00-08:30 Website new"});
 }
 
-TEST_F(EntryHistoryTest, AContinuedEntryGoesAndComesBack) {
+TEST_F(EntryHistoryTest, aContinuedEntryGoesAndComesBack) {
     ASSERT_TRUE(editing_.continueEntry(first_));
     EXPECT_EQ(history().undoText(), "Undo Continue Tracking");
     expectUndoAndRedo({"06:00-06:30 Website a", "07:00-07:30 Website b", "09:00- Website a"});
@@ -87,7 +87,7 @@ TEST_F(EntryHistoryTest, AContinuedEntryGoesAndComesBack) {
 
 // --- the row of steps --------------------------------------------------------------------------
 
-TEST_F(EntryHistoryTest, ThereIsNothingToUndoAtFirst) {
+TEST_F(EntryHistoryTest, thereIsNothingToUndoAtFirst) {
     EXPECT_FALSE(history().canUndo());
     EXPECT_FALSE(history().canRedo());
     EXPECT_EQ(history().undoText(), "Undo");
@@ -97,7 +97,7 @@ TEST_F(EntryHistoryTest, ThereIsNothingToUndoAtFirst) {
     EXPECT_EQ(history().undo().notice(), "");
 }
 
-TEST_F(EntryHistoryTest, StepsAreTakenBackFromTheNewestOn) {
+TEST_F(EntryHistoryTest, stepsAreTakenBackFromTheNewestOn) {
     edit(first_, "06:00", "06:30", "typed");
     move({first_, second_}, app_);
     remove({first_});
@@ -115,7 +115,7 @@ TEST_F(EntryHistoryTest, StepsAreTakenBackFromTheNewestOn) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
+TEST_F(EntryHistoryTest, aNewStepForgetsWhatCouldBeRedone) {
     remove({first_});
     history().undo();
     EXPECT_TRUE(history().canRedo());
@@ -123,7 +123,7 @@ TEST_F(EntryHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTest, WhatChangedNothingIsNoStep) {
+TEST_F(EntryHistoryTest, whatChangedNothingIsNoStep) {
     remove({first_});
     history().undo();
     move({again(first_)}, website_);
@@ -133,7 +133,7 @@ TEST_F(EntryHistoryTest, WhatChangedNothingIsNoStep) {
     EXPECT_TRUE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTest, ADuplicateOrAContinuationThatMadeNothingIsNoStep) {
+TEST_F(EntryHistoryTest, aDuplicateOrAContinuationThatMadeNothingIsNoStep) {
     first_->end = first_->start.get();
     first_->project = nullptr;
     EXPECT_FALSE(editing_.duplicateEntryToToday(first_));
@@ -144,13 +144,13 @@ TEST_F(EntryHistoryTest, ADuplicateOrAContinuationThatMadeNothingIsNoStep) {
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(EntryHistoryTest, AStepIsNamedAfterTheEntriesThatItChanged) {
+TEST_F(EntryHistoryTest, aStepIsNamedAfterTheEntriesThatItChanged) {
     bill(first_);
     EXPECT_EQ(remove({first_, second_}), (EntryTally{1, 1}));
     EXPECT_EQ(history().undoText(), "Undo Delete Entry");
 }
 
-TEST_F(EntryHistoryTest, NothingIsLeftAfterClearing) {
+TEST_F(EntryHistoryTest, nothingIsLeftAfterClearing) {
     remove({first_});
     remove({second_});
     history().undo();
@@ -159,7 +159,7 @@ TEST_F(EntryHistoryTest, NothingIsLeftAfterClearing) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTest, ObserversAreToldOfEachStepUndoAndRedo) {
+TEST_F(EntryHistoryTest, observersAreToldOfEachStepUndoAndRedo) {
     int told = 0;
     const auto observation = history().observe([&] { ++told; });
     remove({first_});
@@ -174,7 +174,7 @@ TEST_F(EntryHistoryTest, ObserversAreToldOfEachStepUndoAndRedo) {
 
 // --- limits ------------------------------------------------------------------------------------
 
-TEST_F(EntryHistoryTest, TheOldestStepsAreForgottenBeyondTheLimit) {
+TEST_F(EntryHistoryTest, theOldestStepsAreForgottenBeyondTheLimit) {
     UndoHistory history(context(), [this] { return timer_.now; }, {.steps = 3});
     for (const char* notes : {"1", "2", "3", "4", "5"}) {
         history.perform("Edit Entry", [&] { first_->notes = notes; });
@@ -183,7 +183,7 @@ TEST_F(EntryHistoryTest, TheOldestStepsAreForgottenBeyondTheLimit) {
     EXPECT_EQ(first_->notes.get(), "2");
 }
 
-TEST_F(EntryHistoryTest, LongNotesLeaveRoomForFewerStepsButAlwaysForOne) {
+TEST_F(EntryHistoryTest, longNotesLeaveRoomForFewerStepsButAlwaysForOne) {
     UndoHistory history(context(), [this] { return timer_.now; }, {.bytes = 1000});
     const auto type = [&](std::size_t length) {
         history.perform("Edit Entry", [&] { first_->notes = std::string(length, 'x'); });
@@ -198,7 +198,7 @@ TEST_F(EntryHistoryTest, LongNotesLeaveRoomForFewerStepsButAlwaysForOne) {
 
 // --- saving ------------------------------------------------------------------------------------
 
-TEST_F(EntryHistoryTest, AnUndoThatCannotBeSavedStaysPending) {
+TEST_F(EntryHistoryTest, anUndoThatCannotBeSavedStaysPending) {
     remove({first_});
     {
         const test::FileSizeLimit fullDisk(0);
@@ -210,7 +210,7 @@ TEST_F(EntryHistoryTest, AnUndoThatCannotBeSavedStaysPending) {
     EXPECT_EQ(storedRows(), start);
 }
 
-TEST_F(EntryHistoryTest, ADeletionThatCouldNotBeSavedIsUndoneAllTheSame) {
+TEST_F(EntryHistoryTest, aDeletionThatCouldNotBeSavedIsUndoneAllTheSame) {
     {
         const test::FileSizeLimit fullDisk(0);
         remove({first_});
@@ -224,7 +224,7 @@ TEST_F(EntryHistoryTest, ADeletionThatCouldNotBeSavedIsUndoneAllTheSame) {
     EXPECT_EQ(storedRows(), start);
 }
 
-TEST_F(EntryHistoryTest, ManyEntriesAreUndoneAndRedoneInOneSaveEach) {
+TEST_F(EntryHistoryTest, manyEntriesAreUndoneAndRedoneInOneSaveEach) {
     std::vector<Ref<TimeEntry>> entries;
     for (int i = 0; i < 10'000; ++i) entries.push_back(add("08:00", "08:30", "c"));
     context().save();

@@ -61,7 +61,7 @@ constexpr auto staysStopped = "The timer was not started again, because time was
 
 // --- a running entry that is deleted -----------------------------------------------------------
 
-TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryRunsOnWhenNothingWasTrackedSince) {
+TEST_F(EntryHistoryTimerTest, aDeletedRunningEntryRunsOnWhenNothingWasTrackedSince) {
     removeAt("10:00", start("09:00"));
     EXPECT_EQ(running(), "nothing");
     EXPECT_EQ(undoAt("10:30").notice(), "");
@@ -70,14 +70,14 @@ TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryRunsOnWhenNothingWasTrackedSin
     EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 1U);
 }
 
-TEST_F(EntryHistoryTimerTest, ARevivedEntryIsStoppedLikeAnyOther) {
+TEST_F(EntryHistoryTimerTest, aRevivedEntryIsStoppedLikeAnyOther) {
     removeAt("10:00", start("09:00"));
     undoAt("10:30");
     stop("11:00");
     EXPECT_EQ(newRows(), (Rows{"09:00-11:00 App x"}));
 }
 
-TEST_F(EntryHistoryTimerTest, RedoDeletesTheRevivedEntryAndUndoRevivesItAgain) {
+TEST_F(EntryHistoryTimerTest, redoDeletesTheRevivedEntryAndUndoRevivesItAgain) {
     removeAt("10:00", start("09:00"));
     undoAt("10:30");
     redoAt("10:40");
@@ -87,7 +87,7 @@ TEST_F(EntryHistoryTimerTest, RedoDeletesTheRevivedEntryAndUndoRevivesItAgain) {
     EXPECT_EQ(running(), "x 1:50");
 }
 
-TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfATimerRuns) {
+TEST_F(EntryHistoryTimerTest, aDeletedRunningEntryEndsWhenItWasDeletedIfATimerRuns) {
     removeAt("10:00", start("09:00"));
     start("10:05", "newer");
     EXPECT_EQ(undoAt("10:30").notice(), staysStopped);
@@ -95,14 +95,14 @@ TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfATimerRu
     EXPECT_EQ(running(), "newer 0:25");
 }
 
-TEST_F(EntryHistoryTimerTest, ATimerThatRunsIsNewerThoughItsStartWasMovedBack) {
+TEST_F(EntryHistoryTimerTest, aTimerThatRunsIsNewerThoughItsStartWasMovedBack) {
     removeAt("10:00", start("09:00"));
     start("10:05", "newer")->start = test::TestTimer::today("08:00");
     EXPECT_EQ(undoAt("10:30").notice(), staysStopped);
     EXPECT_EQ(newRows(), (Rows{"08:00- App newer", "09:00-10:00 App x"}));
 }
 
-TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfTimeWasTrackedSince) {
+TEST_F(EntryHistoryTimerTest, aDeletedRunningEntryEndsWhenItWasDeletedIfTimeWasTrackedSince) {
     removeAt("10:00", start("09:00"));
     start("10:05", "newer");
     stop("10:10");
@@ -111,14 +111,14 @@ TEST_F(EntryHistoryTimerTest, ADeletedRunningEntryEndsWhenItWasDeletedIfTimeWasT
     EXPECT_EQ(running(), "nothing");
 }
 
-TEST_F(EntryHistoryTimerTest, TimeAddedByHandBeforeTheDeletionIsNotTrackedSince) {
+TEST_F(EntryHistoryTimerTest, timeAddedByHandBeforeTheDeletionIsNotTrackedSince) {
     removeAt("10:00", start("09:00"));
     add("08:00", "10:20", "by hand");
     EXPECT_EQ(undoAt("10:30").notice(), "");
     EXPECT_EQ(running(), "x 1:30");
 }
 
-TEST_F(EntryHistoryTimerTest, AnEntryOfLessThanASecondComesBackWithASecond) {
+TEST_F(EntryHistoryTimerTest, anEntryOfLessThanASecondComesBackWithASecond) {
     const auto entry = start("09:00");
     remove({entry});
     start("10:00", "newer");
@@ -126,7 +126,7 @@ TEST_F(EntryHistoryTimerTest, AnEntryOfLessThanASecondComesBackWithASecond) {
     EXPECT_EQ(timer_.spans()[1], "09:00:00-09:00:01");
 }
 
-TEST_F(EntryHistoryTimerTest, WhatWasEndedByAnUndoIsDeletedByTheRedoAndComesBackEnded) {
+TEST_F(EntryHistoryTimerTest, whatWasEndedByAnUndoIsDeletedByTheRedoAndComesBackEnded) {
     removeAt("10:00", start("09:00"));
     start("10:05", "newer");
     undoAt("10:30");
@@ -136,7 +136,7 @@ TEST_F(EntryHistoryTimerTest, WhatWasEndedByAnUndoIsDeletedByTheRedoAndComesBack
     EXPECT_EQ(newRows(), (Rows{"09:00-10:00 App x", "10:05- App newer"}));
 }
 
-TEST_F(EntryHistoryTimerTest, ARevivedEntryThatWasStoppedSinceIsDeletedByTheRedoAndKeepsItsEnd) {
+TEST_F(EntryHistoryTimerTest, aRevivedEntryThatWasStoppedSinceIsDeletedByTheRedoAndKeepsItsEnd) {
     removeAt("10:00", start("09:00"));
     undoAt("10:30");
     stop("11:00");
@@ -146,7 +146,7 @@ TEST_F(EntryHistoryTimerTest, ARevivedEntryThatWasStoppedSinceIsDeletedByTheRedo
     EXPECT_EQ(newRows(), (Rows{"09:00-11:00 App x"}));
 }
 
-TEST_F(EntryHistoryTimerTest, AnEditOfARunningEntryIsTakenBackWhileItRunsOn) {
+TEST_F(EntryHistoryTimerTest, anEditOfARunningEntryIsTakenBackWhileItRunsOn) {
     const auto entry = start("09:00");
     timer_.setTime("10:00");
     edit(entry, "08:00", "08:00", "typed");
@@ -155,7 +155,7 @@ TEST_F(EntryHistoryTimerTest, AnEditOfARunningEntryIsTakenBackWhileItRunsOn) {
     EXPECT_EQ(running(), "x 1:00");
 }
 
-TEST_F(EntryHistoryTimerTest, AnEditOfARunningEntryIsTakenBackAfterItWasStopped) {
+TEST_F(EntryHistoryTimerTest, anEditOfARunningEntryIsTakenBackAfterItWasStopped) {
     const auto entry = start("09:00");
     edit(entry, "08:00", "08:00", "typed");
     stop("10:00");
@@ -163,7 +163,7 @@ TEST_F(EntryHistoryTimerTest, AnEditOfARunningEntryIsTakenBackAfterItWasStopped)
     EXPECT_EQ(newRows(), (Rows{"09:00-10:00 App x"}));
 }
 
-TEST_F(EntryHistoryTimerTest, OlderStepsStillFindAnEntryThatCameBackEnded) {
+TEST_F(EntryHistoryTimerTest, olderStepsStillFindAnEntryThatCameBackEnded) {
     const auto entry = start("09:00");
     edit(entry, "09:00", "09:00", "typed");
     removeAt("10:00", entry);
@@ -176,7 +176,7 @@ TEST_F(EntryHistoryTimerTest, OlderStepsStillFindAnEntryThatCameBackEnded) {
 
 // --- Continue ----------------------------------------------------------------------------------
 
-TEST_F(EntryHistoryTimerTest, UndoingAContinuationLetsTheStoppedEntryRunOn) {
+TEST_F(EntryHistoryTimerTest, undoingAContinuationLetsTheStoppedEntryRunOn) {
     start("09:00");
     continueAt("10:00");
     EXPECT_EQ(running(), "old 0:00");
@@ -185,7 +185,7 @@ TEST_F(EntryHistoryTimerTest, UndoingAContinuationLetsTheStoppedEntryRunOn) {
     EXPECT_EQ(running(), "x 1:30");
 }
 
-TEST_F(EntryHistoryTimerTest, RedoingAContinuationStopsTheOtherEntryWhereItWasStopped) {
+TEST_F(EntryHistoryTimerTest, redoingAContinuationStopsTheOtherEntryWhereItWasStopped) {
     start("09:00");
     continueAt("10:00");
     undoAt("10:30");
@@ -196,7 +196,7 @@ TEST_F(EntryHistoryTimerTest, RedoingAContinuationStopsTheOtherEntryWhereItWasSt
     EXPECT_EQ(running(), "x 1:50");
 }
 
-TEST_F(EntryHistoryTimerTest, AStopAfterAContinuationIsAStopOfTheEntryThatTakesOver) {
+TEST_F(EntryHistoryTimerTest, aStopAfterAContinuationIsAStopOfTheEntryThatTakesOver) {
     start("09:00");
     continueAt("10:00");
     stop("10:30");
@@ -207,7 +207,7 @@ TEST_F(EntryHistoryTimerTest, AStopAfterAContinuationIsAStopOfTheEntryThatTakesO
     EXPECT_EQ(newRows(), (Rows{"09:00-10:00 App x", "10:00-10:30 Website old"}));
 }
 
-TEST_F(EntryHistoryTimerTest, AStopAfterAnUndoneContinuationIsAStopOfTheContinuedEntry) {
+TEST_F(EntryHistoryTimerTest, aStopAfterAnUndoneContinuationIsAStopOfTheContinuedEntry) {
     start("09:00");
     continueAt("10:00");
     undoAt("10:10");
@@ -217,7 +217,7 @@ TEST_F(EntryHistoryTimerTest, AStopAfterAnUndoneContinuationIsAStopOfTheContinue
     EXPECT_EQ(running(), "nothing");
 }
 
-TEST_F(EntryHistoryTimerTest, AStopFromBeforeTheContinuationLeavesNothingToRedo) {
+TEST_F(EntryHistoryTimerTest, aStopFromBeforeTheContinuationLeavesNothingToRedo) {
     start("09:00");
     continueAt("10:00");
     undoAt("10:10");
@@ -228,7 +228,7 @@ TEST_F(EntryHistoryTimerTest, AStopFromBeforeTheContinuationLeavesNothingToRedo)
     EXPECT_EQ(running(), "nothing");
 }
 
-TEST_F(EntryHistoryTimerTest, ANewerTimerRunsOnAndTheStoppedEntryTakesTheTimeOver) {
+TEST_F(EntryHistoryTimerTest, aNewerTimerRunsOnAndTheStoppedEntryTakesTheTimeOver) {
     start("09:00");
     continueAt("10:00");
     start("10:30", "newer");
@@ -237,7 +237,7 @@ TEST_F(EntryHistoryTimerTest, ANewerTimerRunsOnAndTheStoppedEntryTakesTheTimeOve
     EXPECT_EQ(running(), "newer 0:30");
 }
 
-TEST_F(EntryHistoryTimerTest, AContinuationThatStoppedNothingIsJustRemoved) {
+TEST_F(EntryHistoryTimerTest, aContinuationThatStoppedNothingIsJustRemoved) {
     continueAt("10:00");
     EXPECT_EQ(undoAt("10:30").notice(), "");
     EXPECT_EQ(newRows(), Rows{});
@@ -246,7 +246,7 @@ TEST_F(EntryHistoryTimerTest, AContinuationThatStoppedNothingIsJustRemoved) {
     EXPECT_EQ(running(), "old 0:40");
 }
 
-TEST_F(EntryHistoryTimerTest, AContinuationIsNotRedoneAgainstANewerTimer) {
+TEST_F(EntryHistoryTimerTest, aContinuationIsNotRedoneAgainstANewerTimer) {
     continueAt("10:00");
     undoAt("10:30");
     start("10:35", "newer");
@@ -255,7 +255,7 @@ TEST_F(EntryHistoryTimerTest, AContinuationIsNotRedoneAgainstANewerTimer) {
     EXPECT_EQ(running(), "newer 0:05");
 }
 
-TEST_F(EntryHistoryTimerTest, AnEntryThatAContinuationSweptAwayRunsOnToo) {
+TEST_F(EntryHistoryTimerTest, anEntryThatAContinuationSweptAwayRunsOnToo) {
     start("09:00");
     continueAt("09:00");
     EXPECT_EQ(newRows(), (Rows{"09:00- Website old"}));
@@ -264,7 +264,7 @@ TEST_F(EntryHistoryTimerTest, AnEntryThatAContinuationSweptAwayRunsOnToo) {
     EXPECT_EQ(running(), "x 0:30");
 }
 
-TEST_F(EntryHistoryTimerTest, NotesTypedIntoTheContinuedEntryKeepIt) {
+TEST_F(EntryHistoryTimerTest, notesTypedIntoTheContinuedEntryKeepIt) {
     start("09:00");
     continueAt("10:00")->notes = "typed";
     EXPECT_EQ(undoAt("10:30").notice(), "1 entry was changed since and stays as it is.");
@@ -273,7 +273,7 @@ TEST_F(EntryHistoryTimerTest, NotesTypedIntoTheContinuedEntryKeepIt) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTimerTest, ABilledEntryIsNotOpenedAgain) {
+TEST_F(EntryHistoryTimerTest, aBilledEntryIsNotOpenedAgain) {
     const auto stopped = start("09:00");
     continueAt("10:00");
     bill(stopped);
@@ -282,7 +282,7 @@ TEST_F(EntryHistoryTimerTest, ABilledEntryIsNotOpenedAgain) {
     EXPECT_EQ(running(), "nothing");
 }
 
-TEST_F(EntryHistoryTimerTest, UndoneSleepsAreAskedAboutAfterTheStoppedEntryTookOver) {
+TEST_F(EntryHistoryTimerTest, undoneSleepsAreAskedAboutAfterTheStoppedEntryTookOver) {
     start("09:00");
     continueAt("10:00");
     timer_.sleep("10:10", "10:40");
@@ -292,7 +292,7 @@ TEST_F(EntryHistoryTimerTest, UndoneSleepsAreAskedAboutAfterTheStoppedEntryTookO
     EXPECT_EQ(newRows(), (Rows{"09:00-10:10 App x", "10:40- App x"}));
 }
 
-TEST_F(EntryHistoryTimerTest, TheRevivedEntryRunsOnAfterARestart) {
+TEST_F(EntryHistoryTimerTest, theRevivedEntryRunsOnAfterARestart) {
     removeAt("10:00", start("09:00"));
     undoAt("10:30");
     timer_.restart();

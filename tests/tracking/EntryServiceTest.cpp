@@ -34,25 +34,25 @@ class EntryServiceTest : public testing::Test {
     EntryForm form_{website_, timer_.now - 2h, timer_.now - 1h, "Landing page"};
 };
 
-TEST_F(EntryServiceTest, AddedTimeIsSaved) {
+TEST_F(EntryServiceTest, addedTimeIsSaved) {
     const auto entry = entries_.add(form_);
     EXPECT_FALSE(context().hasChanges());
     EXPECT_EQ(EntryForm::of(*entry, timer_.now), form_);
 }
 
-TEST_F(EntryServiceTest, WhatTheFormRefusesIsNotAdded) {
+TEST_F(EntryServiceTest, whatTheFormRefusesIsNotAdded) {
     form_.end = form_.start;
     EXPECT_EQ(refusal(form_), "End must be after start.");
     form_.project = nullptr;
     EXPECT_EQ(refusal(form_), "Choose a project.");
 }
 
-TEST_F(EntryServiceTest, NoTimeIsAddedToAnArchivedProject) {
+TEST_F(EntryServiceTest, noTimeIsAddedToAnArchivedProject) {
     website_->isArchived = true;
     EXPECT_EQ(refusal(form_), "“Website — Acme” is archived. Unarchive it to log time on it.");
 }
 
-TEST_F(EntryServiceTest, TimeThatCannotBeSavedIsNotAdded) {
+TEST_F(EntryServiceTest, timeThatCannotBeSavedIsNotAdded) {
     const test::FileSizeLimit fullDisk(0);
     EXPECT_THROW(entries_.add(form_), StoreError);
     EXPECT_FALSE(context().hasChanges());

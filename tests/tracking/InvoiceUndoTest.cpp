@@ -39,7 +39,7 @@ class InvoiceUndoTest : public test::HistoryTest {
     std::string start_;
 };
 
-TEST_F(InvoiceUndoTest, ACreatedInvoiceGoesAndItsEntriesAreFreeAgain) {
+TEST_F(InvoiceUndoTest, aCreatedInvoiceGoesAndItsEntriesAreFreeAgain) {
     create();
     const auto billed = text();
     EXPECT_EQ(first_->billedRateCents.get(), 9000);
@@ -49,13 +49,13 @@ TEST_F(InvoiceUndoTest, ACreatedInvoiceGoesAndItsEntriesAreFreeAgain) {
     EXPECT_EQ(text(), billed);
 }
 
-TEST_F(InvoiceUndoTest, TheNumberOfAnUndoneInvoiceStaysUsed) {
+TEST_F(InvoiceUndoTest, theNumberOfAnUndoneInvoiceStaysUsed) {
     const std::string number = create()->number;
     history().undo();
     EXPECT_NE(create()->number.get(), number);
 }
 
-TEST_F(InvoiceUndoTest, ADeletedInvoiceComesBackWithItsEntries) {
+TEST_F(InvoiceUndoTest, aDeletedInvoiceComesBackWithItsEntries) {
     const auto made = create();
     const auto billed = text();
     deleteInvoice(made);
@@ -65,7 +65,7 @@ TEST_F(InvoiceUndoTest, ADeletedInvoiceComesBackWithItsEntries) {
     EXPECT_EQ(text(), start_);
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceThatSomebodyElseChangedStaysWithAllItsEntries) {
+TEST_F(InvoiceUndoTest, anInvoiceThatSomebodyElseChangedStaysWithAllItsEntries) {
     create()->statusRaw = "sent";
     const auto sent = text();
     EXPECT_EQ(history().undo().notice(),
@@ -75,7 +75,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceThatSomebodyElseChangedStaysWithAllItsEntries) 
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceThatGotAnotherEntryStaysWithAllItsEntries) {
+TEST_F(InvoiceUndoTest, anInvoiceThatGotAnotherEntryStaysWithAllItsEntries) {
     const auto made = create();
     add("08:00", "08:30", "c")->invoice = made;
     context().save();
@@ -84,7 +84,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceThatGotAnotherEntryStaysWithAllItsEntries) {
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackInPart) {
+TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackInPart) {
     deleteInvoice(create());
     second_->invoice = timer_.library.addInvoice("Other", acme_);
     context().save();
@@ -95,7 +95,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackInPart) {
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackWithoutAnEntryThatIsGone) {
+TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackWithoutAnEntryThatIsGone) {
     deleteInvoice(create());
     context().deleteRecord(first_);
     context().save();
@@ -104,7 +104,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackWithoutAnEntryThatIsGone) {
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackOnceItsNumberIsTakenHoweverItIsWritten) {
+TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackOnceItsNumberIsTakenHoweverItIsWritten) {
     const auto made = create();
     made->number = "R\u00E9f 1";
     context().save();
@@ -116,7 +116,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackOnceItsNumberIsTakenHoweverItIsW
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackWithoutItsClient) {
+TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackWithoutItsClient) {
     const auto made = create();
     made->client = timer_.library.addClient("Globex");
     context().save();
@@ -130,7 +130,7 @@ TEST_F(InvoiceUndoTest, AnInvoiceDoesNotComeBackWithoutItsClient) {
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(InvoiceUndoTest, TimeThatIsOpenAgainIsNotBilledByARedo) {
+TEST_F(InvoiceUndoTest, timeThatIsOpenAgainIsNotBilledByARedo) {
     create();
     history().undo();
     service().start(website_);
@@ -143,7 +143,7 @@ TEST_F(InvoiceUndoTest, TimeThatIsOpenAgainIsNotBilledByARedo) {
     EXPECT_EQ(invoice(), nullptr);
 }
 
-TEST_F(InvoiceUndoTest, AnOlderEditOfABilledEntryStays) {
+TEST_F(InvoiceUndoTest, anOlderEditOfABilledEntryStays) {
     edit(first_, "06:00", "06:45", "typed");
     const auto made = create();
     made->statusRaw = "sent";
@@ -153,7 +153,7 @@ TEST_F(InvoiceUndoTest, AnOlderEditOfABilledEntryStays) {
     EXPECT_EQ(text(), sent);
 }
 
-TEST_F(InvoiceUndoTest, DetailsOfAnInvoiceAreTakenBackWhileItsTimeStays) {
+TEST_F(InvoiceUndoTest, detailsOfAnInvoiceAreTakenBackWhileItsTimeStays) {
     const auto made = create();
     history().perform("Edit Invoice", [&] {
         made->notes = "Thank you";

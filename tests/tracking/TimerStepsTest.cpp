@@ -30,7 +30,7 @@ struct TimerStepsTest : test::HistoryTest {
     }
 };
 
-TEST_F(TimerStepsTest, AStartedTimerGoesAndComesBack) {
+TEST_F(TimerStepsTest, aStartedTimerGoesAndComesBack) {
     startAt("09:00");
     EXPECT_EQ(history().undoText(), "Undo Start Timer");
     timer_.setTime("10:00");
@@ -41,7 +41,7 @@ TEST_F(TimerStepsTest, AStartedTimerGoesAndComesBack) {
     EXPECT_EQ(running(), "x 1:00");
 }
 
-TEST_F(TimerStepsTest, AStoppedTimerRunsOn) {
+TEST_F(TimerStepsTest, aStoppedTimerRunsOn) {
     startAt("09:00");
     stopAt("10:00");
     EXPECT_EQ(history().undoText(), "Undo Stop Timer");
@@ -54,7 +54,7 @@ TEST_F(TimerStepsTest, AStoppedTimerRunsOn) {
     EXPECT_EQ(running(), "nothing");
 }
 
-TEST_F(TimerStepsTest, AStoppedTimerStaysStoppedWhenTimeWasTrackedSince) {
+TEST_F(TimerStepsTest, aStoppedTimerStaysStoppedWhenTimeWasTrackedSince) {
     startAt("09:00");
     stopAt("10:00");
     const auto since = add("10:10", "10:20", "since");
@@ -65,7 +65,7 @@ TEST_F(TimerStepsTest, AStoppedTimerStaysStoppedWhenTimeWasTrackedSince) {
     EXPECT_EQ(rows(), (Rows{"09:00-10:00 App x", "10:10-10:20 Website since"}));
 }
 
-TEST_F(TimerStepsTest, ASwitchIsOneStep) {
+TEST_F(TimerStepsTest, aSwitchIsOneStep) {
     startAt("09:00");
     startAt("10:00", "next");
     EXPECT_EQ(history().undoText(), "Undo Switch Timer");
@@ -74,13 +74,13 @@ TEST_F(TimerStepsTest, ASwitchIsOneStep) {
     EXPECT_EQ(running(), "x 1:00");
 }
 
-TEST_F(TimerStepsTest, AStopOfNothingIsNoStep) {
+TEST_F(TimerStepsTest, aStopOfNothingIsNoStep) {
     service().stop();
     service().stop(timer_.now);
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(TimerStepsTest, ASleepThatWasTakenOutIsPutBack) {
+TEST_F(TimerStepsTest, aSleepThatWasTakenOutIsPutBack) {
     startAt("09:00");
     timer_.sleep("09:30", "10:00");
     service().discardAwayTime();
@@ -91,7 +91,7 @@ TEST_F(TimerStepsTest, ASleepThatWasTakenOutIsPutBack) {
     EXPECT_EQ(running(), "x 1:00");
 }
 
-TEST_F(TimerStepsTest, AContinuationInTheTimesheetIsOneStep) {
+TEST_F(TimerStepsTest, aContinuationInTheTimesheetIsOneStep) {
     startAt("09:00");
     stopAt("10:00");
     editing_.continueEntry(context().fetch<TimeEntry>().at(0));
@@ -100,7 +100,7 @@ TEST_F(TimerStepsTest, AContinuationInTheTimesheetIsOneStep) {
     EXPECT_EQ(history().undoText(), "Undo Stop Timer");
 }
 
-TEST_F(TimerStepsTest, TypedNotesAreOneStepUntilTheFieldIsLeft) {
+TEST_F(TimerStepsTest, typedNotesAreOneStepUntilTheFieldIsLeft) {
     startAt("09:00");
     for (const char* notes : {"T", "Ty"}) service().typeNotes(notes);
     service().leaveNotes();
@@ -113,7 +113,7 @@ TEST_F(TimerStepsTest, TypedNotesAreOneStepUntilTheFieldIsLeft) {
     EXPECT_EQ(history().undoText(), "Undo Start Timer");
 }
 
-TEST_F(TimerStepsTest, AStopAfterTypedNotesIsUndoneByItself) {
+TEST_F(TimerStepsTest, aStopAfterTypedNotesIsUndoneByItself) {
     startAt("09:00");
     service().typeNotes("typed");
     stopAt("10:00");

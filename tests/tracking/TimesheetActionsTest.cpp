@@ -53,21 +53,21 @@ class TimesheetActionsTest : public testing::Test {
 
 // --- delete ------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, DeletedEntriesAreGoneFromTheDisk) {
+TEST_F(TimesheetActionsTest, deletedEntriesAreGoneFromTheDisk) {
     context().save();
     EXPECT_EQ(remove({first_, third_}), (EntryTally{2, 0}));
     timer_.restart();
     EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
 }
 
-TEST_F(TimesheetActionsTest, ABilledEntryIsSkippedAndCountedAndTheOthersGo) {
+TEST_F(TimesheetActionsTest, aBilledEntryIsSkippedAndCountedAndTheOthersGo) {
     bill(second_);
     EXPECT_EQ(remove({first_, second_, third_}), (EntryTally{2, 1}));
     EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
     EXPECT_EQ(second_->invoice->number.get(), "INV-1");
 }
 
-TEST_F(TimesheetActionsTest, DeletingEntriesThatAreAllGoneDoesNothingAndSavesNothing) {
+TEST_F(TimesheetActionsTest, deletingEntriesThatAreAllGoneDoesNothingAndSavesNothing) {
     context().save();
     remove({first_});
     third_->notes = "typed elsewhere";
@@ -76,7 +76,7 @@ TEST_F(TimesheetActionsTest, DeletingEntriesThatAreAllGoneDoesNothingAndSavesNot
     EXPECT_TRUE(context().hasChanges());
 }
 
-TEST_F(TimesheetActionsTest, DeletingTheRunningEntryStopsTheTicker) {
+TEST_F(TimesheetActionsTest, deletingTheRunningEntryStopsTheTicker) {
     timer_.service->start(website_);
     timer_.setTime("10:00");
     timer_.library.runLoop.fire();
@@ -86,14 +86,14 @@ TEST_F(TimesheetActionsTest, DeletingTheRunningEntryStopsTheTicker) {
     EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 0U);
 }
 
-TEST_F(TimesheetActionsTest, DeletingAnotherEntryLeavesTheTimerRunning) {
+TEST_F(TimesheetActionsTest, deletingAnotherEntryLeavesTheTimerRunning) {
     timer_.service->start(website_);
     const auto running = timer_.service->running();
     remove({first_});
     EXPECT_EQ(timer_.service->running(), running);
 }
 
-TEST_F(TimesheetActionsTest, ADeletionThatCannotBeSavedStaysPending) {
+TEST_F(TimesheetActionsTest, aDeletionThatCannotBeSavedStaysPending) {
     context().save();
     {
         const test::FileSizeLimit fullDisk(0);
@@ -107,7 +107,7 @@ TEST_F(TimesheetActionsTest, ADeletionThatCannotBeSavedStaysPending) {
 
 // --- move --------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, MovedEntriesBelongToTheOtherProjectOnDisk) {
+TEST_F(TimesheetActionsTest, movedEntriesBelongToTheOtherProjectOnDisk) {
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
     const auto app = app_->id();
     timer_.restart();
@@ -116,7 +116,7 @@ TEST_F(TimesheetActionsTest, MovedEntriesBelongToTheOtherProjectOnDisk) {
               2U);
 }
 
-TEST_F(TimesheetActionsTest, ABilledEntryKeepsItsProjectAndIsCountedAndTheOthersMove) {
+TEST_F(TimesheetActionsTest, aBilledEntryKeepsItsProjectAndIsCountedAndTheOthersMove) {
     bill(second_);
     EXPECT_EQ(move({first_, second_, third_}, app_), (EntryTally{2, 1}));
     EXPECT_EQ(first_->project.get(), app_);
@@ -124,13 +124,13 @@ TEST_F(TimesheetActionsTest, ABilledEntryKeepsItsProjectAndIsCountedAndTheOthers
     EXPECT_EQ(third_->project.get(), app_);
 }
 
-TEST_F(TimesheetActionsTest, MovingToTheProjectThatItHasChangesNothing) {
+TEST_F(TimesheetActionsTest, movingToTheProjectThatItHasChangesNothing) {
     context().save();
     EXPECT_EQ(move({first_}, website_), EntryTally{});
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(TimesheetActionsTest, TheRunningEntryMovesAndRunsOn) {
+TEST_F(TimesheetActionsTest, theRunningEntryMovesAndRunsOn) {
     timer_.service->start(website_);
     const auto running = timer_.service->running();
     EXPECT_EQ(move({running}, app_), (EntryTally{1, 0}));
@@ -138,7 +138,7 @@ TEST_F(TimesheetActionsTest, TheRunningEntryMovesAndRunsOn) {
     EXPECT_TRUE(running->isRunning());
 }
 
-TEST_F(TimesheetActionsTest, AProjectDeletedWhileTheMenuWasOpenGetsNothing) {
+TEST_F(TimesheetActionsTest, aProjectDeletedWhileTheMenuWasOpenGetsNothing) {
     context().save();
     context().deleteRecord(app_);
     EXPECT_EQ(move({first_}, app_), EntryTally{});
@@ -147,7 +147,7 @@ TEST_F(TimesheetActionsTest, AProjectDeletedWhileTheMenuWasOpenGetsNothing) {
     EXPECT_EQ(first_->project.get(), website_);
 }
 
-TEST_F(TimesheetActionsTest, AnEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
+TEST_F(TimesheetActionsTest, anEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
     context().save();
     remove({first_});
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{1, 0}));
@@ -155,7 +155,7 @@ TEST_F(TimesheetActionsTest, AnEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
 
 // --- both --------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, ManyEntriesAreChangedInOneSave) {
+TEST_F(TimesheetActionsTest, manyEntriesAreChangedInOneSave) {
     std::vector<Ref<TimeEntry>> entries;
     for (int i = 0; i < 10'000; ++i) entries.push_back(add("06:00", "06:30"));
     context().save();

@@ -146,7 +146,7 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
                            [this] { return timer_.now; }};
 };
 
-TEST_P(UndoProperties, AllUndoneGivesTheFirstDocumentAndAllRedoneTheLast) {
+TEST_P(UndoProperties, allUndoneGivesTheFirstDocumentAndAllRedoneTheLast) {
     const auto first = document();
     std::vector<std::string> states = {text()};
     for (int i = 0; i < 60; ++i) {
@@ -266,7 +266,7 @@ class UndoWithOthers : public UndoProperties {
     Fields foreign_;  ///< what somebody else wrote last
 };
 
-TEST_P(UndoWithOthers, NothingBilledAndNothingForeignChanges) {
+TEST_P(UndoWithOthers, nothingBilledAndNothingForeignChanges) {
     for (int i = 0; i < 150; ++i) {
         passTime();
         if (pick(4) == 0) {

@@ -27,12 +27,12 @@ class MainView : public testing::Test {
     MainViewModel model{app.services()};
 };
 
-TEST_F(MainView, ShowsTheTimesheetAtFirst) {
+TEST_F(MainView, showsTheTimesheetAtFirst) {
     EXPECT_EQ(model.section(), 0);
     EXPECT_EQ(stored(), "none");
 }
 
-TEST_F(MainView, AnUnknownSectionShowsTheTimesheetAndStaysStored) {
+TEST_F(MainView, anUnknownSectionShowsTheTimesheetAndStaysStored) {
     for (const char* text : {"", "timesheet", "Reports", "Clients "}) {
         defaults.setString("mainSection", text);
         EXPECT_EQ(model.section(), 0) << text;
@@ -40,7 +40,7 @@ TEST_F(MainView, AnUnknownSectionShowsTheTimesheetAndStaysStored) {
     }
 }
 
-TEST_F(MainView, ChoosingASectionWritesItsName) {
+TEST_F(MainView, choosingASectionWritesItsName) {
     const std::vector<std::string> names{"Timesheet", "Clients", "Projects", "Invoices"};
     for (int position = 3; position >= 0; --position) {
         model.showSection(position);
@@ -49,14 +49,14 @@ TEST_F(MainView, ChoosingASectionWritesItsName) {
     }
 }
 
-TEST_F(MainView, ASectionThatIsNotThereIsNotShown) {
+TEST_F(MainView, aSectionThatIsNotThereIsNotShown) {
     model.showSection(2);
     model.showSection(4);
     model.showSection(-1);
     EXPECT_EQ(stored(), "Projects");
 }
 
-TEST_F(MainView, FollowsWhoeverWritesTheSection) {
+TEST_F(MainView, followsWhoeverWritesTheSection) {
     QSignalSpy changed(&model, &MainViewModel::sectionChanged);
     defaults.setString("mainSection", "Invoices");
     EXPECT_EQ(changed.size(), 1);
@@ -65,7 +65,7 @@ TEST_F(MainView, FollowsWhoeverWritesTheSection) {
     EXPECT_EQ(changed.size(), 1);
 }
 
-TEST_F(MainView, SectionsAreInOrderWithTheirShortcuts) {
+TEST_F(MainView, sectionsAreInOrderWithTheirShortcuts) {
     SidebarModel& sections = *model.sections();
     const QAbstractItemModelTester tester(&sections);
     std::vector<std::string> rows;
@@ -81,12 +81,12 @@ TEST_F(MainView, SectionsAreInOrderWithTheirShortcuts) {
                         "Projects folder-filled Ctrl+3", "Invoices document Ctrl+4"}));
 }
 
-TEST_F(MainView, ResumingWithNothingFinishedDoesNothing) {
+TEST_F(MainView, resumingWithNothingFinishedDoesNothing) {
     model.resumeLastEntry();
     EXPECT_TRUE(timer.spans().empty());
 }
 
-TEST_F(MainView, ResumesTheLastEntry) {
+TEST_F(MainView, resumesTheLastEntry) {
     service().start(timer.library.addProject("Website", nullptr), "Logo");
     timer.setTime("10:00");
     model.stopTimer();
@@ -98,7 +98,7 @@ TEST_F(MainView, ResumesTheLastEntry) {
     EXPECT_EQ(timer.spans().size(), 2U);
 }
 
-TEST_F(MainView, StopsLikeEveryOtherStop) {
+TEST_F(MainView, stopsLikeEveryOtherStop) {
     service().start(timer.library.addProject("Website", nullptr));
     timer.setTime("09:30");
     model.stopTimer();
@@ -106,18 +106,18 @@ TEST_F(MainView, StopsLikeEveryOtherStop) {
     EXPECT_EQ(timer.spans(), std::vector<std::string>{"09:00:00-09:30:00"});
 }
 
-TEST_F(MainView, TheHelpOfTheStopButtonNamesItsKeys) {
+TEST_F(MainView, theHelpOfTheStopButtonNamesItsKeys) {
     EXPECT_EQ(MainViewModel::stopHelp(), QStringLiteral("Stop timer (Ctrl+Alt+.)"));
 }
 
-TEST_F(MainView, ThereIsNothingThatLooksForUpdatesYet) {
+TEST_F(MainView, thereIsNothingThatLooksForUpdatesYet) {
     EXPECT_FALSE(MainViewModel::canCheckForUpdates());
 }
 
 /// A library on a disk that gives out under the window.
 class MainViewOfADamagedLibrary : private test::FailingReads, public MainView {};
 
-TEST_F(MainViewOfADamagedLibrary, SaysSoInOneLineOnceARecordCannotBeRead) {
+TEST_F(MainViewOfADamagedLibrary, saysSoInOneLineOnceARecordCannotBeRead) {
     const test::ScopedEnvironment data("XDG_DATA_HOME", "/home/ada/data");
     QSignalSpy changed(&model, &MainViewModel::libraryProblemChanged);
     EXPECT_EQ(model.libraryProblem(), QString());

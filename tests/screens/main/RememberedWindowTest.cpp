@@ -26,20 +26,20 @@ class Remembered : public testing::Test {
     QWindow window;
 };
 
-TEST_F(Remembered, AWindowThatDoesNotChangeIsNotNoted) {
+TEST_F(Remembered, aWindowThatDoesNotChangeIsNotNoted) {
     const RememberedWindow remembered(window, defaults, "frame");
     EXPECT_EQ(stored(), "none");
     EXPECT_EQ(window.geometry(), QRect(0, 0, 400, 300));
 }
 
-TEST_F(Remembered, TheFirstWindowIsNoLargerThanItsScreen) {
+TEST_F(Remembered, theFirstWindowIsNoLargerThanItsScreen) {
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     window.resize(screen.width() + 200, 300);
     const RememberedWindow remembered(window, defaults, "frame");
     EXPECT_EQ(window.size(), QSize(screen.width(), 300));
 }
 
-TEST_F(Remembered, TheLastFrameIsNotedAtTheEnd) {
+TEST_F(Remembered, theLastFrameIsNotedAtTheEnd) {
     {
         const RememberedWindow remembered(window, defaults, "frame");
         window.setGeometry(10, 20, 500, 350);
@@ -48,13 +48,13 @@ TEST_F(Remembered, TheLastFrameIsNotedAtTheEnd) {
     EXPECT_EQ(stored(), "30 40 600 450");
 }
 
-TEST_F(Remembered, TheNextWindowIsWhereTheLastOneWas) {
+TEST_F(Remembered, theNextWindowIsWhereTheLastOneWas) {
     defaults.setString("frame", "30 40 500 400");
     const RememberedWindow remembered(window, defaults, "frame");
     EXPECT_EQ(window.geometry(), QRect(30, 40, 500, 400));
 }
 
-TEST_F(Remembered, AMaximizedWindowKeepsTheAreaThatItHadBefore) {
+TEST_F(Remembered, aMaximizedWindowKeepsTheAreaThatItHadBefore) {
     defaults.setString("frame", "30 40 500 400");
     {
         const RememberedWindow remembered(window, defaults, "frame");
@@ -67,7 +67,7 @@ TEST_F(Remembered, AMaximizedWindowKeepsTheAreaThatItHadBefore) {
     EXPECT_TRUE(next.windowStates().testFlag(Qt::WindowMaximized));
 }
 
-TEST_F(Remembered, AMinimizedWindowIsNotNoted) {
+TEST_F(Remembered, aMinimizedWindowIsNotNoted) {
     defaults.setString("frame", "30 40 500 400");
     {
         const RememberedWindow remembered(window, defaults, "frame");
@@ -76,7 +76,7 @@ TEST_F(Remembered, AMinimizedWindowIsNotNoted) {
     EXPECT_EQ(stored(), "30 40 500 400");
 }
 
-TEST_F(Remembered, NonsenseIsLeftAloneUntilTheWindowChanges) {
+TEST_F(Remembered, nonsenseIsLeftAloneUntilTheWindowChanges) {
     defaults.setString("frame", "nonsense");
     {
         const RememberedWindow remembered(window, defaults, "frame");

@@ -12,14 +12,14 @@ const QRect screen(0, 0, 1920, 1080);
 const QRect secondScreen(1920, 0, 1280, 1024);
 const QSize smallest(1020, 600);
 
-TEST(WindowFrame, IsReadAsItIsWritten) {
+TEST(WindowFrame, isReadAsItIsWritten) {
     for (const WindowFrame& frame :
          {WindowFrame{{10, -20, 1080, 720}, false}, WindowFrame{{0, 0, 1920, 1040}, true}}) {
         EXPECT_EQ(WindowFrame::parse(frame.text()), frame) << frame.text().toStdString();
     }
 }
 
-TEST(WindowFrame, AnythingElseIsNotRead) {
+TEST(WindowFrame, anythingElseIsNotRead) {
     for (const char* text : {"", "1 2 3", "1 2 3 4 5", "1 2 3 4 full", "a b c d", "0 0 0 0",
                              "0 0 -5 10", "0 0 9999999 10", "1  2 3 4"}) {
         EXPECT_FALSE(WindowFrame::parse(QString::fromLatin1(text))) << text;
@@ -34,7 +34,7 @@ struct Row {
 
 class FrameOnScreens : public testing::TestWithParam<Row> {};
 
-TEST_P(FrameOnScreens, ShowsWhole) {
+TEST_P(FrameOnScreens, showsWhole) {
     const WindowFrame frame{GetParam().before};
     EXPECT_EQ(frame.areaOn({screen, secondScreen}, smallest), GetParam().after);
 }
@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"SmallerThanAllowed", {10, 10, 300, 200}, {10, 10, 1020, 600}}),
     [](const auto& row) { return row.param.name; });
 
-TEST(WindowFrame, ASmallScreenDoesNotMakeItSmallerThanAllowed) {
+TEST(WindowFrame, aSmallScreenDoesNotMakeItSmallerThanAllowed) {
     EXPECT_EQ((WindowFrame{{0, 0, 1080, 720}}.areaOn({{0, 0, 800, 600}}, smallest)),
               QRect(0, 0, 1020, 600));
 }

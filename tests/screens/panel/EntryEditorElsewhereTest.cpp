@@ -33,7 +33,7 @@ class RunningEntryEditor : public test::EntryEditorTest {
 
 // --- running -------------------------------------------------------------------------------------
 
-TEST_F(RunningEntryEditor, HasNoEndToShow) {
+TEST_F(RunningEntryEditor, hasNoEndToShow) {
     EXPECT_TRUE(editor.isRunning());
     EXPECT_EQ(utf8(editor.title()), "Edit Entry");
     EXPECT_EQ(plain(editor.subtitle()), "Running since 2:00 PM");
@@ -42,7 +42,7 @@ TEST_F(RunningEntryEditor, HasNoEndToShow) {
     EXPECT_TRUE(editor.isRunning());
 }
 
-TEST_F(RunningEntryEditor, AnEarlierStartChangesTheElapsedTimeAtOnceAndTheEntryStaysOpen) {
+TEST_F(RunningEntryEditor, anEarlierStartChangesTheElapsedTimeAtOnceAndTheEntryStaysOpen) {
     type(editor.start()->time(), "1:30 PM");
     editor.save();
     EXPECT_EQ(service().elapsedLongText(), "1:30:00");
@@ -50,7 +50,7 @@ TEST_F(RunningEntryEditor, AnEarlierStartChangesTheElapsedTimeAtOnceAndTheEntryS
     EXPECT_TRUE(running->isRunning());
 }
 
-TEST_F(RunningEntryEditor, StoppedElsewhereItHasItsEndAndKeepsIt) {
+TEST_F(RunningEntryEditor, stoppedElsewhereItHasItsEndAndKeepsIt) {
     editor.notes()->setText(QStringLiteral("Landing page"));
     timer.setTime("15:10");
     service().stop();
@@ -63,14 +63,14 @@ TEST_F(RunningEntryEditor, StoppedElsewhereItHasItsEndAndKeepsIt) {
     EXPECT_EQ(running->notes.get(), "Landing page");
 }
 
-TEST_F(RunningEntryEditor, StoppedInTheTurnOfTheSaveItKeepsItsEndToo) {
+TEST_F(RunningEntryEditor, stoppedInTheTurnOfTheSaveItKeepsItsEndToo) {
     timer.setTime("15:10");
     service().stop();
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"14:00:00-15:10:00"});
 }
 
-TEST_F(RunningEntryEditor, AStartAfterTheEndThatItGotElsewhereIsNotSaved) {
+TEST_F(RunningEntryEditor, aStartAfterTheEndThatItGotElsewhereIsNotSaved) {
     timer.setTime("15:10");
     type(editor.start()->time(), "3:08 PM");
     service().stop(timer.today("15:05"));
@@ -79,7 +79,7 @@ TEST_F(RunningEntryEditor, AStartAfterTheEndThatItGotElsewhereIsNotSaved) {
     EXPECT_FALSE(editor.canSave());
 }
 
-TEST_F(RunningEntryEditor, DeletedElsewhereItIsSavedAsAFinishedOne) {
+TEST_F(RunningEntryEditor, deletedElsewhereItIsSavedAsAFinishedOne) {
     service().start(project("Blog"));
     context().deleteRecord(running);
     turn();
@@ -91,7 +91,7 @@ TEST_F(RunningEntryEditor, DeletedElsewhereItIsSavedAsAFinishedOne) {
 
 // --- billed --------------------------------------------------------------------------------------
 
-TEST_F(EntryElsewhere, ABilledEntryCanOnlyBeRead) {
+TEST_F(EntryElsewhere, aBilledEntryCanOnlyBeRead) {
     bill(work);
     timer.setClock("2036-03-02T15:00Z");
     editor.open(work);
@@ -105,7 +105,7 @@ TEST_F(EntryElsewhere, ABilledEntryCanOnlyBeRead) {
     EXPECT_FALSE(editor.canSave());
 }
 
-TEST_F(EntryElsewhere, ABilledEntrysProjectTimesAndNotesStay) {
+TEST_F(EntryElsewhere, aBilledEntrysProjectTimesAndNotesStay) {
     bill(work);
     project("Blog");
     editor.open(work);
@@ -122,7 +122,7 @@ TEST_F(EntryElsewhere, ABilledEntrysProjectTimesAndNotesStay) {
     EXPECT_EQ(utf8(editor.notes()->text()), "");
 }
 
-TEST_F(EntryElsewhere, BilledMeanwhileItCanOnlyBeReadAndSaysSo) {
+TEST_F(EntryElsewhere, billedMeanwhileItCanOnlyBeReadAndSaysSo) {
     editor.open(work);
     editor.notes()->setText(QStringLiteral("Mended"));
     bill(work);
@@ -136,7 +136,7 @@ TEST_F(EntryElsewhere, BilledMeanwhileItCanOnlyBeReadAndSaysSo) {
     EXPECT_EQ(work->notes.get(), "");
 }
 
-TEST_F(EntryElsewhere, BilledInTheTurnOfTheSaveItStaysAsItIs) {
+TEST_F(EntryElsewhere, billedInTheTurnOfTheSaveItStaysAsItIs) {
     editor.open(work);
     editor.notes()->setText(QStringLiteral("Mended"));
     work->invoice = timer.library.addInvoice("2026-001", acme());
@@ -145,7 +145,7 @@ TEST_F(EntryElsewhere, BilledInTheTurnOfTheSaveItStaysAsItIs) {
     EXPECT_EQ(work->notes.get(), "");
 }
 
-TEST_F(EntryElsewhere, BilledMeanwhileWithoutChangesHereNothingIsLost) {
+TEST_F(EntryElsewhere, billedMeanwhileWithoutChangesHereNothingIsLost) {
     editor.open(work);
     bill(work);
     turn();
@@ -153,7 +153,7 @@ TEST_F(EntryElsewhere, BilledMeanwhileWithoutChangesHereNothingIsLost) {
     EXPECT_EQ(utf8(editor.notice()), "");
 }
 
-TEST_F(EntryElsewhere, AnInvoiceDeletedMeanwhileLetsItBeChanged) {
+TEST_F(EntryElsewhere, anInvoiceDeletedMeanwhileLetsItBeChanged) {
     const auto invoice = bill(work);
     editor.open(work);
     context().deleteRecord(invoice);
@@ -166,7 +166,7 @@ TEST_F(EntryElsewhere, AnInvoiceDeletedMeanwhileLetsItBeChanged) {
 
 // --- deleted or changed --------------------------------------------------------------------------
 
-TEST_F(EntryElsewhere, DeletedMeanwhileItIsSavedAsANewOneAndSaysSo) {
+TEST_F(EntryElsewhere, deletedMeanwhileItIsSavedAsANewOneAndSaysSo) {
     editor.open(work);
     editor.notes()->setText(QStringLiteral("Typed for an hour"));
     context().deleteRecord(work);
@@ -181,21 +181,21 @@ TEST_F(EntryElsewhere, DeletedMeanwhileItIsSavedAsANewOneAndSaysSo) {
     EXPECT_EQ(context().fetch(Query<TimeEntry>{}).at(0)->notes.get(), "Typed for an hour");
 }
 
-TEST_F(EntryElsewhere, DeletedInTheTurnOfTheSaveItIsANewOne) {
+TEST_F(EntryElsewhere, deletedInTheTurnOfTheSaveItIsANewOne) {
     editor.open(work);
     context().deleteRecord(work);
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"07:00:00-08:00:00"});
 }
 
-TEST_F(EntryElsewhere, AnEntryThatIsGoneOpensAsANewOne) {
+TEST_F(EntryElsewhere, anEntryThatIsGoneOpensAsANewOne) {
     context().deleteRecord(work);
     editor.open(work);
     EXPECT_EQ(utf8(editor.title()), "New Entry");
     EXPECT_EQ(utf8(editor.notice()), "");
 }
 
-TEST_F(EntryElsewhere, WithItsProjectDeletedAnotherHasToBeChosen) {
+TEST_F(EntryElsewhere, withItsProjectDeletedAnotherHasToBeChosen) {
     editor.open(work);
     editor.notes()->setText(QStringLiteral("Typed for an hour"));
     const auto blog = project("Blog");
@@ -210,7 +210,7 @@ TEST_F(EntryElsewhere, WithItsProjectDeletedAnotherHasToBeChosen) {
     EXPECT_EQ(timer.spans(), Spans{"07:00:00-08:00:00"});
 }
 
-TEST_F(EntryElsewhere, TheChosenProjectDeletedLeavesNoneChosen) {
+TEST_F(EntryElsewhere, theChosenProjectDeletedLeavesNoneChosen) {
     const auto blog = project("Blog");
     editor.open(work);
     choose("Acme Co — Blog");
@@ -221,7 +221,7 @@ TEST_F(EntryElsewhere, TheChosenProjectDeletedLeavesNoneChosen) {
     EXPECT_EQ(utf8(editor.title()), "Edit Entry");
 }
 
-TEST_F(EntryElsewhere, WhatNobodyTouchedHereIsNotTakenBack) {
+TEST_F(EntryElsewhere, whatNobodyTouchedHereIsNotTakenBack) {
     const auto blog = project("Blog");
     editor.open(work);
     type(editor.end()->time(), "8:30");
@@ -239,7 +239,7 @@ TEST_F(EntryElsewhere, WhatNobodyTouchedHereIsNotTakenBack) {
     EXPECT_EQ(work->notes.get(), "From the panel");
 }
 
-TEST_F(EntryElsewhere, WhatWasTypedHereStays) {
+TEST_F(EntryElsewhere, whatWasTypedHereStays) {
     editor.open(work);
     editor.notes()->setText(QStringLiteral("Mine"));
     editor.end()->time()->edit(QStringLiteral("8:4"));
@@ -251,7 +251,7 @@ TEST_F(EntryElsewhere, WhatWasTypedHereStays) {
     EXPECT_EQ(utf8(editor.end()->time()->text()), "8:4");
 }
 
-TEST_F(EntryElsewhere, OnlyAnOpenEditorFollowsTheLibrary) {
+TEST_F(EntryElsewhere, onlyAnOpenEditorFollowsTheLibrary) {
     editor.open(work);
     editor.dismiss();
     test::SignalCount count;

@@ -16,20 +16,20 @@ using Spans = std::vector<std::string>;
 
 // --- a new entry ---------------------------------------------------------------------------------
 
-TEST_F(EntryEditor, ANewEntryForAPastDayIsItsHourFromNineOn) {
+TEST_F(EntryEditor, aNewEntryForAPastDayIsItsHourFromNineOn) {
     editor.open(nullptr, at("2026-02-20T18:00Z"));
     EXPECT_EQ(shown(editor.start()), "2/20/2026 9:00 AM");
     EXPECT_EQ(shown(editor.end()), "2/20/2026 10:00 AM");
 }
 
-TEST_F(EntryEditor, ANewEntryForTodayBeforeTenIsTheLastHour) {
+TEST_F(EntryEditor, aNewEntryForTodayBeforeTenIsTheLastHour) {
     timer.setTime("08:30");
     editor.open(nullptr);
     EXPECT_EQ(shown(editor.start()), "3/2/2026 7:30 AM");
     EXPECT_EQ(shown(editor.end()), "3/2/2026 8:30 AM");
 }
 
-TEST_F(EntryEditor, ANewEntryForTodayInTheAfternoonIsTheHourFromNineOn) {
+TEST_F(EntryEditor, aNewEntryForTodayInTheAfternoonIsTheHourFromNineOn) {
     editor.open(nullptr);
     EXPECT_EQ(shown(editor.start()), "3/2/2026 9:00 AM");
     EXPECT_EQ(shown(editor.end()), "3/2/2026 10:00 AM");
@@ -37,7 +37,7 @@ TEST_F(EntryEditor, ANewEntryForTodayInTheAfternoonIsTheHourFromNineOn) {
     EXPECT_EQ(chosenChips(), "1h");
 }
 
-TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
+TEST_F(EntryEditor, aNewEntryTakesTheProjectUsedLast) {
     const auto blog = project("Blog");
     entry(blog, "07:00", "08:00");
     editor.open(nullptr);
@@ -49,7 +49,7 @@ TEST_F(EntryEditor, ANewEntryTakesTheProjectUsedLast) {
     EXPECT_TRUE(editor.canSave());
 }
 
-TEST_F(EntryEditor, WithoutAProjectNothingIsSaved) {
+TEST_F(EntryEditor, withoutAProjectNothingIsSaved) {
     editor.open(nullptr);
     editor.projects()->choose(0);
     EXPECT_EQ(utf8(editor.projects()->title()), "Choose…");
@@ -61,7 +61,7 @@ TEST_F(EntryEditor, WithoutAProjectNothingIsSaved) {
     EXPECT_EQ(timer.spans(), Spans{});
 }
 
-TEST_F(EntryEditor, SaveAddsTheEntryAndClosesTheSheet) {
+TEST_F(EntryEditor, saveAddsTheEntryAndClosesTheSheet) {
     editor.open(nullptr);
     editor.notes()->setText(QStringLiteral("Landing page"));
     editor.save();
@@ -73,7 +73,7 @@ TEST_F(EntryEditor, SaveAddsTheEntryAndClosesTheSheet) {
     EXPECT_EQ(saved->project.get(), website);
 }
 
-TEST_F(EntryEditor, CancelLeavesEverythingAsItWas) {
+TEST_F(EntryEditor, cancelLeavesEverythingAsItWas) {
     const auto shower = entry(website, "07:00", "08:00");
     editor.open(shower);
     type(editor.start()->time(), "6:00");
@@ -85,7 +85,7 @@ TEST_F(EntryEditor, CancelLeavesEverythingAsItWas) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(EntryEditor, OpeningTellsAndSoDoesClosing) {
+TEST_F(EntryEditor, openingTellsAndSoDoesClosing) {
     test::SignalCount count;
     count.watch(editor);
     editor.open(nullptr);
@@ -99,7 +99,7 @@ TEST_F(EntryEditor, OpeningTellsAndSoDoesClosing) {
 
 // --- an existing entry ---------------------------------------------------------------------------
 
-TEST_F(EntryEditor, AnEntryShowsWhatItHolds) {
+TEST_F(EntryEditor, anEntryShowsWhatItHolds) {
     const auto work = entry(website, "07:15", "08:00");
     work->notes = "Landing page";
     editor.open(work);
@@ -111,7 +111,7 @@ TEST_F(EntryEditor, AnEntryShowsWhatItHolds) {
     EXPECT_FALSE(editor.isRunning());
 }
 
-TEST_F(EntryEditor, SaveChangesTheEntryAlone) {
+TEST_F(EntryEditor, saveChangesTheEntryAlone) {
     const auto blog = project("Blog");
     const auto work = entry(website, "07:00", "08:00");
     editor.open(work);
@@ -125,7 +125,7 @@ TEST_F(EntryEditor, SaveChangesTheEntryAlone) {
     EXPECT_EQ(work->notes.get(), "Mended");
 }
 
-TEST_F(EntryEditor, SecondsOfAnEntryStayWhereNobodyTouchesThem) {
+TEST_F(EntryEditor, secondsOfAnEntryStayWhereNobodyTouchesThem) {
     const auto work = entry(website, "07:00:37", "08:00:12");
     editor.open(work);
     type(editor.start()->time(), "7:00");
@@ -134,7 +134,7 @@ TEST_F(EntryEditor, SecondsOfAnEntryStayWhereNobodyTouchesThem) {
     EXPECT_EQ(timer.spans(), Spans{"07:00:37-08:00:12"});
 }
 
-TEST_F(EntryEditor, AnEndAtTheStartShowsThatItMustComeAfterAndIsNotSaved) {
+TEST_F(EntryEditor, anEndAtTheStartShowsThatItMustComeAfterAndIsNotSaved) {
     editor.open(nullptr);
     type(editor.end()->time(), "9:00");
     EXPECT_EQ(utf8(editor.problem()), "End must be after start.");
@@ -147,14 +147,14 @@ TEST_F(EntryEditor, AnEndAtTheStartShowsThatItMustComeAfterAndIsNotSaved) {
     EXPECT_TRUE(editor.canSave());
 }
 
-TEST_F(EntryEditor, TheCheckIsLiveWhileTheEndIsTyped) {
+TEST_F(EntryEditor, theCheckIsLiveWhileTheEndIsTyped) {
     editor.open(nullptr);
     editor.end()->time()->edit(QStringLiteral("8:59"));
     EXPECT_EQ(utf8(editor.problem()), "End must be after start.");
     EXPECT_EQ(utf8(editor.end()->time()->text()), "8:59");
 }
 
-TEST_F(EntryEditor, AStartInTheFutureWaitsForItsTime) {
+TEST_F(EntryEditor, aStartInTheFutureWaitsForItsTime) {
     editor.open(nullptr);
     type(editor.start()->time(), "3:01 PM");
     type(editor.end()->time(), "5 PM");
@@ -168,14 +168,14 @@ TEST_F(EntryEditor, AStartInTheFutureWaitsForItsTime) {
     EXPECT_TRUE(editor.canSave());
 }
 
-TEST_F(EntryEditor, AnEndInTheFutureIsAllowed) {
+TEST_F(EntryEditor, anEndInTheFutureIsAllowed) {
     editor.open(nullptr);
     type(editor.end()->day(), "3/9/2026");
     EXPECT_TRUE(editor.canSave());
     EXPECT_EQ(utf8(editor.subtitle()), "169:00 · 169.00 h");
 }
 
-TEST_F(EntryEditor, ThirtyYearsAreAnEntryToo) {
+TEST_F(EntryEditor, thirtyYearsAreAnEntryToo) {
     editor.open(nullptr);
     type(editor.start()->day(), "3/2/1996");
     EXPECT_EQ(utf8(editor.subtitle()), "262969:00 · 262969.00 h");
@@ -183,7 +183,7 @@ TEST_F(EntryEditor, ThirtyYearsAreAnEntryToo) {
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 1U);
 }
 
-TEST_F(EntryEditor, ATextThatIsNoTimeIsNotSavedAndStays) {
+TEST_F(EntryEditor, aTextThatIsNoTimeIsNotSavedAndStays) {
     editor.open(nullptr);
     editor.end()->time()->edit(QStringLiteral("25:00"));
     EXPECT_FALSE(editor.canSave());
@@ -196,14 +196,14 @@ TEST_F(EntryEditor, ATextThatIsNoTimeIsNotSavedAndStays) {
     EXPECT_EQ(timer.spans(), Spans{});
 }
 
-TEST_F(EntryEditor, WhatIsStillBeingTypedIsSaved) {
+TEST_F(EntryEditor, whatIsStillBeingTypedIsSaved) {
     editor.open(nullptr);
     editor.end()->time()->edit(QStringLiteral("1130"));
     editor.save();
     EXPECT_EQ(timer.spans(), Spans{"09:00:00-11:30:00"});
 }
 
-TEST_F(EntryEditor, NotesOfAHundredThousandCharactersAreSaved) {
+TEST_F(EntryEditor, notesOfAHundredThousandCharactersAreSaved) {
     editor.open(nullptr);
     editor.notes()->setText(QString(100'000, QChar(0x00E4)));
     editor.save();
@@ -211,7 +211,7 @@ TEST_F(EntryEditor, NotesOfAHundredThousandCharactersAreSaved) {
     EXPECT_EQ(saved->notes->size(), 200'000U);
 }
 
-TEST_F(EntryEditor, AFullDiskLosesNothing) {
+TEST_F(EntryEditor, aFullDiskLosesNothing) {
     {
         const test::FileSizeLimit fullDisk(0);
         editor.open(nullptr);
@@ -223,7 +223,7 @@ TEST_F(EntryEditor, AFullDiskLosesNothing) {
     EXPECT_EQ(timer.spans(), Spans{"09:00:00-10:00:00"});
 }
 
-TEST_F(EntryEditor, SomebodyElseCanCarryOutTheSaving) {
+TEST_F(EntryEditor, somebodyElseCanCarryOutTheSaving) {
     EntryForm asked;
     Ref<TimeEntry> on;
     EntryEditorModel other(editorServices(), [&](const EntryForm& form, const Ref<TimeEntry>& it) {
@@ -242,14 +242,14 @@ TEST_F(EntryEditor, SomebodyElseCanCarryOutTheSaving) {
 
 // --- chips ---------------------------------------------------------------------------------------
 
-TEST_F(EntryEditor, ChipsNameTheirDurations) {
+TEST_F(EntryEditor, chipsNameTheirDurations) {
     editor.open(nullptr);
     std::vector<std::string> texts;
     for (const auto& chip : editor.chips()) texts.push_back(utf8(chip.text));
     EXPECT_EQ(texts, (Spans{"6m", "12m", "15m", "30m", "1h", "1h30", "2h", "4h"}));
 }
 
-TEST_F(EntryEditor, TheSixMinutesOnAStartAtTenEndSixMinutesLater) {
+TEST_F(EntryEditor, theSixMinutesOnAStartAtTenEndSixMinutesLater) {
     editor.open(nullptr);
     type(editor.start()->time(), "10:00");
     editor.chooseDuration(0);
@@ -259,13 +259,13 @@ TEST_F(EntryEditor, TheSixMinutesOnAStartAtTenEndSixMinutesLater) {
     EXPECT_EQ(chosenChips(), "6m");
 }
 
-TEST_F(EntryEditor, AChipIsChosenByTheSecond) {
+TEST_F(EntryEditor, aChipIsChosenByTheSecond) {
     const auto work = entry(website, "07:00", "08:00:01");
     editor.open(work);
     EXPECT_EQ(chosenChips(), "");
 }
 
-TEST_F(EntryEditor, AChipReplacesAnEndThatIsNoTime) {
+TEST_F(EntryEditor, aChipReplacesAnEndThatIsNoTime) {
     editor.open(nullptr);
     type(editor.end()->time(), "late");
     editor.chooseDuration(5);
@@ -273,7 +273,7 @@ TEST_F(EntryEditor, AChipReplacesAnEndThatIsNoTime) {
     EXPECT_TRUE(editor.canSave());
 }
 
-TEST_F(EntryEditor, AChipThatIsNotThereDoesNothing) {
+TEST_F(EntryEditor, aChipThatIsNotThereDoesNothing) {
     editor.open(nullptr);
     editor.chooseDuration(-1);
     editor.chooseDuration(8);
@@ -299,7 +299,7 @@ void PrintTo(const ClockChangeRow& row, std::ostream* out) {
 class EntryEditorOverClockChange : public test::EntryEditorTest,
                                    public testing::WithParamInterface<ClockChangeRow> {};
 
-TEST_P(EntryEditorOverClockChange, CountsTheHoursThatPassed) {
+TEST_P(EntryEditorOverClockChange, countsTheHoursThatPassed) {
     const auto& row = GetParam();
     timer.setClock("2026-12-01T12:00Z");
     timer.calendar = Calendar(Locale("en_US"), row.zone);

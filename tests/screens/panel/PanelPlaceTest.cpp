@@ -35,7 +35,7 @@ void PrintTo(const Place& row, std::ostream* out) {
 
 class PanelCorner : public testing::TestWithParam<Place> {};
 
-TEST_P(PanelCorner, IsBesideTheItemOnItsScreen) {
+TEST_P(PanelCorner, isBesideTheItemOnItsScreen) {
     const auto& [name, screens, item, corner] = GetParam();
     const auto& screen = screens[item ? screenAt(screens, *item) : 0];
     const auto place = item ? std::optional(screen.logical(*item)) : std::nullopt;
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Place{"offTheDesktop", {plain, left}, QPointF(-5000, 500), {-1272, 476}}),
     test::rowName);
 
-TEST(PanelCorner, BeginsOnTheScreenHoweverLargeThePanelIs) {
+TEST(PanelCorner, beginsOnTheScreenHoweverLargeThePanelIs) {
     EXPECT_EQ(panelCorner(plain, QPoint(1000, 1060), {4000, 3000}), QPoint(8, 8));
     EXPECT_EQ(panelCorner(plain, std::nullopt, {4000, 3000}), QPoint(8, 8));
 }

@@ -22,7 +22,7 @@ class RunningEntry : public testing::Test {
     RunningEntryModel model{timer.library.context(), *timer.service};
 };
 
-TEST_F(RunningEntry, IsEmptyWhileNothingRuns) {
+TEST_F(RunningEntry, isEmptyWhileNothingRuns) {
     EXPECT_FALSE(model.isRunning());
     EXPECT_EQ(model.projectName(), QString());
     EXPECT_EQ(model.clientName(), QString());
@@ -30,7 +30,7 @@ TEST_F(RunningEntry, IsEmptyWhileNothingRuns) {
     EXPECT_EQ(model.elapsed(), QStringLiteral("0:00:00"));
 }
 
-TEST_F(RunningEntry, NamesAreShownAsTheyAre) {
+TEST_F(RunningEntry, namesAreShownAsTheyAre) {
     service().start(project, "Logo");
     EXPECT_TRUE(model.isRunning());
     EXPECT_EQ(model.projectName(), QStringLiteral("<b>Website</b> & more"));
@@ -40,7 +40,7 @@ TEST_F(RunningEntry, NamesAreShownAsTheyAre) {
     EXPECT_EQ(model.projectColor(), QStringLiteral("#4F7CFF"));
 }
 
-TEST_F(RunningEntry, WithoutAProjectTheNameIsEmptyAndTheTitleSaysSo) {
+TEST_F(RunningEntry, withoutAProjectTheNameIsEmptyAndTheTitleSaysSo) {
     timer.library.addEntry(nullptr, timer.now, {});
     service().restore();
     EXPECT_TRUE(model.isRunning());
@@ -49,7 +49,7 @@ TEST_F(RunningEntry, WithoutAProjectTheNameIsEmptyAndTheTitleSaysSo) {
     EXPECT_EQ(model.projectColor(), QStringLiteral("#FF5B87"));
 }
 
-TEST_F(RunningEntry, ATickChangesTheElapsedTimeAlone) {
+TEST_F(RunningEntry, aTickChangesTheElapsedTimeAlone) {
     service().start(project);
     timer.library.runLoop.turn();
     QSignalSpy elapsed(&model, &RunningEntryModel::elapsedChanged);
@@ -61,7 +61,7 @@ TEST_F(RunningEntry, ATickChangesTheElapsedTimeAlone) {
     EXPECT_EQ(running.size(), 0);
 }
 
-TEST_F(RunningEntry, ARenamedProjectIsTold) {
+TEST_F(RunningEntry, aRenamedProjectIsTold) {
     service().start(project);
     QSignalSpy running(&model, &RunningEntryModel::runningChanged);
     project->name = "App";
@@ -70,14 +70,14 @@ TEST_F(RunningEntry, ARenamedProjectIsTold) {
     EXPECT_EQ(model.projectName(), QStringLiteral("App"));
 }
 
-TEST_F(RunningEntry, TheBadgeHasTheProjectsColorOrOneOfItsOwn) {
+TEST_F(RunningEntry, theBadgeHasTheProjectsColorOrOneOfItsOwn) {
     service().start(project);
     EXPECT_EQ(model.badgeColor(), QStringLiteral("#4F7CFF"));
     service().running()->project = nullptr;
     EXPECT_EQ(model.badgeColor(), QStringLiteral("#7C6CFF"));
 }
 
-TEST_F(RunningEntry, NotesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
+TEST_F(RunningEntry, notesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
     service().start(project);
     model.setNotes(QStringLiteral("Logo"));
     EXPECT_EQ(service().running()->notes.get(), "Logo");
@@ -88,7 +88,7 @@ TEST_F(RunningEntry, NotesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
     EXPECT_EQ(service().running()->notes.get(), "Logo");
 }
 
-TEST_F(RunningEntry, NotesAreToldWhoeverWritesThem) {
+TEST_F(RunningEntry, notesAreToldWhoeverWritesThem) {
     service().start(project);
     timer.library.runLoop.turn();
     QSignalSpy running(&model, &RunningEntryModel::runningChanged);
@@ -98,7 +98,7 @@ TEST_F(RunningEntry, NotesAreToldWhoeverWritesThem) {
     EXPECT_EQ(model.notes(), QStringLiteral("Elsewhere"));
 }
 
-TEST_F(RunningEntry, StopSavesTheNotesAndEndsTheEntry) {
+TEST_F(RunningEntry, stopSavesTheNotesAndEndsTheEntry) {
     service().start(project);
     const auto entry = service().running();
     model.setNotes(QStringLiteral("Logo"));
@@ -110,7 +110,7 @@ TEST_F(RunningEntry, StopSavesTheNotesAndEndsTheEntry) {
     EXPECT_FALSE(timer.library.context().hasChanges());
 }
 
-TEST_F(RunningEntry, NotesOfAnEntryThatIsGoneAreDropped) {
+TEST_F(RunningEntry, notesOfAnEntryThatIsGoneAreDropped) {
     service().start(project);
     const auto entry = service().running();
     timer.library.context().deleteRecord(entry);
@@ -121,7 +121,7 @@ TEST_F(RunningEntry, NotesOfAnEntryThatIsGoneAreDropped) {
     EXPECT_EQ(timer.library.context().fetchCount<TimeEntry>(), 0U);
 }
 
-TEST_F(RunningEntry, WhileNothingRunsNotesAndStopDoNothing) {
+TEST_F(RunningEntry, whileNothingRunsNotesAndStopDoNothing) {
     model.setNotes(QStringLiteral("Logo"));
     model.saveNotes();
     model.stop();
@@ -129,7 +129,7 @@ TEST_F(RunningEntry, WhileNothingRunsNotesAndStopDoNothing) {
     EXPECT_FALSE(model.isRunning());
 }
 
-TEST_F(RunningEntry, ChangesOfOtherRecordsTellNothingWhileNothingRuns) {
+TEST_F(RunningEntry, changesOfOtherRecordsTellNothingWhileNothingRuns) {
     QSignalSpy running(&model, &RunningEntryModel::runningChanged);
     project->name = "App";
     timer.library.addEntry(project, timer.now - std::chrono::hours(1), timer.now);

@@ -13,7 +13,7 @@ namespace {
 const QColor darkCard(0x0B, 0x0B, 0x0D);
 const QColor lightCard(0xF7, 0xF7, 0xF9);
 
-TEST(BarLook, OfAColorThatStandsOutIsTheColorAlone) {
+TEST(BarLook, ofAColorThatStandsOutIsTheColorAlone) {
     for (const QColor& ground : {darkCard, lightCard}) {
         const auto look = BarLook::of(QColor(0x7C, 0x6C, 0xFF), ground);
         EXPECT_EQ(look.fill.color(), QColor(0x7C, 0x6C, 0xFF));
@@ -22,7 +22,7 @@ TEST(BarLook, OfAColorThatStandsOutIsTheColorAlone) {
     }
 }
 
-TEST(BarLook, OfTheGroundsOwnColorHasAnOutlineThatIsSeen) {
+TEST(BarLook, ofTheGroundsOwnColorHasAnOutlineThatIsSeen) {
     for (const QColor& ground : {darkCard, lightCard}) {
         const auto look = BarLook::of(ground, ground);
         EXPECT_EQ(look.fill.color(), ground);

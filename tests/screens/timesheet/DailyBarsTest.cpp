@@ -27,12 +27,12 @@ std::vector<DailyBar> barsOf(const std::vector<TimesheetEntry>& entries) {
     return dailyBars(entries, week, noon, utc);
 }
 
-TEST(DailyBars, OfNothingAreNone) {
+TEST(DailyBars, ofNothingAreNone) {
     EXPECT_TRUE(barsOf({}).empty());
     EXPECT_TRUE(colorScale({}).empty());
 }
 
-TEST(DailyBars, AnEntryOverMidnightCountsOnBothDays) {
+TEST(DailyBars, anEntryOverMidnightCountsOnBothDays) {
     const auto bars =
         barsOf({listed(projectNamed("Web"), "2026-03-03T22:00Z", "2026-03-04T02:00Z")});
     const std::vector<DailyBar> expected{{at("2026-03-03T00:00Z"), "Web", "#4F7CFF", 2},
@@ -40,7 +40,7 @@ TEST(DailyBars, AnEntryOverMidnightCountsOnBothDays) {
     EXPECT_EQ(bars, expected);
 }
 
-TEST(DailyBars, EntriesOfADayAndProjectAddUp) {
+TEST(DailyBars, entriesOfADayAndProjectAddUp) {
     const auto web = projectNamed("Web");
     const auto bars = barsOf({listed(web, "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
                               listed(web, "2026-03-03T10:00Z", "2026-03-03T10:30Z")});
@@ -48,20 +48,20 @@ TEST(DailyBars, EntriesOfADayAndProjectAddUp) {
     EXPECT_EQ(bars[0].hours, 1.5);
 }
 
-TEST(DailyBars, EntriesWithoutAProjectStackInGray) {
+TEST(DailyBars, entriesWithoutAProjectStackInGray) {
     const auto bars = barsOf({listed(nullptr, "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
                               listed(nullptr, "2026-03-03T10:00Z", "2026-03-03T11:00Z")});
     const std::vector<DailyBar> expected{{at("2026-03-03T00:00Z"), "—", "#999999", 2}};
     EXPECT_EQ(bars, expected);
 }
 
-TEST(DailyBars, ARunningEntryCountsUpToNow) {
+TEST(DailyBars, aRunningEntryCountsUpToNow) {
     const auto bars = barsOf({listed(projectNamed("Web"), "2026-03-04T11:30Z", "")});
     ASSERT_EQ(bars.size(), 1U);
     EXPECT_EQ(bars[0].hours, 0.5);
 }
 
-TEST(DailyBars, ReversedAndEmptyEntriesCountAsNothing) {
+TEST(DailyBars, reversedAndEmptyEntriesCountAsNothing) {
     const auto web = projectNamed("Web");
     EXPECT_TRUE(barsOf({listed(web, "2026-03-03T09:00Z", "2026-03-03T08:00Z"),
                         listed(web, "2026-03-03T09:00Z", "2026-03-03T09:00Z"),
@@ -69,7 +69,7 @@ TEST(DailyBars, ReversedAndEmptyEntriesCountAsNothing) {
                     .empty());
 }
 
-TEST(DailyBars, DaysOutsideThePeriodAreLeftOut) {
+TEST(DailyBars, daysOutsideThePeriodAreLeftOut) {
     const auto bars =
         barsOf({listed(projectNamed("Web"), "2026-03-01T23:00Z", "2026-03-02T01:00Z"),
                 listed(projectNamed("App"), "2026-03-08T23:00Z", "2026-03-09T01:00Z")});
@@ -78,20 +78,20 @@ TEST(DailyBars, DaysOutsideThePeriodAreLeftOut) {
     EXPECT_EQ(bars, expected);
 }
 
-TEST(DailyBars, AnEntryOfThirtyYearsFillsEachDayOfThePeriod) {
+TEST(DailyBars, anEntryOfThirtyYearsFillsEachDayOfThePeriod) {
     const auto bars =
         barsOf({listed(projectNamed("Web"), "2000-01-01T00:00Z", "2030-01-01T00:00Z")});
     ASSERT_EQ(bars.size(), 7U);
     for (const auto& bar : bars) EXPECT_EQ(bar.hours, 24);
 }
 
-TEST(DailyBars, AProjectWhoseNameIsUniqueShowsTheBareName) {
+TEST(DailyBars, aProjectWhoseNameIsUniqueShowsTheBareName) {
     const auto bars = barsOf({listed(projectNamed("Web", clientNamed("Acme")), "2026-03-03T08:00Z",
                                      "2026-03-03T09:00Z")});
     EXPECT_EQ(bars.at(0).project, "Web");
 }
 
-TEST(DailyBars, ProjectsOfOneNameCarryTheirClients) {
+TEST(DailyBars, projectsOfOneNameCarryTheirClients) {
     const auto bars = barsOf({
         listed(projectNamed("Web", clientNamed("Globex")), "2026-03-03T08:00Z",
                "2026-03-03T09:00Z"),
@@ -104,7 +104,7 @@ TEST(DailyBars, ProjectsOfOneNameCarryTheirClients) {
     EXPECT_EQ(labels, (std::vector<std::string>{"App", "Web — ", "Web — Acme", "Web — Globex"}));
 }
 
-TEST(DailyBars, ANameCountsAlsoWhenItsProjectHasNoTimeInThePeriod) {
+TEST(DailyBars, aNameCountsAlsoWhenItsProjectHasNoTimeInThePeriod) {
     const auto bars = barsOf({
         listed(projectNamed("Web", clientNamed("Acme")), "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
         listed(projectNamed("Web"), "2026-03-03T09:00Z", "2026-03-03T09:00Z"),
@@ -113,7 +113,7 @@ TEST(DailyBars, ANameCountsAlsoWhenItsProjectHasNoTimeInThePeriod) {
     EXPECT_EQ(bars[0].project, "Web — Acme");
 }
 
-TEST(DailyBars, StandInTheOrderOfTheirLabelsBytes) {
+TEST(DailyBars, standInTheOrderOfTheirLabelsBytes) {
     const auto bars =
         barsOf({listed(projectNamed("Ärzte"), "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
                 listed(projectNamed("app"), "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
@@ -123,7 +123,7 @@ TEST(DailyBars, StandInTheOrderOfTheirLabelsBytes) {
     EXPECT_EQ(bars[2].project, "Ärzte");
 }
 
-TEST(DailyBars, ProjectsAlikeInNameAndClientKeepTheirColorsApart) {
+TEST(DailyBars, projectsAlikeInNameAndClientKeepTheirColorsApart) {
     const auto acme = clientNamed("Acme");
     const auto bars = barsOf(
         {listed(projectNamed("Web", acme, "#00FF00"), "2026-03-03T08:00Z", "2026-03-03T09:00Z"),
@@ -133,7 +133,7 @@ TEST(DailyBars, ProjectsAlikeInNameAndClientKeepTheirColorsApart) {
     EXPECT_EQ(scale, (std::vector<DailySeries>{{"Web — Acme", "#00FF00"}}));
 }
 
-TEST(DailyBars, AColorThatIsNoneIsHandedOnAsItIs) {
+TEST(DailyBars, aColorThatIsNoneIsHandedOnAsItIs) {
     const auto bars = barsOf(
         {listed(projectNamed("Web", nullptr, "mauve"), "2026-03-03T08:00Z", "2026-03-03T09:00Z")});
     EXPECT_EQ(bars.at(0).colorHex, "mauve");
@@ -146,7 +146,7 @@ struct ClockChange {
     double hours;
 };
 
-TEST(DailyBars, ADayOfAClockChangeHasItsOwnNumberOfHours) {
+TEST(DailyBars, aDayOfAClockChangeHasItsOwnNumberOfHours) {
     for (const auto& [zone, start, end, hours] : {
              ClockChange{"Europe/Berlin", "2026-03-28T23:00Z", "2026-03-29T22:00Z", 23},
              ClockChange{"Europe/Berlin", "2026-10-24T22:00Z", "2026-10-25T23:00Z", 25},
@@ -183,7 +183,7 @@ std::vector<DailyBar> naive(const std::vector<TimesheetEntry>& entries, const Da
     return bars;
 }
 
-TEST(DailyBars, EqualTheEntriesCutByDayInZonesOfAllKinds) {
+TEST(DailyBars, equalTheEntriesCutByDayInZonesOfAllKinds) {
     std::mt19937 random(11);
     const auto pick = [&](int low, int high) {
         return std::uniform_int_distribution<int>(low, high)(random);
@@ -218,7 +218,7 @@ TEST(DailyBars, EqualTheEntriesCutByDayInZonesOfAllKinds) {
     }
 }
 
-TEST(DailyBars, KeysAreEqualByAllTheirFields) {
+TEST(DailyBars, keysAreEqualByAllTheirFields) {
     const DayKey key{noon, "Web", "#000000"};
     const DayKey same = key;
     EXPECT_EQ(std::hash<DayKey>{}(key), std::hash<DayKey>{}(same));

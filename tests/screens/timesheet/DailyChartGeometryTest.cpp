@@ -30,46 +30,46 @@ class ChartGeometry : public testing::Test {
     DailyChartGeometry geometry{stacks, QSizeF(432, 127), 24};
 };
 
-TEST_F(ChartGeometry, SharesTheWidthBesideTheHoursEvenly) {
+TEST_F(ChartGeometry, sharesTheWidthBesideTheHoursEvenly) {
     EXPECT_EQ(geometry.plot(), QRectF(32, 7, 400, 100));
     EXPECT_EQ(geometry.columnWidth(), 100);
     EXPECT_EQ(geometry.column(3), QRectF(332, 7, 100, 100));
 }
 
-TEST_F(ChartGeometry, PutsZeroOnTheGroundAndTheHighestMarkAtTheTop) {
+TEST_F(ChartGeometry, putsZeroOnTheGroundAndTheHighestMarkAtTheTop) {
     EXPECT_EQ(geometry.y(0), 107);
     EXPECT_EQ(geometry.y(4), 7);
 }
 
-TEST_F(ChartGeometry, StacksBarsWithAThinGap) {
+TEST_F(ChartGeometry, stacksBarsWithAThinGap) {
     const QRectF lower = geometry.bar(stacks.bars[0]);
     const QRectF upper = geometry.bar(stacks.bars[1]);
     EXPECT_EQ(lower, QRectF(54, 83, 56, 24));
     EXPECT_EQ(upper, QRectF(54, 8, 56, 74));
 }
 
-TEST_F(ChartGeometry, DrawsAtLeastAPixel) {
+TEST_F(ChartGeometry, drawsAtLeastAPixel) {
     EXPECT_EQ(geometry.bar(stacks.bars[2]).height(), 1);
 }
 
-TEST_F(ChartGeometry, FindsTheBarUnderAPoint) {
+TEST_F(ChartGeometry, findsTheBarUnderAPoint) {
     EXPECT_EQ(geometry.barAt({82, 100}), 0U);
     EXPECT_EQ(geometry.barAt({82, 20}), 1U);
 }
 
-TEST_F(ChartGeometry, FindsAThinBarFromSomePixelsAway) {
+TEST_F(ChartGeometry, findsAThinBarFromSomePixelsAway) {
     EXPECT_EQ(geometry.barAt({182, 104}), 2U);
     EXPECT_EQ(geometry.barAt({182, 90}), std::nullopt);
 }
 
-TEST_F(ChartGeometry, FindsNothingOutsideTheColumns) {
+TEST_F(ChartGeometry, findsNothingOutsideTheColumns) {
     for (const QPointF point : {QPointF(-1, -1), QPointF(10, 100), QPointF(432, 100),
                                 QPointF(282, 100), QPointF(82, 120)}) {
         EXPECT_EQ(geometry.barAt(point), std::nullopt) << point.x() << ' ' << point.y();
     }
 }
 
-TEST_F(ChartGeometry, OfNoRoomOrNoChartFindsNothing) {
+TEST_F(ChartGeometry, ofNoRoomOrNoChartFindsNothing) {
     EXPECT_EQ(DailyChartGeometry().barAt({0, 0}), std::nullopt);
     EXPECT_EQ(DailyChartGeometry(stacks, QSizeF(0, 0), 24).barAt({40, 0}), std::nullopt);
 }

@@ -53,7 +53,7 @@ class DailyChart : public testing::Test {
     Ref<Project> app = projectNamed("App", nullptr, "#FF0000");
 };
 
-TEST_F(DailyChart, HasAColumnForEachDay) {
+TEST_F(DailyChart, hasAColumnForEachDay) {
     show({}, 7);
     EXPECT_EQ(model.columns().size(), 7U);
     EXPECT_EQ(nameOf(1), "Tuesday: no time");
@@ -61,17 +61,17 @@ TEST_F(DailyChart, HasAColumnForEachDay) {
     EXPECT_EQ(model.columns().size(), 32U);
 }
 
-TEST_F(DailyChart, OfTenDaysMarksEachDayByItsWeekday) {
+TEST_F(DailyChart, ofTenDaysMarksEachDayByItsWeekday) {
     show({}, 10);
     EXPECT_EQ(marks(), "0Mon 1Tue 2Wed 3Thu 4Fri 5Sat 6Sun 7Mon 8Tue 9Wed ");
 }
 
-TEST_F(DailyChart, OfElevenDaysMarksEveryThirdDayByItsNumber) {
+TEST_F(DailyChart, ofElevenDaysMarksEveryThirdDayByItsNumber) {
     show({}, 11);
     EXPECT_EQ(marks(), "02 35 68 911 ");
 }
 
-TEST_F(DailyChart, TellsADayInWords) {
+TEST_F(DailyChart, tellsADayInWords) {
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T11:00Z"),
           listed(app, "2026-03-02T11:00Z", "2026-03-02T11:30Z"),
           listed(nullptr, "2026-03-03T08:00Z", "2026-03-03T08:01Z")},
@@ -83,12 +83,12 @@ TEST_F(DailyChart, TellsADayInWords) {
     EXPECT_EQ(model.legendText(), QStringLiteral("Projects: App, Website, —"));
 }
 
-TEST_F(DailyChart, TellsTheDateWhereAWeekdayIsNotEnough) {
+TEST_F(DailyChart, tellsTheDateWhereAWeekdayIsNotEnough) {
     show({}, 8);
     EXPECT_EQ(nameOf(7), "Monday, Mar 9: no time");
 }
 
-TEST_F(DailyChart, SpeaksTheLocaleOfTheMomentInTheCalendarsZone) {
+TEST_F(DailyChart, speaksTheLocaleOfTheMomentInTheCalendarsZone) {
     const test::ScopedEnvironment german("LC_ALL", "de_DE.UTF-8");
     show({}, 7, Calendar(Locale("de_DE"), "Pacific/Auckland"));
     EXPECT_EQ(marks(), "0Mo 1Di 2Mi 3Do 4Fr 5Sa 6So ");
@@ -96,7 +96,7 @@ TEST_F(DailyChart, SpeaksTheLocaleOfTheMomentInTheCalendarsZone) {
     EXPECT_EQ(nameOf(0), "Sonntag: no time");
 }
 
-TEST_F(DailyChart, WritesNumbersAsTheUserDoesWhateverTheDatesAre) {
+TEST_F(DailyChart, writesNumbersAsTheUserDoesWhateverTheDatesAre) {
     const test::ScopedEnvironment all("LC_ALL", std::nullopt);
     const test::ScopedEnvironment numbers("LC_NUMERIC", "de_DE.UTF-8");
     const test::ScopedEnvironment dates("LC_TIME", "en_US.UTF-8");
@@ -106,7 +106,7 @@ TEST_F(DailyChart, WritesNumbersAsTheUserDoesWhateverTheDatesAre) {
     EXPECT_EQ(nameOf(0), "Monday: App under 0,1 hours, Website 3,0 hours");
 }
 
-TEST_F(DailyChart, ADayOfAClockChangeHasOneColumn) {
+TEST_F(DailyChart, aDayOfAClockChangeHasOneColumn) {
     const Calendar berlin(Locale("en_US"), "Europe/Berlin");
     model.show(std::vector{listed(web, "2026-10-24T22:00Z", "2026-10-25T23:00Z")},
                {at("2026-10-18T22:00Z"), at("2026-10-25T23:00Z")}, noon, berlin);
@@ -114,7 +114,7 @@ TEST_F(DailyChart, ADayOfAClockChangeHasOneColumn) {
     EXPECT_EQ(nameOf(6), "Sunday: Website 25.0 hours");
 }
 
-TEST_F(DailyChart, ABrokenColorIsDrawnInTheFallback) {
+TEST_F(DailyChart, aBrokenColorIsDrawnInTheFallback) {
     show({listed(projectNamed("Web", nullptr, "mauve"), "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
           listed(nullptr, "2026-03-02T08:00Z", "2026-03-02T09:00Z")},
          7);
@@ -123,7 +123,7 @@ TEST_F(DailyChart, ABrokenColorIsDrawnInTheFallback) {
     EXPECT_EQ(model.colors()[1], QColor(0x99, 0x99, 0x99));
 }
 
-TEST_F(DailyChart, CallsOutABarWithItsDay) {
+TEST_F(DailyChart, callsOutABarWithItsDay) {
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T11:00Z")}, 7);
     EXPECT_EQ(model.dayText(0), QStringLiteral("Monday, Mar 2"));
     EXPECT_EQ(texts(model.calloutOfBar(0)), "Website|3.0 hours\n");
@@ -131,7 +131,7 @@ TEST_F(DailyChart, CallsOutABarWithItsDay) {
     EXPECT_EQ(texts(model.calloutOfColumn(1)), "No time|\n");
 }
 
-TEST_F(DailyChart, CallsOutADayFromTheTopDownAndSumsUpTheLast) {
+TEST_F(DailyChart, callsOutADayFromTheTopDownAndSumsUpTheLast) {
     std::vector<TimesheetEntry> entries;
     for (const char* name : {"A", "B", "C", "D", "E", "F", "G"}) {
         entries.push_back(listed(projectNamed(name), "2026-03-02T08:00Z", "2026-03-02T09:00Z"));
@@ -145,7 +145,7 @@ TEST_F(DailyChart, CallsOutADayFromTheTopDownAndSumsUpTheLast) {
     EXPECT_EQ(model.calloutOfColumn(0).size(), 6U);
 }
 
-TEST_F(DailyChart, CutsTheMiddleOutOfNamesOfAbsurdLength) {
+TEST_F(DailyChart, cutsTheMiddleOutOfNamesOfAbsurdLength) {
     const std::string name = "Website" + std::string(100'000, 'x') + "Phase 2";
     show({listed(projectNamed(name), "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
           listed(projectNamed("Two\nlines"), "2026-03-02T08:00Z", "2026-03-02T09:00Z")},
@@ -158,14 +158,14 @@ TEST_F(DailyChart, CutsTheMiddleOutOfNamesOfAbsurdLength) {
     EXPECT_TRUE(label.endsWith(QStringLiteral("Phase 2")));
 }
 
-TEST_F(DailyChart, CutsNoCharacterInTwo) {
+TEST_F(DailyChart, cutsNoCharacterInTwo) {
     std::string name = "a";
     for (int i = 0; i < 100; ++i) name += "🎉";  // two code units each
     show({listed(projectNamed(name), "2026-03-02T08:00Z", "2026-03-02T09:00Z")}, 7);
     EXPECT_TRUE(model.labels()[0].isValidUtf16());
 }
 
-TEST_F(DailyChart, LeavesTheColumnsOfDaysThatStayInPlace) {
+TEST_F(DailyChart, leavesTheColumnsOfDaysThatStayInPlace) {
     show({}, 7);
     const auto* columns = model.columnsModel();
     QSignalSpy removed(columns, &QAbstractItemModel::rowsRemoved);

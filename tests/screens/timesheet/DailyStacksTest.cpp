@@ -22,7 +22,7 @@ DailyBar bar(std::size_t day, const char* project, double hours, const char* col
     return {days[day].start, project, color, hours};
 }
 
-TEST(DailyStacks, OfNoBarsKeepTheirColumns) {
+TEST(DailyStacks, ofNoBarsKeepTheirColumns) {
     const auto stacks = dailyStacks(days, {});
     EXPECT_EQ(stacks.days.size(), 3U);
     EXPECT_TRUE(stacks.bars.empty());
@@ -31,7 +31,7 @@ TEST(DailyStacks, OfNoBarsKeepTheirColumns) {
     EXPECT_EQ(stacks.hourMarks.back().hours, 1);
 }
 
-TEST(DailyStacks, StandOnEachOtherInTheOrderOfTheLabels) {
+TEST(DailyStacks, standOnEachOtherInTheOrderOfTheLabels) {
     const auto stacks =
         dailyStacks(days, std::vector{bar(0, "App", 1), bar(2, "App", 2), bar(0, "Web", 3)});
     ASSERT_EQ(stacks.bars.size(), 3U);
@@ -48,7 +48,7 @@ TEST(DailyStacks, StandOnEachOtherInTheOrderOfTheLabels) {
     EXPECT_EQ(stacks.hourMarks.back().hours, 4);
 }
 
-TEST(DailyStacks, TakeTheFirstColorOfALabelForAllItsBars) {
+TEST(DailyStacks, takeTheFirstColorOfALabelForAllItsBars) {
     const auto stacks =
         dailyStacks(days, std::vector{bar(0, "Web", 1, "#FF0000"), bar(1, "Web", 1, "#00FF00")});
     EXPECT_EQ(stacks.series, (std::vector<DailySeries>{{"Web", "#FF0000"}}));

@@ -24,7 +24,7 @@ void PrintTo(const AxisRow& row, std::ostream* out) {
 
 class HourAxis : public testing::TestWithParam<AxisRow> {};
 
-TEST_P(HourAxis, ReachesTheHighestColumnInEvenSteps) {
+TEST_P(HourAxis, reachesTheHighestColumnInEvenSteps) {
     std::string labels;
     for (const auto& mark : hourMarks(GetParam().highest)) labels += mark.label + ' ';
     EXPECT_EQ(labels, GetParam().labels);

@@ -37,13 +37,13 @@ class StatsRow : public testing::Test {
     Ref<Project> web = projectNamed("Web", clientNamed("Acme", "EUR"));
 };
 
-TEST_F(StatsRow, OfNoEntriesIsZeroInDollars) {
+TEST_F(StatsRow, ofNoEntriesIsZeroInDollars) {
     EXPECT_EQ(texts(), "0:00|0 entries\n$0.00|Before rounding\n$0.00|0:00 ready to invoice");
     show({});
     EXPECT_EQ(texts(), "0:00|0 entries\n$0.00|Before rounding\n$0.00|0:00 ready to invoice");
 }
 
-TEST_F(StatsRow, TellsOneEntryFromSeveral) {
+TEST_F(StatsRow, tellsOneEntryFromSeveral) {
     const auto hour = listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z");
     show({hour});
     EXPECT_EQ(model.trackedDetail(), QStringLiteral("1 entry"));
@@ -51,7 +51,7 @@ TEST_F(StatsRow, TellsOneEntryFromSeveral) {
     EXPECT_EQ(texts(), "2:00|2 entries\n€200.00|Before rounding\n€200.00|2:00 ready to invoice");
 }
 
-TEST_F(StatsRow, OfARunningEntryGrowsInWhatIsTrackedAlone) {
+TEST_F(StatsRow, ofARunningEntryGrowsInWhatIsTrackedAlone) {
     show({listed(web, "2026-03-02T11:00Z", "")});
     EXPECT_EQ(texts(), "1:00|1 entry\n€100.00|Before rounding\n€0.00|0:00 ready to invoice");
     QSignalSpy unbilled(&model, &StatsRowModel::unbilledChanged);
@@ -60,14 +60,14 @@ TEST_F(StatsRow, OfARunningEntryGrowsInWhatIsTrackedAlone) {
     EXPECT_EQ(unbilled.size(), 0);
 }
 
-TEST_F(StatsRow, DoesNotChangeWithTimeWhileNothingRuns) {
+TEST_F(StatsRow, doesNotChangeWithTimeWhileNothingRuns) {
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z")});
     QSignalSpy tracked(&model, &StatsRowModel::trackedChanged);
     model.tick(noon + std::chrono::hours(3));
     EXPECT_EQ(tracked.size(), 0);
 }
 
-TEST_F(StatsRow, ASecondWithinTheSameMinuteChangesMoneyAlone) {
+TEST_F(StatsRow, aSecondWithinTheSameMinuteChangesMoneyAlone) {
     show({listed(web, "2026-03-02T11:00Z", "")});
     QSignalSpy tracked(&model, &StatsRowModel::trackedChanged);
     QSignalSpy billable(&model, &StatsRowModel::billableChanged);
@@ -76,26 +76,26 @@ TEST_F(StatsRow, ASecondWithinTheSameMinuteChangesMoneyAlone) {
     EXPECT_EQ(billable.size(), 1);
 }
 
-TEST_F(StatsRow, OfSeveralCurrenciesShowsHoursForMoney) {
+TEST_F(StatsRow, ofSeveralCurrenciesShowsHoursForMoney) {
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
           listed(projectNamed("Shop", clientNamed("Globex", "USD")), "2026-03-02T09:00Z",
                  "2026-03-02T10:30Z")});
     EXPECT_EQ(texts(), "2:30|2 entries\nMixed|Several currencies\n2:30|2:30 ready to invoice");
 }
 
-TEST_F(StatsRow, CountsTimeWithoutAProjectAsHoursAlone) {
+TEST_F(StatsRow, countsTimeWithoutAProjectAsHoursAlone) {
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
           listed(nullptr, "2026-03-02T09:00Z", "2026-03-02T10:00Z"),
           listed(nullptr, "2026-03-02T10:00Z", "2026-03-02T11:00Z")});
     EXPECT_EQ(texts(), "3:00|3 entries\n€100.00|Before rounding\n€100.00|3:00 ready to invoice");
 }
 
-TEST_F(StatsRow, OfAProjectWithoutAClientIsInDollars) {
+TEST_F(StatsRow, ofAProjectWithoutAClientIsInDollars) {
     show({listed(projectNamed("Own"), "2026-03-02T08:00Z", "2026-03-02T09:00Z")});
     EXPECT_EQ(model.billable(), QStringLiteral("$0.00"));
 }
 
-TEST_F(StatsRow, TakesTheFrozenRateOfBilledTime) {
+TEST_F(StatsRow, takesTheFrozenRateOfBilledTime) {
     auto entry = listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z");
     entry.rateCents = 7000;
     entry.isBilled = true;
@@ -103,7 +103,7 @@ TEST_F(StatsRow, TakesTheFrozenRateOfBilledTime) {
     EXPECT_EQ(texts(), "1:00|1 entry\n€70.00|Before rounding\n€0.00|0:00 ready to invoice");
 }
 
-TEST_F(StatsRow, WritesMoneyInTheLocaleOfTheMoment) {
+TEST_F(StatsRow, writesMoneyInTheLocaleOfTheMoment) {
     const test::ScopedEnvironment german("LC_ALL", "de_DE.UTF-8");
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T20:00Z")});
     EXPECT_EQ(model.billable(), QStringLiteral("1.200,00\u00a0€"));

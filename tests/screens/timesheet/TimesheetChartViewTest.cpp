@@ -147,20 +147,20 @@ class TimesheetChartView : public testing::Test {
     QtMessageHandler usual_ = nullptr;
 };
 
-TEST_F(TimesheetChartView, PaintsTheBarsInTheColorsOfTheirProjects) {
+TEST_F(TimesheetChartView, paintsTheBarsInTheColorsOfTheirProjects) {
     const QImage image = picture();
     EXPECT_EQ(image.pixelColor(inWindow(middleOf(0))), QColor(Qt::red));
     EXPECT_EQ(image.pixelColor(inWindow(middleOf(1))), QColor(Qt::green));
 }
 
-TEST_F(TimesheetChartView, FollowsTheAppearance) {
+TEST_F(TimesheetChartView, followsTheAppearance) {
     const QPoint emptyDay = inWindow(QPointF(plot().width() - 20, 40));
     EXPECT_EQ(picture().pixelColor(emptyDay), QColor(0x0B, 0x0B, 0x0D));
     AppAppearance::instance().setSetting(AppearanceSetting::light);
     EXPECT_EQ(picture().pixelColor(emptyDay), QColor(0xF7, 0xF7, 0xF9));
 }
 
-TEST_F(TimesheetChartView, HasLegibleLabelsInBothAppearances) {
+TEST_F(TimesheetChartView, hasLegibleLabelsInBothAppearances) {
     for (const auto appearance : {AppearanceSetting::dark, AppearanceSetting::light}) {
         AppAppearance::instance().setSetting(appearance);
         const auto color = [&](const QQuickItem& item, const char* name) {
@@ -175,7 +175,7 @@ TEST_F(TimesheetChartView, HasLegibleLabelsInBothAppearances) {
     }
 }
 
-TEST_F(TimesheetChartView, SaysWhatTheBarUnderThePointerIs) {
+TEST_F(TimesheetChartView, saysWhatTheBarUnderThePointerIs) {
     EXPECT_FALSE(plot().hasCallout());
     QTest::mouseMove(window.get(), inWindow(middleOf(1)));
     EXPECT_EQ(callout(), "Monday, Mar 2|Website|3.0 hours");
@@ -185,7 +185,7 @@ TEST_F(TimesheetChartView, SaysWhatTheBarUnderThePointerIs) {
     EXPECT_FALSE(plot().hasCallout());
 }
 
-TEST_F(TimesheetChartView, TheArrowKeysMoveOverTheDays) {
+TEST_F(TimesheetChartView, theArrowKeysMoveOverTheDays) {
     press(Qt::Key_Tab);
     EXPECT_EQ(callout(), "Monday, Mar 2|Website|3.0 hours|App|1.0 hours");
     press(Qt::Key_Right);
@@ -200,7 +200,7 @@ TEST_F(TimesheetChartView, TheArrowKeysMoveOverTheDays) {
     EXPECT_EQ(plot().column(), 0);
 }
 
-TEST_F(TimesheetChartView, TheKeyboardStaysInTheChartWhenItsDayGoes) {
+TEST_F(TimesheetChartView, theKeyboardStaysInTheChartWhenItsDayGoes) {
     show(31);
     press(Qt::Key_Tab);
     press(Qt::Key_End);
@@ -211,7 +211,7 @@ TEST_F(TimesheetChartView, TheKeyboardStaysInTheChartWhenItsDayGoes) {
     EXPECT_EQ(callout(), "Saturday, Mar 7|No time|");
 }
 
-TEST_F(TimesheetChartView, TheCalloutFollowsAChangeUnderThePointer) {
+TEST_F(TimesheetChartView, theCalloutFollowsAChangeUnderThePointer) {
     QTest::mouseMove(window.get(), inWindow(middleOf(1)));
     model.show({}, {monday, monday + std::chrono::days(7)}, monday,
                Calendar(Locale("en_US"), "UTC"));
@@ -229,7 +229,7 @@ QStringList namesBelow(QAccessibleInterface* item, QAccessible::Role role) {
     return names;
 }
 
-TEST_F(TimesheetChartView, IsReadAsText) {
+TEST_F(TimesheetChartView, isReadAsText) {
     QAccessible::setActive(true);
     auto* root = QAccessible::queryAccessibleInterface(window.get());
     EXPECT_EQ(namesBelow(root, QAccessible::Chart), QStringList{QStringLiteral("Hours by day")});
@@ -244,12 +244,12 @@ TEST_F(TimesheetChartView, IsReadAsText) {
                            QStringLiteral("Unbilled")}));
 }
 
-TEST_F(TimesheetChartView, IsAsHighAsToldWithOneLineOfNames) {
+TEST_F(TimesheetChartView, isAsHighAsToldWithOneLineOfNames) {
     EXPECT_EQ(plot().parentItem()->height(), 150);
     EXPECT_EQ(plot().height(), 150 - 8 - 18);
 }
 
-TEST_F(TimesheetChartView, KeepsItsLayoutWithThirtyLongNames) {
+TEST_F(TimesheetChartView, keepsItsLayoutWithThirtyLongNames) {
     std::vector<TimesheetEntry> entries;
     for (int i = 0; i < 30; ++i) {
         entries.push_back(listed(projectNamed(std::string(200, 'x') + std::to_string(i)),
