@@ -67,9 +67,9 @@ std::vector<PersistentID> unbilledEntries(const BareLibrary& library) {
 
 void bill(const BareLibrary& library, const std::vector<PersistentID>& entries, int number) {
     auto insertion = library.prepare(
-        R"(INSERT INTO "Invoice" SELECT ?, ?, "client", "issueDate", "dueDate", "periodStart",
-           "periodEnd", "taxRateBasisPoints", "statusRaw", "roundingMinutes", "notes", "paidAt",
-           "showsEntryDetails", "businessSnapshot", "currencyCode" FROM "Invoice" LIMIT 1)");
+        R"(INSERT INTO "Invoice" SELECT ?, ?, "client", "statusRaw", "issueDate", "dueDate",
+           "periodStart", "periodEnd", "taxRateBasisPoints", "roundingMinutes", "currencyCode",
+           "notes", "paidAt", "showsEntryDetails", "businessSnapshot" FROM "Invoice" LIMIT 1)");
     const auto invoice = PersistentID::make();
     insertion.bind(0, invoice);
     insertion.bind(1, Value{"BARE-" + std::to_string(number)});

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "command/RecordFields.h"
 #include "command/TextTable.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/DateFormatter.h"
@@ -73,19 +74,10 @@ void writeInvoice(JSONOutput& json, const Invoice& invoice,
                   const std::function<PricedInvoice()>& price, CommandEnvironment& environment,
                   bool withLines) {
     json.beginObject();
-    json.field("number", invoice.number.get());
-    json.field("client", clientName(invoice));
-    json.field("status", rawValue(invoice.status()));
-    json.field("issueDate", invoice.issueDate.get());
-    json.field("dueDate", invoice.dueDate.get());
-    json.field("periodStart", invoice.periodStart.get());
-    json.field("periodEnd", invoice.periodEnd.get());
-    json.field("taxRateBasisPoints", invoice.taxRateBasisPoints.get());
-    json.field("roundingMinutes", invoice.roundingMinutes.get());
-    json.field("currencyCode", invoice.effectiveCurrencyCode());
-    json.field("notes", invoice.notes.get());
-    json.field("paidAt", invoice.paidAt.get());
-    json.field("showsEntryDetails", invoice.showsEntryDetails.get());
+    writeFields(json, invoice,
+                {{"client", clientName(invoice)},
+                 {"status", std::string(rawValue(invoice.status()))},
+                 {"currencyCode", invoice.effectiveCurrencyCode()}});
     json.field("isOverdue", invoice.isOverdue(environment.now(), environment.calendar));
     try {
         const auto priced = price();

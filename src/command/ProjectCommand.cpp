@@ -29,7 +29,8 @@ void writeProject(JSONOutput& json, const ProjectSummary& summary) {
     const auto& project = *summary.project;
     json.beginObject();
     json.field("id", project.id().string());
-    writeFields(json, project);
+    const auto& client = project.client.get();
+    writeFields(json, project, {{"client", client ? Value(client->name.get()) : Value()}});
     json.field("budgetFraction", summary.budgetFraction);
     json.field("trackedSeconds", summary.trackedSeconds);
     json.field("unbilledSeconds", summary.unbilledSeconds);

@@ -3,6 +3,7 @@
 
 #include "command/RecordFields.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "clients/ProjectForm.h"
@@ -60,17 +61,15 @@ Value parseField(const FieldDescription& field, const std::string& text) {
 
 }  // namespace
 
-void writeFields(JSONOutput& json, const Record& record) {
+void writeFields(JSONOutput& json, const Record& record,
+                 std::initializer_list<std::pair<std::string_view, Value>> instead) {
     for (const auto& field : record.recordSchema().fields) {
-        const Value value = field.read(record);
-        if (field.isInternal) continue;
-        if (!field.target) {
-            json.field(field.key, field.kind, value);
-        } else if (const auto* id = std::get_if<PersistentID>(&value)) {
-            const auto related = resolveRecord(record, field.target(), *id);
-            if (!related) continue;
-            const auto& name = field.target().fields.front();
-            json.field(field.key, name.kind, name.read(*related));
+        const auto* other = std::find_if(instead.begin(), instead.end(),
+                                         [&](const auto& pair) { return pair.first == field.key; });
+        if (other != instead.end()) {
+            json.field(field.key, field.kind, other->second);
+        } else if (!field.isInternal && !field.target && field.kind != FieldKind::profile) {
+            json.field(field.key, field.kind, field.read(record));
         }
     }
 }

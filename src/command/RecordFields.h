@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "command/CommandError.h"
 #include "command/JSONOutput.h"
@@ -13,9 +16,10 @@ namespace elmworth {
 
 // What commands show and set of a record, by its schema.
 
-/// Writes the fields of `record` into the object that is open: of a relationship the first field,
-/// which is the name, of the record it leads to.
-void writeFields(JSONOutput& json, const Record& record);
+/// Writes the fields of `record` into the object that is open. `instead` says by their keys what to
+/// write for some of them; relationships and frozen profiles are written only so.
+void writeFields(JSONOutput& json, const Record& record,
+                 std::initializer_list<std::pair<std::string_view, Value>> instead = {});
 
 /// Sets the field that people call `name` to what they typed; an empty text takes an optional value
 /// away. Throws CommandError (usage) with all names when there is no such field, and Refused.

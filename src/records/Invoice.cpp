@@ -46,18 +46,18 @@ const RecordSchema& Invoice::schema() {
     static constexpr FieldDescription fields[] = {
         attribute<&Invoice::number>("number", {.unique = true}),
         toOne<&Invoice::client>("client"),
+        attribute<&Invoice::statusRaw>("statusRaw", {.key = "status"}),
         attribute<&Invoice::issueDate>("issueDate"),
         attribute<&Invoice::dueDate>("dueDate"),
         attribute<&Invoice::periodStart>("periodStart"),
         attribute<&Invoice::periodEnd>("periodEnd"),
         attribute<&Invoice::taxRateBasisPoints>("taxRateBasisPoints"),
-        attribute<&Invoice::statusRaw>("statusRaw", {.key = "status"}),
         attribute<&Invoice::roundingMinutes>("roundingMinutes"),
+        attribute<&Invoice::currencyCode>("currencyCode"),
         attribute<&Invoice::notes>("notes"),
         attribute<&Invoice::paidAt>("paidAt"),
         attribute<&Invoice::showsEntryDetails>("showsEntryDetails", {.mayBeMissing = true}),
         attribute<&Invoice::businessSnapshot>("businessSnapshot", {.key = "business"}),
-        attribute<&Invoice::currencyCode>("currencyCode"),
     };
     static constexpr ToManyDescription relationships[] = {
         {"entries", &TimeEntry::schema, "invoice", DeleteRule::nullify},

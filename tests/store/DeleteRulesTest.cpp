@@ -223,16 +223,16 @@ TEST_P(BrokenPromise, isRefused) {
 
 INSTANTIATE_TEST_SUITE_P(
     Library, BrokenPromise,
-    testing::Values(
-        Statement{"twoInvoicesOfOneNumber",
-                  "INSERT INTO Invoice SELECT randomblob(16), number, client, issueDate, dueDate, "
-                  "periodStart, periodEnd, taxRateBasisPoints, statusRaw, roundingMinutes, notes, "
-                  "paidAt, showsEntryDetails, businessSnapshot, currencyCode FROM Invoice"},
-        Statement{"aClientWithoutName", "UPDATE Client SET name = NULL"},
-        Statement{"anEntryWithoutStart", "UPDATE TimeEntry SET start = NULL"},
-        Statement{"aTextAsRate", "UPDATE Client SET hourlyRateCents = 'much'"},
-        Statement{"anIdentityOfTheWrongLength", "UPDATE Client SET id = x'00'"},
-        Statement{"anEntryOfAnUnknownProject", "UPDATE TimeEntry SET project = zeroblob(16)"}),
+    testing::Values(Statement{"twoInvoicesOfOneNumber",
+                              "CREATE TEMP TABLE twin AS SELECT * FROM Invoice;"
+                              "UPDATE twin SET id = randomblob(16);"
+                              "INSERT INTO Invoice SELECT * FROM twin"},
+                    Statement{"aClientWithoutName", "UPDATE Client SET name = NULL"},
+                    Statement{"anEntryWithoutStart", "UPDATE TimeEntry SET start = NULL"},
+                    Statement{"aTextAsRate", "UPDATE Client SET hourlyRateCents = 'much'"},
+                    Statement{"anIdentityOfTheWrongLength", "UPDATE Client SET id = x'00'"},
+                    Statement{"anEntryOfAnUnknownProject",
+                              "UPDATE TimeEntry SET project = zeroblob(16)"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
