@@ -80,6 +80,7 @@ class TimesheetWindow {
         container_ =
             std::make_unique<Library>(LibraryOptions{folder_.path() / "library.sqlite"}, loop_);
         history_ = std::make_unique<UndoHistory>(container_->mainContext());
+        historyModel_ = std::make_unique<HistoryModel>(*history_);
         timer_ = std::make_unique<TimerService>(container_->mainContext(), clock(), loop_,
                                                 &libraryCalendar);
         timer_->restore();
@@ -91,7 +92,7 @@ class TimesheetWindow {
                                                               .runLoop = loop_,
                                                               .now = clock(),
                                                               .calendar = &libraryCalendar},
-                                                  confirmation_);
+                                                  confirmation_, *historyModel_);
         QQmlComponent component(&engine_);
         component.setData(source, QUrl());
         window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
@@ -152,6 +153,7 @@ class TimesheetWindow {
     std::unique_ptr<UndoHistory> history_;
     std::unique_ptr<TimerService> timer_;
     Confirmation confirmation_;
+    std::unique_ptr<HistoryModel> historyModel_;
     std::unique_ptr<TimesheetModel> model_;
     QQmlEngine engine_;
     std::unique_ptr<QQuickWindow> window_;

@@ -63,6 +63,23 @@ TEST_F(CommandServiceTest, tellsThatAnotherHasTheNameAndTakesItOnceItIsFree) {
     EXPECT_EQ(owner(), bus_.baseService());
 }
 
+TEST_F(CommandServiceTest, whatAHandedOverCommandDidIsUndoneHere) {
+    const CommandCaller caller{home_.path().string(), "en_US", "en_US", "UTC"};
+    auto& history = services_.history();
+    const auto before = services_.context().fetchCount<Client>();
+    ASSERT_EQ(service_.run({"client", "add", "Umbrella"}, caller).exitStatus, 0);
+    EXPECT_EQ(history.undoText(), "Undo Add Umbrella");
+    EXPECT_EQ(history.undo().changed, 1U);
+    EXPECT_EQ(services_.context().fetchCount<Client>(), before);
+    services_.timer().start(services_.timer().recentProjects(1).at(0));
+    const auto started = services_.timer().running()->id();
+    ASSERT_EQ(service_.run({"stop"}, caller).exitStatus, 0);
+    EXPECT_EQ(history.undoText(), "Undo Stop Timer");
+    history.undo();
+    ASSERT_TRUE(services_.timer().running());
+    EXPECT_EQ(services_.timer().running()->id(), started);
+}
+
 TEST_F(CommandServiceTest, doesWithoutABus) {
     service_.publish(QDBusConnection(QStringLiteral("none")));
     EXPECT_EQ(log_.take(), "");

@@ -256,7 +256,9 @@ class Keys:
         self.see("Early", "Wednesday", "Tuesday")
         self.key("Control_L+2")
         wait_until(lambda: find("Clients", "heading"), "the other section")
-        self.assertEqual(offered(), {"Undo Delete Entry": "Unavailable", "Redo": "Unavailable"})
+        self.assertEqual(offered(), {"Undo Delete Entry": "", "Redo": "Unavailable"})
+        self.choose("Undo Delete Entry")
+        self.assertEqual(offered(), {"Undo": "Unavailable", "Redo Delete Entry": ""})
 
     def test_after_a_deletion_the_arrow_keys_go_on_from_there(self):
         self.to_the_list(downs=2)

@@ -3,7 +3,7 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Timesheet
+import Elmworth.Panel
 import Elmworth.Main
 
 /// The window's menus.
@@ -15,9 +15,7 @@ PopupMenu {
     property string stopKeys: ""
     property string resumeKeys: ""
 
-    readonly property EntryCommandsModel commands: model.timesheet.commands
-    /// What is undone elsewhere nobody would see.
-    readonly property bool showsTimesheet: model.section === 0
+    readonly property HistoryModel history: model.history
 
     signal closeRequested()
 
@@ -63,17 +61,17 @@ PopupMenu {
     PopupMenuSeparator {}
 
     PopupMenuItem {
-        text: menus.commands.undoText
+        text: menus.history.undoText
         hint: "Ctrl+Z"
-        enabled: menus.commands.canUndo && menus.showsTimesheet
-        onTriggered: menus.commands.undo()
+        enabled: menus.history.canUndo
+        onTriggered: menus.history.undo()
     }
 
     PopupMenuItem {
-        text: menus.commands.redoText
+        text: menus.history.redoText
         hint: "Ctrl+Shift+Z"
-        enabled: menus.commands.canRedo && menus.showsTimesheet
-        onTriggered: menus.commands.redo()
+        enabled: menus.history.canRedo
+        onTriggered: menus.history.redo()
     }
 
     PopupMenuSeparator {}

@@ -20,7 +20,8 @@ MainViewModel::MainViewModel(const AppServices& services)
       defaults_(services.defaults),
       timer_(services.timer),
       running_(services.context, services.timer),
-      timesheet_(services, confirmation_) {
+      history_(services.history),
+      timesheet_(services, confirmation_, history_) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });

@@ -9,6 +9,7 @@
 
 #include "platform/Settings.h"
 #include "screens/main/SidebarModel.h"
+#include "screens/panel/HistoryModel.h"
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "theme/Confirmation.h"
@@ -27,6 +28,8 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(elmworth::TimesheetModel* timesheet READ timesheet CONSTANT FINAL)
     /// What any of the sections asks.
     Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
+    /// What was done in any of them, and elsewhere.
+    Q_PROPERTY(elmworth::HistoryModel* history READ history CONSTANT FINAL)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates CONSTANT FINAL)
     Q_PROPERTY(QString stopHelp READ stopHelp CONSTANT FINAL)
     Q_PROPERTY(QString libraryProblem READ libraryProblem NOTIFY libraryProblemChanged FINAL)
@@ -40,6 +43,7 @@ class MainViewModel final : public QObject {
     [[nodiscard]] RunningEntryModel* running() { return &running_; }
     [[nodiscard]] TimesheetModel* timesheet() { return &timesheet_; }
     [[nodiscard]] Confirmation* confirmation() { return &confirmation_; }
+    [[nodiscard]] HistoryModel* history() { return &history_; }
     /// There is nothing yet that could look for updates.
     [[nodiscard]] static bool canCheckForUpdates() { return false; }
     [[nodiscard]] static QString stopHelp();
@@ -66,6 +70,7 @@ class MainViewModel final : public QObject {
     SidebarModel sections_;
     RunningEntryModel running_;
     Confirmation confirmation_;
+    HistoryModel history_;
     TimesheetModel timesheet_;
     Settings::Observation defaultsObservation_;
     ReadFaults::Observation faultsObservation_;

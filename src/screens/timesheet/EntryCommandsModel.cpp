@@ -17,16 +17,11 @@ QString countOfEntries(std::size_t count) {
 
 }  // namespace
 
-EntryCommandsModel::EntryCommandsModel(const AppServices& services)
+EntryCommandsModel::EntryCommandsModel(const AppServices& services, HistoryModel& history)
     : context_(services.context),
-      history_(services.history),
+      history_(history),
       editing_(services.context, services.history, services.timer, services.now,
-               services.calendar) {
-    historyObservation_ = history_.observe([this] {
-        if (noticeOffersUndo_) dismissNotice();  // another step is the newest now
-        Q_EMIT historyChanged();
-    });
-}
+               services.calendar) {}
 
 void EntryCommandsModel::deleteEntries(const IDs& ids) {
     EntryTally tally;
@@ -37,7 +32,7 @@ void EntryCommandsModel::deleteEntries(const IDs& ids) {
     }
     if (tally == EntryTally{}) return;
     if (tally.changed > 0) {
-        setNotice(QStringLiteral("Deleted %1.").arg(countOfEntries(tally.changed)), true);
+        history_.tellOfStep(QStringLiteral("Deleted %1.").arg(countOfEntries(tally.changed)));
     }
     tellOfBilled(tally);
     Q_EMIT deleted();
@@ -86,53 +81,8 @@ Ref<TimeEntry> EntryCommandsModel::save(const EntryForm& form, const Ref<TimeEnt
     return editing_.save(form, entry);
 }
 
-void EntryCommandsModel::undo() {
-    try {
-        const auto result = history_.undo();
-        setNotice(QString::fromStdString(result.notice()), false);
-    } catch (const StoreError&) {
-        say(QString::fromUtf8(unreadable));
-    }
-}
-
-void EntryCommandsModel::redo() {
-    try {
-        const auto result = history_.redo();
-        setNotice(QString::fromStdString(result.notice()), false);
-    } catch (const StoreError&) {
-        say(QString::fromUtf8(unreadable));
-    }
-}
-
-bool EntryCommandsModel::canUndo() const noexcept {
-    return history_.canUndo();
-}
-
-bool EntryCommandsModel::canRedo() const noexcept {
-    return history_.canRedo();
-}
-
-QString EntryCommandsModel::undoText() const {
-    return QString::fromStdString(history_.undoText());
-}
-
-QString EntryCommandsModel::redoText() const {
-    return QString::fromStdString(history_.redoText());
-}
-
 void EntryCommandsModel::say(const QString& sentence) {
-    setNotice(sentence, false);
-}
-
-void EntryCommandsModel::dismissNotice() {
-    setNotice({}, false);
-}
-
-void EntryCommandsModel::setNotice(const QString& sentence, bool offersUndo) {
-    if (sentence == notice_ && offersUndo == noticeOffersUndo_) return;
-    notice_ = sentence;
-    noticeOffersUndo_ = offersUndo;
-    Q_EMIT noticeChanged();
+    history_.say(sentence);
 }
 
 }  // namespace elmworth

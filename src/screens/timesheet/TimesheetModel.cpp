@@ -34,11 +34,12 @@ QString pathOf(const QUrl& file) {
 
 }  // namespace
 
-TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confirmation)
+TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confirmation,
+                               HistoryModel& history)
     : services_(services),
       confirmation_(confirmation),
       filter_(services),
-      commands_(services),
+      commands_(services, history),
       running_(services.context, services.timer),
       editor_(services,
               [this](const EntryForm& form, const Ref<TimeEntry>& entry) {

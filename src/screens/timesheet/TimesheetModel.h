@@ -62,8 +62,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
 
  public:
-    /// Asks in `confirmation`, which outlives it.
-    TimesheetModel(const AppServices& services, Confirmation& confirmation);
+    /// Asks in `confirmation` and says in `history` what was done; both outlive it.
+    TimesheetModel(const AppServices& services, Confirmation& confirmation, HistoryModel& history);
 
     [[nodiscard]] TimesheetFilterModel* filter() noexcept { return &filter_; }
     [[nodiscard]] EntryCommandsModel* commands() noexcept { return &commands_; }

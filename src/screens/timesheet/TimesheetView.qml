@@ -17,6 +17,10 @@ FocusScope {
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
 
+    function takeKeyboard(): void {
+        list.takeKeyboard(Qt.OtherFocusReason);
+    }
+
     // What doesn't show would keep the keyboard.
     enabled: visible
     onIsSeenChanged: model.isShown = isSeen
@@ -40,18 +44,6 @@ FocusScope {
         onActivated: list.find()
     }
 
-    Shortcut {
-        enabled: view.isInFront && view.model.commands.canUndo
-        sequence: "Ctrl+Z"
-        onActivated: view.model.commands.undo()
-    }
-
-    Shortcut {
-        enabled: view.isInFront && view.model.commands.canRedo
-        sequence: "Ctrl+Shift+Z"
-        onActivated: view.model.commands.redo()
-    }
-
     TimesheetList {
         id: list
 
@@ -65,14 +57,6 @@ FocusScope {
             projects.place = line.mapToItem(view, x, y);
             (menu.make() as EntryMenu).popup(view, projects.place.x, projects.place.y);
         }
-    }
-
-    UndoNotice {
-        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 20 }
-        width: Math.min(implicitWidth, parent.width - 48)
-        commands: view.model.commands
-        // What doesn't show would keep the keyboard.
-        onIsWantedChanged: if (!isWanted && hasKeyboard) list.takeKeyboard(Qt.OtherFocusReason)
     }
 
     OnDemand {

@@ -32,6 +32,23 @@ TEST_F(MainView, showsTheTimesheetAtFirst) {
     EXPECT_EQ(stored(), "none");
 }
 
+TEST_F(MainView, offersToUndoWhatWasDoneAnywhere) {
+    const auto website = timer.library.addProject("Website", nullptr);
+    context().save();
+    EXPECT_FALSE(model.history()->canUndo());
+    timer.history->perform("Archive Website", [&] { website->isArchived = true; });
+    EXPECT_EQ(model.history()->undoText().toStdString(), "Undo Archive Website");
+    model.history()->undo();
+    EXPECT_FALSE(website->isArchived);
+    EXPECT_EQ(model.history()->redoText().toStdString(), "Redo Archive Website");
+    EXPECT_EQ(model.history()->notice().toStdString(), "");
+    timer.history->perform("Rename Website", [&] { website->name = "Site"; });
+    website->name = "Shop";
+    model.history()->undo();
+    EXPECT_EQ(model.history()->notice().toStdString(),
+              "1 project was changed since and stays as it is.");
+}
+
 TEST_F(MainView, anUnknownSectionShowsTheTimesheetAndStaysStored) {
     for (const char* text : {"", "timesheet", "Reports", "Clients "}) {
         defaults.setString("mainSection", text);

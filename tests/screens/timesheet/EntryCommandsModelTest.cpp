@@ -41,8 +41,8 @@ TEST_F(EntryCommands, deleteOfOneBilledAndTwoUnbilledDeletesTheTwoAndTellsOfTheO
     EXPECT_FALSE(exists(b));
     EXPECT_TRUE(exists(billed));
     EXPECT_EQ(billedNotices.size(), 1);
-    EXPECT_EQ(utf8(commands().notice()), "Deleted 2 entries.");
-    EXPECT_TRUE(commands().noticeOffersUndo());
+    EXPECT_EQ(utf8(undoing.notice()), "Deleted 2 entries.");
+    EXPECT_TRUE(undoing.noticeOffersUndo());
     EXPECT_EQ(selectedCount(), 0U);
     EXPECT_FALSE(context().hasChanges());
 }
@@ -52,8 +52,8 @@ TEST_F(EntryCommands, deleteOfBilledTimeAloneTellsAndOffersNoUndo) {
     commands().deleteEntries(ids({billed}));
     EXPECT_TRUE(exists(billed));
     EXPECT_EQ(billedNotices.size(), 1);
-    EXPECT_EQ(utf8(commands().notice()), "");
-    EXPECT_FALSE(commands().canUndo());
+    EXPECT_EQ(utf8(undoing.notice()), "");
+    EXPECT_FALSE(undoing.canUndo());
 }
 
 TEST_F(EntryCommands, deleteOfWhatIsGoneDoesNothingAndLeavesTheSelection) {
@@ -62,9 +62,9 @@ TEST_F(EntryCommands, deleteOfWhatIsGoneDoesNothingAndLeavesTheSelection) {
     commands().deleteEntries(ids({a}));
     commands().deleteEntries({});
     EXPECT_EQ(billedNotices.size(), 0);
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(utf8(undoing.notice()), "");
     EXPECT_TRUE(isSelected(b));
-    EXPECT_FALSE(commands().canUndo());
+    EXPECT_FALSE(undoing.canUndo());
 }
 
 TEST_F(EntryCommands, deleteOfTheRunningEntryStopsTheTimer) {
@@ -79,44 +79,44 @@ TEST_F(EntryCommands, deleteOfTheRunningEntryStopsTheTimer) {
 
 TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
     commands().deleteEntries(ids({a, b}));
-    EXPECT_EQ(utf8(commands().undoText()), "Undo Delete 2 Entries");
-    commands().undo();
-    EXPECT_EQ(utf8(commands().notice()), "") << "the notice of the deletion is over";
+    EXPECT_EQ(utf8(undoing.undoText()), "Undo Delete 2 Entries");
+    undoing.undo();
+    EXPECT_EQ(utf8(undoing.notice()), "") << "the notice of the deletion is over";
     EXPECT_EQ(rowCount(), 5);
-    EXPECT_FALSE(commands().canUndo());
-    ASSERT_TRUE(commands().canRedo());
-    commands().redo();
+    EXPECT_FALSE(undoing.canUndo());
+    ASSERT_TRUE(undoing.canRedo());
+    undoing.redo();
     EXPECT_EQ(rowCount(), 2);
 }
 
 TEST_F(EntryCommands, theNoticeOfADeletionGoesWhenItIsNoLongerTheNewestStep) {
     commands().deleteEntries(ids({a}));
     commands().moveEntries(ids({b}), shop->id());
-    EXPECT_EQ(utf8(commands().notice()), "") << "its undo would take the move back";
-    EXPECT_FALSE(commands().noticeOffersUndo());
+    EXPECT_EQ(utf8(undoing.notice()), "") << "its undo would take the move back";
+    EXPECT_FALSE(undoing.noticeOffersUndo());
     commands().deleteEntries(ids({b}));
-    EXPECT_EQ(utf8(commands().notice()), "Deleted 1 entry.");
+    EXPECT_EQ(utf8(undoing.notice()), "Deleted 1 entry.");
     commands().deleteEntries(ids({billed}));
-    EXPECT_EQ(utf8(commands().notice()), "Deleted 1 entry.");
-    EXPECT_TRUE(commands().noticeOffersUndo());
+    EXPECT_EQ(utf8(undoing.notice()), "Deleted 1 entry.");
+    EXPECT_TRUE(undoing.noticeOffersUndo());
 }
 
 TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
-    commands().undo();
-    commands().redo();
-    EXPECT_EQ(utf8(commands().notice()), "");
+    undoing.undo();
+    undoing.redo();
+    EXPECT_EQ(utf8(undoing.notice()), "");
     EXPECT_EQ(rowCount(), 5);
 }
 
 TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
     commands().moveEntries(ids({a}), shop->id());
     bill(a);
-    commands().undo();
+    undoing.undo();
     EXPECT_EQ(a->project.get(), shop);
-    EXPECT_EQ(utf8(commands().notice()), "1 entry is on an invoice and stays as it is.");
-    EXPECT_FALSE(commands().noticeOffersUndo());
-    commands().dismissNotice();
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(utf8(undoing.notice()), "1 entry is on an invoice and stays as it is.");
+    EXPECT_FALSE(undoing.noticeOffersUndo());
+    undoing.dismissNotice();
+    EXPECT_EQ(utf8(undoing.notice()), "");
 }
 
 TEST_F(EntryCommands, moveTakesTheUnbilledAndTellsOfTheOthers) {
@@ -135,9 +135,9 @@ TEST_F(EntryCommands, moveToAProjectThatWasDeletedElsewhereMovesNothingAndSaysSo
     deleteElsewhere(gone);
     commands().moveEntries(ids({a}), gone->id());
     EXPECT_EQ(a->project.get(), website);
-    EXPECT_EQ(utf8(commands().notice()),
+    EXPECT_EQ(utf8(undoing.notice()),
               "The project was deleted meanwhile. Nothing was moved: choose another one.");
-    EXPECT_FALSE(commands().canUndo());
+    EXPECT_FALSE(undoing.canUndo());
 }
 
 TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
@@ -150,7 +150,7 @@ TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
     EXPECT_EQ(iso(*made[0]->end.get()), "2026-03-02T10:00:00Z");
     EXPECT_EQ(made[0]->notes.get(), "long");
     EXPECT_EQ(made[0]->project.get(), shop);
-    EXPECT_EQ(utf8(commands().undoText()), "Undo Duplicate to Today");
+    EXPECT_EQ(utf8(undoing.undoText()), "Undo Duplicate to Today");
 }
 
 TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothing) {
@@ -160,7 +160,7 @@ TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothin
     commands().duplicateToToday(zero->id());
     commands().duplicateToToday(service().running()->id());
     EXPECT_EQ(entryCount(), count);
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(utf8(undoing.notice()), "");
 }
 
 TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
@@ -171,8 +171,8 @@ TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
     commands().moveEntries(ids({a}), shop->id());
     EXPECT_EQ(entryCount(), count);
     EXPECT_EQ(service().running(), nullptr);
-    EXPECT_FALSE(commands().canUndo());
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_FALSE(undoing.canUndo());
+    EXPECT_EQ(utf8(undoing.notice()), "");
 }
 
 TEST_F(EntryCommands, continueStartsTheTimerWithTheProjectAndNotes) {
@@ -180,17 +180,17 @@ TEST_F(EntryCommands, continueStartsTheTimerWithTheProjectAndNotes) {
     ASSERT_NE(service().running(), nullptr);
     EXPECT_EQ(service().running()->project.get(), website);
     EXPECT_EQ(service().running()->notes.get(), "a");
-    EXPECT_TRUE(commands().canUndo());
+    EXPECT_TRUE(undoing.canUndo());
 }
 
 TEST_F(EntryCommands, inALibraryThatCannotBeReadSayOneSentenceAndChangeNothing) {
     const auto entry = ids({a});
     a.reset();  // so that it must be read again
     const auto expectRefusal = [this](const char* what) {
-        EXPECT_EQ(utf8(commands().notice()), "The library can't be read. Nothing was changed.")
+        EXPECT_EQ(utf8(undoing.notice()), "The library can't be read. Nothing was changed.")
             << what;
-        EXPECT_FALSE(commands().noticeOffersUndo());
-        commands().dismissNotice();
+        EXPECT_FALSE(undoing.noticeOffersUndo());
+        undoing.dismissNotice();
     };
     test::FailingReads::fail();
     commands().deleteEntries(entry);
@@ -203,7 +203,7 @@ TEST_F(EntryCommands, inALibraryThatCannotBeReadSayOneSentenceAndChangeNothing) 
     expectRefusal("continue");
     test::FailingReads::heal();
     EXPECT_EQ(entryCount(), 3U);
-    EXPECT_FALSE(commands().canUndo());
+    EXPECT_FALSE(undoing.canUndo());
 }
 
 TEST_F(EntryCommands, onARowThatCannotBeReadNothingHappens) {
@@ -218,7 +218,7 @@ TEST_F(EntryCommands, onARowThatCannotBeReadNothingHappens) {
     EXPECT_FALSE(model->editSelected());
     model->menuEdit();
     EXPECT_FALSE(model->editor()->isOpen());
-    EXPECT_EQ(utf8(commands().notice()), "The library can't be read. Nothing was changed.");
+    EXPECT_EQ(utf8(undoing.notice()), "The library can't be read. Nothing was changed.");
 }
 
 }  // namespace

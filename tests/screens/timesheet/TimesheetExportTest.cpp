@@ -84,7 +84,7 @@ TEST_P(TimesheetExportWith, writesTheBytesOfTheCommandWithTheSameFilter) {
     filter().setUnbilledOnly(row.unbilledOnly);
     filter().setSearch(QLatin1String(row.search));
     exportTo(file("time.csv"));
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(utf8(undoing.notice()), "");
     EXPECT_EQ(readFile(file("time.csv")), exportedByCommand(row.options));
 }
 
@@ -178,8 +178,8 @@ TEST_P(TimesheetExportTo, aTargetThatCannotBeWrittenSaysSoInOneSentence) {
     std::filesystem::create_directory(file("folder"));
     const auto names = timer.library.folder.names();
     exportTo(*row.path == '/' ? std::filesystem::path(row.path) : file(row.path));
-    EXPECT_EQ(utf8(commands().notice()), row.sentence);
-    EXPECT_FALSE(commands().noticeOffersUndo());
+    EXPECT_EQ(utf8(undoing.notice()), row.sentence);
+    EXPECT_FALSE(undoing.noticeOffersUndo());
     EXPECT_THAT(timer.library.folder.names(), testing::UnorderedElementsAreArray(names));
 }
 
@@ -194,11 +194,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(TimesheetExported, toAnotherPlaceThanAFileSaysSo) {
     model->exportTo(QUrl(QStringLiteral("https://example.test/time.csv")));
-    EXPECT_EQ(utf8(commands().notice()),
+    EXPECT_EQ(utf8(undoing.notice()),
               "Only a file on this computer can be written. Choose another place.");
-    commands().dismissNotice();
+    undoing.dismissNotice();
     model->exportTo(QUrl());
-    EXPECT_FALSE(commands().notice().isEmpty());
+    EXPECT_FALSE(undoing.notice().isEmpty());
 }
 
 TEST_F(TimesheetExported, asksBeforeItReplacesAFile) {
@@ -226,7 +226,7 @@ TEST_F(TimesheetExported, toAFullDiskLeavesTheOldFile) {
         const test::FileSizeLimit full(16);
         exportTo(file("time.csv"));
     }
-    EXPECT_EQ(utf8(commands().notice()), "“time.csv” can't be written: File too large.");
+    EXPECT_EQ(utf8(undoing.notice()), "“time.csv” can't be written: File too large.");
     EXPECT_EQ(readFile(file("time.csv")), "old");
 }
 
@@ -234,7 +234,7 @@ TEST_F(TimesheetExported, ofALibraryThatCannotBeReadLeavesTheOldFile) {
     writeAtomically(file("time.csv"), "old");
     test::FailingReads::fail();
     exportTo(file("time.csv"));
-    EXPECT_EQ(utf8(commands().notice()), "The library can't be read, so nothing was exported.");
+    EXPECT_EQ(utf8(undoing.notice()), "The library can't be read, so nothing was exported.");
     EXPECT_EQ(readFile(file("time.csv")), "old");
 }
 

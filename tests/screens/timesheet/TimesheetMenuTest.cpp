@@ -141,7 +141,7 @@ TEST_F(TimesheetMenu, onAnEntryThatIsThenDeletedElsewhereDoesNothing) {
     EXPECT_EQ(service().running(), nullptr);
     EXPECT_EQ(entryCount(), count);
     EXPECT_TRUE(isSelected(b));
-    EXPECT_EQ(utf8(commands().notice()), "");
+    EXPECT_EQ(utf8(undoing.notice()), "");
 }
 
 TEST_F(TimesheetMenu, onAnEntryThatIsThenBilledElsewhereLeavesItAndTells) {
@@ -164,8 +164,8 @@ TEST_F(TimesheetMenu, ofAProjectThatIsThenDeletedElsewhereMovesNothingAndSaysSo)
     turn();
     choose(*model->menuProjects(), "Shop — Globex");  // the menu is open, and shows what it showed
     EXPECT_EQ(a->project.get(), website);
-    EXPECT_FALSE(commands().canUndo());
-    EXPECT_EQ(utf8(commands().notice()),
+    EXPECT_FALSE(undoing.canUndo());
+    EXPECT_EQ(utf8(undoing.notice()),
               "The project was deleted meanwhile. Nothing was moved: choose another one.");
 }
 
@@ -175,7 +175,7 @@ TEST_F(TimesheetMenu, onAnEntryThatLosesItsProjectContinuesNothing) {
     context().save();
     model->menuContinue();
     EXPECT_EQ(service().running(), nullptr);
-    EXPECT_FALSE(commands().canUndo());
+    EXPECT_FALSE(undoing.canUndo());
 }
 
 TEST_F(TimesheetMenu, continueOfARowNeedsAnEntry) {

@@ -207,7 +207,7 @@ class TimesheetRowsProperty : public TimesheetRows, public testing::WithParamInt
     }
     /// What a screen that is opened now would show, with the same selected.
     [[nodiscard]] Lines freshLines() {
-        TimesheetModel fresh(services(), confirmation);
+        TimesheetModel fresh(services(), confirmation, undoing);
         fresh.filter()->setSearch(filter().search());
         fresh.setShown(true);
         auto& rows = static_cast<TimesheetRowsModel&>(*fresh.rowsModel());

@@ -299,7 +299,7 @@ TEST_P(KeysAfterADeletion, goOnWhereTheDeletedStood) {
         EXPECT_EQ(selectedCount(), 0U);
         model->selection()->moveCurrent(step);
         EXPECT_EQ(model->selection()->currentRow(), reached) << (step > 0 ? "down" : "up");
-        commands().undo();
+        undoing.undo();
         turn();
     }
 }

@@ -33,7 +33,7 @@ class TimesheetTest : public PanelTest {
         reopen();
     }
     void reopen() {
-        model = std::make_unique<TimesheetModel>(services(), confirmation);
+        model = std::make_unique<TimesheetModel>(services(), confirmation, undoing);
         model->setShown(true);
         turn();
     }
@@ -125,8 +125,9 @@ class TimesheetTest : public PanelTest {
     Ref<Project> website = timer.library.addProject("Website", acme);
     Ref<Project> shop = timer.library.addProject("Shop", globex);
     Confirmation confirmation;
+    HistoryModel undoing{*timer.history};
     std::unique_ptr<TimesheetModel> model =
-        std::make_unique<TimesheetModel>(services(), confirmation);
+        std::make_unique<TimesheetModel>(services(), confirmation, undoing);
 };
 
 }  // namespace elmworth::test

@@ -3,17 +3,17 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Timesheet
+import Elmworth.Panel
 
 /// Says what was done, and offers to take it back, for a moment.
 Notice {
     id: notice
 
-    required property EntryCommandsModel commands
+    required property HistoryModel history
 
-    text: commands.notice
-    actionText: commands.noticeOffersUndo && commands.canUndo ? "Undo" : ""
+    text: history.notice
+    actionText: history.noticeOffersUndo && history.canUndo ? "Undo" : ""
     actionHelp: "Ctrl+Z"
-    onActed: commands.undo()
-    onDismissed: commands.dismissNotice()
+    onActed: history.undo()
+    onDismissed: history.dismissNotice()
 }
