@@ -12,6 +12,7 @@
 #include "invoicing/InvoicePages.h"
 #include "platform/AtomicFile.h"
 #include "platform/Text.h"
+#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -25,12 +26,8 @@ struct PDFArguments {
 
 PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
     if (name.empty()) return profile.paperSize;
-    const auto paper = paperSizeFromRawValue(caseFolded(name));
-    if (!paper) {
-        throw CommandError("“" + name + "” is no paper size. Choose letter or a4.",
-                           CommandError::Kind::usage);
-    }
-    return *paper;
+    if (const auto paper = parsePaperSize(caseFolded(name))) return paper.value();
+    throw CommandError(parsePaperSize(name).problem(), CommandError::Kind::usage);
 }
 
 void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,

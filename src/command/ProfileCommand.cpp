@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "command/CommandError.h"
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
 #include "command/RecordFields.h"
@@ -36,8 +35,7 @@ Value parseField(const ProfileField& field, const std::string& text) {
         case FieldKind::boolean:
             return std::int64_t{parseFlag(text, std::string(field.name)).value()};
         case FieldKind::paperSize:
-            if (paperSizeFromRawValue(text)) return text;
-            throw CommandError("“" + text + "” is no paper size. Choose letter or a4.");
+            return std::string(rawValue(parsePaperSize(text).value()));
         default:
             return text;
     }
@@ -64,20 +62,14 @@ void show(CommandEnvironment& environment, CommandOutput& output) {
 
 void set(const std::string& field, const std::string& value, CommandEnvironment& environment,
          CommandOutput& output) {
-    const auto old = environment.profiles.profile();
-    auto profile = old;
+    auto profile = environment.profiles.profile();
     const auto& row = fieldOf(field);
     row.write(profile, parseField(row, value));
     if (field == "nextInvoiceNumber") {
-        // A number set by hand stands: the yearly restart must not undo it before the next year.
-        profile.nextInvoiceNumber = std::max<std::int64_t>(profile.nextInvoiceNumber, 1);
-        profile.numberingYear = environment.calendar.components(environment.now()).year;
+        profile.setNextInvoiceNumber(profile.nextInvoiceNumber,
+                                     environment.calendar.components(environment.now()).year);
     }
-    environment.profiles.setProfile(profile);
-    if (profile != old && environment.profiles.defaults().lastWriteFailed()) {
-        environment.profiles.setProfile(old);
-        throw CommandError("The settings file can't be written, so the change was not kept.");
-    }
+    environment.profiles.setProfileOrRefuse(profile);
     if (output.isJSON()) show(environment, output);
 }
 

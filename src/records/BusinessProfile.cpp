@@ -7,6 +7,7 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <limits>
@@ -102,6 +103,11 @@ std::optional<PaperSize> paperSizeFromRawValue(std::string_view raw) noexcept {
 
 void BusinessProfile::applyYearlyReset(std::int64_t year) {
     if (resetNumberingYearly && numberingYear != 0 && numberingYear != year) nextInvoiceNumber = 1;
+    numberingYear = year;
+}
+
+void BusinessProfile::setNextInvoiceNumber(std::int64_t number, std::int64_t year) {
+    nextInvoiceNumber = std::max<std::int64_t>(number, 1);
     numberingYear = year;
 }
 

@@ -45,6 +45,10 @@ struct BusinessProfile {
     /// `resetNumberingYearly` is set and a number was given before, and notes the year in any case.
     void applyYearlyReset(std::int64_t year);
 
+    /// Takes `number`, at least 1, for the next invoice, as a person set it in `year`: the yearly
+    /// restart leaves it alone until the next year.
+    void setNextInvoiceNumber(std::int64_t number, std::int64_t year);
+
     /// "{invoicePrefix}-{year}-{nextInvoiceNumber}", the number with at least three digits.
     [[nodiscard]] std::string formattedInvoiceNumber(std::int64_t year) const;
 };

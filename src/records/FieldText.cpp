@@ -46,4 +46,9 @@ Parsed<bool> parseFlag(std::string_view text, std::string_view what) {
     return doesNotFit(text, what, "true or false");
 }
 
+Parsed<PaperSize> parsePaperSize(std::string_view text) {
+    if (const auto paper = paperSizeFromRawValue(text)) return *paper;
+    return Refused("“" + std::string(text) + "” is no paper size. Choose letter or a4.");
+}
+
 }  // namespace elmworth

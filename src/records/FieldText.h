@@ -10,6 +10,8 @@
 #include <utility>
 #include <variant>
 
+#include "records/BusinessProfile.h"
+
 namespace elmworth {
 
 /// Why a text can't be taken, or a change not be made. The message is one sentence to show, and
@@ -28,6 +30,11 @@ class [[nodiscard]] Parsed {
 
     [[nodiscard]] explicit operator bool() const noexcept {
         return std::holds_alternative<T>(outcome_);
+    }
+    /// The sentence that says why the text can't be taken; empty when it can.
+    [[nodiscard]] std::string problem() const {
+        const auto* why = std::get_if<Refused>(&outcome_);
+        return why ? why->what() : "";
     }
     /// Throws Refused when the text can't be taken.
     [[nodiscard]] const T& value() const {
@@ -48,5 +55,8 @@ Parsed<std::int64_t> parseWholeNumber(std::string_view text, std::string_view wh
 
 /// "true" or "false", also "yes", "no", "on", "off", "1", "0"; `what` names it in the sentence.
 Parsed<bool> parseFlag(std::string_view text, std::string_view what);
+
+/// "letter" or "a4".
+Parsed<PaperSize> parsePaperSize(std::string_view text);
 
 }  // namespace elmworth

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include "records/FieldText.h"
+
 namespace elmworth {
 namespace {
 
@@ -55,6 +57,14 @@ void ProfileStore::setProfile(const BusinessProfile& profile) {
     // Before the observers, who may set another profile: the last one set is the one to be kept.
     if (profile_ != old) store(profile_);
     observers_.notify();
+}
+
+void ProfileStore::setProfileOrRefuse(const BusinessProfile& profile) {
+    const BusinessProfile old = profile_;
+    setProfile(profile);
+    if (profile == old || !defaults_.lastWriteFailed()) return;
+    setProfile(old);
+    throw Refused("The settings file can't be written, so the change was not kept.");
 }
 
 /// In one write with the end of what was announced before, so that the last profile always wins.

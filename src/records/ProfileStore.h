@@ -29,6 +29,9 @@ class ProfileStore {
     /// Takes `profile` and tells the observers; writes the defaults only when it differs.
     void setProfile(const BusinessProfile& profile);
 
+    /// As `setProfile`, or not at all: throws Refused when the settings file can't be written.
+    void setProfileOrRefuse(const BusinessProfile& profile);
+
     /// Stores a profile that is to be taken only together with a change of the library: before that
     /// change is saved. `evidence` is a line that tells whether the library holds the change. The
     /// profile stays as it is until `settle`. False when it could not be stored.

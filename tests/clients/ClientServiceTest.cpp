@@ -115,6 +115,19 @@ TEST_F(ClientServiceTest, aDeletionThatCannotBeSavedIsNotDone) {
     EXPECT_FALSE(context().hasChanges());
 }
 
+TEST_F(ClientServiceTest, aDeletionThatIsUndoneBringsAllBackButNoRunningTimer) {
+    context().save();
+    timer_.start(website_);
+    now_ += 1h;
+    clients_.remove(client_);
+    EXPECT_EQ(history_.undoText(), "Undo Delete Acme");
+    history_.undo();
+    EXPECT_EQ(context().fetchCount<Client>(), 2U);
+    EXPECT_EQ(context().fetchCount<Project>(), 1U);
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
+    EXPECT_EQ(context().fetchCount<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent}), 0U);
+}
+
 // --- adding and editing ------------------------------------------------------------------------
 
 TEST_F(ClientServiceTest, aFormMakesAClientOfNow) {

@@ -3,21 +3,24 @@
 
 #include "clients/ProjectForm.h"
 
-#include "clients/FieldRows.h"
+#include <gtest/gtest.h>
+
 #include "records/Client.h"
 #include "support/Rows.h"
 
 namespace elmworth {
 namespace {
 
-using test::refusal;
-
-using BudgetRow = test::FieldRow<std::optional<std::int64_t>>;
+struct BudgetRow {
+    const char* name;
+    const char* text;
+    std::optional<std::int64_t> hours;
+};
 
 class Budget : public testing::TestWithParam<BudgetRow> {};
 
 TEST_P(Budget, isReadInWholeHours) {
-    EXPECT_EQ(parseBudget(GetParam().text).value(), GetParam().value);
+    EXPECT_EQ(parseBudget(GetParam().text).value(), GetParam().hours);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -30,11 +33,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ProjectFields, whatCannotBeReadIsRefused) {
     for (const std::string text : {"0", "-1", "forty", "nan", "inf", "40h", "1e10"})
-        EXPECT_EQ(refusal(parseBudget(text)),
+        EXPECT_EQ(parseBudget(text).problem(),
                   "“" + text + "” is no budget. Enter hours like 40 or 37.5.");
     EXPECT_EQ(parseColor("#40d19E").value(), "#40d19E");
     for (const std::string text : {"red", "#12345", "#1234567", "#12345g", "0123456"})
-        EXPECT_EQ(refusal(parseColor(text)), "“" + text + "” is no color. Write it like #7C6CFF.");
+        EXPECT_EQ(parseColor(text).problem(), "“" + text + "” is no color. Write it like #7C6CFF.");
 }
 
 // --- the form ----------------------------------------------------------------------------------

@@ -53,17 +53,9 @@ TEST_F(ProfileCommand, setsEachFieldByItsName) {
     EXPECT_EQ(ProfileStore(defaults_).profile(), expected) << "it is in the settings file";
 }
 
-TEST_F(ProfileCommand, aNumberSetByHandOutlivesTheYearlyRestart) {
-    output({"profile", "set", "resetNumberingYearly", "true"});
-    output({"profile", "set", "numberingYear", "2025"});
-    output({"profile", "set", "nextInvoiceNumber", "42"});
-    EXPECT_EQ(profile().numberingYear, 2026);
-    addEntry(design_, "2026-03-30T09:00+02:00", 60);
-    EXPECT_EQ(billMarch(), "INV-2026-042");
-}
-
-TEST_F(ProfileCommand, theNextNumberIsAtLeastOne) {
+TEST_F(ProfileCommand, theNextNumberIsSetAsByHandInTheYearOfNow) {
     EXPECT_EQ(json({"profile", "set", "nextInvoiceNumber", "0"})["nextInvoiceNumber"].GetInt(), 1);
+    EXPECT_EQ(profile().numberingYear, 2026);
 }
 
 TEST_F(ProfileCommand, whatDoesNotFitIsRefused) {

@@ -182,6 +182,17 @@ TEST_F(InvoiceServiceTest, theNumberingIsKeptInTheSettings) {
     EXPECT_EQ(ProfileStore(settings_).profile().nextInvoiceNumber, 3);
 }
 
+TEST_F(InvoiceServiceTest, anInvoiceThatIsUndoneFreesItsEntriesButNotItsNumber) {
+    const auto entries = invoice_->entries();
+    invoices_.remove(invoice_);
+    const DateInterval march{at("2026-03-01T00:00-05:00"), at("2026-04-01T00:00-04:00")};
+    EXPECT_EQ(invoices_.create(march_.client, march, 0)->number.get(), "INV-2026-001");
+    EXPECT_EQ(history_.undoText(), "Undo Create Invoice");
+    history_.undo();
+    for (const auto& entry : entries) EXPECT_FALSE(entry->invoice || entry->billedRateCents.get());
+    EXPECT_EQ(invoices_.create(march_.client, march, 0)->number.get(), "INV-2026-002");
+}
+
 // --- files -------------------------------------------------------------------------------------
 
 TEST_F(InvoiceServiceTest, renumberingDeletesTheFileOfTheOldNumber) {

@@ -259,6 +259,17 @@ INSTANTIATE_TEST_SUITE_P(Row, YearlyReset,
                          }),
                          rowName);
 
+TEST(BusinessProfile, aNumberSetByHandOutlivesTheYearlyRestartOfItsYear) {
+    BusinessProfile profile{.resetNumberingYearly = true, .numberingYear = 2025};
+    profile.setNextInvoiceNumber(42, 2026);
+    profile.applyYearlyReset(2026);
+    EXPECT_EQ(profile.nextInvoiceNumber, 42);
+    profile.applyYearlyReset(2027);
+    EXPECT_EQ(profile.nextInvoiceNumber, 1);
+    profile.setNextInvoiceNumber(0, 2027);
+    EXPECT_EQ(profile.nextInvoiceNumber, 1);
+}
+
 TEST(PaperSize, hasARawValueForEachCase) {
     EXPECT_EQ(allPaperSizes.size(), 2);
     EXPECT_EQ(rawValue(PaperSize::letter), "letter");

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/AtomicFile.h"
+#include "records/FieldText.h"
 #include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 
@@ -40,6 +41,15 @@ TEST_F(ProfileStoreTest, aChangeIsThereAtTheNextStart) {
     EXPECT_EQ(stored(), encodeProfile(profile));
     Settings again(file_);
     EXPECT_EQ(ProfileStore(again).profile(), profile);
+}
+
+TEST_F(ProfileStoreTest, aChangeThatCannotBeWrittenIsNotKeptWhereOneAsks) {
+    ProfileStore store(defaults_);
+    store.setProfileOrRefuse({.name = "X"});
+    const test::FileSizeLimit fullDisk(0);
+    EXPECT_THROW(store.setProfileOrRefuse({.name = "Y"}), Refused);
+    EXPECT_EQ(store.profile().name, "X");
+    EXPECT_NO_THROW(store.setProfileOrRefuse({.name = "X"})) << "there is nothing to write";
 }
 
 TEST_F(ProfileStoreTest, anUnreadableProfileStaysUntilTheNextChange) {
