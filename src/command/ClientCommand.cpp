@@ -7,8 +7,8 @@
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
 #include "invoicing/UnbilledTime.h"
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

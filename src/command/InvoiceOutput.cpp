@@ -9,9 +9,9 @@
 #include "command/TextTable.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 #include "records/Client.h"
-#include "records/HoursFormat.h"
 
 namespace elmworth {
 

@@ -5,7 +5,7 @@
 #include "command/JSONOutput.h"
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 namespace elmworth {
 

@@ -7,8 +7,8 @@
 #include "command/RecordFields.h"
 #include "command/RecordLookup.h"
 #include "command/TextTable.h"
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

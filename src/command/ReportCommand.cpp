@@ -6,9 +6,9 @@
 #include "command/TimesheetArguments.h"
 #include "invoicing/TimesheetStatistics.h"
 #include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 #include "records/Invoice.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

@@ -6,9 +6,9 @@
 #include "command/TimerOutput.h"
 #include "exchange/AutoBackup.h"
 #include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 #include "platform/StandardFolders.h"
 #include "platform/Text.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

@@ -6,7 +6,7 @@
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
 #include "command/TimerOutput.h"
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 namespace elmworth {
 

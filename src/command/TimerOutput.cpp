@@ -6,8 +6,8 @@
 #include <tuple>
 
 #include "command/JSONOutput.h"
+#include "platform/DurationFormat.h"
 #include "records/Client.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

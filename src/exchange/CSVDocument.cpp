@@ -3,10 +3,10 @@
 
 #include "exchange/CSVDocument.h"
 
+#include "platform/DurationFormat.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
 #include "records/Client.h"
-#include "records/HoursFormat.h"
 #include "records/Project.h"
 
 namespace elmworth {

@@ -8,10 +8,10 @@
 
 #include "invoicing/InvoiceCalculator.h"
 #include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 #include "platform/Text.h"
 #include "records/Client.h"
-#include "records/HoursFormat.h"
 #include "records/Invoice.h"
 
 namespace elmworth {

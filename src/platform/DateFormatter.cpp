@@ -12,6 +12,7 @@
 #include <new>
 #include <unordered_map>
 
+#include "platform/Calendar.h"
 #include "platform/ZoneOffsets.h"
 
 namespace elmworth {
@@ -41,6 +42,10 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
             return new icu::SimpleDateFormat("cccccc", locale, status);
     }
     std::abort();
+}
+
+DateFormatter currentFormatter(DateFormatter::Style style) {
+    return {style, Locale::current(), Calendar::current().zoneID()};
 }
 
 }  // namespace
@@ -90,6 +95,16 @@ std::string DateFormatter::format(Instant instant) const {
     impl_->format->format(static_cast<UDate>(date.time_since_epoch().count()), text);
     std::string utf8;
     return text.toUTF8String(utf8);
+}
+
+const DateFormatter& mediumDateFormatter() {
+    static const DateFormatter formatter = currentFormatter(DateFormatter::Style::mediumDate);
+    return formatter;
+}
+
+const DateFormatter& shortTimeFormatter() {
+    static const DateFormatter formatter = currentFormatter(DateFormatter::Style::shortTime);
+    return formatter;
 }
 
 }  // namespace elmworth

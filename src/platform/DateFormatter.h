@@ -42,4 +42,9 @@ class DateFormatter {
     std::unique_ptr<Impl> impl_;
 };
 
+/// "Mar 1, 2026" and "9:30 AM": the formatters that the screens share, made on first use in the
+/// locale and time zone that are current then.
+[[nodiscard]] const DateFormatter& mediumDateFormatter();
+[[nodiscard]] const DateFormatter& shortTimeFormatter();
+
 }  // namespace elmworth

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <limits>
 
-#include "platform/Calendar.h"
 #include "platform/CurrencyFormatter.h"
 #include "platform/EnvironmentLocale.h"
 #include "platform/Text.h"
@@ -40,10 +39,6 @@ NumberParts splitAtLastSeparator(std::string_view text) {
     const auto last = kept.find_last_of(separators);
     if (last == std::string::npos) return {std::move(kept), std::nullopt};
     return {numericCharacters(std::string_view(kept).substr(0, last)), kept.substr(last + 1)};
-}
-
-DateFormatter currentFormatter(DateFormatter::Style style) {
-    return {style, Locale::current(), Calendar::current().zoneID()};
 }
 
 }  // namespace
@@ -99,16 +94,6 @@ std::optional<std::int64_t> parseScaledDecimal(std::string_view text, std::int64
     }
     if (fraction.size() > 2 && fraction[2] >= '5') ++scaled;
     return scaled > limit ? std::nullopt : std::optional(scaled);
-}
-
-const DateFormatter& mediumDateFormatter() {
-    static const DateFormatter formatter = currentFormatter(DateFormatter::Style::mediumDate);
-    return formatter;
-}
-
-const DateFormatter& shortTimeFormatter() {
-    static const DateFormatter formatter = currentFormatter(DateFormatter::Style::shortTime);
-    return formatter;
 }
 
 }  // namespace elmworth

@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/DateFormatter.h"
 #include "platform/Locale.h"
 
 namespace elmworth {
@@ -46,10 +45,5 @@ namespace elmworth {
 /// is no such number, or the result is above `limit`. For the two parsers only.
 [[nodiscard]] std::optional<std::int64_t> parseScaledDecimal(std::string_view text,
                                                              std::int64_t limit);
-
-/// "Mar 1, 2026" and "9:30 AM": the formatters that the screens share, made on first use in the
-/// locale and time zone that are current then.
-[[nodiscard]] const DateFormatter& mediumDateFormatter();
-[[nodiscard]] const DateFormatter& shortTimeFormatter();
 
 }  // namespace elmworth

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
+#include "platform/DurationFormat.h"
 #include "platform/SystemLog.h"
 #include "records/DateRangePreset.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

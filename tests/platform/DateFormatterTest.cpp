@@ -11,6 +11,7 @@
 
 #include "support/Instants.h"
 #include "support/Rows.h"
+#include "support/ScopedEnvironment.h"
 
 namespace elmworth {
 namespace {
@@ -87,6 +88,15 @@ TEST(DateFormatter, keepsTextsThatAreThoseOfANewOne) {
             ASSERT_EQ(kept.string(instant), fresh.string(instant)) << locale << i;
         }
     }
+}
+
+TEST(DateFormatter, theSharedOnesAreMadeOnceInTheCurrentLocaleAndZone) {
+    const test::ScopedEnvironment zone("TZ", "Asia/Kathmandu");
+    const test::ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
+    EXPECT_EQ(mediumDateFormatter().string(at("2026-03-01T20:30Z")), "02.03.2026");
+    EXPECT_EQ(shortTimeFormatter().string(at("2026-03-01T20:30Z")), "02:15");
+    EXPECT_EQ(&mediumDateFormatter(), &mediumDateFormatter());
+    EXPECT_EQ(&shortTimeFormatter(), &shortTimeFormatter());
 }
 
 }  // namespace

@@ -10,14 +10,12 @@
 #include <vector>
 
 #include "platform/CurrencyFormatter.h"
-#include "support/Instants.h"
 #include "support/Rows.h"
 #include "support/ScopedEnvironment.h"
 
 namespace elmworth {
 namespace {
 
-using test::at;
 using test::rowName;
 
 constexpr auto most = std::numeric_limits<std::int64_t>::max();
@@ -255,15 +253,6 @@ TEST(MoneyFormat, amountsReadAsTheUserWritesMoneyWhateverTheDatesAre) {
     const test::ScopedEnvironment money("LC_MONETARY", "de_DE.UTF-8");
     const test::ScopedEnvironment dates("LC_TIME", "en_GB.UTF-8");
     EXPECT_EQ(formatCents(123456, "EUR"), "1.234,56\u00a0€");
-}
-
-TEST(MoneyFormat, theSharedDateFormattersAreMadeOnceInTheCurrentLocaleAndZone) {
-    const test::ScopedEnvironment zone("TZ", "Asia/Kathmandu");
-    const test::ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
-    EXPECT_EQ(mediumDateFormatter().string(at("2026-03-01T20:30Z")), "02.03.2026");
-    EXPECT_EQ(shortTimeFormatter().string(at("2026-03-01T20:30Z")), "02:15");
-    EXPECT_EQ(&mediumDateFormatter(), &mediumDateFormatter());
-    EXPECT_EQ(&shortTimeFormatter(), &shortTimeFormatter());
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 #include <numeric>
 
-#include "platform/MoneyFormat.h"
-#include "tracking/DurationFormat.h"
+#include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 
 namespace elmworth {
 

@@ -3,10 +3,9 @@
 
 #include "screens/panel/EntryEditorModel.h"
 
-#include "platform/MoneyFormat.h"
-#include "records/HoursFormat.h"
+#include "platform/DateFormatter.h"
+#include "platform/DurationFormat.h"
 #include "records/Invoice.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "platform/MoneyFormat.h"
+#include "platform/DateFormatter.h"
 
 namespace elmworth {
 

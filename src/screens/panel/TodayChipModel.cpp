@@ -3,7 +3,7 @@
 
 #include "screens/panel/TodayChipModel.h"
 
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 namespace elmworth {
 

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 namespace elmworth {
 

@@ -5,8 +5,8 @@
 
 #include <utility>
 
+#include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/DurationFormat.h"
 #include "records/Client.h"
-#include "tracking/DurationFormat.h"
 
 namespace elmworth {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tracking/DurationFormat.h"
+#include "platform/DurationFormat.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>
@@ -39,6 +41,13 @@ std::string formatHoursMinutesSeconds(double seconds) {
     std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64 ":%02" PRId64, total / 3600,
                   total / 60 % 60, total % 60);
     return text;
+}
+
+std::string formatDecimalHours(double seconds) {
+    std::array<char, 400> buffer{};  // the longest double has 309 digits before the point
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                      seconds / 3600.0, std::chars_format::fixed, 2);
+    return {buffer.data(), result.ptr};
 }
 
 }  // namespace elmworth

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "records/HoursFormat.h"
+#include "platform/DurationFormat.h"
 
 #include <gtest/gtest.h>
 
@@ -22,13 +22,13 @@ struct HoursRow {
     const char* text;
 };
 
-class HoursFormatRows : public testing::TestWithParam<HoursRow> {};
+class DecimalHoursRows : public testing::TestWithParam<HoursRow> {};
 
-TEST_P(HoursFormatRows, hasTwoDecimalsAndAPoint) {
+TEST_P(DecimalHoursRows, hasTwoDecimalsAndAPoint) {
     EXPECT_EQ(formatDecimalHours(GetParam().seconds), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(, HoursFormatRows,
+INSTANTIATE_TEST_SUITE_P(, DecimalHoursRows,
                          testing::Values(HoursRow{"Nothing", 0, "0.00"},
                                          HoursRow{"SixMinutes", 360, "0.10"},
                                          HoursRow{"AnHourAndAHalf", 5400, "1.50"},
@@ -40,13 +40,13 @@ INSTANTIATE_TEST_SUITE_P(, HoursFormatRows,
                                          HoursRow{"Reversed", -1800, "-0.50"}),
                          rowName);
 
-TEST(HoursFormat, theLongestDurationFits) {
+TEST(DecimalHours, theLongestDurationFits) {
     const std::string text = formatDecimalHours(1.7e308);
     EXPECT_EQ(text.size(), 305U + 3U);
     EXPECT_EQ(text.substr(text.size() - 3), ".00");
 }
 
-TEST(HoursFormat, noLocaleOfTheProcessPutsAComma) {
+TEST(DecimalHours, noLocaleOfTheProcessPutsAComma) {
     struct Comma final : std::numpunct<char> {
         char do_decimal_point() const override { return ','; }
     };

@@ -19,4 +19,7 @@ namespace elmworth {
 /// "10:00:00" for 36,000 seconds, "0:59:59" for 3,599.
 [[nodiscard]] std::string formatHoursMinutesSeconds(double seconds);
 
+/// A duration as decimal hours with two decimals and a point, in every locale: 5400 s reads "1.50".
+[[nodiscard]] std::string formatDecimalHours(double seconds);
+
 }  // namespace elmworth
