@@ -47,10 +47,9 @@ ProjectTimes projectTimes(UnitOfWork& context, const std::vector<Ref<Project>>& 
 }
 
 ProjectSummary summary(const Ref<Project>& project, const ProjectTime& time) {
-    const auto budget = project->budgetHours->value_or(0);
+    const auto budget = project->budgetSeconds();
     return {project, time.tracked, time.unbilled,
-            budget >= 1 ? std::optional(time.all / (static_cast<double>(budget) * 3600))
-                        : std::nullopt};
+            budget ? std::optional(time.all / *budget) : std::nullopt};
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ void addContinueCommand(CommandSyntax& syntax) {
             const auto& project = running->project.get();
             return printTimer(
                 environment, output,
-                "Already tracking " + (project ? fullName(*project) : "No project") + ".");
+                "Already tracking " + (project ? fullName(*project) : NoProject::name) + ".");
         }
         const auto last = environment.timer.lastContinuableEntry();
         if (!last) throw CommandError("There is no entry to continue.");

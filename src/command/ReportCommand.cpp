@@ -133,7 +133,7 @@ void printText(const Report& report, CommandEnvironment& environment, CommandOut
             table.add({"  " + times.string(entry->start),
                        entry->isRunning() ? "now" : times.string(*entry->end.get()),
                        formatHoursMinutes(entry->duration(environment.now())),
-                       project ? project->name.get() : "No project",
+                       project ? project->name.get() : NoProject::name,
                        client ? client->name.get() : "", entry->notes});
         }
         output.text += table.rowsText() + '\n';

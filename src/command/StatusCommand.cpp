@@ -32,7 +32,7 @@ void printText(CommandEnvironment& environment, CommandOutput& output) {
         const DateFormatter times(DateFormatter::Style::shortTime, environment.locale,
                                   environment.calendar.zoneID());
         output.line(formatHoursMinutesSeconds(secondsBetween(running->start, environment.now())) +
-                    "  " + (project ? fullName(*project) : "No project"));
+                    "  " + (project ? fullName(*project) : NoProject::name));
         output.line("Since " + times.string(running->start) +
                     (running->notes->empty() ? "" : " · " + oneLine(running->notes.get())));
     } else {

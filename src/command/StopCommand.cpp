@@ -22,7 +22,7 @@ void stop(CommandEnvironment& environment, CommandOutput& output, const std::str
     const auto entry = timer.running();
     if (!entry) return printTimer(environment, output, "Nothing is running.");
     const auto& project = entry->project.get();
-    const std::string name = project ? fullName(*project) : "No project";
+    const std::string name = project ? fullName(*project) : NoProject::name;
     if (instant) {
         timer.stop(*instant);
     } else {

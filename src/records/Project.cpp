@@ -20,9 +20,15 @@ std::int64_t Project::effectiveRateCents() const {
     return owner ? owner->hourlyRateCents.get() : 0;
 }
 
-std::optional<double> Project::budgetFraction(Instant now) const {
+std::optional<double> Project::budgetSeconds() const {
     const auto hours = budgetHours.get();
     if (!hours || *hours < 1) return std::nullopt;
+    return static_cast<double>(*hours) * 3600;
+}
+
+std::optional<double> Project::budgetFraction(Instant now) const {
+    const auto budget = budgetSeconds();
+    if (!budget) return std::nullopt;
     double seconds = 0;
     if (auto* context = unitOfWork()) {
         const PersistentID& ownID = id();
@@ -33,7 +39,7 @@ std::optional<double> Project::budgetFraction(Instant now) const {
             if (entry->project.id() == ownID) seconds += secondsBetween(entry->start, now);
         }
     }
-    return seconds / (static_cast<double>(*hours) * 3600);
+    return seconds / *budget;
 }
 
 std::string fullName(const Project& project) {

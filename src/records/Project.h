@@ -30,12 +30,23 @@ class Project final : public Record {
     /// Cents per hour: the override when set, else the client's rate, else 0.
     [[nodiscard]] std::int64_t effectiveRateCents() const;
 
+    /// What the budget allows; absent without one of at least one hour.
+    [[nodiscard]] std::optional<double> budgetSeconds() const;
     /// The share of the budget that all entries use, running ones up to `now`; 1.25 is 25% over.
-    /// Absent without a budget of at least one hour.
+    /// Absent without a budget.
     [[nodiscard]] std::optional<double> budgetFraction(Instant now) const;
 
     [[nodiscard]] static const RecordSchema& schema();
     [[nodiscard]] const RecordSchema& recordSchema() const noexcept override { return schema(); }
+};
+
+/// What an entry without a project shows in its place.
+struct NoProject {
+    static constexpr const char* name = "No project";
+    static constexpr const char* chartName = "—";
+    static constexpr const char* color = "#999999";
+    static constexpr const char* badgeColor = "#7C6CFF";    ///< of a tile with an icon
+    static constexpr const char* runningColor = "#FF5B87";  ///< of the dot of a running timer
 };
 
 /// "{project} — {client}", or the project's name alone without a client.

@@ -29,7 +29,7 @@ void BudgetChipModel::update() {
     const auto project = entry ? entry->project.get() : nullptr;
     askedAt_ = services_.now();
     fraction_ = project ? fractionUsed(*project, askedAt_) : std::nullopt;
-    if (fraction_) budgetSeconds_ = static_cast<double>(*project->budgetHours.get()) * 3600;
+    if (fraction_) budgetSeconds_ = *project->budgetSeconds();
     tick();
 }
 

@@ -76,7 +76,7 @@ QString EntryEditorModel::icon() const {
 
 QString EntryEditorModel::iconColor() const {
     const auto& project = projects_.record();
-    return project ? text(project->colorHex.get()) : QStringLiteral("#7C6CFF");
+    return project ? text(project->colorHex.get()) : text(NoProject::badgeColor);
 }
 
 QString EntryEditorModel::subtitle() const {

@@ -15,9 +15,6 @@ namespace elmworth {
 
 namespace {
 
-constexpr const char* noProjectLabel = "—";
-constexpr const char* noProjectColor = "#999999";
-
 using HoursByKey = std::unordered_map<DayKey, double>;
 
 /// Adds the hours of entries up, with each project's label made once.
@@ -45,7 +42,7 @@ class HoursSum {
         const auto [series, isNew] = series_.try_emplace(project);
         if (isNew) {
             series->second = {seriesLabel(project, nameCounts_),
-                              project ? project->colorHex.get() : noProjectColor};
+                              project ? project->colorHex.get() : NoProject::color};
         }
         return hours_[{day, series->second.label, series->second.colorHex}];
     }
@@ -73,7 +70,7 @@ NameCounts nameCounts(std::span<const TimesheetEntry> entries) {
 }
 
 std::string seriesLabel(const Project* project, const NameCounts& nameCounts) {
-    if (project == nullptr) return noProjectLabel;
+    if (project == nullptr) return NoProject::chartName;
     const std::string& name = project->name;
     const auto count = nameCounts.find(name);
     if (count == nameCounts.end() || count->second < 2) return name;

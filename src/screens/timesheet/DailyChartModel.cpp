@@ -98,7 +98,8 @@ std::vector<DailyChartColumn> DailyChartModel::columnTexts() const {
 
 QString DailyChartModel::spokenLabel(const StackedBar& bar) const {
     const QString& label = labels_[static_cast<qsizetype>(bar.series)];
-    return label == u'—' ? QStringLiteral("No project") : label;
+    const bool isNone = label == QString::fromUtf8(NoProject::chartName);
+    return isNone ? QString::fromUtf8(NoProject::name) : label;
 }
 
 QString DailyChartModel::barText(const StackedBar& bar) const {

@@ -18,7 +18,7 @@ QString text(std::string_view utf8) {
 }
 
 QString projectTitle(const TimesheetEntry& entry) {
-    return entry.project ? text(entry.project->name.get()) : QStringLiteral("No project");
+    return entry.project ? text(entry.project->name.get()) : text(NoProject::name);
 }
 
 QString clientName(const TimesheetEntry& entry) {
@@ -183,7 +183,7 @@ QVariant TimesheetRowsModel::entryData(const TimesheetRow& row, int role) const 
         case total:
             return text(duration(entry));
         case projectColor:
-            return entry.project ? text(entry.project->colorHex.get()) : QStringLiteral("#999999");
+            return entry.project ? text(entry.project->colorHex.get()) : text(NoProject::color);
         case notes:
             return notesOf(row);
         case hasNotes:
