@@ -19,7 +19,7 @@ MainViewModel::MainViewModel(const AppServices& services)
     : readFaults_(services.context.readFaults()),
       defaults_(services.defaults),
       timer_(services.timer),
-      running_(services.context, services.timer),
+      running_(services),
       history_(services.history),
       timesheet_(services, confirmation_, history_) {
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {

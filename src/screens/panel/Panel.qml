@@ -36,7 +36,7 @@ FocusScope {
 
     Shortcut {
         sequence: "Ctrl+Alt+."
-        enabled: panel.model.running.isShown
+        enabled: panel.model.running.isRunning
         onActivated: panel.model.running.stop()
     }
 
@@ -114,7 +114,7 @@ FocusScope {
 
             TrackingCard {
                 Layout.fillWidth: true
-                visible: model.isShown
+                visible: model.isRunning
                 model: panel.model.running
             }
 

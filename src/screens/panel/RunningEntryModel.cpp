@@ -3,6 +3,8 @@
 
 #include "screens/panel/RunningEntryModel.h"
 
+#include <utility>
+
 #include "records/Client.h"
 #include "records/Project.h"
 
@@ -10,81 +12,94 @@ namespace elmworth {
 
 namespace {
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
 }  // namespace
 
-RunningEntryModel::RunningEntryModel(UnitOfWork& context, TimerService& timer)
-    : context_(context), timer_(timer) {
-    timerObservation_ = timer_.observe([this](TimerService::Property property) {
-        if (property == TimerService::Property::running) Q_EMIT runningChanged();
-        if (property == TimerService::Property::elapsedLongText) Q_EMIT elapsedChanged();
+RunningEntryModel::RunningEntryModel(const AppServices& services, Follows follows)
+    : services_(services) {
+    if (follows == Follows::itself) observe();
+    RunningEntryModel::update();
+}
+
+void RunningEntryModel::observe() {
+    timerObservation_ = services_.timer.observe([this](TimerService::Property property) {
+        if (property == TimerService::Property::running) update();
+        if (property == TimerService::Property::elapsedLongText) tick();
     });
-    const auto changed = [this] {
-        if (isRunning()) Q_EMIT runningChanged();
-    };
-    projectObservation_ = context.observe(Project::schema(), changed);
-    clientObservation_ = context.observe(Client::schema(), changed);
-    entryObservation_ = context.observe(TimeEntry::schema(), changed);
+    libraryObservation_ = services_.context.observeAll([this](const RecordChanges& changes) {
+        for (const auto* schema : {&TimeEntry::schema(), &Project::schema(), &Client::schema()}) {
+            if (changes.touch(*schema)) return update();
+        }
+    });
 }
 
-Ref<Project> RunningEntryModel::project() const {
-    const auto& entry = timer_.running();
-    return entry ? entry->project.get() : nullptr;
-}
-
-QString RunningEntryModel::projectName() const {
-    const auto running = project();
-    return running ? text(running->name) : QString();
+RunningEntryModel::Look RunningEntryModel::lookOf(const Ref<TimeEntry>& entry) {
+    if (!entry) return {};
+    const auto& project = entry->project.get();
+    if (!project) return {.isRunning = true};
+    const auto& client = project->client.get();
+    return {true, true, text(project->name.get()), client ? text(client->name.get()) : QString(),
+            text(project->colorHex.get())};
 }
 
 QString RunningEntryModel::projectTitle() const {
-    return project() ? projectName() : QStringLiteral("No project");
+    return look_.hasProject ? look_.projectName : text(NoProject::name);
 }
 
-QString RunningEntryModel::clientName() const {
-    const auto running = project();
-    const auto client = running ? running->client.get() : nullptr;
-    return client ? text(client->name) : QString();
+QString RunningEntryModel::projectColor() const {
+    return look_.hasProject ? look_.color : text(NoProject::runningColor);
 }
 
-QString RunningEntryModel::notes() const {
-    return timer_.running() ? text(timer_.running()->notes) : QString();
+QString RunningEntryModel::badgeColor() const {
+    return look_.hasProject ? look_.color : text(NoProject::badgeColor);
+}
+
+void RunningEntryModel::update() {
+    showNotes();
+    RunningEntryModel::tick();
+    Look look = lookOf(services_.timer.running());
+    if (look == look_) return;
+    look_ = std::move(look);
+    Q_EMIT changed();
+}
+
+void RunningEntryModel::tick() {
+    const auto& time = services_.timer.elapsedLongText();
+    auto elapsed = time.empty() ? QStringLiteral("0:00:00") : text(time);
+    if (elapsed == elapsed_) return;
+    elapsed_ = std::move(elapsed);
+    Q_EMIT elapsedChanged();
 }
 
 void RunningEntryModel::setNotes(const QString& notes) {
-    timer_.typeNotes(notes.toStdString());
+    services_.timer.typeNotes(notes.toStdString());
+    showNotes();
+}
+
+void RunningEntryModel::showNotes() {
+    const auto& entry = services_.timer.running();
+    QString notes = entry ? text(entry->notes.get()) : QString();
+    if (notes == notes_) return;
+    notes_ = std::move(notes);
+    Q_EMIT notesChanged();
 }
 
 void RunningEntryModel::leaveNotes() {
-    timer_.leaveNotes();
+    services_.timer.leaveNotes();
 }
 
 void RunningEntryModel::saveNotes() {
     leaveNotes();
-    const auto entry = timer_.running();
-    if (entry && entry->unitOfWork() != nullptr) context_.saveQuietly();
+    const auto entry = services_.timer.running();
+    if (entry && entry->unitOfWork() != nullptr) services_.context.saveQuietly();
 }
 
 void RunningEntryModel::stop() {
     saveNotes();
-    timer_.stop();
-}
-
-QString RunningEntryModel::badgeColor() const {
-    return project() ? projectColor() : QStringLiteral("#7C6CFF");
-}
-
-QString RunningEntryModel::projectColor() const {
-    const auto running = project();
-    return running ? text(running->colorHex) : QStringLiteral("#FF5B87");
-}
-
-QString RunningEntryModel::elapsed() const {
-    const auto& elapsedText = timer_.elapsedLongText();
-    return elapsedText.empty() ? QStringLiteral("0:00:00") : text(elapsedText);
+    services_.timer.stop();
 }
 
 }  // namespace elmworth

@@ -22,7 +22,7 @@ GlassCard {
             spacing: 8
 
             PulsingDot {
-                tint: card.model.color
+                tint: Tint.fromHex(card.model.projectColor)
                 beat: card.model.elapsed
             }
 
@@ -52,7 +52,7 @@ GlassCard {
 
                 PlainText {
                     Layout.fillWidth: true
-                    text: card.model.projectName
+                    text: card.model.projectTitle
                     size: 15
                     font.weight: Font.DemiBold
                 }

@@ -71,7 +71,7 @@ void addQuestion(TrayMenu& menu, AwayPromptModel& away) {
 void addTimer(TrayMenu& menu, PanelModel& panel) {
     RunningCardModel& card = *panel.running();
     ContinueRowModel& last = *panel.continueRow();
-    if (card.isShown()) {
+    if (card.isRunning()) {
         menu.push_back(offered(QStringLiteral("Stop"), [&card] { card.stop(); }));
         addWarning(menu, *card.warning());
         addQuestion(menu, *card.away());

@@ -40,7 +40,7 @@ TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confir
       confirmation_(confirmation),
       filter_(services),
       commands_(services, history),
-      running_(services.context, services.timer),
+      running_(services),
       editor_(services,
               [this](const EntryForm& form, const Ref<TimeEntry>& entry) {
                   return commands_.save(form, entry);

@@ -22,14 +22,14 @@ class PanelTest : public test::PanelTest {
 // --- the running card ----------------------------------------------------------------------------
 
 TEST_F(PanelTest, theCardShowsTheRunningEntry) {
-    EXPECT_FALSE(card.isShown());
+    EXPECT_FALSE(card.isRunning());
     const auto website = project("Website");
     website->colorHex = "#123456";
     service().start(website);
-    EXPECT_TRUE(card.isShown());
-    EXPECT_EQ(utf8(card.projectName()), "Website");
+    EXPECT_TRUE(card.isRunning());
+    EXPECT_EQ(utf8(card.projectTitle()), "Website");
     EXPECT_EQ(utf8(card.clientName()), "Acme Co");
-    EXPECT_EQ(utf8(card.color().name()), "#123456");
+    EXPECT_EQ(utf8(colorFromHex(card.projectColor()).name()), "#123456");
     EXPECT_EQ(utf8(card.elapsed()), "0:00:00");
     passTo("10:05:09");
     EXPECT_EQ(utf8(card.elapsed()), "1:05:09");
@@ -37,9 +37,9 @@ TEST_F(PanelTest, theCardShowsTheRunningEntry) {
 
 TEST_F(PanelTest, anEntryWithoutProjectHasATintOfItsOwn) {
     service().start(nullptr);
-    EXPECT_EQ(utf8(card.projectName()), "No project");
+    EXPECT_EQ(utf8(card.projectTitle()), "No project");
     EXPECT_EQ(utf8(card.clientName()), "");
-    EXPECT_EQ(card.color(), QColor(0xFF, 0x5B, 0x87));
+    EXPECT_EQ(colorFromHex(card.projectColor()), QColor(0xFF, 0x5B, 0x87));
 }
 
 TEST_F(PanelTest, aColourIsReadAsEverywhere) {
@@ -48,8 +48,9 @@ TEST_F(PanelTest, aColourIsReadAsEverywhere) {
     for (const char* text : {"#4F7CFF", "4F7CFF", "#FFF", "red", ""}) {
         website->colorHex = text;
         turn();
-        EXPECT_EQ(card.color(), colorFromHex(QString::fromUtf8(text))) << text;
-        EXPECT_EQ(panel.projects()->allRows().at(0).projectColor, card.color()) << text;
+        EXPECT_EQ(colorFromHex(card.projectColor()), colorFromHex(QString::fromUtf8(text))) << text;
+        EXPECT_EQ(panel.projects()->allRows().at(0).projectColor, colorFromHex(card.projectColor()))
+            << text;
     }
 }
 
@@ -65,7 +66,7 @@ TEST_F(PanelTest, theCardOfATimerThatRunsAtStartIsThereAtOnce) {
     service().start(project("Website"));
     passTo("09:10");
     PanelModel later{services()};
-    EXPECT_TRUE(later.running()->isShown());
+    EXPECT_TRUE(later.running()->isRunning());
     EXPECT_EQ(utf8(later.running()->elapsed()), "0:10:00");
 }
 
@@ -73,7 +74,7 @@ TEST_F(PanelTest, aSwitchShowsInOneStep) {
     service().start(project("Website"));
     Texts names;
     QObject::connect(&card, &RunningCardModel::changed,
-                     [&] { names.push_back(utf8(card.projectName())); });
+                     [&] { names.push_back(utf8(card.projectTitle())); });
     timer.setTime("10:00");
     service().start(project("Blog"));
     turn();
@@ -86,7 +87,7 @@ TEST_F(PanelTest, anEntryEndedElsewhereLeavesTheCardAtTheNextShow) {
     service().running()->end = timer.now;
     context().save();
     panel.refresh();
-    EXPECT_FALSE(card.isShown());
+    EXPECT_FALSE(card.isRunning());
     EXPECT_TRUE(continueRow.isShown());
 }
 
@@ -97,7 +98,7 @@ TEST_F(PanelTest, aTimerThatIsRefreshedElsewhereShowsInTheNextTurn) {
     context().save();
     service().refresh();
     turn();
-    EXPECT_FALSE(card.isShown());
+    EXPECT_FALSE(card.isRunning());
 }
 
 // --- the notes -----------------------------------------------------------------------------------
@@ -124,7 +125,7 @@ TEST_F(PanelTest, stopKeepsTheNotes) {
     card.setNotes(QStringLiteral("Draft"));
     timer.setTime("10:00");
     card.stop();
-    EXPECT_FALSE(card.isShown());
+    EXPECT_FALSE(card.isRunning());
     EXPECT_FALSE(context().hasChanges());
     EXPECT_EQ(timer.spans(), Texts{"09:00:00-10:00:00"});
     EXPECT_EQ(service().lastContinuableEntry()->notes.get(), "Draft");
@@ -169,7 +170,7 @@ TEST_F(PanelTest, whatChangedBeforeAKeystrokeShowsAsWell) {
     entry(website, "07:00", "07:30")->end = test::TestTimer::today("08:00");
     website->name = "Shop";
     card.setNotes(QStringLiteral("D"));
-    EXPECT_EQ(utf8(card.projectName()), "Shop");
+    EXPECT_EQ(utf8(card.projectTitle()), "Shop");
     EXPECT_EQ(utf8(panel.today()->text()), "1:00");
 }
 

@@ -7,7 +7,7 @@
 
 #include <QSignalSpy>
 
-#include "support/TestTimer.h"
+#include "support/TestServices.h"
 
 namespace elmworth {
 namespace {
@@ -19,7 +19,8 @@ class RunningEntry : public testing::Test {
     test::TestTimer timer;
     Ref<Client> client = timer.library.addClient("Acme Co");
     Ref<Project> project = timer.library.addProject("<b>Website</b> & more", client);
-    RunningEntryModel model{timer.library.context(), *timer.service};
+    test::TestServices app{timer};
+    RunningEntryModel model{app.services()};
 };
 
 TEST_F(RunningEntry, isEmptyWhileNothingRuns) {
@@ -53,7 +54,7 @@ TEST_F(RunningEntry, aTickChangesTheElapsedTimeAlone) {
     service().start(project);
     timer.library.runLoop.turn();
     QSignalSpy elapsed(&model, &RunningEntryModel::elapsedChanged);
-    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    QSignalSpy running(&model, &RunningEntryModel::changed);
     timer.setTime("09:00:01");
     timer.library.runLoop.fire();
     EXPECT_EQ(model.elapsed(), QStringLiteral("0:00:01"));
@@ -63,7 +64,7 @@ TEST_F(RunningEntry, aTickChangesTheElapsedTimeAlone) {
 
 TEST_F(RunningEntry, aRenamedProjectIsTold) {
     service().start(project);
-    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    QSignalSpy running(&model, &RunningEntryModel::changed);
     project->name = "App";
     timer.library.context().save();
     EXPECT_GE(running.size(), 1);
@@ -74,6 +75,7 @@ TEST_F(RunningEntry, theBadgeHasTheProjectsColorOrOneOfItsOwn) {
     service().start(project);
     EXPECT_EQ(model.badgeColor(), QStringLiteral("#4F7CFF"));
     service().running()->project = nullptr;
+    timer.library.runLoop.turn();
     EXPECT_EQ(model.badgeColor(), QStringLiteral("#7C6CFF"));
 }
 
@@ -91,10 +93,10 @@ TEST_F(RunningEntry, notesThatAreTypedAreTheEntrysAtOnceAndSavedWhenAsked) {
 TEST_F(RunningEntry, notesAreToldWhoeverWritesThem) {
     service().start(project);
     timer.library.runLoop.turn();
-    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    QSignalSpy told(&model, &RunningEntryModel::notesChanged);
     service().running()->notes = "Elsewhere";
     timer.library.runLoop.turn();
-    EXPECT_EQ(running.size(), 1);
+    EXPECT_EQ(told.size(), 1);
     EXPECT_EQ(model.notes(), QStringLiteral("Elsewhere"));
 }
 
@@ -130,7 +132,7 @@ TEST_F(RunningEntry, whileNothingRunsNotesAndStopDoNothing) {
 }
 
 TEST_F(RunningEntry, changesOfOtherRecordsTellNothingWhileNothingRuns) {
-    QSignalSpy running(&model, &RunningEntryModel::runningChanged);
+    QSignalSpy running(&model, &RunningEntryModel::changed);
     project->name = "App";
     timer.library.addEntry(project, timer.now - std::chrono::hours(1), timer.now);
     timer.library.context().save();
