@@ -13,7 +13,7 @@ namespace {
 void restoreBackup(FileSource& file, CommandEnvironment& environment, CommandOutput& output) {
     const auto backup = decodeBackup(file, environment.progress);
     RestoreResult result;
-    environment.history.perform("Restore", [&] {
+    environment.history.performForGood([&] {  // the profile comes too, which no step has
         result = restore(backup, environment.context, environment.profiles, environment.progress);
     });
     environment.timer.refresh();

@@ -58,10 +58,10 @@ class UndoHistory {
     /// The field into which was typed last is left.
     void leaveField() noexcept;
 
-    /// Takes the newest step back, saves, and has the guard bring the rest of the
-    /// program in line; a failed save stays pending. What is left alone is no longer part of the
-    /// step. Does nothing when there is no step. Throws StoreError when the library can't be read;
-    /// nothing is changed then.
+    /// Takes the newest step back, saves, and has the guard bring the rest of the program in line;
+    /// a failed save stays pending. What is left alone is no longer part of the step. Does nothing
+    /// when there is no step. Throws StoreError when the library can't be read; nothing is changed
+    /// then.
     UndoResult undo();
     /// Takes the newest undo back, likewise.
     UndoResult redo();

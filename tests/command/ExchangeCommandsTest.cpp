@@ -126,6 +126,7 @@ TEST_F(ExchangeCommands, importAddsTimeAndTellsWhatIsNew) {
     EXPECT_EQ(design_->entries().at(0)->start.get(), test::at("2026-03-02T09:00+01:00"));
     EXPECT_EQ(output({"import", "report.csv"}),
               "Imported 0 entries. Skipped 2 already imported.\n");
+    EXPECT_EQ(history_.undoText(), "Undo Import");
 }
 
 TEST_F(ExchangeCommands, aDashImportsStandardInput) {
@@ -226,6 +227,7 @@ TEST_F(ExchangeCommands, restoreBringsTheLibraryAndTheProfileBack) {
     EXPECT_STREQ(result["message"].GetString(), "Restored 2 clients and 1 invoices.");
     EXPECT_EQ(profiles_.profile().name, "Jane");
     EXPECT_EQ(output({"backup", "-"}), written("library.json"));
+    EXPECT_FALSE(history_.canUndo()) << "a profile is no part of a step";
 }
 
 TEST_F(ExchangeCommands, aDashRestoresStandardInput) {
