@@ -22,7 +22,7 @@ constexpr std::string_view separators = ".,";
 std::string plainDecimal(std::int64_t hundredths) {
     std::string text = std::to_string(hundredths / 100);
     const std::int64_t rest = std::abs(hundredths % 100);
-    if (hundredths < 0 && hundredths > -100) text.insert(0, "-");
+    if (hundredths < 0 && hundredths > -100) text = "-0";
     if (rest == 0) return text;
     text += '.' + std::to_string(100 + rest).substr(1);
     if (text.back() == '0') text.pop_back();

@@ -25,7 +25,7 @@ namespace elmworth {
 /// nobody touched here takes on what changes elsewhere, so that a save never takes that back; an
 /// entry that is billed meanwhile can only be read, one that is stopped gets its end, and one that
 /// is deleted is saved as a new one.
-class EntryEditorModel final : public FormSheetModel {
+class EntryEditorModel final : public elmworth::FormSheetModel {  // so spelt for qmllint
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A screen's model has it")

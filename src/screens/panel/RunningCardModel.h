@@ -12,7 +12,7 @@ namespace elmworth {
 
 /// The entry that runs, as the panel shows it: with what is to be said and asked about it. The
 /// panel's model calls `update` and `tick`.
-class RunningCardModel final : public RunningEntryModel {
+class RunningCardModel final : public elmworth::RunningEntryModel {  // so spelt for qmllint
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The panel's model has it")

@@ -26,7 +26,7 @@ GallerySection {
 
             width: view ? (view.cellWidth ? view.cellWidth - view.spacing : view.width) : 0
             height: 56
-            selected: section.model.selection.currentRow === index
+            selected: section.model.selection.currentRow === index // qmllint disable unqualified
             Accessible.role: Accessible.ListItem
             Accessible.name: text
 

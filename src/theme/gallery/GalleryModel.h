@@ -19,7 +19,7 @@
 namespace elmworth {
 
 /// A form as an example.
-class GalleryForm : public FormSheetModel {
+class GalleryForm : public elmworth::FormSheetModel {  // so spelt for qmllint
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The gallery's model has it")
