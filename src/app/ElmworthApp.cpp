@@ -17,6 +17,9 @@
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_ClientsPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_ProjectsPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_InvoicesPlugin)
 
 namespace elmworth {
 

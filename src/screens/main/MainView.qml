@@ -6,6 +6,9 @@ import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Timesheet
+import Elmworth.Clients
+import Elmworth.Projects
+import Elmworth.Invoices
 import Elmworth.Main
 
 /// The sidebar, and the screen of the section that is chosen there.
@@ -15,7 +18,7 @@ Basic.SplitView {
     required property MainViewModel model
 
     /// Whether nothing lies over the window.
-    readonly property bool isInFront: !model.confirmation.isOpen && !model.timesheet.editor.isOpen
+    readonly property bool isInFront: !model.confirmation.isOpen && !model.newInvoice.isOpen && !model.timesheet.editor.isOpen
 
     signal closeRequested()
 
@@ -67,34 +70,28 @@ Basic.SplitView {
             OnDemand {
                 wanted: view.model.section === 1
 
-                sourceComponent: SectionPlaceholder {
-                    title: "Clients"
-                    icon: "people-filled"
-                    colors: Theme.violetGradient
-                    message: "Clients and what they owe will appear here. Until then, add one in a terminal: elmworth client add \"Acme Co\" --rate 120"
-                }
+                // What is made on demand doesn't outlive its view.
+                // qmllint disable unqualified
+                sourceComponent: ClientsView { model: view.model.clients }
+                // qmllint enable unqualified
             }
 
             OnDemand {
                 wanted: view.model.section === 2
 
-                sourceComponent: SectionPlaceholder {
-                    title: "Projects"
-                    icon: "folder-filled"
-                    colors: Theme.skyGradient
-                    message: "Projects with their budgets will appear here. Until then, add one in a terminal: elmworth project add \"Website\" --client \"Acme Co\""
-                }
+                // What is made on demand doesn't outlive its view.
+                // qmllint disable unqualified
+                sourceComponent: ProjectsView { model: view.model.projects }
+                // qmllint enable unqualified
             }
 
             OnDemand {
                 wanted: view.model.section === 3
 
-                sourceComponent: SectionPlaceholder {
-                    title: "Invoices"
-                    icon: "document"
-                    colors: Theme.mintGradient
-                    message: "Invoices and their PDFs will appear here. Until then, make one in a terminal: “elmworth invoice create --help” tells how."
-                }
+                // What is made on demand doesn't outlive its view.
+                // qmllint disable unqualified
+                sourceComponent: InvoicesView { model: view.model.invoices }
+                // qmllint enable unqualified
             }
         }
 

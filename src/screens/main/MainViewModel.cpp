@@ -17,11 +17,21 @@ constexpr std::string_view sectionKey = "mainSection";
 
 MainViewModel::MainViewModel(const AppServices& services)
     : readFaults_(services.context.readFaults()),
+      context_(services.context),
       defaults_(services.defaults),
       timer_(services.timer),
       running_(services),
       history_(services.history),
-      timesheet_(services, confirmation_, history_) {
+      timesheet_(services, confirmation_, history_),
+      newInvoice_(services),
+      clients_(services, confirmation_),
+      projects_(services, confirmation_),
+      invoices_(services, confirmation_, newInvoice_) {
+    connect(&clients_, &ClientsModel::invoiceRequested, this, [this](const auto& client) {
+        newInvoice_.open(context_.recordQuietly<Client>(client));
+    });
+    connect(&newInvoice_, &NewInvoiceModel::created, this,
+            [this] { defaults_.setString(sectionKey, "Invoices"); });
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });

@@ -8,9 +8,13 @@
 #include <QtQmlIntegration>
 
 #include "platform/Settings.h"
+#include "screens/clients/ClientsModel.h"
+#include "screens/invoices/InvoicesModel.h"
+#include "screens/invoices/NewInvoiceModel.h"
 #include "screens/main/SidebarModel.h"
 #include "screens/panel/HistoryModel.h"
 #include "screens/panel/RunningEntryModel.h"
+#include "screens/projects/ProjectsModel.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "theme/Confirmation.h"
 
@@ -26,6 +30,11 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(int section READ section NOTIFY sectionChanged FINAL)
     Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
     Q_PROPERTY(elmworth::TimesheetModel* timesheet READ timesheet CONSTANT FINAL)
+    Q_PROPERTY(elmworth::ClientsModel* clients READ clients CONSTANT FINAL)
+    Q_PROPERTY(elmworth::ProjectsModel* projects READ projects CONSTANT FINAL)
+    Q_PROPERTY(elmworth::InvoicesModel* invoices READ invoices CONSTANT FINAL)
+    /// The sheet that more than one section opens.
+    Q_PROPERTY(elmworth::NewInvoiceModel* newInvoice READ newInvoice CONSTANT FINAL)
     /// What any of the sections asks.
     Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     /// What was done in any of them, and elsewhere.
@@ -42,6 +51,10 @@ class MainViewModel final : public QObject {
     [[nodiscard]] int section() const;
     [[nodiscard]] RunningEntryModel* running() { return &running_; }
     [[nodiscard]] TimesheetModel* timesheet() { return &timesheet_; }
+    [[nodiscard]] ClientsModel* clients() { return &clients_; }
+    [[nodiscard]] ProjectsModel* projects() { return &projects_; }
+    [[nodiscard]] InvoicesModel* invoices() { return &invoices_; }
+    [[nodiscard]] NewInvoiceModel* newInvoice() { return &newInvoice_; }
     [[nodiscard]] Confirmation* confirmation() { return &confirmation_; }
     [[nodiscard]] HistoryModel* history() { return &history_; }
     /// There is nothing yet that could look for updates.
@@ -65,6 +78,7 @@ class MainViewModel final : public QObject {
 
  private:
     ReadFaults& readFaults_;
+    UnitOfWork& context_;
     Settings& defaults_;
     TimerService& timer_;
     SidebarModel sections_;
@@ -72,6 +86,10 @@ class MainViewModel final : public QObject {
     Confirmation confirmation_;
     HistoryModel history_;
     TimesheetModel timesheet_;
+    NewInvoiceModel newInvoice_;
+    ClientsModel clients_;
+    ProjectsModel projects_;
+    InvoicesModel invoices_;
     Settings::Observation defaultsObservation_;
     ReadFaults::Observation faultsObservation_;
 };

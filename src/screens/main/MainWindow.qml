@@ -5,6 +5,7 @@ import QtQuick
 import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
 import Elmworth.Theme
+import Elmworth.Invoices
 import Elmworth.Main
 
 /// The main window. Closing it ends nothing: the program goes on without it.
@@ -37,6 +38,15 @@ Basic.ApplicationWindow {
         // What is made on demand doesn't outlive its window.
         // qmllint disable unqualified
         sourceComponent: ConfirmSheet { question: window.model.confirmation }
+        // qmllint enable unqualified
+    }
+
+    OnDemand {
+        wanted: window.model.newInvoice.isOpen
+
+        // What is made on demand doesn't outlive its window.
+        // qmllint disable unqualified
+        sourceComponent: NewInvoiceSheet { model: window.model.newInvoice }
         // qmllint enable unqualified
     }
 

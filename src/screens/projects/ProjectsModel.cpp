@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "screens/projects/ProjectsModel.h"
+
+namespace elmworth {
+
+ProjectsModel::ProjectsModel(const AppServices& services, Confirmation& confirmation)
+    : services_(services), confirmation_(confirmation) {}
+
+}  // namespace elmworth
