@@ -57,12 +57,19 @@ Basic.SplitView {
         Basic.SplitView.fillWidth: true
 
         StackLayout {
+            id: sections
+
+            function takeKeyboard(): void {
+                if (children[currentIndex])
+                    children[currentIndex].forceActiveFocus(Qt.OtherFocusReason);
+            }
+
             anchors.fill: parent
             currentIndex: view.model.section
+            // Who chooses a section by its key or a button goes on there, and who walks through the sidebar stays there.
+            onCurrentIndexChanged: if (!sidebar.activeFocus) takeKeyboard()
 
             TimesheetView {
-                id: timesheet
-
                 focus: true
                 model: view.model.timesheet
             }
@@ -72,7 +79,10 @@ Basic.SplitView {
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
-                sourceComponent: ClientsView { model: view.model.clients }
+                sourceComponent: ClientsView {
+                    focus: true
+                    model: view.model.clients
+                }
                 // qmllint enable unqualified
             }
 
@@ -81,7 +91,10 @@ Basic.SplitView {
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
-                sourceComponent: ProjectsView { model: view.model.projects }
+                sourceComponent: ProjectsView {
+                    focus: true
+                    model: view.model.projects
+                }
                 // qmllint enable unqualified
             }
 
@@ -90,7 +103,10 @@ Basic.SplitView {
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
-                sourceComponent: InvoicesView { model: view.model.invoices }
+                sourceComponent: InvoicesView {
+                    focus: true
+                    model: view.model.invoices
+                }
                 // qmllint enable unqualified
             }
         }
@@ -100,14 +116,7 @@ Basic.SplitView {
             width: Math.min(implicitWidth, parent.width - 48)
             history: view.model.history
             // What doesn't show would keep the keyboard.
-            onIsWantedChanged: {
-                if (isWanted || !hasKeyboard)
-                    return;
-                if (timesheet.visible)
-                    timesheet.takeKeyboard();
-                else
-                    sidebar.forceActiveFocus(Qt.OtherFocusReason);
-            }
+            onIsWantedChanged: if (!isWanted && hasKeyboard) sections.takeKeyboard()
         }
     }
 }

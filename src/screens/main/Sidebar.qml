@@ -7,7 +7,7 @@ import Elmworth.Theme
 import Elmworth.Main
 
 /// The brand and the menu, the sections, and at the bottom the timer while it runs.
-Item {
+FocusScope {
     id: sidebar
 
     required property MainViewModel model
