@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QNetworkAccessManager>
+
+#include "updates/Downloads.h"
+
+namespace elmworth {
+
+/// Downloads by Qt's network. Redirects lead from https to https alone, five at most. No cookies,
+/// no cache, and nothing is unpacked on the way.
+class HttpsDownloads final : public Downloads {
+ public:
+    [[nodiscard]] Handle fetch(const Wanted& wanted, Sink sink, Ended ended) override;
+
+ private:
+    QNetworkAccessManager network_;
+};
+
+}  // namespace elmworth
