@@ -48,11 +48,15 @@ void ClientService::edit(const Ref<Client>& client, const std::function<void(Cli
 void ClientService::remove(const Ref<Client>& client) {
     const std::string name = client->name;
     if (hasInvoices(*client)) throw Refused("Delete " + name + "'s invoices first.");
+    const UndoHistory::Change deletion = [&] { context_.deleteRecord(client); };
     const auto running = timer_.running();
     const auto project = running ? running->project.get() : nullptr;
-    // Before the step: taking the deletion back must bring no running entry back.
-    if (project && project->client.get() == client) timer_.stop();
-    history_.perform("Delete " + name, [&] { context_.deleteRecord(client); });
+    if (project && project->client.get() == client) {
+        // First, so that taking the deletion back brings no running entry back.
+        history_.performAfter("Stop Timer", timer_.stop, "Delete " + name, deletion);
+    } else {
+        history_.perform("Delete " + name, deletion);
+    }
     timer_.refresh();
 }
 

@@ -26,6 +26,21 @@ void UndoHistory::perform(const StepName& name, const Change& change) {
     keep(name, recorded([&] { saved(change); }));
 }
 
+void UndoHistory::performAfter(const StepName& preparationName, const Change& preparation,
+                               const StepName& name, const Change& change) {
+    if (isInStep_) {
+        preparation();
+        return change();
+    }
+    auto prepared = recorded(preparation);
+    try {
+        perform(name, change);
+    } catch (...) {
+        keep(preparationName, std::move(prepared));
+        throw;
+    }
+}
+
 void UndoHistory::performForGood(const Change& change) {
     if (isInStep_) return change();
     if (context_.hasChanges()) context_.save();

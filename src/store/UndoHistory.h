@@ -44,6 +44,12 @@ class UndoHistory {
     /// could be redone is forgotten. A change of nothing is no step.
     void perform(const StepName& name, const Change& change);
 
+    /// As `perform`, after `preparation`, which saves on its own and is no part of what is undone:
+    /// records that `change` deletes come back as the preparation left them. When `change` or the
+    /// save throws, the preparation alone is done, as a step of its own name.
+    void performAfter(const StepName& preparationName, const Change& preparation,
+                      const StepName& name, const Change& change);
+
     /// As `perform`, for what a screen does at once: a failed save stays pending, and the step can
     /// be undone all the same. When `change` throws, it must have changed nothing.
     void performQuietly(const StepName& name, const Change& change);

@@ -8,6 +8,7 @@
 #include "support/FileSizeLimit.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
+#include "tracking/EntryUndoGuard.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -115,17 +116,59 @@ TEST_F(ClientServiceTest, aDeletionThatCannotBeSavedIsNotDone) {
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(ClientServiceTest, aDeletionThatIsUndoneBringsAllBackButNoRunningTimer) {
-    context().save();
-    timer_.start(website_);
+/// A history that also has what the timer does, as in the program.
+class ClientServiceStepsTest : public ClientServiceTest {
+ protected:
+    ClientServiceStepsTest() {
+        context().save();
+        steps_.setGuard(guard_);
+        timer_.setHistory(steps_);
+        timer_.start(website_);
+        tracked_ = timer_.running()->id();
+        now_ += 1h;
+    }
+    [[nodiscard]] std::size_t runningCount() {
+        return context().fetchCount<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent});
+    }
+
+    UndoHistory steps_{context(), [this] { return now_; }};
+    EntryUndoGuard guard_{timer_};
+    ClientService service_{context(), steps_, TimerCalls::of(timer_), [this] { return now_; }};
+    PersistentID tracked_;
+};
+
+TEST_F(ClientServiceStepsTest, aDeletionThatStopsTheTimerIsOneStep) {
+    service_.remove(client_);
+    EXPECT_EQ(steps_.undoText(), "Undo Delete Acme");
+    steps_.undo();
+    EXPECT_EQ(steps_.undoText(), "Undo Start Timer");
+}
+
+TEST_F(ClientServiceStepsTest, itsUndoBringsTheEntryBackAsItWasStopped) {
+    const Instant stopped = now_;
+    service_.remove(client_);
     now_ += 1h;
-    clients_.remove(client_);
-    EXPECT_EQ(history_.undoText(), "Undo Delete Acme");
-    history_.undo();
+    EXPECT_EQ(steps_.undo().notice(), "");
     EXPECT_EQ(context().fetchCount<Client>(), 2U);
     EXPECT_EQ(context().fetchCount<Project>(), 1U);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
-    EXPECT_EQ(context().fetchCount<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent}), 0U);
+    EXPECT_EQ(context().record<TimeEntry>(tracked_)->end.get(), stopped);
+    EXPECT_FALSE(timer_.running());
+    EXPECT_EQ(runningCount(), 0U);
+    steps_.redo();
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
+}
+
+TEST_F(ClientServiceStepsTest, itsUndoLeavesANewerTimerRunning) {
+    service_.remove(client_);
+    timer_.setHistory(history_);  // as somebody else starts it
+    timer_.start(nullptr);
+    const auto newer = timer_.running()->id();
+    now_ += 1h;
+    EXPECT_EQ(steps_.undo().notice(), "");
+    EXPECT_EQ(timer_.running()->id(), newer);
+    EXPECT_EQ(runningCount(), 1U);
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 3U);
 }
 
 // --- adding and editing ------------------------------------------------------------------------

@@ -179,6 +179,43 @@ TEST_F(UndoHistoryTest, whatWaitsFromAFailedSaveIsNotRolledBack) {
     EXPECT_EQ(entry_->notes.get(), "Landing page");
 }
 
+TEST_F(UndoHistoryTest, whatAPreparationDidIsNotUndone) {
+    history_.performAfter(
+        "Prepare", [&] { entry_->notes = "prepared"; }, "Step",
+        [&] { context().deleteRecord(entry_); });
+    EXPECT_EQ(history_.undoText(), "Undo Step");
+    history_.undo();
+    EXPECT_FALSE(history_.canUndo());
+    const auto entries = context().fetch<TimeEntry>();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0]->notes.get(), "prepared");
+}
+
+TEST_F(UndoHistoryTest, aPreparationWithoutItsChangeIsAStepOfItsOwn) {
+    const auto before = text();
+    const auto prepare = [&] {
+        entry_->notes = "prepared";
+        context().save();
+    };
+    const auto change = [&] {
+        context().deleteRecord(entry_);
+        throw std::runtime_error("no");
+    };
+    EXPECT_THROW(history_.performAfter("Prepare", prepare, "Step", change), std::runtime_error);
+    EXPECT_EQ(entry_->notes.get(), "prepared");
+    EXPECT_EQ(history_.undoText(), "Undo Prepare");
+    history_.undo();
+    EXPECT_EQ(text(), before);
+}
+
+TEST_F(UndoHistoryTest, aPreparationWithinAStepIsPartOfThat) {
+    expectUndoAndRedo([&] {
+        history_.performAfter(
+            "Prepare", [&] { entry_->notes = "prepared"; }, "Inner",
+            [&] { context().deleteRecord(entry_); });
+    });
+}
+
 // --- what is left alone ------------------------------------------------------------------------
 
 TEST_F(UndoHistoryTest, aProjectThatIsUsedByNowStaysWithItsClient) {
