@@ -34,6 +34,7 @@ LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
       defaults_(isDemo ? Settings::namedFile("ElmworthDemo") : Settings::standardFile()),
       profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
       timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }) {
+    const OutsideSteps atTheStart;
     history_.setGuard(undoGuard_);
     if (!isDemo && !isHostedRun()) finishRestore(container_.mainContext(), profiles_);
     timer_.restore();

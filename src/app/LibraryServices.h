@@ -10,6 +10,7 @@
 #include "platform/Settings.h"
 #include "records/Library.h"
 #include "records/ProfileStore.h"
+#include "store/StepRule.h"
 #include "store/UndoHistory.h"
 #include "tracking/EntryUndoGuard.h"
 #include "tracking/TimerService.h"
@@ -36,6 +37,7 @@ class LibraryServices {
  private:
     Clock now_;
     Library container_;
+    StepRule stepRule_{container_.mainContext()};
     UndoHistory history_{container_.mainContext(), now_};
     Settings defaults_;
     ProfileStore profiles_;

@@ -3,6 +3,8 @@
 
 #include "store/UndoHistory.h"
 
+#include "store/StepRule.h"
+
 namespace elmworth {
 
 namespace {
@@ -44,6 +46,7 @@ void UndoHistory::performAfter(const StepName& preparationName, const Change& pr
 void UndoHistory::performForGood(const Change& change) {
     if (isInStep_) return change();
     if (context_.hasChanges()) context_.save();
+    const OutsideSteps unrecorded;
     isInStep_ = true;
     try {
         saved(change);

@@ -7,9 +7,21 @@
 #include <iterator>
 
 #include "store/RecordOrder.h"
+#include "store/StepRule.h"
 #include "store/sqlite/RecordStore.h"
 
 namespace elmworth {
+
+namespace {
+
+/// Whether changes are held to StepRule.
+#ifdef NDEBUG
+constexpr bool asksForSteps = false;
+#else
+constexpr bool asksForSteps = true;
+#endif
+
+}  // namespace
 
 UnitOfWork::UnitOfWork(std::unique_ptr<sqlite::RecordStore> store,
                        std::span<const RecordSchema* const> types, RunLoop& runLoop)
@@ -72,6 +84,10 @@ void UnitOfWork::recordWillChange(Record& record) {
 }
 
 void UnitOfWork::recordDidChange(Record& record, std::size_t field) {
+    if (asksForSteps && !recorder_ && record.stored_) {
+        StepRule::check(*this, record,
+                        std::string(record.recordSchema().fields[field].name) + " changed");
+    }
     note(record, {RecordChange::Kind::changed, std::uint32_t{1} << field});
 }
 
@@ -129,6 +145,7 @@ void UnitOfWork::markDeleted(const Ref<Record>& record) {
     if (recorder_) recorder_->touch(*record);
     const auto& schema = record->recordSchema();
     if (record->stored_) {
+        if (asksForSteps && !recorder_) StepRule::check(*this, *record, "deleted");
         recordWillChange(*record);
         record->state_ = Record::State::deleted;
     } else {
