@@ -27,7 +27,7 @@
 #include "exchange/SnapshotJob.h"
 #include "platform/AtomicFile.h"
 #include "platform/TextEncoding.h"
-#include "tracking/TimesheetFilter.h"
+#include "tracking/TimesheetReader.h"
 
 namespace elmworth::bench {
 namespace {
@@ -216,10 +216,10 @@ void restoreBare(benchmark::State& state) {
 
 void exportTo(UnitOfWork& context, const fs::path& file) {
     TimesheetFilter everything;
-    everything.range = {Instant::min(), Instant::max()};
+    everything.range = {Instant(), libraryNow()};
     AtomicFile target(file);
     CSVDocument document("Europe/Berlin", [&](std::string_view text) { target.write(text); });
-    forEachFilteredEntry(context, everything, libraryNow(), [&](const TimeEntry& entry) {
+    TimesheetReader(context, everything, libraryNow()).forEach([&](const TimeEntry& entry) {
         if (entry.isRunning()) return;
         const auto& project = entry.project.get();
         document.add(entry.start, *entry.end.get(), project->client->name.get(),

@@ -7,6 +7,7 @@
 #include "command/TimesheetArguments.h"
 #include "exchange/CSVDocument.h"
 #include "platform/AtomicFile.h"
+#include "tracking/TimesheetReader.h"
 
 namespace elmworth {
 
@@ -17,11 +18,11 @@ std::int64_t writeEntries(CommandEnvironment& environment, const TimesheetFilter
                           const std::function<void(std::string_view)>& sink) {
     CSVDocument document(environment.calendar.zoneID(), sink);
     std::int64_t count = 0;
-    forEachFilteredEntry(
-        environment.context, filter, environment.now(), [&](const TimeEntry& entry) {
-            if (!document.add(entry)) return;
-            environment.progress.advance("Exporting", static_cast<std::size_t>(++count), 0);
-        });
+    const TimesheetReader reader(environment.context, filter, environment.now());
+    reader.forEach([&](const TimeEntry& entry) {
+        if (!document.add(entry)) return;
+        environment.progress.advance("Exporting", static_cast<std::size_t>(++count), 0);
+    });
     document.finish();
     return count;
 }

@@ -9,32 +9,35 @@
 #include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 #include "records/Invoice.h"
+#include "tracking/TimesheetDays.h"
 
 namespace elmworth {
 
 namespace {
 
 struct Report {
+    Instant now;
     TimesheetFilter filter;
     std::vector<Ref<TimeEntry>> entries;
-    std::vector<DayGroup> days;
+    TimesheetListing listing;  ///< of a single piece, in which they stand in the same order
     TimesheetStatistics statistics;
 };
 
-TimesheetStatistics statisticsOf(const std::vector<Ref<TimeEntry>>& entries,
-                                 const DateInterval& range, Instant now) {
-    TimesheetSums sums(range);
-    for (const auto& entry : entries) sums.add(TimesheetEntry::of(*entry));
-    return sums.statistics(now);
-}
-
 Report makeReport(const TimesheetArguments& arguments, CommandEnvironment& environment) {
-    const Instant now = environment.now();
     Report report;
+    report.now = environment.now();
     report.filter = arguments.filter(environment);
-    report.entries = filteredEntries(environment.context, report.filter, now);
-    report.days = dayGroups(report.entries, report.filter.range, now, environment.calendar);
-    report.statistics = statisticsOf(report.entries, report.filter.range, now);
+    const auto& range = report.filter.range;
+    report.entries = TimesheetReader(environment.context, report.filter, report.now).entries();
+    TimesheetSums sums(range);
+    const auto piece = std::make_shared<TimesheetPiece>();
+    for (const auto& entry : report.entries) {
+        piece->add(*entry);
+        sums.add(piece->entry(piece->size() - 1));
+    }
+    report.listing =
+        listTimesheet({piece}, range, report.now, environment.calendar, TimesheetSearch(""));
+    report.statistics = sums.statistics(report.now);
     return report;
 }
 
@@ -57,13 +60,13 @@ std::string dayText(Instant day, const Calendar& calendar) {
     return formatISO8601(day, calendar.secondsFromUTC(day)).substr(0, 10);
 }
 
-void writeDay(JSONOutput& json, const DayGroup& group, const Calendar& calendar) {
+void writeDay(JSONOutput& json, const TimesheetDay& day, Instant now, const Calendar& calendar) {
     json.beginObject();
-    json.field("day", dayText(group.day, calendar));
-    json.field("seconds", group.seconds);
+    json.field("day", dayText(day.start, calendar));
+    json.field("seconds", day.seconds(now));
     json.key("entries");
     json.beginArray();
-    for (const auto& entry : group.entries) json.value(entry->id().string());
+    for (const auto& place : day.entries) json.value(place.entry().id.string());
     json.endArray();
     json.endObject();
 }
@@ -91,11 +94,13 @@ void printJSON(const Report& report, CommandEnvironment& environment, CommandOut
     json.endObject();
     json.key("entries");
     json.beginArray();
-    for (const auto& entry : report.entries) writeEntry(json, *entry, environment.now());
+    for (const auto& entry : report.entries) writeEntry(json, *entry, report.now);
     json.endArray();
     json.key("days");
     json.beginArray();
-    for (const auto& day : report.days) writeDay(json, day, environment.calendar);
+    for (const auto& day : report.listing.days) {
+        writeDay(json, *day, report.now, environment.calendar);
+    }
     json.endArray();
     writeStatistics(json, report.statistics);
     json.endObject();
@@ -123,22 +128,23 @@ void printText(const Report& report, CommandEnvironment& environment, CommandOut
     const auto weekdays = formatter(DateFormatter::Style::weekday);
     const auto dates = formatter(DateFormatter::Style::mediumDate);
     const auto times = formatter(DateFormatter::Style::shortTime);
-    for (const auto& day : report.days) {
-        output.line(weekdays.string(day.day) + ", " + dates.string(day.day) + "  " +
-                    formatHoursMinutes(day.seconds));
+    for (const auto& day : report.listing.days) {
+        output.line(weekdays.string(day->start) + ", " + dates.string(day->start) + "  " +
+                    formatHoursMinutes(day->seconds(report.now)));
         TextTable table({{""}, {""}, {"", TextTable::Alignment::right}, {""}, {""}, {""}});
-        for (const auto& entry : day.entries) {
+        for (const auto& place : day->entries) {
+            const auto& entry = report.entries[place.index];
             const auto& project = entry->project.get();
             const auto client = project ? project->client.get() : nullptr;
             table.add({"  " + times.string(entry->start),
                        entry->isRunning() ? "now" : times.string(*entry->end.get()),
-                       formatHoursMinutes(entry->duration(environment.now())),
+                       formatHoursMinutes(entry->duration(report.now)),
                        project ? project->name.get() : NoProject::name,
                        client ? client->name.get() : "", entry->notes});
         }
         output.text += table.rowsText() + '\n';
     }
-    if (report.days.empty()) output.line("No time matches this period and filter.");
+    if (report.listing.days.empty()) output.line("No time matches this period and filter.");
     output.line(statisticsText(report.statistics, environment.moneyLocale));
 }
 

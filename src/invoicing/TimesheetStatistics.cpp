@@ -3,10 +3,9 @@
 
 #include "invoicing/TimesheetStatistics.h"
 
-#include <algorithm>
-
 #include "invoicing/InvoiceCalculator.h"
 #include "records/Client.h"
+#include "records/DateRangePreset.h"
 
 namespace elmworth {
 
@@ -17,10 +16,6 @@ void addCents(std::int64_t& sum, std::int64_t cents) {
 }
 
 }  // namespace
-
-double TimesheetSums::periodSeconds(Instant start, Instant end) const {
-    return std::max(0.0, secondsBetween(std::max(start, range_.start), std::min(end, range_.end)));
-}
 
 void TimesheetSums::noteCurrency(const Project& project) {
     if (!projects_.insert(project.id()).second) return;
@@ -34,7 +29,7 @@ void TimesheetSums::add(const TimesheetEntry& entry) {
         running_.push_back({entry.start, entry.rateCents});
         return;
     }
-    const double seconds = periodSeconds(entry.start, *entry.end);
+    const double seconds = secondsWithin(range_, entry.start, *entry.end);
     const std::int64_t cents = InvoiceCalculator::amountCents(seconds, entry.rateCents);
     finished_.trackedSeconds += seconds;
     addCents(finished_.billableCents, cents);
@@ -64,19 +59,12 @@ TimesheetStatistics TimesheetSums::statistics(Instant now) const {
     TimesheetStatistics statistics = finished_;
     statistics.currencyCode = commonCurrency();
     for (const Running& entry : running_) {
-        const double seconds = periodSeconds(entry.start, now);
+        const double seconds = secondsWithin(range_, entry.start, now);
         statistics.trackedSeconds += seconds;
         addCents(statistics.billableCents,
                  InvoiceCalculator::amountCents(seconds, entry.rateCents));
     }
     return statistics;
-}
-
-TimesheetStatistics timesheetStatistics(std::span<const TimesheetEntry> entries,
-                                        const DateInterval& range, Instant now) {
-    TimesheetSums sums(range);
-    for (const auto& entry : entries) sums.add(entry);
-    return sums.statistics(now);
 }
 
 }  // namespace elmworth

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -51,7 +50,6 @@ class TimesheetSums {
         std::int64_t rateCents = 0;
     };
 
-    [[nodiscard]] double periodSeconds(Instant start, Instant end) const;
     [[nodiscard]] std::optional<std::string> commonCurrency() const;
     void noteCurrency(const Project& project);
 
@@ -61,8 +59,5 @@ class TimesheetSums {
     std::unordered_set<PersistentID> projects_;
     std::set<std::string> currencyCodes_;
 };
-
-[[nodiscard]] TimesheetStatistics timesheetStatistics(std::span<const TimesheetEntry> entries,
-                                                      const DateInterval& range, Instant now);
 
 }  // namespace elmworth

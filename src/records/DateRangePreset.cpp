@@ -3,7 +3,6 @@
 
 #include "records/DateRangePreset.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "platform/SystemLog.h"
@@ -90,23 +89,10 @@ DateInterval customInterval(Instant from, Instant to, const Calendar& calendar) 
 }
 
 std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar) {
-    std::optional<DateInterval> none;
-    return splitByDay(start, end, calendar, none);
-}
-
-std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar,
-                                 std::optional<DateInterval>& known) {
     std::vector<DaySlice> slices;
-    if (end <= start) return slices;
-    const bool isInKnown = known && known->start <= start && start < known->end;
-    if (!isInKnown) known = calendar.interval(CalendarUnit::day, start);
-    while (known && known->start < end) {
-        const Instant from = std::max(known->start, start);
-        const Instant to = std::min(known->end, end);
-        if (from < to) slices.push_back({known->start, secondsBetween(from, to)});
-        if (end <= known->end) break;
-        known = calendar.interval(CalendarUnit::day, known->end);
-    }
+    DayCutter(calendar).cut(start, end, [&](const DateInterval& day, double seconds) {
+        slices.push_back({day.start, seconds});
+    });
     return slices;
 }
 

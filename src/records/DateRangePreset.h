@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
@@ -57,9 +58,35 @@ struct DaySlice {
 [[nodiscard]] std::vector<DaySlice> splitByDay(Instant start, Instant end,
                                                const Calendar& calendar);
 
-/// The same for many spans: `known` is the day that the last one ended in, absent at first, for
-/// which the calendar is not asked again.
-[[nodiscard]] std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar,
-                                               std::optional<DateInterval>& known);
+/// How much of the span from `start` to `end` lies in `period`, in seconds.
+[[nodiscard]] inline double secondsWithin(const DateInterval& period, Instant start, Instant end) {
+    return std::max(0.0, secondsBetween(std::max(start, period.start), std::min(end, period.end)));
+}
+
+/// Cuts many spans as `splitByDay` does. While they come day by day, the calendar is asked once for
+/// each day.
+class DayCutter {
+ public:
+    /// `calendar` outlives this.
+    explicit DayCutter(const Calendar& calendar) : calendar_(calendar) {}
+
+    /// Calls `visit(day, seconds)` for each day of the span, with the whole day as an interval.
+    template <class Visit>
+    void cut(Instant start, Instant end, const Visit& visit) {
+        if (end <= start) return;
+        const bool isInLast = day_ && day_->start <= start && start < day_->end;
+        if (!isInLast) day_ = calendar_.interval(CalendarUnit::day, start);
+        while (day_ && day_->start < end) {
+            const double seconds = secondsWithin(*day_, start, end);
+            if (seconds > 0) visit(*day_, seconds);
+            if (end <= day_->end) return;
+            day_ = calendar_.interval(CalendarUnit::day, day_->end);
+        }
+    }
+
+ private:
+    const Calendar& calendar_;
+    std::optional<DateInterval> day_;  ///< that the last span ended in
+};
 
 }  // namespace elmworth

@@ -296,9 +296,7 @@ double TimerService::trackedSeconds(Instant from, Instant to) const {
     const Instant now = now_();
     double seconds = 0;
     for (const auto& entry : entries) {
-        const Instant start = std::max(entry->start.get(), from);
-        const Instant end = std::min(to, entry->end->value_or(now));
-        seconds += std::max(0.0, secondsBetween(start, end));
+        seconds += secondsWithin({from, to}, entry->start, entry->end->value_or(now));
     }
     return seconds;
 }

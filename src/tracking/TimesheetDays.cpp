@@ -18,40 +18,29 @@ using Days = std::map<Instant, TimesheetDay, std::greater<>>;
 using Place = TimesheetPlace;
 
 double shareOf(const TimesheetDay& day, Instant start, Instant end) {
-    return std::max(0.0, secondsBetween(std::max(start, day.start), std::min(end, day.end)));
+    return secondsWithin({day.start, day.end}, start, end);
 }
 
-/// Puts entries into their days. They come newest first, mostly several in a day: the calendar is
-/// asked once for each day.
+/// Puts entries into their days. They come newest first, mostly several in a day.
 class DayBuilder {
  public:
     DayBuilder(const DateInterval& range, Instant now, const Calendar& calendar)
-        : range_(range), now_(now), calendar_(calendar) {}
+        : range_(range), now_(now), cutter_(calendar) {}
 
     void add(const TimesheetPlace& place) {
         const auto& entry = place.entry();
-        const Instant end = entry.end.value_or(now_);
-        if (end <= entry.start) return;
         // What lies before the range is skipped at once, though it may be decades.
-        auto day = dayOf(std::max(entry.start, range_.start));
-        const Instant last = std::min(end, range_.end);
-        while (day && day->start < last) {
-            if (day->start >= range_.start) addTo(*day, place);
-            if (day->end >= last) return;
-            day = calendar_.interval(CalendarUnit::day, day->end);
-        }
+        const Instant start = std::max(entry.start, range_.start);
+        const Instant end = std::min(entry.end.value_or(now_), range_.end);
+        cutter_.cut(start, end, [&](const DateInterval& day, double /*seconds*/) {
+            if (day.start >= range_.start) addTo(day, place);
+        });
     }
 
     /// The days so far, with their entries in the order of their adding.
     [[nodiscard]] Days& days() noexcept { return days_; }
 
  private:
-    [[nodiscard]] std::optional<DateInterval> dayOf(Instant instant) {
-        if (known_ && known_->start <= instant && instant < known_->end) return known_;
-        known_ = calendar_.interval(CalendarUnit::day, instant);
-        return known_;
-    }
-
     void addTo(const DateInterval& when, const TimesheetPlace& place) {
         if (latest_ == nullptr || latest_->start != when.start) {
             latest_ = &days_[when.start];
@@ -63,9 +52,8 @@ class DayBuilder {
 
     DateInterval range_;
     Instant now_;
-    const Calendar& calendar_;
+    DayCutter cutter_;
     Days days_;
-    std::optional<DateInterval> known_;
     TimesheetDay* latest_ = nullptr;
 };
 

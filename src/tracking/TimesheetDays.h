@@ -10,7 +10,6 @@
 
 #include "platform/Calendar.h"
 #include "tracking/TimesheetReader.h"
-#include "tracking/TimesheetSearch.h"
 
 namespace elmworth {
 

@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
+#include <string_view>
+#include <unordered_map>
 
+#include "platform/LocalizedSearch.h"
 #include "records/Client.h"
 #include "records/DateRangePreset.h"
 #include "records/Project.h"
 #include "records/TimeEntry.h"
-#include "store/UnitOfWork.h"
 
 namespace elmworth {
 
@@ -22,40 +22,32 @@ struct TimesheetFilter {
     bool unbilledOnly = false;
     Ref<Project> project;  ///< null for all
     Ref<Client> client;    ///< null for all
-    std::string search;  ///< stands in the notes, the project's or the client's name; blanks around
-                         ///< it do not count
+    std::string search;    ///< see TimesheetSearch
 
     /// Whether `entry` meets all conditions but the search at the instant `now`, up to which a
     /// running entry reaches.
     [[nodiscard]] bool admits(const TimeEntry& entry, Instant now) const;
 
-    /// Whether `entry` is shown at the instant `now`.
-    [[nodiscard]] bool passes(const TimeEntry& entry, Instant now) const;
-
     friend bool operator==(const TimesheetFilter&, const TimesheetFilter&) = default;
 };
 
-/// The entries that pass, newest start first. Throws StoreError.
-[[nodiscard]] std::vector<Ref<TimeEntry>> filteredEntries(UnitOfWork& context,
-                                                          const TimesheetFilter& filter,
-                                                          Instant now);
+/// What somebody typed to find entries by. For one pass over many entries: it remembers which
+/// projects bear the text, and is made anew when names may have changed.
+class TimesheetSearch {
+ public:
+    /// Blanks around `typed` do not count.
+    explicit TimesheetSearch(std::string_view typed);
 
-/// Hands out the same, oldest start first, without making an object for each; see
-/// UnitOfWork::forEach. Throws StoreError, and what `visit` throws.
-void forEachFilteredEntry(UnitOfWork& context, const TimesheetFilter& filter, Instant now,
-                          const std::function<void(const TimeEntry&)>& visit);
+    /// Whether the text stands in the notes of an entry, in its project's name or in that of the
+    /// project's client, or nothing is looked for. `project` may be null.
+    [[nodiscard]] bool finds(std::string_view notes, const Ref<Project>& project) const;
 
-/// One day of a timesheet.
-struct DayGroup {
-    Instant day;                          ///< its start
-    std::vector<Ref<TimeEntry>> entries;  ///< those that touch it, newest start first
-    double seconds = 0;                   ///< their share of this day
+ private:
+    [[nodiscard]] bool isNamedSo(const Ref<Project>& project) const;
+
+    bool isEmpty_;
+    LocalizedSearch search_;
+    mutable std::unordered_map<const Project*, bool> projects_;
 };
-
-/// The days of the filter's range that `entries` touch, newest first. An entry that crosses
-/// midnight stands in each day that it touches.
-[[nodiscard]] std::vector<DayGroup> dayGroups(const std::vector<Ref<TimeEntry>>& entries,
-                                              const DateInterval& range, Instant now,
-                                              const Calendar& calendar);
 
 }  // namespace elmworth

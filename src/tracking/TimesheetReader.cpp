@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 namespace elmworth {
@@ -142,10 +143,13 @@ std::optional<Predicate<TimeEntry>> TimesheetReader::narrowed(
     return predicate && isOfClient;
 }
 
+std::optional<Predicate<TimeEntry>> TimesheetReader::begunWithin(Instant from, Instant to) const {
+    return narrowed(key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to);
+}
+
 std::shared_ptr<TimesheetPiece> TimesheetReader::read(std::size_t i) const {
     auto piece = std::make_shared<TimesheetPiece>();
-    const auto predicate = narrowed(key<&TimeEntry::start>() >= bounds_[i + 1] &&
-                                    key<&TimeEntry::start>() < bounds_[i]);
+    const auto predicate = begunWithin(bounds_[i + 1], bounds_[i]);
     if (!predicate) return piece;
     context_.forEach<TimeEntry>(
         {.predicate = predicate, .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)}},
@@ -155,27 +159,65 @@ std::shared_ptr<TimesheetPiece> TimesheetReader::read(std::size_t i) const {
     return piece;
 }
 
-// By their ends, since all that ended after the period began may be nearly the whole library.
 TimesheetReader::Entries TimesheetReader::readBegunBefore(std::size_t i) const {
+    return begunBefore(bounds_[i + 1], i > 0 ? std::optional(bounds_[i]) : std::nullopt);
+}
+
+/// Those that end after `from` and not after `to`, or else run.
+TimesheetReader::Entries TimesheetReader::begunBefore(Instant from,
+                                                      std::optional<Instant> to) const {
     Entries entries;
     if (!mayBeginBefore_) return entries;
-    const auto reaching = key<&TimeEntry::end>() > bounds_[i + 1];
-    if (i > 0) {
-        addBegunBefore(reaching && key<&TimeEntry::end>() <= bounds_[i], entries);
-    } else {
-        addBegunBefore(reaching, entries);
-        addBegunBefore(key<&TimeEntry::end>() == absent, entries);
-    }
+    const auto reaching = key<&TimeEntry::end>() > from;
+    addBegunBefore(to ? reaching && key<&TimeEntry::end>() <= *to : reaching, entries);
+    if (!to) addBegunBefore(key<&TimeEntry::end>() == absent, entries);
     return entries;
 }
 
-void TimesheetReader::addBegunBefore(Predicate<TimeEntry> reaching, Entries& entries) const {
-    const auto predicate =
-        narrowed(key<&TimeEntry::start>() < filter_.range.start && std::move(reaching));
-    if (!predicate) return;
-    for (auto& entry : context_.fetch(Query<TimeEntry>{.predicate = predicate})) {
-        if (filter_.admits(*entry, now_)) entries.push_back(std::move(entry));
+void TimesheetReader::addBegunBefore(const Predicate<TimeEntry>& reaching, Entries& entries) const {
+    // They are few among all that end later, of which only an index is read.
+    std::vector<PersistentID> ids;
+    context_.forEachValues<&TimeEntry::start>(
+        std::optional(key<&TimeEntry::start>() < filter_.range.start && reaching),
+        [&](const PersistentID& id, Instant) { ids.push_back(id); });
+    for (const auto& id : ids) {
+        auto entry = context_.record<TimeEntry>(id);
+        if (entry && filter_.admits(*entry, now_)) entries.push_back(std::move(entry));
     }
+}
+
+TimesheetReader::Entries TimesheetReader::entries() const {
+    const auto [from, to] = filter_.range;
+    auto entries = begunBefore(from, std::nullopt);
+    if (auto predicate = begunWithin(from, to)) {
+        std::ranges::move(context_.fetch(Query<TimeEntry>{.predicate = std::move(predicate)}),
+                          std::back_inserter(entries));
+    }
+    const TimesheetSearch search(filter_.search);
+    std::erase_if(entries, [&](const auto& entry) {
+        return !filter_.admits(*entry, now_) || !search.finds(entry->notes.get(), entry->project);
+    });
+    std::sort(entries.begin(), entries.end(), startsLater);
+    return entries;
+}
+
+void TimesheetReader::forEach(const std::function<void(const TimeEntry&)>& visit) const {
+    const auto [from, to] = filter_.range;
+    const TimesheetSearch search(filter_.search);
+    const auto visitIfShown = [&](const TimeEntry& entry) {
+        if (!filter_.admits(entry, now_)) return;
+        if (search.finds(entry.notes.get(), entry.project)) visit(entry);
+    };
+    // Kept meanwhile, so that each is read once and not again for every entry.
+    const auto projects = context_.fetch<Project>();
+    const auto clients = context_.fetch<Client>();
+    auto former = begunBefore(from, std::nullopt);
+    std::sort(former.rbegin(), former.rend(), startsLater);
+    for (const auto& entry : former) visitIfShown(*entry);
+    const auto predicate = begunWithin(from, to);
+    if (!predicate) return;
+    context_.forEach<TimeEntry>({.predicate = predicate, .sortBy = {sortedBy<&TimeEntry::start>()}},
+                                visitIfShown);
 }
 
 }  // namespace elmworth

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "records/TimesheetEntry.h"
+#include "store/UnitOfWork.h"
 #include "tracking/TimesheetFilter.h"
 
 namespace elmworth {
@@ -57,7 +59,7 @@ class TimesheetReader {
  public:
     using Entries = std::vector<Ref<TimeEntry>>;
 
-    /// Looks only at how far back the library goes. Throws StoreError.
+    /// Looks only at how far back the library goes. Throws StoreError, as do all reads below.
     TimesheetReader(UnitOfWork& context, TimesheetFilter filter, Instant now);
 
     /// At least two.
@@ -75,16 +77,24 @@ class TimesheetReader {
         return filter_.admits(entry, now);
     }
 
-    /// Reads the piece `i`, which is not the last one. Throws StoreError.
+    /// Reads the piece `i`, which is not the last one.
     [[nodiscard]] std::shared_ptr<TimesheetPiece> read(std::size_t i) const;
     /// The entries of the last piece that end in the time of piece `i`, or that run when it is the
-    /// first, in any order. Throws StoreError.
+    /// first, in any order.
     [[nodiscard]] Entries readBegunBefore(std::size_t i) const;
+
+    /// All that pass, the search included, newest start first.
+    [[nodiscard]] Entries entries() const;
+    /// Hands out the same, oldest start first, without making an object for each; see
+    /// UnitOfWork::forEach. Throws what `visit` throws.
+    void forEach(const std::function<void(const TimeEntry&)>& visit) const;
 
  private:
     [[nodiscard]] std::optional<Predicate<TimeEntry>> narrowed(
         Predicate<TimeEntry> predicate) const;
-    void addBegunBefore(Predicate<TimeEntry> reaching, Entries& entries) const;
+    [[nodiscard]] std::optional<Predicate<TimeEntry>> begunWithin(Instant from, Instant to) const;
+    [[nodiscard]] Entries begunBefore(Instant from, std::optional<Instant> to) const;
+    void addBegunBefore(const Predicate<TimeEntry>& reaching, Entries& entries) const;
 
     UnitOfWork& context_;
     TimesheetFilter filter_;

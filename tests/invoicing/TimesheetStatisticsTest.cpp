@@ -33,7 +33,9 @@ class Statistics : public testing::Test {
         return statisticsAt(at("2026-03-02T12:00Z"));
     }
     [[nodiscard]] TimesheetStatistics statisticsAt(Instant now) const {
-        return timesheetStatistics(listed(), range_, now);
+        TimesheetSums sums(range_);
+        for (const auto& entry : listed()) sums.add(entry);
+        return sums.statistics(now);
     }
     [[nodiscard]] std::vector<TimesheetEntry> listed() const {
         std::vector<TimesheetEntry> listed;

@@ -11,6 +11,7 @@
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TestLibrary.h"
+#include "tracking/ReferenceListing.h"
 
 namespace elmworth {
 namespace {
@@ -64,25 +65,8 @@ class TimesheetListed : public testing::Test {
 
     /// As the rules say it, entry by entry.
     void expectAsTold(const TimesheetFilter& filter) {
-        const auto entries = filteredEntries(library_.context(), filter, now_);
-        const auto groups = dayGroups(entries, filter.range, now_, calendar_);
-        const auto listing = listed(filter);
-        ASSERT_EQ(listing.entries.size(), entries.size());
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            EXPECT_EQ(listing.entries[i].entry().id, entries[i]->id());
-            EXPECT_EQ(listing.entries[i].notes(), entries[i]->notes.get());
-        }
-        ASSERT_EQ(listing.days.size(), groups.size());
-        for (std::size_t i = 0; i < groups.size(); ++i) expectSame(*listing.days[i], groups[i]);
-    }
-
-    void expectSame(const TimesheetDay& day, const DayGroup& group) {
-        EXPECT_EQ(day.start, group.day);
-        EXPECT_NEAR(day.seconds(now_), group.seconds, 1e-3);
-        ASSERT_EQ(day.entries.size(), group.entries.size());
-        for (std::size_t i = 0; i < group.entries.size(); ++i) {
-            EXPECT_EQ(day.entries[i].entry().id, group.entries[i]->id());
-        }
+        EXPECT_EQ(test::linesOf(listed(filter), now_),
+                  test::naiveListing(library_.context(), filter, now_, calendar_));
     }
 
     test::ScopedEnvironment locale_{"LC_ALL", "de_DE.UTF-8"};

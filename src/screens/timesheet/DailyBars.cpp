@@ -10,6 +10,7 @@
 #include <unordered_set>
 
 #include "records/Client.h"
+#include "records/DateRangePreset.h"
 
 namespace elmworth {
 
@@ -20,19 +21,17 @@ using HoursByKey = std::unordered_map<DayKey, double>;
 /// Adds the hours of entries up, with each project's label made once.
 class HoursSum {
  public:
-    HoursSum(std::span<const TimesheetEntry> entries, const std::vector<DateInterval>& days)
-        : nameCounts_(nameCounts(entries)), days_(days) {}
+    HoursSum(std::span<const TimesheetEntry> entries, const DateInterval& period,
+             const Calendar& calendar)
+        : nameCounts_(nameCounts(entries)), period_(period), cutter_(calendar) {}
 
-    /// Cuts the time from `start` to `end` at the days' boundaries. What lies on no day is left
-    /// out without being cut, or an entry of thirty years would take long.
+    /// What lies outside of the period is left out without being cut, or an entry of thirty years
+    /// would take long.
     void add(const Project* project, Instant start, Instant end) {
-        const auto first = std::partition_point(days_.begin(), days_.end(),
-                                                [&](const auto& day) { return day.end <= start; });
-        for (auto day = first; day != days_.end() && day->start < end; ++day) {
-            const double seconds =
-                secondsBetween(std::max(start, day->start), std::min(end, day->end));
-            if (seconds > 0) hours(project, day->start) += seconds / 3600.0;
-        }
+        cutter_.cut(std::max(start, period_.start), std::min(end, period_.end),
+                    [&](const DateInterval& day, double seconds) {
+                        hours(project, day.start) += seconds / 3600.0;
+                    });
     }
 
     [[nodiscard]] const HoursByKey& hours() const noexcept { return hours_; }
@@ -48,7 +47,8 @@ class HoursSum {
     }
 
     NameCounts nameCounts_;
-    const std::vector<DateInterval>& days_;
+    DateInterval period_;
+    DayCutter cutter_;
     std::unordered_map<const Project*, DailySeries> series_;
     HoursByKey hours_;
 };
@@ -80,22 +80,17 @@ std::string seriesLabel(const Project* project, const NameCounts& nameCounts) {
 
 std::vector<DateInterval> daysOf(const DateInterval& range, const Calendar& calendar) {
     std::vector<DateInterval> days;
-    auto day = calendar.interval(CalendarUnit::day, range.start);
-    while (day && day->start < range.end) {
-        if (day->start >= range.start) days.push_back(*day);
-        day = calendar.interval(CalendarUnit::day, day->end);
-    }
+    DayCutter(calendar).cut(range.start, range.end, [&](const DateInterval& day, double) {
+        if (day.start >= range.start) days.push_back(day);
+    });
     return days;
 }
 
-std::vector<DailyBar> dailyBars(std::span<const TimesheetEntry> entries, const DateInterval& range,
-                                Instant now, const Calendar& calendar) {
-    return dailyBars(entries, daysOf(range, calendar), now);
-}
-
 std::vector<DailyBar> dailyBars(std::span<const TimesheetEntry> entries,
-                                const std::vector<DateInterval>& days, Instant now) {
-    HoursSum sum(entries, days);
+                                const std::vector<DateInterval>& days, Instant now,
+                                const Calendar& calendar) {
+    if (days.empty()) return {};
+    HoursSum sum(entries, {days.front().start, days.back().end}, calendar);
     for (const auto& entry : entries) {
         sum.add(entry.project.get(), entry.start, entry.end.value_or(now));
     }

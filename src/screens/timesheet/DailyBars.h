@@ -45,14 +45,12 @@ struct DailyBar {
 /// The calendar days that begin within `range`, in their order. Each ends where the next begins.
 [[nodiscard]] std::vector<DateInterval> daysOf(const DateInterval& range, const Calendar& calendar);
 
-/// The hours of `entries` per day and series, on the days that begin within `range`; a running
-/// entry counts up to `now`. In ascending order of the labels by their bytes, then of the days.
+/// The hours of `entries` per day and series, on the calendar's `days`, which follow each other; a
+/// running entry counts up to `now`. In ascending order of the labels by their bytes, then of the
+/// days.
 [[nodiscard]] std::vector<DailyBar> dailyBars(std::span<const TimesheetEntry> entries,
-                                              const DateInterval& range, Instant now,
+                                              const std::vector<DateInterval>& days, Instant now,
                                               const Calendar& calendar);
-/// The same on `days`, which follow each other.
-[[nodiscard]] std::vector<DailyBar> dailyBars(std::span<const TimesheetEntry> entries,
-                                              const std::vector<DateInterval>& days, Instant now);
 
 /// A label of a chart with its one colour.
 struct DailySeries {

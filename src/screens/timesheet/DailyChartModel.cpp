@@ -79,7 +79,7 @@ void DailyChartModel::show(std::span<const TimesheetEntry> entries, const DateIn
                            Instant now, const Calendar& calendar) {
     readFormats(calendar);
     auto days = daysOf(range, calendar);
-    const auto bars = dailyBars(entries, days, now);
+    const auto bars = dailyBars(entries, days, now, calendar);
     stacks_ = dailyStacks(std::move(days), bars);
     readSeries();
     placeDayMarks(range);

@@ -63,13 +63,6 @@ bool StatsRowModel::showAt(Instant now) {
     return hasGrown;
 }
 
-void StatsRowModel::show(std::span<const TimesheetEntry> entries, const DateInterval& range,
-                         Instant now) {
-    TimesheetSums sums(range);
-    for (const auto& entry : entries) sums.add(entry);
-    show(std::move(sums), now);
-}
-
 void StatsRowModel::show(TimesheetSums sums, Instant now, bool isPartial) {
     sums_ = std::move(sums);
     isPartial_ = isPartial;

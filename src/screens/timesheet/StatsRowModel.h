@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QString>
 #include <QtQmlIntegration>
-#include <span>
 
 #include "invoicing/TimesheetStatistics.h"
 
@@ -39,10 +38,8 @@ class StatsRowModel : public QObject {
     [[nodiscard]] const QString& unbilled() const noexcept { return unbilled_.value; }
     [[nodiscard]] const QString& unbilledDetail() const noexcept { return unbilled_.detail; }
 
-    /// Shows the figures of `entries` over `range` at the instant `now`.
-    void show(std::span<const TimesheetEntry> entries, const DateInterval& range, Instant now);
-    /// The same of entries that are summed already. With `isPartial` the details say that more are
-    /// to come.
+    /// Shows the figures of `sums` at the instant `now`. With `isPartial` the details say that more
+    /// are to come.
     void show(TimesheetSums sums, Instant now, bool isPartial = false);
     /// Lets what is running grow up to `now`; gives whether another time shows. Does nothing while
     /// nothing runs.

@@ -6,6 +6,7 @@
 #include "exchange/CSVDocument.h"
 #include "platform/AtomicFile.h"
 #include "store/StoreError.h"
+#include "tracking/TimesheetReader.h"
 
 namespace elmworth {
 
@@ -15,8 +16,9 @@ void write(UnitOfWork& context, const TimesheetFilter& filter, Instant now,
            const Calendar& calendar, const std::filesystem::path& file) {
     AtomicFile target(file, FileAccess::forUmask(currentUmask()));
     CSVDocument document(calendar.zoneID(), [&](std::string_view text) { target.write(text); });
-    forEachFilteredEntry(context, filter, now,
-                         [&](const TimeEntry& entry) { document.add(entry); });
+    TimesheetReader(context, filter, now).forEach([&](const TimeEntry& entry) {
+        document.add(entry);
+    });
     document.finish();
     target.commit();
 }

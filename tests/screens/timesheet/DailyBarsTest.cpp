@@ -24,7 +24,7 @@ const DateInterval week{at("2026-03-02T00:00Z"), at("2026-03-09T00:00Z")};
 const Instant noon = at("2026-03-04T12:00Z");
 
 std::vector<DailyBar> barsOf(const std::vector<TimesheetEntry>& entries) {
-    return dailyBars(entries, week, noon, utc);
+    return dailyBars(entries, daysOf(week, utc), noon, utc);
 }
 
 TEST(DailyBars, ofNothingAreNone) {
@@ -156,8 +156,8 @@ TEST(DailyBars, aDayOfAClockChangeHasItsOwnNumberOfHours) {
          }) {
         const Calendar calendar(Locale("en_US"), zone);
         const DateInterval range{at(start) - std::chrono::days(3), at(end) + std::chrono::days(3)};
-        const auto bars =
-            dailyBars(std::vector{listed(projectNamed("Web"), start, end)}, range, noon, calendar);
+        const auto bars = dailyBars(std::vector{listed(projectNamed("Web"), start, end)},
+                                    daysOf(range, calendar), noon, calendar);
         ASSERT_EQ(bars.size(), 1U) << zone << start;
         EXPECT_EQ(bars[0].day, at(start)) << zone;
         EXPECT_EQ(bars[0].hours, hours) << zone;
@@ -204,7 +204,7 @@ TEST(DailyBars, equalTheEntriesCutByDayInZonesOfAllKinds) {
                 entry.project = projects[static_cast<std::size_t>(pick(0, 2))];
                 entries.push_back(entry);
             }
-            const auto bars = dailyBars(entries, range, noon, calendar);
+            const auto bars = dailyBars(entries, daysOf(range, calendar), noon, calendar);
             ASSERT_EQ(bars, naive(entries, range, noon, calendar)) << zone << round;
             double clipped = 0;
             for (const auto& entry : entries) {

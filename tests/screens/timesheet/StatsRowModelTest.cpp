@@ -23,7 +23,11 @@ const Instant noon = at("2026-03-02T12:00Z");
 
 class StatsRow : public testing::Test {
  protected:
-    void show(const std::vector<TimesheetEntry>& entries) { model.show(entries, day, noon); }
+    void show(const std::vector<TimesheetEntry>& entries) {
+        TimesheetSums sums(day);
+        for (const auto& entry : entries) sums.add(entry);
+        model.show(std::move(sums), noon);
+    }
 
     /// All six texts, value over detail.
     [[nodiscard]] std::string texts() const {
