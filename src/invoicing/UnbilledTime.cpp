@@ -8,18 +8,29 @@
 
 namespace elmworth {
 
+UnbilledTime unbilledTime(UnitOfWork& context, const Ref<Project>& project,
+                          const std::function<void(const PersistentID& entry)>& visit) {
+    UnbilledTime time;
+    const std::int64_t projectRate = project->effectiveRateCents();
+    context.forEachValues<&TimeEntry::start, &TimeEntry::end, &TimeEntry::billedRateCents>(
+        std::optional(key<&TimeEntry::project>() == project && key<&TimeEntry::end>() != absent &&
+                      key<&TimeEntry::invoice>() == absent),
+        [&](const PersistentID& entry, Instant start, const auto& end, const auto& ownRate) {
+            const double seconds = secondsBetween(start, *end);
+            time +=
+                {seconds, InvoiceCalculator::amountCents(seconds, ownRate.value_or(projectRate))};
+            if (visit) visit(entry);
+        });
+    return time;
+}
+
 UnbilledByProject unbilledTimeByProject(UnitOfWork& context) {
     UnbilledByProject byProject;
-    // The order leads SQLite to the index that holds just these entries, and not all that ended.
-    for (const auto& entry : context.fetch(Query<TimeEntry>{
-             .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent,
- .sortBy = {sortedBy<&TimeEntry::start>()},
-         })) {
-        const auto project = entry->project.id();
-        if (!project) continue;
-        const double seconds = secondsBetween(entry->start, *entry->end.get());
-        byProject[*project] +=
-            {seconds, InvoiceCalculator::amountCents(seconds, entry->effectiveRateCents())};
+    for (const auto& project : context.fetch<Project>()) {
+        bool hasAny = false;
+        const auto time =
+            unbilledTime(context, project, [&](const PersistentID& /*entry*/) { hasAny = true; });
+        if (hasAny) byProject[project->id()] = time;
     }
     return byProject;
 }

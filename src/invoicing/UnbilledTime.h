@@ -4,11 +4,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
 #include "invoicing/InvoiceCalculator.h"
 #include "records/Client.h"
+#include "records/Project.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
@@ -25,6 +27,13 @@ struct UnbilledTime {
         return *this;
     }
 };
+
+/// The unbilled time of one project, at the rates that hold now, by an index of its unbilled
+/// entries and without records. `visit` is told each of them and fetches nothing. Throws
+/// StoreError.
+[[nodiscard]] UnbilledTime unbilledTime(
+    UnitOfWork& context, const Ref<Project>& project,
+    const std::function<void(const PersistentID& entry)>& visit = {});
 
 using UnbilledByProject = std::unordered_map<PersistentID, UnbilledTime>;
 

@@ -28,6 +28,10 @@ CREATE INDEX "TimeEntryByEnd" ON "TimeEntry"("end", "start") WHERE "end" IS NOT 
 DROP INDEX "TimeEntryByProject";
 CREATE INDEX "TimeEntryByProject" ON "TimeEntry"("project", "start", "end");
 )"},
+    // The unbilled time of a project is found without walking all that it ever had.
+    {1'01'00, 1'02'00, R"(
+CREATE INDEX "TimeEntryUnbilledByProject" ON "TimeEntry"("project", "end", "start") WHERE "end" IS NOT NULL AND "invoice" IS NULL;
+)"},
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 
 namespace elmworth {
 
-/// What a library of this program consists of. Its version is that of the last step: 1'01'00 is
-/// 1.1.0.
+/// What a library of this program consists of. Its version is that of the last step: 1'02'00 is
+/// 1.2.0.
 [[nodiscard]] const LibraryModel& librarySchema();
 
 }  // namespace elmworth

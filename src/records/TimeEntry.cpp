@@ -37,6 +37,7 @@ const RecordSchema& TimeEntry::schema() {
         {"TimeEntryByEnd", {"end", "start"}, "end"},
         {"TimeEntryRunning", {"start"}, {}, "end"},
         {"TimeEntryUnbilled", {"start"}, "end", "invoice"},
+        {"TimeEntryUnbilledByProject", {"project", "end", "start"}, "end", "invoice"},
         {"TimeEntryByProject", {"project", "start", "end"}},
         {"TimeEntryByInvoice", {"invoice"}, "invoice"},
     };

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "invoicing/InvoiceBuilder.h"
+#include "invoicing/UnbilledTime.h"
 #include "support/RawDatabase.h"
 #include "support/StatementTrace.h"
 #include "support/TestTimer.h"
@@ -84,6 +85,11 @@ const Question questions[] = {
          (void)library.project->budgetFraction(TestTimer::today("09:00"));
      },
      {"SEARCH TimeEntry USING COVERING INDEX TimeEntryByProject (project=?)"}},
+    {"theUnbilledTimeOfAProject",
+     [](SmallLibrary& library) {
+         (void)unbilledTime(library.timer.library.context(), library.project);
+     },
+     {"SEARCH TimeEntry USING INDEX TimeEntryUnbilledByProject (project=? AND end>?)"}},
     {"theProjectsOfAClient",
      [](SmallLibrary& library) { (void)library.client->projects(); },
      {"SEARCH Project USING INDEX ProjectByClient (client=?)"}},

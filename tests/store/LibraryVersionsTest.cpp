@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <set>
 
@@ -18,10 +19,13 @@ using test::RawDatabase;
 using test::TestLibrary;
 using namespace std::string_literals;
 
-/// The library that version 1.0.0 wrote: of each type a record with all fields set, some to the
+/// The library that a former version wrote: of each type a record with all fields set, some to the
 /// last value that they can have, and one in which each optional field is absent.
+fs::path libraryOf(const std::string& version) {
+    return fs::path(ELMWORTH_TEST_DATA) / "library" / ("library-" + version + ".sqlite");
+}
 fs::path libraryOfVersionOne() {
-    return fs::path(ELMWORTH_TEST_DATA) / "library" / "library-1.0.0.sqlite";
+    return libraryOf("1.0.0");
 }
 
 PersistentID id(std::uint8_t number) {
@@ -151,8 +155,10 @@ std::set<std::string> tablesOf(const fs::path& file) {
     return found;
 }
 
-TEST(LibraryOfVersionOne, hasTheTablesAndIndexesOfANewOneOnceItWasOpened) {
-    TestLibrary old(readFile(libraryOfVersionOne()));
+class FormerLibrary : public testing::TestWithParam<const char*> {};
+
+TEST_P(FormerLibrary, hasTheTablesAndIndexesOfANewOneOnceItWasOpened) {
+    TestLibrary old(readFile(libraryOf(GetParam())));
     TestLibrary fresh;
     old.close();
     fresh.close();
@@ -161,6 +167,13 @@ TEST(LibraryOfVersionOne, hasTheTablesAndIndexesOfANewOneOnceItWasOpened) {
     EXPECT_EQ(RawDatabase(old.file()).rows("PRAGMA user_version"),
               std::vector{std::to_string(librarySchema().version)});
 }
+
+INSTANTIATE_TEST_SUITE_P(Versions, FormerLibrary, testing::Values("1.0.0", "1.1.0"),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             std::replace(name.begin(), name.end(), '.', '_');
+                             return name;
+                         });
 
 TEST(LibraryOfVersionOne, canBeWrittenOnceItWasOpened) {
     TestLibrary library(readFile(libraryOfVersionOne()));
