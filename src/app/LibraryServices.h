@@ -37,12 +37,13 @@ class LibraryServices {
  private:
     Clock now_;
     Library container_;
-    StepRule stepRule_{container_.mainContext()};
     UndoHistory history_{container_.mainContext(), now_};
     Settings defaults_;
     ProfileStore profiles_;
     TimerService timer_;
     EntryUndoGuard undoGuard_{timer_};
+    // Last, as the demo is seeded without steps.
+    StepRule stepRule_{container_.mainContext()};
 };
 
 /// Whether this is a hosted run, which keeps its library in memory and watches no power events.
