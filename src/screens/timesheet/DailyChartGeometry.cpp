@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "theme/Contrast.h"
+
 namespace elmworth {
 
 namespace {
@@ -66,6 +68,12 @@ std::optional<std::size_t> DailyChartGeometry::barAt(const QPointF& point) const
     });
     if (nearest == stack.end() || distance(*nearest, point.y()) > reach) return std::nullopt;
     return static_cast<std::size_t>(&*nearest - stacks_->bars.data());
+}
+
+BarLook BarLook::of(const QColor& color, const QColor& ground) {
+    const QColor outline = edge(color, ground);
+    if (outline == color) return {color};
+    return {color, QPen(outline, 1), 0.5};
 }
 
 }  // namespace elmworth

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QBrush>
+#include <QColor>
+#include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -39,6 +42,17 @@ class DailyChartGeometry {
 
     const DailyStacks* stacks_ = nullptr;
     QRectF plot_;
+};
+
+/// How a project's colour is painted.
+struct BarLook {
+    QBrush fill;
+    QPen outline = Qt::NoPen;
+    double inset = 0;  ///< half the outline's width
+
+    /// `color` as it is on `ground`. One that would be taken for the ground gets an outline that
+    /// is not.
+    [[nodiscard]] static BarLook of(const QColor& color, const QColor& ground);
 };
 
 }  // namespace elmworth

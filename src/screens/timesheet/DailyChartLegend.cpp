@@ -8,24 +8,58 @@
 #include <algorithm>
 #include <cmath>
 
-#include "screens/timesheet/BarLook.h"
+#include "screens/timesheet/DailyChartGeometry.h"
 
 namespace elmworth {
 
 namespace {
+
+/// The place of an item of `itemWidth` after `last`.
+LegendPlace placeAfter(const LegendPlace& last, double itemWidth, double width, double gap) {
+    const double fitting = std::min(itemWidth, width);
+    const double x = last.width > 0 ? last.x + last.width + gap : 0;
+    if (x + fitting <= width) return {last.row, x, fitting};
+    return {last.row + 1, 0, fitting};
+}
 
 constexpr double rowHeight = 18;
 constexpr double swatch = 8;
 constexpr double swatchGap = 6;
 constexpr double itemGap = 14;
 constexpr double widestItem = 190;
-constexpr int mostRows = 3;
+constexpr int mostLines = 3;
 
 QRectF areaOf(const LegendPlace& place) {
     return {place.x, place.row * rowHeight, place.width, rowHeight};
 }
 
 }  // namespace
+
+LegendLayout legendLayout(const std::vector<double>& widths, double width, double gap,
+                          double restWidth, int mostRows) {
+    LegendLayout layout;
+    if (width <= 0 || widths.empty()) return layout;
+    LegendPlace last;
+    for (const double itemWidth : widths) {
+        last = placeAfter(last, itemWidth, width, gap);
+        if (last.row >= mostRows) break;
+        layout.places.push_back(last);
+    }
+    if (layout.places.size() < widths.size()) {
+        const auto restAfter = [&] {
+            last = layout.places.empty() ? LegendPlace{} : layout.places.back();
+            return placeAfter(last, restWidth, width, gap);
+        };
+        layout.rest = restAfter();
+        while (layout.rest.row >= mostRows) {
+            layout.places.pop_back();
+            layout.rest = restAfter();
+        }
+    }
+    layout.rows =
+        std::max(layout.places.empty() ? 0 : layout.places.back().row, layout.rest.row) + 1;
+    return layout;
+}
 
 DailyChartLegend::DailyChartLegend(QQuickItem* parent) : QQuickPaintedItem(parent) {
     connect(this, &DailyChartLegend::colorsChanged, this, [this] { update(); });
@@ -62,7 +96,7 @@ void DailyChartLegend::arrange() {
         }
     }
     const double rest = metrics.horizontalAdvance(QStringLiteral("and 999 more"));
-    layout_ = legendLayout(widths, width(), itemGap, std::ceil(rest), mostRows);
+    layout_ = legendLayout(widths, width(), itemGap, std::ceil(rest), mostLines);
     setImplicitHeight(layout_.rows * rowHeight);
     update();
 }

@@ -9,17 +9,49 @@
 #include <QString>
 #include <QStringList>
 #include <QtQmlIntegration>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "livelist/LiveListModel.h"
 #include "platform/DateFormatter.h"
-#include "screens/timesheet/DailyChartCallout.h"
-#include "screens/timesheet/DailyChartColumn.h"
 #include "screens/timesheet/DailyStacks.h"
 
 namespace elmworth {
+
+/// A line of what is said of a day beside a chart.
+struct DailyChartCallout {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(QString label MEMBER label)
+    Q_PROPERTY(QString hours MEMBER hours)
+    Q_PROPERTY(QColor swatch MEMBER swatch)    ///< transparent for a line without a project
+    Q_PROPERTY(QColor outline MEMBER outline)  ///< differs from a swatch that is hard to see
+
+ public:
+    int id = 0;  ///< position of the line
+    QString label;
+    QString hours;
+    QColor swatch = Qt::transparent;
+    QColor outline = Qt::transparent;
+
+    friend bool operator==(const DailyChartCallout&, const DailyChartCallout&) = default;
+};
+
+/// A day of a chart as assistive technology reads it.
+struct DailyChartColumn {
+    Q_GADGET
+    QML_ANONYMOUS
+    /// "Monday: Website 3.0 hours, App 0.5 hours".
+    Q_PROPERTY(QString name MEMBER name)
+
+ public:
+    std::int64_t id = 0;  ///< the day's start
+    QString name;
+
+    friend bool operator==(const DailyChartColumn&, const DailyChartColumn&) = default;
+};
 
 /// A label under a column.
 struct DayMark {

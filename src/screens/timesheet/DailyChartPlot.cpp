@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "screens/timesheet/BarLook.h"
+#include "screens/timesheet/DailyChartGeometry.h"
 
 namespace elmworth {
 

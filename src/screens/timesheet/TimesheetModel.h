@@ -15,7 +15,6 @@
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/DailyChartModel.h"
 #include "screens/timesheet/EntryCommandsModel.h"
-#include "screens/timesheet/ListingSums.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "screens/timesheet/TimesheetFilterModel.h"
 #include "screens/timesheet/TimesheetRowsModel.h"

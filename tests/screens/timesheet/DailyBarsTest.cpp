@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/timesheet/DailyBars.h"
+#include "screens/timesheet/DailyStacks.h"
 
 #include <gtest/gtest.h>
 

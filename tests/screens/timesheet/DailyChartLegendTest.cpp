@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/timesheet/LegendLayout.h"
+#include "screens/timesheet/DailyChartLegend.h"
 
 #include <gtest/gtest.h>
 
