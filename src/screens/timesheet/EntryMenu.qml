@@ -9,36 +9,36 @@ import Elmworth.Timesheet
 PopupMenu {
     id: menu
 
-    required property TimesheetModel model
+    required property EntryMenuModel model
 
     signal moveRequested()
 
     PopupMenuItem {
         text: "Edit"
         iconName: "pencil"
-        onTriggered: menu.model.menuEdit()
+        onTriggered: menu.model.edit()
     }
 
     PopupMenuItem {
-        visible: menu.model.menuOffersContinue
+        visible: menu.model.offersContinue
         height: visible ? implicitHeight : 0
         text: "Continue Tracking"
         iconName: "play"
-        onTriggered: menu.model.menuContinue()
+        onTriggered: menu.model.continueEntry()
     }
 
     PopupMenuItem {
-        visible: menu.model.menuOffersContinue
+        visible: menu.model.offersContinue
         height: visible ? implicitHeight : 0
         text: "Duplicate to Today"
         iconName: "copy"
-        onTriggered: menu.model.menuDuplicate()
+        onTriggered: menu.model.duplicate()
     }
 
     PopupMenuItem {
         text: "Move to Project"
         iconName: "folder"
-        enabled: menu.model.menuOffersMove
+        enabled: menu.model.offersMove
         onTriggered: menu.moveRequested()
     }
 
@@ -48,6 +48,6 @@ PopupMenu {
         text: "Delete"
         iconName: "trash"
         destructive: true
-        onTriggered: menu.model.menuDelete()
+        onTriggered: menu.model.remove()
     }
 }

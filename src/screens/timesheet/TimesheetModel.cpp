@@ -47,7 +47,7 @@ TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confir
               }),
       rows_(setting()),
       contents_(services.context, services.runLoop, services.now, services.calendar,
-                {[this](auto listing) { show(std::move(listing)); },
+                {[this](const auto& listing) { show(listing); },
                  [this](const auto& place) { rows_.showNotes(place); }}) {
     observe();
 }
@@ -60,8 +60,6 @@ void TimesheetModel::observe() {
     connect(&selection_, &KeyedSelection::changed, this,
             [this] { rows_.showSelection(selection_.keys()); });
     connect(&commands_, &EntryCommandsModel::billedNotice, this, &TimesheetModel::tellOfBilled);
-    connect(&menuProjects_, &ChoiceModel::picked, this,
-            [this] { commands_.moveEntries(menuIDs_, *menuProjects_.chosen()); });
     libraryObservation_ = services_.context.observeAll(
         [this](const RecordChanges& changes) { followLibrary(changes); });
     timerObservation_ = services_.timer.observe([this](TimerService::Property property) {
@@ -113,7 +111,7 @@ void TimesheetModel::refilter() {
     if (isShown_) contents_.setFilter(filter_.filter());
 }
 
-void TimesheetModel::show(std::shared_ptr<const TimesheetListing> listing) {
+void TimesheetModel::show(const std::shared_ptr<const TimesheetListing>& listing) {
     const Instant now = services_.now();
     today_ = services_.calendar().startOfDay(now);
     noteAwaited(*listing, now);
@@ -192,6 +190,82 @@ QString TimesheetModel::billedHelp(int row) {
     const auto invoice = entry ? entry->invoice.get() : nullptr;
     return invoice ? QStringLiteral("On invoice %1").arg(text(invoice->number.get())) : QString();
 }
+
+// --- the selection and the lines ---------------------------------------------------------------
+
+std::vector<PersistentID> TimesheetModel::shownSelection() const {
+    std::vector<PersistentID> ids;
+    const auto& selected = selection_.keys();
+    if (selected.empty() || rows_.listing() == nullptr) return ids;
+    const auto& current = selection_.current();
+    const bool isOne = current && selected.size() == 1 && selected.contains(current->entry);
+    if (isOne && selection_.currentRow() >= 0) return {current->entry};
+    for (const auto& place : rows_.listing()->entries) {
+        const auto& id = place.entry().id;
+        if (selected.contains(id)) ids.push_back(id);
+    }
+    return ids;
+}
+
+void TimesheetModel::askToDeleteSelected() {
+    const auto ids = shownSelection();
+    if (ids.empty()) return;
+    confirmation_.ask(
+        {.icon = QStringLiteral("trash"),
+         .title = ids.size() == 1 ? QStringLiteral("Delete this entry?")
+                                  : QStringLiteral("Delete %1 entries?").arg(ids.size()),
+         .acceptText = QStringLiteral("Delete"),
+         .isDestructive = true},
+        [this, ids] { commands_.deleteEntries(ids); });
+}
+
+void TimesheetModel::tellOfBilled() {
+    confirmation_.tell({.icon = QStringLiteral("lock"),
+                        .title = QStringLiteral("Billed entries are read-only"),
+                        .message = QStringLiteral(
+                            "This time is on an invoice. Delete the invoice to release its entries "
+                            "before editing or deleting them.")});
+}
+
+void TimesheetModel::edit(int row) {
+    if (const auto entry = entryAt(row)) editor_.open(entry);
+}
+
+bool TimesheetModel::editSelected() {
+    if (selection_.keys().size() != 1) return false;
+    const auto shown = shownSelection();
+    const auto entry = shown.empty() ? nullptr : commands_.entry(shown.front());
+    if (entry) editor_.open(entry);
+    return entry != nullptr;
+}
+
+void TimesheetModel::addEntry() {
+    editor_.open(nullptr);
+}
+
+void TimesheetModel::addOnDay(int row) {
+    if (const auto* line = rows_.rowAt(row)) editor_.open(nullptr, line->id.day);
+}
+
+void TimesheetModel::addOnCurrentDay() {
+    const auto* line = rows_.rowAt(selection_.currentRow());
+    if (line == nullptr) return addEntry();
+    editor_.open(nullptr, line->id.day);
+}
+
+void TimesheetModel::continueEntry(int row) {
+    const auto* line = rows_.rowAt(row);
+    if (line != nullptr && !line->isHead()) commands_.continueEntry(line->id.entry);
+}
+
+bool TimesheetModel::openMenu(int row) {
+    const auto entry = entryAt(row);
+    if (!entry) return false;
+    menu_.open(*entry, {rows_.rowAt(row)->id, entry->start}, filter_.currentProjects());
+    return true;
+}
+
+// --- the export --------------------------------------------------------------------------------
 
 QUrl TimesheetModel::exportFile() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

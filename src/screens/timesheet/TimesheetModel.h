@@ -15,6 +15,7 @@
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/timesheet/DailyChartModel.h"
 #include "screens/timesheet/EntryCommandsModel.h"
+#include "screens/timesheet/EntryMenuModel.h"
 #include "screens/timesheet/StatsRowModel.h"
 #include "screens/timesheet/TimesheetFilterModel.h"
 #include "screens/timesheet/TimesheetRowsModel.h"
@@ -55,10 +56,8 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
     /// Of entries, also where a filter hides them.
     Q_PROPERTY(elmworth::KeyedSelection* selection READ selection CONSTANT FINAL)
-    /// What the menu of a line offers; see `openMenu`.
-    Q_PROPERTY(bool menuOffersContinue READ menuOffersContinue NOTIFY menuChanged FINAL)
-    Q_PROPERTY(bool menuOffersMove READ menuOffersMove NOTIFY menuChanged FINAL)
-    Q_PROPERTY(elmworth::ChoiceModel* menuProjects READ menuProjects CONSTANT FINAL)
+    /// Of a line; see `openMenu`.
+    Q_PROPERTY(elmworth::EntryMenuModel* menu READ menu CONSTANT FINAL)
 
  public:
     /// Asks in `confirmation` and says in `history` what was done; both outlive it.
@@ -100,16 +99,9 @@ class TimesheetModel final : public QObject {
     /// Asks whether to delete what is selected and shown.
     Q_INVOKABLE void askToDeleteSelected();
 
-    /// Readies the menu for the line at `row`: it acts on the selection when that holds the line,
-    /// else on the line alone. Whatever changes elsewhere meanwhile, it keeps to those entries.
+    /// Readies the menu for the line at `row`; false when no entry stands there.
     Q_INVOKABLE bool openMenu(int row);
-    [[nodiscard]] bool menuOffersContinue() const noexcept { return menuOffersContinue_; }
-    [[nodiscard]] bool menuOffersMove() const noexcept { return menuOffersMove_; }
-    [[nodiscard]] ChoiceModel* menuProjects() noexcept { return &menuProjects_; }
-    Q_INVOKABLE void menuEdit();
-    Q_INVOKABLE void menuContinue();
-    Q_INVOKABLE void menuDuplicate();
-    Q_INVOKABLE void menuDelete();
+    [[nodiscard]] EntryMenuModel* menu() noexcept { return &menu_; }
 
     /// "Elmworth Timesheet.csv" in the user's documents, or at home where there are none.
     [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
@@ -121,7 +113,6 @@ class TimesheetModel final : public QObject {
  Q_SIGNALS:
     void isShownChanged();
     void listed();
-    void menuChanged();
 
  private:
     void observe();
@@ -130,13 +121,12 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] bool isLibraryEmpty();
     [[nodiscard]] bool isOutdated(Instant now) const;
     void refilter();
-    void show(std::shared_ptr<const TimesheetListing> listing);
+    void show(const std::shared_ptr<const TimesheetListing>& listing);
     void noteAwaited(const TimesheetListing& listing, Instant now);
     void showFigures(const TimesheetListing& listing, Instant now);
     void showChart(const TimesheetListing& listing, Instant now);
     void tick();
     void tellOfBilled();
-    void offerMenuProjects();
     [[nodiscard]] Ref<TimeEntry> entryAt(int row);
     [[nodiscard]] std::vector<PersistentID> shownSelection() const;
     [[nodiscard]] TimesheetRowsModel::Setting setting() const;
@@ -152,13 +142,8 @@ class TimesheetModel final : public QObject {
     DailyChartModel chart_;
     TimesheetRowsModel rows_;
     TimesheetSelection selection_{rows_};
+    EntryMenuModel menu_{commands_, editor_, selection_};
     TimesheetContents contents_;
-    Choices<PersistentID> menuProjects_;
-    PersistentID menuEntry_;
-    TimesheetEntryLines::Place menuPlace_;
-    std::vector<PersistentID> menuIDs_;
-    bool menuOffersContinue_ = false;
-    bool menuOffersMove_ = false;
     bool isShown_ = false;
     bool isStale_ = true;    ///< something changed while it was not shown
     bool isRenamed_ = true;  ///< so did names or colours

@@ -66,7 +66,7 @@ FocusScope {
         // qmllint disable unqualified
         sourceComponent: EntryMenu {
             parent: view
-            model: view.model
+            model: view.model.menu
             onMoveRequested: projects.open()
         }
         // qmllint enable unqualified
@@ -81,7 +81,7 @@ FocusScope {
         y: place.y
         label: "Move to Project"
         prompt: "Search projects"
-        choice: view.model.menuProjects
+        choice: view.model.menu.projects
         onClosed: list.takeKeyboard(Qt.PopupFocusReason)
     }
 

@@ -216,7 +216,7 @@ TEST_F(EntryCommands, onARowThatCannotBeReadNothingHappens) {
     EXPECT_EQ(utf8(model->billedHelp(row)), "");
     model->selection()->click(row);
     EXPECT_FALSE(model->editSelected());
-    model->menuEdit();
+    model->menu()->edit();
     EXPECT_FALSE(model->editor()->isOpen());
     EXPECT_EQ(utf8(undoing.notice()), "The library can't be read. Nothing was changed.");
 }

@@ -35,23 +35,23 @@ TEST_F(TimesheetMenu, opensOnEntriesAlone) {
 
 TEST_F(TimesheetMenu, offersToContinueWhatIsFinishedAndHasAProject) {
     model->openMenu(rowOf(a));
-    EXPECT_TRUE(model->menuOffersContinue());
+    EXPECT_TRUE(model->menu()->offersContinue());
     model->openMenu(rowOf(c));
-    EXPECT_FALSE(model->menuOffersContinue());
+    EXPECT_FALSE(model->menu()->offersContinue());
     service().start(website);
     turn();
     model->openMenu(rowOf(service().running()));
-    EXPECT_FALSE(model->menuOffersContinue());
-    EXPECT_TRUE(model->menuOffersMove());
+    EXPECT_FALSE(model->menu()->offersContinue());
+    EXPECT_TRUE(model->menu()->offersMove());
 }
 
 TEST_F(TimesheetMenu, offersNoMoveOfBilledTime) {
     bill(a);
     model->openMenu(rowOf(a));
-    EXPECT_FALSE(model->menuOffersMove());
-    EXPECT_TRUE(model->menuOffersContinue());
+    EXPECT_FALSE(model->menu()->offersMove());
+    EXPECT_TRUE(model->menu()->offersContinue());
     model->openMenu(rowOf(b));
-    EXPECT_TRUE(model->menuOffersMove());
+    EXPECT_TRUE(model->menu()->offersMove());
 }
 
 TEST_F(TimesheetMenu, offersTheProjectsThatAreNotArchivedByNameWithTheirClients) {
@@ -59,7 +59,7 @@ TEST_F(TimesheetMenu, offersTheProjectsThatAreNotArchivedByNameWithTheirClients)
     project("Archived")->isArchived = true;
     context().save();
     model->openMenu(rowOf(a));
-    EXPECT_THAT(texts(*model->menuProjects()),
+    EXPECT_THAT(texts(*model->menu()->projects()),
                 ElementsAre("own", "Shop — Globex", "Website — Acme Co"));
 }
 
@@ -69,19 +69,19 @@ TEST_F(TimesheetMenu, ofFourHundredProjectsFindsOneByItsClientToo) {
     }
     context().save();
     model->openMenu(rowOf(a));
-    EXPECT_EQ(model->menuProjects()->rows().size(), 402U);
-    model->menuProjects()->setSearch(QStringLiteral("acme"));
-    EXPECT_THAT(texts(*model->menuProjects()),
+    EXPECT_EQ(model->menu()->projects()->rows().size(), 402U);
+    model->menu()->projects()->setSearch(QStringLiteral("acme"));
+    EXPECT_THAT(texts(*model->menu()->projects()),
                 ElementsAre("Project 7 — Acme Co", "Website — Acme Co"));
-    model->menuProjects()->choose(0);
+    model->menu()->projects()->choose(0);
     EXPECT_EQ(a->project->name.get(), "Project 7");
-    EXPECT_EQ(model->menuProjects()->rows().size(), 402U);
+    EXPECT_EQ(model->menu()->projects()->rows().size(), 402U);
 }
 
 TEST_F(TimesheetMenu, actsOnItsRowAloneWhenThatIsNotSelected) {
     click(b);
     model->openMenu(rowOf(a));
-    model->menuDelete();
+    model->menu()->remove();
     EXPECT_FALSE(exists(a));
     EXPECT_TRUE(exists(b));
 }
@@ -90,13 +90,13 @@ TEST_F(TimesheetMenu, actsOnAllThatIsSelectedWhenItsRowIs) {
     click(a);
     click(c, Qt::ControlModifier);
     model->openMenu(rowOf(c));
-    choose(*model->menuProjects(), "Shop — Globex");
+    choose(*model->menu()->projects(), "Shop — Globex");
     EXPECT_EQ(a->project.get(), shop);
     EXPECT_EQ(c->project.get(), shop);
     EXPECT_EQ(b->project.get(), website);
     EXPECT_EQ(selectedCount(), 2U) << "a move keeps the selection";
     model->openMenu(rowOf(a));
-    model->menuDelete();
+    model->menu()->remove();
     EXPECT_FALSE(exists(a));
     EXPECT_FALSE(exists(c));
     EXPECT_FALSE(confirmation.isOpen()) << "the menu does not ask";
@@ -106,11 +106,11 @@ TEST_F(TimesheetMenu, editDuplicateAndContinueActOnItsRowAlone) {
     click(a);
     click(b, Qt::ControlModifier);
     model->openMenu(rowOf(b));
-    model->menuEdit();
+    model->menu()->edit();
     EXPECT_EQ(utf8(model->editor()->notes()->text()), "b");
-    model->menuDuplicate();
+    model->menu()->duplicate();
     EXPECT_EQ(entryCount(), 4U);
-    model->menuContinue();
+    model->menu()->continueEntry();
     EXPECT_EQ(entryCount(), 5U);
     EXPECT_EQ(service().running()->notes.get(), "b");
 }
@@ -121,7 +121,7 @@ TEST_F(TimesheetMenu, keepsToItsEntriesWhenTheSelectionChanges) {
     model->openMenu(rowOf(a));
     filter().setSearch(QStringLiteral("c"));
     EXPECT_EQ(selectedCount(), 0U);
-    model->menuDelete();
+    model->menu()->remove();
     EXPECT_FALSE(exists(a));
     EXPECT_FALSE(exists(b));
     EXPECT_TRUE(exists(c));
@@ -132,11 +132,11 @@ TEST_F(TimesheetMenu, onAnEntryThatIsThenDeletedElsewhereDoesNothing) {
     deleteElsewhere(a);
     click(b);
     const auto count = entryCount();
-    model->menuEdit();
-    model->menuContinue();
-    model->menuDuplicate();
-    choose(*model->menuProjects(), "Shop — Globex");
-    model->menuDelete();
+    model->menu()->edit();
+    model->menu()->continueEntry();
+    model->menu()->duplicate();
+    choose(*model->menu()->projects(), "Shop — Globex");
+    model->menu()->remove();
     EXPECT_FALSE(model->editor()->isOpen());
     EXPECT_EQ(service().running(), nullptr);
     EXPECT_EQ(entryCount(), count);
@@ -148,13 +148,13 @@ TEST_F(TimesheetMenu, onAnEntryThatIsThenBilledElsewhereLeavesItAndTells) {
     model->openMenu(rowOf(a));
     bill(a);
     QSignalSpy billed(&commands(), &EntryCommandsModel::billedNotice);
-    choose(*model->menuProjects(), "Shop — Globex");
+    choose(*model->menu()->projects(), "Shop — Globex");
     EXPECT_EQ(a->project.get(), website);
     EXPECT_EQ(billed.size(), 1);
-    model->menuDelete();
+    model->menu()->remove();
     EXPECT_TRUE(exists(a));
     EXPECT_EQ(billed.size(), 2);
-    model->menuEdit();
+    model->menu()->edit();
     EXPECT_TRUE(model->editor()->isBilled());
 }
 
@@ -162,7 +162,7 @@ TEST_F(TimesheetMenu, ofAProjectThatIsThenDeletedElsewhereMovesNothingAndSaysSo)
     model->openMenu(rowOf(a));
     deleteElsewhere(shop);
     turn();
-    choose(*model->menuProjects(), "Shop — Globex");  // the menu is open, and shows what it showed
+    choose(*model->menu()->projects(), "Shop — Globex");  // the menu is open, and shows what it showed
     EXPECT_EQ(a->project.get(), website);
     EXPECT_FALSE(undoing.canUndo());
     EXPECT_EQ(utf8(undoing.notice()),
@@ -173,7 +173,7 @@ TEST_F(TimesheetMenu, onAnEntryThatLosesItsProjectContinuesNothing) {
     model->openMenu(rowOf(a));
     a->project = nullptr;
     context().save();
-    model->menuContinue();
+    model->menu()->continueEntry();
     EXPECT_EQ(service().running(), nullptr);
     EXPECT_FALSE(undoing.canUndo());
 }

@@ -315,7 +315,7 @@ INSTANTIATE_TEST_SUITE_P(, KeysAfterADeletion,
 
 TEST_F(SelectionInTimesheet, afterADeletionByTheMenuTheArrowKeysGoOnFromItsRow) {
     model->openMenu(2);
-    model->menuDelete();
+    model->menu()->remove();
     model->selection()->moveCurrent(1);
     EXPECT_EQ(model->selection()->currentRow(), rowOf(night));
 }
