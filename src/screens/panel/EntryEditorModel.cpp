@@ -11,11 +11,25 @@ namespace elmworth {
 
 namespace {
 
+QString label(int minutes) {
+    if (minutes < 60) return QStringLiteral("%1m").arg(minutes);
+    const auto hours = QStringLiteral("%1h").arg(minutes / 60);
+    return minutes % 60 == 0 ? hours : hours + QString::number(minutes % 60);
+}
+
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
 }  // namespace
+
+std::vector<DurationChip> DurationChip::all(Instant start, Instant end) {
+    std::vector<DurationChip> chips;
+    for (const int minutes : {6, 12, 15, 30, 60, 90, 120, 240}) {
+        chips.push_back({minutes, label(minutes), end - start == std::chrono::minutes(minutes)});
+    }
+    return chips;
+}
 
 EntryEditorModel::EntryEditorModel(AppServices services, Save save)
     : services_(std::move(services)),

@@ -8,18 +8,38 @@
 #include <QString>
 #include <QtQmlIntegration>
 #include <optional>
+#include <vector>
 
 #include "livelist/LiveListModel.h"
+#include "platform/Instant.h"
 #include "screens/AppServices.h"
 #include "screens/EditedRecord.h"
 #include "screens/RecordChoices.h"
-#include "screens/panel/DurationChip.h"
 #include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
 #include "theme/FormSheetModel.h"
 #include "tracking/EntryForm.h"
 
 namespace elmworth {
+
+/// A duration that one click gives an entry.
+struct DurationChip {
+    Q_GADGET
+    QML_ANONYMOUS
+    Q_PROPERTY(QString text MEMBER text)  ///< "30m", "1h", "1h30"
+    Q_PROPERTY(bool isChosen MEMBER isChosen)
+
+ public:
+    int id = 0;  ///< minutes
+    QString text;
+    bool isChosen = false;
+
+    [[nodiscard]] std::chrono::minutes duration() const { return std::chrono::minutes(id); }
+    /// All of them, with the one chosen that is exactly as long as from `start` to `end`.
+    [[nodiscard]] static std::vector<DurationChip> all(Instant start, Instant end);
+
+    friend bool operator==(const DurationChip&, const DurationChip&) = default;
+};
 
 /// The sheet in which an entry is added or changed. While it is open it follows its entry. What
 /// nobody touched here takes on what changes elsewhere, so that a save never takes that back; an

@@ -9,8 +9,7 @@
 #include "screens/panel/ContinueRowModel.h"
 #include "screens/panel/ProjectSectionModel.h"
 #include "screens/panel/RunningCardModel.h"
-#include "screens/panel/TodayChipModel.h"
-#include "screens/panel/WeeklyGoalBarModel.h"
+#include "screens/panel/TrackedTotal.h"
 
 namespace elmworth {
 

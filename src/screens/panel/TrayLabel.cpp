@@ -29,6 +29,25 @@ std::string iconText(const std::string& time) {
 
 }  // namespace
 
+TrayLabelStyle trayLabelStyle(std::string_view raw) {
+    for (const auto style : {TrayLabelStyle::timeAndProject, TrayLabelStyle::icon}) {
+        if (raw == rawValue(style)) return style;
+    }
+    return TrayLabelStyle::time;
+}
+
+std::string_view rawValue(TrayLabelStyle style) {
+    switch (style) {
+        case TrayLabelStyle::timeAndProject:
+            return "timeAndProject";
+        case TrayLabelStyle::icon:
+            return "icon";
+        case TrayLabelStyle::time:
+            break;
+    }
+    return "time";
+}
+
 TrayLabel::TrayLabel(AppServices services) : services_(std::move(services)), look_(look()) {
     timerObservation_ = services_.timer.observe([this](auto property) {
         if (property == TimerService::Property::running ||

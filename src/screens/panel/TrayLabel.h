@@ -6,12 +6,22 @@
 #include <QObject>
 #include <QString>
 #include <QtQmlIntegration>
+#include <string_view>
 
 #include "platform/Tray.h"
 #include "screens/AppServices.h"
-#include "screens/panel/TrayLabelStyle.h"
 
 namespace elmworth {
+
+/// What stands beside the tray item's image while a timer runs. The setting "menuBarStyle"
+/// holds the name of the case.
+enum class TrayLabelStyle { time, timeAndProject, icon };
+
+/// The style of a stored text. Any text but the cases' names means `time`.
+[[nodiscard]] TrayLabelStyle trayLabelStyle(std::string_view raw);
+
+/// The text to store.
+[[nodiscard]] std::string_view rawValue(TrayLabelStyle style);
 
 /// What the tray item shows: the timer at a glance. Changes once a minute while a timer runs.
 ///

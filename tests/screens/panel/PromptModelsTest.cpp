@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/panel/AwayPromptModel.h"
-#include "screens/panel/LongRunningWarningModel.h"
 #include "screens/panel/PanelModel.h"
 #include "screens/panel/PanelTest.h"
+#include "screens/panel/RunningCardModel.h"
 #include "support/StatementTrace.h"
 
 namespace elmworth {
