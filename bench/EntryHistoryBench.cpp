@@ -8,8 +8,8 @@
 
 #include "BenchLibrary.h"
 #include "records/Invoice.h"
+#include "tracking/EntryService.h"
 #include "tracking/EntryUndoGuard.h"
-#include "tracking/TimesheetEditing.h"
 
 namespace elmworth::bench {
 namespace {
@@ -44,8 +44,8 @@ struct Desk {
     Ref<Project> project;
     EntryUndoGuard guard{library.timer};
     UndoHistory history{library.context(), [this] { return library.now; }};
-    TimesheetEditing editing{library.context(), history, library.timer,
-                             [this] { return library.now; }, &libraryCalendar};
+    EntryService editing{library.context(), history, library.timer, [this] { return library.now; },
+                         &libraryCalendar};
 };
 
 template <void (Desk::*measured)(), void (Desk::*before)(), void (Desk::*after)()>

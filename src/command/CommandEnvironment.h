@@ -41,7 +41,9 @@ struct CommandEnvironment {
 
     [[nodiscard]] ClientService clients() { return {context, history, TimerCalls::of(timer), now}; }
     [[nodiscard]] ProjectService projects() { return {context, history, TimerCalls::of(timer)}; }
-    [[nodiscard]] EntryService entries() { return {context, history, timer, now}; }
+    [[nodiscard]] EntryService entries() {
+        return {context, history, timer, now, [calendar = calendar] { return calendar; }};
+    }
     [[nodiscard]] InvoiceService invoices() { return {context, history, profiles, now, calendar}; }
 };
 

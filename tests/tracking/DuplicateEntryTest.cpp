@@ -7,7 +7,7 @@
 #include "support/Instants.h"
 #include "support/Rows.h"
 #include "support/TestLibrary.h"
-#include "tracking/TimesheetActions.h"
+#include "tracking/EntryService.h"
 
 namespace elmworth {
 namespace {
@@ -18,10 +18,19 @@ using test::iso;
 using test::TestLibrary;
 
 /// "start/end" of the duplicate, or "nothing".
+Ref<TimeEntry> duplicateEntryToToday(TestLibrary& library, const Ref<TimeEntry>& entry, Instant now,
+                                     const char* zone) {
+    const Clock clock = [now] { return now; };
+    const auto calendar = [zone] { return Calendar(Locale("en_US"), zone); };
+    TimerService timer(library.context(), clock, library.runLoop, calendar);
+    UndoHistory history(library.context(), clock);
+    return EntryService(library.context(), history, timer, clock, calendar)
+        .duplicateEntryToToday(entry);
+}
+
 std::string duplicate(TestLibrary& library, const Ref<TimeEntry>& entry, const std::string& now,
                       const char* zone) {
-    const auto made =
-        duplicateEntryToToday(entry, at(now), Calendar(Locale("en_US"), zone), library.context());
+    const auto made = duplicateEntryToToday(library, entry, at(now), zone);
     return made ? iso(made->start) + '/' + iso(made->end->value()) : "nothing";
 }
 
@@ -109,9 +118,7 @@ TEST(DuplicateEntryFields, projectAndNotesAreTheSameAndNothingIsBilled) {
     entry->notes = "Landing page";
     entry->billedRateCents = 9500;
     entry->invoice = library.addInvoice("INV-1", client);
-    const Calendar calendar(Locale("en_US"), "UTC");
-    const auto id =
-        duplicateEntryToToday(entry, at("2026-03-04T17:00Z"), calendar, library.context())->id();
+    const auto id = duplicateEntryToToday(library, entry, at("2026-03-04T17:00Z"), "UTC")->id();
     library.reopen();
     const auto made = library.context().record<TimeEntry>(id);
     ASSERT_TRUE(made);
@@ -126,8 +133,7 @@ TEST(DuplicateEntryFields, theLengthKeepsItsFraction) {
     TestLibrary library;
     const auto start = at("2026-03-02T09:00Z");
     const auto entry = library.addEntry(nullptr, start + 250ms, start + 90min + 1us);
-    const auto made = duplicateEntryToToday(entry, at("2026-03-04T17:00Z"),
-                                            Calendar(Locale("en_US"), "UTC"), library.context());
+    const auto made = duplicateEntryToToday(library, entry, at("2026-03-04T17:00Z"), "UTC");
     EXPECT_EQ(made->start.get(), at("2026-03-04T09:00Z"));
     EXPECT_EQ(made->end->value() - made->start.get(), 90min + 1us - 250ms);
 }

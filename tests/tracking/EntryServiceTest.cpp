@@ -30,7 +30,8 @@ class EntryServiceTest : public testing::Test {
     test::TestTimer timer_;
     Ref<Project> website_ = timer_.library.addProject("Website", timer_.library.addClient("Acme"));
     UndoHistory history_{context()};
-    EntryService entries_{context(), history_, *timer_.service, [this] { return timer_.now; }};
+    EntryService entries_{context(), history_, *timer_.service, [this] { return timer_.now; },
+                          [this] { return timer_.calendar; }};
     EntryForm form_{website_, timer_.now - 2h, timer_.now - 1h, "Landing page"};
 };
 

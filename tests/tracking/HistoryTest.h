@@ -7,7 +7,7 @@
 
 #include "support/StatementTrace.h"
 #include "support/TestTimer.h"
-#include "tracking/TimesheetEditing.h"
+#include "tracking/EntryService.h"
 
 namespace elmworth::test {
 
@@ -88,8 +88,8 @@ class HistoryTest : public testing::Test {
     Ref<Project> app_ = timer_.library.addProject("App", acme_);
     Ref<TimeEntry> first_ = add("06:00", "06:30", "a");
     Ref<TimeEntry> second_ = add("07:00", "07:30", "b");
-    TimesheetEditing editing_{context(), history(), service(), [this] { return timer_.now; },
-                              [this] { return timer_.calendar; }};
+    EntryService editing_{context(), history(), service(), [this] { return timer_.now; },
+                          [this] { return timer_.calendar; }};
 };
 
 }  // namespace elmworth::test

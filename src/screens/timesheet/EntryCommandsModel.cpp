@@ -20,13 +20,13 @@ QString countOfEntries(std::size_t count) {
 EntryCommandsModel::EntryCommandsModel(const AppServices& services, HistoryModel& history)
     : context_(services.context),
       history_(history),
-      editing_(services.context, services.history, services.timer, services.now,
+      entries_(services.context, services.history, services.timer, services.now,
                services.calendar) {}
 
 void EntryCommandsModel::deleteEntries(const IDs& ids) {
     EntryTally tally;
     try {
-        tally = editing_.deleteEntries(ids);
+        tally = entries_.deleteEntries(ids);
     } catch (const StoreError&) {
         return say(QString::fromUtf8(unreadable));
     }
@@ -42,7 +42,7 @@ void EntryCommandsModel::moveEntries(const IDs& ids, const PersistentID& project
     try {
         const auto target = context_.record<Project>(project);
         if (!target) return say(QString::fromUtf8(projectIsGone));
-        tellOfBilled(editing_.moveEntries(ids, target));
+        tellOfBilled(entries_.moveEntries(ids, target));
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
     }
@@ -54,7 +54,7 @@ void EntryCommandsModel::tellOfBilled(const EntryTally& tally) {
 
 void EntryCommandsModel::duplicateToToday(const PersistentID& id) {
     try {
-        editing_.duplicateEntryToToday(context_.record<TimeEntry>(id));
+        entries_.duplicateEntryToToday(context_.record<TimeEntry>(id));
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
     }
@@ -62,7 +62,7 @@ void EntryCommandsModel::duplicateToToday(const PersistentID& id) {
 
 void EntryCommandsModel::continueEntry(const PersistentID& id) {
     try {
-        editing_.continueEntry(context_.record<TimeEntry>(id));
+        entries_.continueEntry(context_.record<TimeEntry>(id));
     } catch (const StoreError&) {
         say(QString::fromUtf8(unreadable));
     }
@@ -78,7 +78,7 @@ Ref<TimeEntry> EntryCommandsModel::entry(const PersistentID& id) {
 }
 
 Ref<TimeEntry> EntryCommandsModel::save(const EntryForm& form, const Ref<TimeEntry>& entry) {
-    return editing_.save(form, entry);
+    return entries_.save(form, entry);
 }
 
 void EntryCommandsModel::say(const QString& sentence) {

@@ -10,7 +10,7 @@
 
 #include "screens/AppServices.h"
 #include "screens/panel/HistoryModel.h"
-#include "tracking/TimesheetEditing.h"
+#include "tracking/EntryService.h"
 
 namespace elmworth {
 
@@ -31,7 +31,7 @@ class EntryCommandsModel final : public QObject {
     void moveEntries(const IDs& ids, const PersistentID& project);
     void duplicateToToday(const PersistentID& id);
     void continueEntry(const PersistentID& id);
-    /// As TimesheetEditing::save.
+    /// As EntryService::save.
     Ref<TimeEntry> save(const EntryForm& form, const Ref<TimeEntry>& entry);
 
     /// Says what could not be done.
@@ -51,7 +51,7 @@ class EntryCommandsModel final : public QObject {
 
     UnitOfWork& context_;
     HistoryModel& history_;
-    TimesheetEditing editing_;
+    EntryService entries_;
 };
 
 }  // namespace elmworth

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tracking/TimesheetActions.h"
+#include "tracking/EntryService.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using test::TestTimer;
 
-class TimesheetActionsTest : public testing::Test {
+class PickedEntriesTest : public testing::Test {
  protected:
     [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     Ref<TimeEntry> add(const std::string& from, const std::string& to) {
@@ -26,10 +26,10 @@ class TimesheetActionsTest : public testing::Test {
         context().save();
     }
     EntryTally remove(const std::vector<Ref<TimeEntry>>& entries) {
-        return deleteEntries(ids(entries), context(), *timer_.service);
+        return entries_.deleteEntries(ids(entries));
     }
     EntryTally move(const std::vector<Ref<TimeEntry>>& entries, const Ref<Project>& project) {
-        return moveEntries(ids(entries), project, context());
+        return entries_.moveEntries(ids(entries), project);
     }
     [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
         std::vector<PersistentID> ids;
@@ -49,34 +49,36 @@ class TimesheetActionsTest : public testing::Test {
     Ref<TimeEntry> first_ = add("06:00", "06:30");
     Ref<TimeEntry> second_ = add("07:00", "07:30");
     Ref<TimeEntry> third_ = add("08:00", "08:30");
+    EntryService entries_{context(), *timer_.history, *timer_.service,
+                          [this] { return timer_.now; }, [this] { return timer_.calendar; }};
 };
 
 // --- delete ------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, deletedEntriesAreGoneFromTheDisk) {
+TEST_F(PickedEntriesTest, deletedEntriesAreGoneFromTheDisk) {
     context().save();
     EXPECT_EQ(remove({first_, third_}), (EntryTally{2, 0}));
     timer_.restart();
     EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
 }
 
-TEST_F(TimesheetActionsTest, aBilledEntryIsSkippedAndCountedAndTheOthersGo) {
+TEST_F(PickedEntriesTest, aBilledEntryIsSkippedAndCountedAndTheOthersGo) {
     bill(second_);
     EXPECT_EQ(remove({first_, second_, third_}), (EntryTally{2, 1}));
     EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
     EXPECT_EQ(second_->invoice->number.get(), "INV-1");
 }
 
-TEST_F(TimesheetActionsTest, deletingEntriesThatAreAllGoneDoesNothingAndSavesNothing) {
+TEST_F(PickedEntriesTest, deletingEntriesThatAreAllGoneDoesNothingAndSavesNothing) {
     context().save();
     remove({first_});
     third_->notes = "typed elsewhere";
     EXPECT_EQ(remove({first_}), EntryTally{});
-    EXPECT_EQ(deleteEntries({}, context(), *timer_.service), EntryTally{});
+    EXPECT_EQ(entries_.deleteEntries({}), EntryTally{});
     EXPECT_TRUE(context().hasChanges());
 }
 
-TEST_F(TimesheetActionsTest, deletingTheRunningEntryStopsTheTicker) {
+TEST_F(PickedEntriesTest, deletingTheRunningEntryStopsTheTicker) {
     timer_.service->start(website_);
     timer_.setTime("10:00");
     timer_.library.runLoop.fire();
@@ -86,14 +88,14 @@ TEST_F(TimesheetActionsTest, deletingTheRunningEntryStopsTheTicker) {
     EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 0U);
 }
 
-TEST_F(TimesheetActionsTest, deletingAnotherEntryLeavesTheTimerRunning) {
+TEST_F(PickedEntriesTest, deletingAnotherEntryLeavesTheTimerRunning) {
     timer_.service->start(website_);
     const auto running = timer_.service->running();
     remove({first_});
     EXPECT_EQ(timer_.service->running(), running);
 }
 
-TEST_F(TimesheetActionsTest, aDeletionThatCannotBeSavedStaysPending) {
+TEST_F(PickedEntriesTest, aDeletionThatCannotBeSavedStaysPending) {
     context().save();
     {
         const test::FileSizeLimit fullDisk(0);
@@ -107,7 +109,7 @@ TEST_F(TimesheetActionsTest, aDeletionThatCannotBeSavedStaysPending) {
 
 // --- move --------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, movedEntriesBelongToTheOtherProjectOnDisk) {
+TEST_F(PickedEntriesTest, movedEntriesBelongToTheOtherProjectOnDisk) {
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
     const auto app = app_->id();
     timer_.restart();
@@ -116,7 +118,7 @@ TEST_F(TimesheetActionsTest, movedEntriesBelongToTheOtherProjectOnDisk) {
               2U);
 }
 
-TEST_F(TimesheetActionsTest, aBilledEntryKeepsItsProjectAndIsCountedAndTheOthersMove) {
+TEST_F(PickedEntriesTest, aBilledEntryKeepsItsProjectAndIsCountedAndTheOthersMove) {
     bill(second_);
     EXPECT_EQ(move({first_, second_, third_}, app_), (EntryTally{2, 1}));
     EXPECT_EQ(first_->project.get(), app_);
@@ -124,13 +126,13 @@ TEST_F(TimesheetActionsTest, aBilledEntryKeepsItsProjectAndIsCountedAndTheOthers
     EXPECT_EQ(third_->project.get(), app_);
 }
 
-TEST_F(TimesheetActionsTest, movingToTheProjectThatItHasChangesNothing) {
+TEST_F(PickedEntriesTest, movingToTheProjectThatItHasChangesNothing) {
     context().save();
     EXPECT_EQ(move({first_}, website_), EntryTally{});
     EXPECT_FALSE(context().hasChanges());
 }
 
-TEST_F(TimesheetActionsTest, theRunningEntryMovesAndRunsOn) {
+TEST_F(PickedEntriesTest, theRunningEntryMovesAndRunsOn) {
     timer_.service->start(website_);
     const auto running = timer_.service->running();
     EXPECT_EQ(move({running}, app_), (EntryTally{1, 0}));
@@ -138,7 +140,7 @@ TEST_F(TimesheetActionsTest, theRunningEntryMovesAndRunsOn) {
     EXPECT_TRUE(running->isRunning());
 }
 
-TEST_F(TimesheetActionsTest, aProjectDeletedWhileTheMenuWasOpenGetsNothing) {
+TEST_F(PickedEntriesTest, aProjectDeletedWhileTheMenuWasOpenGetsNothing) {
     context().save();
     context().deleteRecord(app_);
     EXPECT_EQ(move({first_}, app_), EntryTally{});
@@ -147,7 +149,7 @@ TEST_F(TimesheetActionsTest, aProjectDeletedWhileTheMenuWasOpenGetsNothing) {
     EXPECT_EQ(first_->project.get(), website_);
 }
 
-TEST_F(TimesheetActionsTest, anEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
+TEST_F(PickedEntriesTest, anEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
     context().save();
     remove({first_});
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{1, 0}));
@@ -155,16 +157,16 @@ TEST_F(TimesheetActionsTest, anEntryDeletedWhileTheMenuWasOpenIsPassedOver) {
 
 // --- both --------------------------------------------------------------------------------------
 
-TEST_F(TimesheetActionsTest, manyEntriesAreChangedInOneSave) {
+TEST_F(PickedEntriesTest, manyEntriesAreChangedInOneSave) {
     std::vector<Ref<TimeEntry>> entries;
     for (int i = 0; i < 10'000; ++i) entries.push_back(add("06:00", "06:30"));
     context().save();
     const auto picked = ids(entries);
     entries.clear();
     (void)commits();
-    EXPECT_EQ(moveEntries(picked, app_, context()), (EntryTally{10'000, 0}));
+    EXPECT_EQ(entries_.moveEntries(picked, app_), (EntryTally{10'000, 0}));
     EXPECT_EQ(commits(), 1U);
-    EXPECT_EQ(deleteEntries(picked, context(), *timer_.service), (EntryTally{10'000, 0}));
+    EXPECT_EQ(entries_.deleteEntries(picked), (EntryTally{10'000, 0}));
     EXPECT_EQ(commits(), 1U);
     EXPECT_EQ(timer_.spans().size(), 3U);
 }
