@@ -19,6 +19,12 @@ QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+Instant weekBefore(const AppServices& services) {
+    const Instant now = services.now();
+    const auto weekAgo = services.calendar().adding(-7, CalendarUnit::day, now);
+    return weekAgo.value_or(now - std::chrono::days(7));
+}
+
 template <class T>
 QString nameOf(const T& record) {
     return text(record.name.get());
@@ -36,13 +42,8 @@ TimesheetFilterModel::TimesheetFilterModel(AppServices services)
                                            const auto& client = client_.record();
                                            return !client || project.client.get() == client;
                                        }}),
-      customFrom_(services_.calendar, services_.now),
-      customTo_(services_.calendar, services_.now) {
-    const Instant now = services_.now();
-    const auto weekAgo = services_.calendar().adding(-7, CalendarUnit::day, now);
-    customFrom_.setValue(weekAgo.value_or(now - std::chrono::days(7)));
-    customTo_.setValue(now);
-    for (auto* day : {&customFrom_, &customTo_}) {
+      period_(services_, weekBefore(services_), services_.now()) {
+    for (auto* day : {from(), to()}) {
         connect(day, &DateTimeInput::changed, this, &TimesheetFilterModel::changed);
     }
     for (const auto signal : {&ChoiceModel::picked, &ChoiceModel::lost}) {
@@ -55,12 +56,6 @@ TimesheetFilterModel::TimesheetFilterModel(AppServices services)
     project_.follow();
 }
 
-QStringList TimesheetFilterModel::presets() {
-    QStringList titles;
-    for (const auto preset : allDateRangePresets) titles.append(text(rawValue(preset)));
-    return titles;
-}
-
 DateRangePreset TimesheetFilterModel::currentPreset() const {
     const auto raw = services_.defaults.string(rangeKey).value_or("");
     return dateRangePresetFromRawValue(raw).value_or(DateRangePreset::thisWeek);
@@ -71,7 +66,7 @@ int TimesheetFilterModel::preset() const {
 }
 
 QString TimesheetFilterModel::presetTitle() const {
-    return text(rawValue(currentPreset()));
+    return PeriodInput::title(currentPreset());
 }
 
 bool TimesheetFilterModel::isCustom() const {
@@ -86,9 +81,8 @@ QString TimesheetFilterModel::subtitle() const {
 }
 
 void TimesheetFilterModel::choosePreset(int position) {
-    if (position < 0 || static_cast<std::size_t>(position) >= allDateRangePresets.size()) return;
-    services_.defaults.setString(rangeKey,
-                                 rawValue(allDateRangePresets[static_cast<std::size_t>(position)]));
+    const auto preset = PeriodInput::presetAt(position);
+    if (preset) services_.defaults.setString(rangeKey, rawValue(*preset));
 }
 
 bool TimesheetFilterModel::unbilledOnly() const {
@@ -127,14 +121,11 @@ void TimesheetFilterModel::clear() {
 }
 
 TimesheetFilter TimesheetFilterModel::filter() const {
-    const Calendar calendar = services_.calendar();
-    const auto span = interval(currentPreset(), services_.now(), calendar);
-    return {
-        .range = span ? *span : customInterval(customFrom_.value(), customTo_.value(), calendar),
-        .unbilledOnly = unbilledOnly(),
-        .project = project_.record(),
-        .client = client_.record(),
-        .search = search_.toStdString()};
+    return {.range = period_.interval(currentPreset()),
+            .unbilledOnly = unbilledOnly(),
+            .project = project_.record(),
+            .client = client_.record(),
+            .search = search_.toStdString()};
 }
 
 void TimesheetFilterModel::tell() {

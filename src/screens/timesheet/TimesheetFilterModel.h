@@ -9,8 +9,8 @@
 #include <QtQmlIntegration>
 
 #include "screens/AppServices.h"
+#include "screens/PeriodInput.h"
 #include "screens/RecordChoices.h"
-#include "theme/DateTimeInput.h"
 #include "tracking/TimesheetFilter.h"
 
 namespace elmworth {
@@ -40,13 +40,13 @@ class TimesheetFilterModel final : public QObject {
  public:
     explicit TimesheetFilterModel(AppServices services);
 
-    [[nodiscard]] static QStringList presets();
+    [[nodiscard]] static QStringList presets() { return PeriodInput::titles(); }
     [[nodiscard]] int preset() const;
     [[nodiscard]] QString presetTitle() const;
     [[nodiscard]] bool isCustom() const;
     [[nodiscard]] QString subtitle() const;
-    [[nodiscard]] DateTimeInput* from() noexcept { return &customFrom_; }
-    [[nodiscard]] DateTimeInput* to() noexcept { return &customTo_; }
+    [[nodiscard]] DateTimeInput* from() noexcept { return &period_.from(); }
+    [[nodiscard]] DateTimeInput* to() noexcept { return &period_.to(); }
     [[nodiscard]] ChoiceModel* client() noexcept { return &client_; }
     [[nodiscard]] ChoiceModel* project() noexcept { return &project_; }
     [[nodiscard]] bool unbilledOnly() const;
@@ -84,8 +84,7 @@ class TimesheetFilterModel final : public QObject {
     RecordChoices<Client> client_;
     RecordChoices<Project> project_;
     QString search_;
-    DateTimeInput customFrom_;
-    DateTimeInput customTo_;
+    PeriodInput period_;
     Settings::Observation defaultsObservation_;
 };
 
