@@ -126,7 +126,8 @@ void restoreBackup(benchmark::State& state) {
         state.PauseTiming();
         std::optional<EmptyLibrary> empty(std::in_place);
         state.ResumeTiming();
-        const auto document = decodeBackupFile(file);
+        FileSource source(file);
+        const auto document = decodeBackup(source);
         restore(document, empty->context());
         state.PauseTiming();
         empty.reset();

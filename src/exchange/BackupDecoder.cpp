@@ -287,9 +287,4 @@ BackupCounts countBackup(FileSource& source, Progress& progress) {
     return counts;
 }
 
-Backup decodeBackupFile(const std::filesystem::path& file, Progress& progress) {
-    FileSource source(file);
-    return decodeBackup(source, progress);
-}
-
 }  // namespace elmworth

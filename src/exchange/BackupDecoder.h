@@ -29,8 +29,6 @@ class BackupDecodeError : public std::runtime_error {
 /// The same from a regular file, read piece by piece. Also throws
 /// std::filesystem::filesystem_error, and Cancelled.
 [[nodiscard]] Backup decodeBackup(FileSource& source, Progress& progress = noProgress());
-[[nodiscard]] Backup decodeBackupFile(const std::filesystem::path& file,
-                                      Progress& progress = noProgress());
 
 /// How much a document holds that decodeBackup would take: it is read in the same way, but nothing
 /// is kept. Throws the same.

@@ -3,28 +3,10 @@
 
 #include "exchange/BackupExporter.h"
 
-#include "exchange/BackupDecoder.h"
 #include "exchange/BackupWalk.h"
 #include "records/TimeEntry.h"
 
 namespace elmworth::BackupExporter {
-
-Backup makeBackup(UnitOfWork& context, const BusinessProfile& profile, Instant now) {
-    std::string json;
-    write(context, profile, now, [&](std::string_view bytes) { json += bytes; });
-    return decodeBackup(json);
-}
-
-std::string encode(const Backup& backup) {
-    std::string json;
-    BackupWriter writer([&](std::string_view bytes) { json += bytes; });
-    writer.begin();
-    for (const auto& client : backup.clients) writer.write(client);
-    writer.beginInvoices(backup.exportedAt);
-    for (const auto& invoice : backup.invoices) writer.write(invoice);
-    writer.end(backup.profile, backup.version);
-    return json;
-}
 
 Counts write(UnitOfWork& context, const BusinessProfile& profile, Instant now, const ByteSink& sink,
              Progress& progress) {

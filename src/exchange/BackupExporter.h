@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <string>
 
-#include "exchange/Backup.h"
 #include "exchange/BackupWriter.h"
 #include "platform/AtomicFile.h"
 #include "platform/Progress.h"
@@ -16,16 +15,10 @@ namespace elmworth::BackupExporter {
 
 using Counts = BackupCounts;
 
-/// The whole library of `context` as a document, with `profile`, as of `now`. Clients and invoices
-/// stand in the localized standard order of their names and numbers, projects in the order of the
-/// code points of theirs, entries by start. Throws StoreError.
-[[nodiscard]] Backup makeBackup(UnitOfWork& context, const BusinessProfile& profile, Instant now);
-
-/// The document as JSON in UTF-8.
-[[nodiscard]] std::string encode(const Backup& backup);
-
-/// Writes what `encode(makeBackup(…))` would give to `sink`, without holding the library in memory.
-/// Throws StoreError, Cancelled, and whatever the sink throws.
+/// Writes the whole library of `context` as a document in JSON to `sink`, with `profile`, as of
+/// `now`, without holding it in memory. Clients and invoices stand in the localized standard order
+/// of their names and numbers, projects in the order of the code points of theirs, entries by
+/// start. Throws StoreError, Cancelled, and whatever the sink throws.
 Counts write(UnitOfWork& context, const BusinessProfile& profile, Instant now, const ByteSink& sink,
              Progress& progress = noProgress());
 

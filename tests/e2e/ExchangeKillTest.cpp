@@ -15,7 +15,7 @@
 #include <iostream>
 #include <random>
 
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/RandomLibrary.h"
 #include "exchange/Restore.h"
@@ -93,8 +93,7 @@ class WorkingProcess {
 };
 
 std::string documentOf(UnitOfWork& context, const BusinessProfile& profile) {
-    return BackupExporter::encode(
-        BackupExporter::makeBackup(context, profile, at("2026-07-01T12:00Z")));
+    return test::encode(test::makeBackup(context, profile, at("2026-07-01T12:00Z")));
 }
 
 /// What a start of the program finds.
@@ -183,11 +182,11 @@ TEST_F(ExchangeKill, leavesAllOfARestoreAndItsProfileOrNothing) {
         }
         restore(backup, library.context());
         const BusinessProfile profile{.name = "Jane", .nextInvoiceNumber = 42};
-        backup = BackupExporter::makeBackup(library.context(), profile, at("2026-07-01T12:00Z"));
+        backup = test::makeBackup(library.context(), profile, at("2026-07-01T12:00Z"));
     }
     killAtRandomMoments(
         [&](UnitOfWork& context, ProfileStore& profiles) { restore(backup, context, profiles); },
-        BackupExporter::encode(backup));
+        test::encode(backup));
 }
 
 TEST_F(ExchangeKill, leavesAllOfAnImportOrNothing) {

@@ -9,6 +9,7 @@
 #include <chrono>
 
 #include "exchange/BackupDecoder.h"
+#include "exchange/BackupDocuments.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/BackupWalk.h"
 #include "platform/AtomicFile.h"
@@ -54,7 +55,7 @@ TEST_F(AutoBackupTest, aSnapshotIsNamedByItsInstantInUTC) {
     const auto file = run(now);
     ASSERT_TRUE(file);
     EXPECT_EQ(file->filename(), "Elmworth-2026-03-10T12-00-00.json");
-    EXPECT_EQ(decodeBackupFile(*file).clients.size(), 1U);
+    EXPECT_EQ(test::readBackup(*file).clients.size(), 1U);
 }
 
 TEST_F(AutoBackupTest, onlyTheUserCanReadASnapshot) {
@@ -99,7 +100,7 @@ TEST_F(AutoBackupTest, aSnapshotOfADamagedTextCanBeReadAndIsToldOf) {
     const test::SystemLogCapture log;
     const auto file = run(now);
     ASSERT_TRUE(file);
-    EXPECT_EQ(decodeBackupFile(*file).clients.at(0).items.at(0).items.at(0)["notes"],
+    EXPECT_EQ(test::readBackup(*file).clients.at(0).items.at(0).items.at(0)["notes"],
               Value("no UTF-8: �"));
     EXPECT_EQ(log.take(), "Elmworth: " + file->string() +
                               ": 1 text of the library held damaged bytes, which stand as � in "
@@ -213,7 +214,7 @@ class AutoBackupTriggers : public AutoBackupTest {
     }
     [[nodiscard]] static std::vector<BackupObject> entriesTaken() {
         const auto file = AutoBackup::snapshots(AutoBackup::folder()).at(0).url;
-        return decodeBackupFile(file).clients.at(0).items.at(0).items;
+        return test::readBackup(file).clients.at(0).items.at(0).items;
     }
     [[nodiscard]] static std::size_t taken() {
         return AutoBackup::snapshots(AutoBackup::folder()).size();
@@ -259,7 +260,7 @@ TEST_F(AutoBackupTriggers, theProfileOfTheMomentIsInIt) {
     profile.name = "Jane";
     profiles.setProfile(profile);
     fireAndFinish();
-    EXPECT_EQ(decodeBackupFile(AutoBackup::snapshots(AutoBackup::folder()).at(0).url).profile.name,
+    EXPECT_EQ(test::readBackup(AutoBackup::snapshots(AutoBackup::folder()).at(0).url).profile.name,
               "Jane");
 }
 
@@ -327,10 +328,8 @@ TEST_F(AutoBackupTriggers, aChangeMeanwhileBeginsItAnewSoThatItShowsOneState) {
         const auto found = entriesTaken();
         ASSERT_EQ(found.size(), entries.size() - 1);
         EXPECT_EQ(found.front()["notes"], Value("changed"));
-        EXPECT_EQ(found, BackupExporter::makeBackup(library_.context(), {}, now)
-                             .clients.at(0)
-                             .items.at(0)
-                             .items);
+        EXPECT_EQ(found,
+                  test::makeBackup(library_.context(), {}, now).clients.at(0).items.at(0).items);
         entries.front()->notes = "";
         library_.context().save();
         clock_ += 24h;

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "exchange/BackupDecoder.h"
+#include "exchange/BackupDocuments.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/BackupWalk.h"
 #include "exchange/Restore.h"
@@ -31,7 +32,7 @@ using testing::HasSubstr;
 const Instant exportedAt = at("2026-03-10T12:00Z");
 
 Backup backupOf(TestLibrary& library) {
-    return BackupExporter::makeBackup(library.context(), {}, exportedAt);
+    return test::makeBackup(library.context(), {}, exportedAt);
 }
 
 /// Two clients of one name, entries billed, unbilled and running, an invoice of the second client.
@@ -59,7 +60,7 @@ void fill(TestLibrary& library) {
 
 TEST(Backup, emptyLibraryGivesADocumentWithEmptyLists) {
     TestLibrary library;
-    const std::string json = BackupExporter::encode(backupOf(library));
+    const std::string json = test::encode(backupOf(library));
     EXPECT_THAT(json, HasSubstr("\"clients\": []"));
     EXPECT_THAT(json, HasSubstr("\"invoices\": []"));
     EXPECT_EQ(decodeBackup(json), backupOf(library));
@@ -86,7 +87,7 @@ TEST(Backup, aLibraryWithEveryKeyGivesThisDocument) {
     BackupExporter::write(library.context(), {.name = "Jane", .paperSize = PaperSize::a4},
                           exportedAt, [&](std::string_view piece) { json += piece; });
     test::expectGolden(json, "exchange/backup.json");
-    EXPECT_EQ(BackupExporter::encode(decodeBackup(json)), json);
+    EXPECT_EQ(test::encode(decodeBackup(json)), json);
 }
 
 TEST(Backup, thePublishedSchemaHasTheKeysOfTheRecords) {
@@ -121,7 +122,7 @@ TEST(Backup, thePublishedSchemaHasTheKeysOfTheRecords) {
 TEST(Backup, whatIsEncodedDecodesToTheSame) {
     TestLibrary library;
     fill(library);
-    EXPECT_EQ(decodeBackup(BackupExporter::encode(backupOf(library))), backupOf(library));
+    EXPECT_EQ(decodeBackup(test::encode(backupOf(library))), backupOf(library));
 }
 
 TEST(Backup, writingPieceByPieceGivesTheEncodedDocument) {
@@ -130,14 +131,14 @@ TEST(Backup, writingPieceByPieceGivesTheEncodedDocument) {
     std::string written;
     const auto counts = BackupExporter::write(library.context(), {}, exportedAt,
                                               [&](std::string_view bytes) { written += bytes; });
-    EXPECT_EQ(written, BackupExporter::encode(backupOf(library)));
+    EXPECT_EQ(written, test::encode(backupOf(library)));
     EXPECT_EQ(counts, (BackupExporter::Counts{2, 2, 3, 1}));
 }
 
 TEST(Backup, keysOfAnObjectAreSortedAndAbsentOnesLeftOut) {
     TestLibrary library;
     fill(library);
-    const std::string json = BackupExporter::encode(backupOf(library));
+    const std::string json = test::encode(backupOf(library));
     EXPECT_THAT(json, HasSubstr("{\n              \"notes\": \"\",\n              \"start\": "
                                 "\"2026-03-02T09:00:00Z\"\n            }"));
     EXPECT_EQ(json.find("null"), std::string::npos);
@@ -244,13 +245,13 @@ TEST(Backup, aFractionOfASecondIsDropped) {
     const auto project = library.addProject("Web", library.addClient("Acme"));
     library.addEntry(project, at("2026-03-01T09:00Z") + std::chrono::milliseconds(900),
                      at("2026-03-01T10:00Z"));
-    EXPECT_THAT(BackupExporter::encode(backupOf(library)), HasSubstr("2026-03-01T09:00:00Z"));
+    EXPECT_THAT(test::encode(backupOf(library)), HasSubstr("2026-03-01T09:00:00Z"));
 }
 
 TEST(Backup, anyPrefixOfADocumentIsRefused) {
     TestLibrary library;
     fill(library);
-    const std::string json = BackupExporter::encode(backupOf(library));
+    const std::string json = test::encode(backupOf(library));
     const std::size_t last = json.rfind('}');
     for (std::size_t length = 0; length <= last; length += 7) {
         EXPECT_THROW((void)decodeBackup(json.substr(0, length)), BackupDecodeError) << length;
@@ -274,7 +275,7 @@ TEST(Backup, damagedTextsStandWithReplacementCharactersAndAreCounted) {
     const auto file = folder.path() / "backup.json";
     // The number stands on the invoice and on its entry.
     EXPECT_EQ(BackupExporter::writeFile(library.context(), {}, exportedAt, file).repairedTexts, 3U);
-    const auto backup = decodeBackupFile(file);
+    const auto backup = test::readBackup(file);
     EXPECT_EQ(backup.clients.at(0).items.at(0).items.at(0)["notes"], Value("caf� am � Platz"));
     EXPECT_EQ(backup.invoices.at(0)["number"], Value("INV-�"));
     TestLibrary second;
@@ -299,7 +300,7 @@ TEST(Backup, aDamagedByteInAnInvoicesOwnProfileCostsOneCharacter) {
 TEST(Backup, aDateThatNoDocumentCanHoldStandsAsTheNearestOne) {
     Backup backup;
     backup.exportedAt = Instant::max();
-    EXPECT_EQ(decodeBackup(BackupExporter::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
+    EXPECT_EQ(decodeBackup(test::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
 }
 
 TEST(Backup, theMessageOfDamagedTextsCountsThem) {
@@ -321,7 +322,7 @@ class BadBackup : public testing::TestWithParam<BadDocument> {};
 TEST_P(BadBackup, isRefusedWithThePlaceOfTheFault) {
     TestLibrary library;
     fill(library);
-    std::string json = BackupExporter::encode(backupOf(library));
+    std::string json = test::encode(backupOf(library));
     const auto place = json.find(GetParam().from);
     ASSERT_NE(place, std::string::npos);
     json.replace(place, std::string(GetParam().from).size(), GetParam().to);
@@ -370,7 +371,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Backup, unknownKeysArePassedOverHoweverDeepTheyAre) {
     const std::string deep = std::string(100'000, '[') + std::string(100'000, ']');
     TestLibrary library;
-    std::string json = BackupExporter::encode(backupOf(library));
+    std::string json = test::encode(backupOf(library));
     json.insert(1, "\"unknown\": " + deep + ", ");
     EXPECT_EQ(decodeBackup(json), backupOf(library));
 }
@@ -378,7 +379,7 @@ TEST(Backup, unknownKeysArePassedOverHoweverDeepTheyAre) {
 TEST(Backup, optionalKeysMayBeNull) {
     TestLibrary library;
     fill(library);
-    std::string json = BackupExporter::encode(backupOf(library));
+    std::string json = test::encode(backupOf(library));
     json.insert(json.find("\"address\""), "\"dueDays\": null, ");
     EXPECT_EQ(decodeBackup(json), backupOf(library));
 }
@@ -411,16 +412,15 @@ TEST(Backup, whatFollowsANulByteIsNotOverlooked) {
 TEST(Backup, lone64BitNumbersStayExact) {
     TestLibrary library;
     library.addClient("Acme")->hourlyRateCents = std::numeric_limits<std::int64_t>::max() - 1;
-    EXPECT_EQ(
-        decodeBackup(BackupExporter::encode(backupOf(library))).clients.at(0)["hourlyRateCents"],
-        Value(std::numeric_limits<std::int64_t>::max() - 1));
+    EXPECT_EQ(decodeBackup(test::encode(backupOf(library))).clients.at(0)["hourlyRateCents"],
+              Value(std::numeric_limits<std::int64_t>::max() - 1));
 }
 
 TEST(Backup, foldersAndDevicesAreRefused) {
     TestLibrary library;
-    EXPECT_THROW((void)decodeBackupFile(library.folder.path()), std::filesystem::filesystem_error);
-    EXPECT_THROW((void)decodeBackupFile("/dev/zero"), std::filesystem::filesystem_error);
-    EXPECT_THROW((void)decodeBackupFile(library.folder.path() / "none"),
+    EXPECT_THROW((void)test::readBackup(library.folder.path()), std::filesystem::filesystem_error);
+    EXPECT_THROW((void)test::readBackup("/dev/zero"), std::filesystem::filesystem_error);
+    EXPECT_THROW((void)test::readBackup(library.folder.path() / "none"),
                  std::filesystem::filesystem_error);
 }
 
@@ -429,7 +429,7 @@ TEST(Backup, aFileIsReadAsItsTextIs) {
     fill(library);
     const auto file = library.folder.path() / "backup.json";
     BackupExporter::writeFile(library.context(), {}, exportedAt, file);
-    EXPECT_EQ(decodeBackupFile(file), backupOf(library));
+    EXPECT_EQ(test::readBackup(file), backupOf(library));
 }
 
 TEST(Backup, everyEntryStandsInItOnceHoweverManyBeganAtOneInstant) {

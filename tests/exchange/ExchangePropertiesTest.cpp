@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "exchange/BackupDecoder.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "exchange/CSVDocument.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/RandomLibrary.h"
@@ -30,8 +30,7 @@ BusinessProfile someProfile() {
 }
 
 std::string backupOf(TestLibrary& library, Instant now = exportedAt) {
-    return BackupExporter::encode(
-        BackupExporter::makeBackup(library.context(), someProfile(), now));
+    return test::encode(test::makeBackup(library.context(), someProfile(), now));
 }
 
 /// A library of its own into which `json` is restored.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include "exchange/BackupDocuments.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/RandomLibrary.h"
@@ -41,8 +42,7 @@ constexpr Failure failures[] = {
 };
 
 std::string documentOf(TestLibrary& library) {
-    return BackupExporter::encode(
-        BackupExporter::makeBackup(library.context(), {}, at("2026-07-01T12:00Z")));
+    return test::encode(test::makeBackup(library.context(), {}, at("2026-07-01T12:00Z")));
 }
 
 /// A document that takes several pages of a library.
@@ -51,7 +51,7 @@ const Backup& someBackup() {
         TestLibrary library(TestLibrary::emptyFile());
         test::RandomLibrary(library, 7, test::RandomLibrary::Contents::comesBack);
         library.addClient("Long")->address = std::string(20'000, 'x');
-        return BackupExporter::makeBackup(library.context(), {}, at("2026-07-01T12:00Z"));
+        return test::makeBackup(library.context(), {}, at("2026-07-01T12:00Z"));
     }();
     return backup;
 }
@@ -97,7 +97,7 @@ class ExchangeWriteFailure : public testing::TestWithParam<Failure> {
 };
 
 TEST_P(ExchangeWriteFailure, leavesAnEmptyLibraryOfARestoreWhichThenSucceeds) {
-    const std::string whole = BackupExporter::encode(someBackup());
+    const std::string whole = test::encode(someBackup());
     atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {
         const std::string empty = documentOf(library);
         failAt(disk, n);
@@ -121,7 +121,7 @@ TEST_P(ExchangeWriteFailure, leavesAnEmptyLibraryOfARestoreWhichThenSucceeds) {
 }
 
 TEST_P(ExchangeWriteFailure, inARestoreThatACrashFollowsLeavesAllOrNothing) {
-    const std::string whole = BackupExporter::encode(someBackup());
+    const std::string whole = test::encode(someBackup());
     atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {
         const std::string empty = documentOf(library);
         failAt(disk, n);
@@ -140,7 +140,7 @@ TEST_P(ExchangeWriteFailure, inARestoreThatACrashFollowsLeavesAllOrNothing) {
 }
 
 TEST_P(ExchangeWriteFailure, inARestoreWithItsProfileLeavesBothOrNeither) {
-    const std::string whole = BackupExporter::encode(someBackup());
+    const std::string whole = test::encode(someBackup());
     auto backup = someBackup();
     backup.profile.name = "New";
     atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {

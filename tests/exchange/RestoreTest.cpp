@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "exchange/BackupDecoder.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "support/BackupObjects.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -54,12 +54,12 @@ TEST(Restore, backupRestoreBackupGivesTheSameDocument) {
     billed->billedRateCents = 9000;
     first.addEntry(project, at("2026-03-02T09:00Z"), at("2026-03-02T10:00Z"))->notes = "é 😀";
     first.context().save();
-    const auto backup = BackupExporter::makeBackup(first.context(), {}, at("2026-03-10T12:00Z"));
+    const auto backup = test::makeBackup(first.context(), {}, at("2026-03-10T12:00Z"));
 
     TestLibrary second;
     restore(backup, second.context());
     second.reopen();
-    EXPECT_EQ(BackupExporter::makeBackup(second.context(), {}, at("2026-03-10T12:00Z")), backup);
+    EXPECT_EQ(test::makeBackup(second.context(), {}, at("2026-03-10T12:00Z")), backup);
 }
 
 TEST(Restore, aLibraryWithAClientIsRefusedAndStaysAsItWas) {
@@ -118,9 +118,9 @@ TEST(Restore, anEntryThatRanInTheLastSecondOfAllEndsInIt) {
     restore(backup, library.context());
     EXPECT_GT(onlyEntry(library)->end.get(), onlyEntry(library)->start.get());
     backup.clients.at(0).items.at(0).items.at(0)["end"] = test::valueOf(at("9999-12-31T23:59:59Z"));
-    EXPECT_EQ(decodeBackup(BackupExporter::encode(
-                  BackupExporter::makeBackup(library.context(), {}, backup.exportedAt))),
-              backup);
+    EXPECT_EQ(
+        decodeBackup(test::encode(test::makeBackup(library.context(), {}, backup.exportedAt))),
+        backup);
 }
 
 TEST(Restore, anInvoiceWithoutAPositionGoesToTheFirstClientOfItsName) {

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "exchange/BackupDecoder.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "fuzz/Property.h"
 #include "fuzz/ReferenceBackup.h"
 #include "platform/Text.h"
@@ -45,9 +45,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     require(backup == expected, "what is read is what a simple reader reads");
-    const std::string written = BackupExporter::encode(*backup);
+    const std::string written = test::encode(*backup);
     const auto again = decode(written);
     require(again == backup, "what is read is written and read as the same");
-    require(BackupExporter::encode(*again) == written, "writing again gives the same document");
+    require(test::encode(*again) == written, "writing again gives the same document");
     return 0;
 }

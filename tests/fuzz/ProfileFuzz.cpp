@@ -5,7 +5,7 @@
 // again as the same, alone and within a backup document.
 
 #include "exchange/BackupDecoder.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "fuzz/Property.h"
 #include "fuzz/ReferenceBackup.h"
 #include "platform/Text.h"
@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Backup backup;
     backup.profile = *profile;
     backup.invoices.emplace_back(backupShapes().invoice)["business"] = Blob{written};
-    require(decodeBackup(BackupExporter::encode(backup)) == backup,
+    require(decodeBackup(test::encode(backup)) == backup,
             "a profile comes through a backup document as it was");
     return 0;
 }

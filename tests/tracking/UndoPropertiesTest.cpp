@@ -6,7 +6,7 @@
 
 #include "clients/ClientService.h"
 #include "clients/ProjectService.h"
-#include "exchange/BackupExporter.h"
+#include "exchange/BackupDocuments.h"
 #include "invoicing/InvoiceBuilder.h"
 #include "support/LibraryText.h"
 #include "tracking/HistoryTest.h"
@@ -134,8 +134,8 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
     [[nodiscard]] std::string text() { return test::libraryText(context()); }
     /// The backup document as of one moment.
     [[nodiscard]] std::string document() {
-        return BackupExporter::encode(BackupExporter::makeBackup(context(), BusinessProfile{},
-                                                                 test::TestTimer::today("09:00")));
+        return test::encode(
+            test::makeBackup(context(), BusinessProfile{}, test::TestTimer::today("09:00")));
     }
 
     std::mt19937 random_{GetParam()};
