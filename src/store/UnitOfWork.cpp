@@ -203,7 +203,7 @@ void UnitOfWork::save(Progress& progress) {
             checkDeniedDeletions();
             store_->write(collectChanges(), progress);
         } catch (...) {
-            // The rows that were spilled went with the transaction; their objects may be gone.
+            // The flushed rows went with the transaction; their objects may be gone.
             if (!flushed_.empty()) rollback();
             throw;
         }
@@ -223,7 +223,7 @@ void UnitOfWork::flushInserts() {
     const auto changes = collectChanges();
     if (!changes.updated.empty() || !changes.deleted.empty()) return;
     try {
-        store_->spill(changes.inserted);
+        store_->flush(changes.inserted);
         for (const auto* record : changes.inserted) {
             flushed_.push_back(record->id());
         }
@@ -286,7 +286,7 @@ void UnitOfWork::forgetChanges() {
 }
 
 void UnitOfWork::rollback() {
-    store_->dropSpilled();
+    store_->dropFlushed();
     for (auto& map : pending_) {
         for (auto& [id, record] : map) {
             noteRestored(*record);

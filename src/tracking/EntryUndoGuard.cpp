@@ -138,7 +138,8 @@ bool willRun(const Item& item) {
     return item.goal && !instant(item.goalOf(field<&TimeEntry::end>()));
 }
 
-/// Whether what somebody else made of one end of the span does not go with the other end of before.
+/// Whether setting one end back would put the end before the start, because somebody else changed
+/// the other one since.
 bool getsReversed(const Item& item) {
     if (!item.goal || !item.step->after) return false;  // what comes back does so as it was
     const auto& goal = *item.goal;
@@ -166,26 +167,27 @@ class TimerPlan {
         bool mayRun = true;
         for (auto& item : reversal_.items()) {
             if (item.isLeftAlone || !isEntry(item) || !endsTimer(*item.step)) continue;
-            revive(item);
+            resume(item);
             if (item.isLeftAlone || !willRun(item)) continue;
-            if (!mayRun || runsBeside()) settle(item);
+            if (!mayRun || runsBeside()) finish(item);
             mayRun = mayRun && !willRun(item);
         }
     }
 
  private:
-    void revive(Item& item) {
+    /// Decides whether an entry that ran before the step runs on.
+    void resume(Item& item) {
         if (stopped_) {
             item.goal->set(field<&TimeEntry::end>(), stopped_->current(field<&TimeEntry::end>()));
         } else if (wasLeftAlone_) {
             reversal_.leaveAlone(item, nullptr);  // the timer stays there: nothing takes over
         } else if (wasTrackedSince()) {
-            settle(item);
+            finish(item);
         }
     }
 
     /// Ends an entry that ran before the step and may not run on.
-    void settle(Item& item) {
+    void finish(Item& item) {
         const Instant start = *instant(item.goalOf(field<&TimeEntry::start>()));
         const Instant end = std::max(reversal_.step().at, start + minimumLength);
         const Value ended = FieldTraits<Instant>::toValue(end);

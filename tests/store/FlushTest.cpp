@@ -69,12 +69,12 @@ TEST(Spill, aFailedSaveAfterItRollsEverythingBack) {
     TestLibrary library;
     library.addClient("Acme");
     library.context().save();
-    const auto spilled = library.addClient("Globex");
+    const auto flushed = library.addClient("Globex");
     library.context().flushInserts();
     library.addClient("Initech");
     disk.failAt(1, SQLITE_FULL, FaultyVfs::Duration::once);
     EXPECT_THROW(library.context().save(), StoreError);
-    EXPECT_EQ(spilled->unitOfWork(), nullptr);
+    EXPECT_EQ(flushed->unitOfWork(), nullptr);
     EXPECT_FALSE(library.context().hasChanges());
     EXPECT_EQ(library.context().fetchCount<Client>(), 1U);
 }

@@ -165,7 +165,7 @@ void RecordStore::write(const ChangeSet& changes, Progress& progress) {
         }
         run("COMMIT");
     } catch (...) {
-        dropSpilled();
+        dropFlushed();
         throw;
     }
 }
@@ -174,17 +174,17 @@ void RecordStore::beginTransaction() {
     if (sqlite3_get_autocommit(database_.handle()) != 0) run("BEGIN IMMEDIATE");
 }
 
-void RecordStore::spill(const std::vector<const Record*>& inserted) {
+void RecordStore::flush(const std::vector<const Record*>& inserted) {
     beginTransaction();
     try {
         for (const auto* record : inserted) insertRow(*record);
     } catch (...) {
-        dropSpilled();
+        dropFlushed();
         throw;
     }
 }
 
-void RecordStore::dropSpilled() noexcept {
+void RecordStore::dropFlushed() noexcept {
     // SQLite ends the transaction by itself after some failures.
     if (sqlite3_get_autocommit(database_.handle()) == 0) {
         sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);

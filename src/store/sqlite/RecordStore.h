@@ -76,9 +76,9 @@ class RecordStore {
     void write(const ChangeSet& changes, Progress& progress);
 
     /// Writes the rows of new records into a transaction that stays open: the next `write` goes on
-    /// in it and ends it, `dropSpilled` undoes it. A failure undoes it too.
-    void spill(const std::vector<const Record*>& inserted);
-    void dropSpilled() noexcept;
+    /// in it and ends it, `dropFlushed` undoes it. A failure undoes it too.
+    void flush(const std::vector<const Record*>& inserted);
+    void dropFlushed() noexcept;
 
     /// Whether the write-ahead log has grown so that moving it is worth the time, or its file is
     /// larger than it stays.
