@@ -84,4 +84,16 @@ const std::vector<std::string>& commonCurrencyCodes() {
     return codes;
 }
 
+std::string currencyName(std::string_view currencyCode, const Locale& locale) {
+    if (!isCurrencyCode(currencyCode)) return std::string(currencyCode);
+    icu::UnicodeString code(currencyCode.data(), static_cast<int>(currencyCode.size()), US_INV);
+    UErrorCode status = U_ZERO_ERROR;
+    int length = 0;
+    const char16_t* name = ucurr_getName(code.getTerminatedBuffer(), locale.identifier().c_str(),
+                                         UCURR_LONG_NAME, nullptr, &length, &status);
+    if (U_FAILURE(status) || name == nullptr) return std::string(currencyCode);
+    std::string utf8;
+    return icu::UnicodeString(name, length).toUTF8String(utf8);
+}
+
 }  // namespace elmworth

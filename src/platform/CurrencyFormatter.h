@@ -23,4 +23,7 @@ namespace elmworth {
 /// The ISO 4217 codes in use, ascending.
 [[nodiscard]] const std::vector<std::string>& commonCurrencyCodes();
 
+/// What `locale` calls the currency, such as "US Dollar"; the code itself where it has no name.
+[[nodiscard]] std::string currencyName(std::string_view currencyCode, const Locale& locale);
+
 }  // namespace elmworth

@@ -56,10 +56,13 @@ class TimesheetWindow(unittest.TestCase):
         """What the library holds before the application starts."""
 
     def start(self, **options):
+        self.start_program(**options)
+        wait_until(lambda: find("Timesheet", "heading"), "the timesheet")
+
+    def start_program(self, **options):
         self.program = subprocess.Popen([PROGRAMS / "elmworth-app"], env=self.environment, **options)
         self.addCleanup(self.program.wait)
         self.addCleanup(self.program.kill)
-        wait_until(lambda: find("Timesheet", "heading"), "the timesheet")
 
     # The clock and the commands
 

@@ -30,6 +30,7 @@ MainViewModel::MainViewModel(const AppServices& services)
     connect(&clients_, &ClientsModel::invoiceRequested, this, [this](const auto& client) {
         newInvoice_.open(context_.recordQuietly<Client>(client));
     });
+    connect(&clients_, &ClientsModel::removed, &history_, &HistoryModel::tellOfStep);
     connect(&newInvoice_, &NewInvoiceModel::created, this,
             [this] { defaults_.setString(sectionKey, "Invoices"); });
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
