@@ -34,6 +34,10 @@ Parsed<std::optional<std::int64_t>> parseBudget(std::string_view text) {
     return Refused("“" + std::string(text) + "” is no budget. Enter hours like 40 or 37.5.");
 }
 
+std::string_view budgetProblem(std::string_view text) {
+    return parseBudget(text) ? "" : "Enter a number like 40 or 37.5";
+}
+
 Parsed<std::string> parseColor(std::string_view text) {
     const bool isHex = text.size() == 7 && text[0] == '#' &&
                        std::all_of(text.begin() + 1, text.end(), &isHexDigit);

@@ -17,6 +17,9 @@ namespace elmworth {
 /// Hours of a budget, above 0, rounded to whole hours: "40", "37.5", "40,". Empty text is absent.
 Parsed<std::optional<std::int64_t>> parseBudget(std::string_view text);
 
+/// What stands below a budget that can't be taken; nothing below one that can.
+[[nodiscard]] std::string_view budgetProblem(std::string_view text);
+
 /// A colour in the form #RRGGBB.
 Parsed<std::string> parseColor(std::string_view text);
 
