@@ -31,6 +31,8 @@ MainViewModel::MainViewModel(const AppServices& services)
         newInvoice_.open(context_.recordQuietly<Client>(client));
     });
     connect(&clients_, &ClientsModel::removed, &history_, &HistoryModel::tellOfStep);
+    connect(&projects_, &ProjectsModel::removed, &history_, &HistoryModel::tellOfStep);
+    connect(&projects_, &ProjectsModel::failed, &history_, &HistoryModel::say);
     connect(&newInvoice_, &NewInvoiceModel::created, this,
             [this] { defaults_.setString(sectionKey, "Invoices"); });
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
