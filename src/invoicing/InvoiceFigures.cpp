@@ -20,18 +20,15 @@ constexpr std::int64_t longestStepMinutes = 1'000'000'000;
 InvoiceFigures::InvoiceFigures(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices) {
     try {
         const CompleteReading reading(context);
-        readRates(context);
+        // One pass reads the library as it lies there, which is quicker than to look each entry up.
+        const bool isOnePass = 4 * invoices.size() >= context.fetchCount<Invoice>();
         for (const auto& invoice : invoices) expect(*invoice);
-        readTime(context, invoices);
+        readTime(context, invoices, isOnePass);
+        readRates(context, isOnePass);
+        for (auto& [id, billed] : billed_) applyRates(billed);
         reading.check();
     } catch (const StoreError&) {
         billed_.clear();  // the calculator knows which of them can still be told
-    }
-}
-
-void InvoiceFigures::readRates(UnitOfWork& context) {
-    for (const auto& project : context.fetch<Project>()) {
-        rates_[project->id()] = project->effectiveRateCents();
     }
 }
 
@@ -42,35 +39,68 @@ void InvoiceFigures::expect(const Invoice& invoice) {
         billed.stepSeconds = InvoiceCalculator::stepSeconds(invoice.roundingMinutes);
 }
 
-void InvoiceFigures::readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices) {
+void InvoiceFigures::readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices,
+                              bool isOnePass) {
     const auto read = [&](const std::optional<Predicate<TimeEntry>>& predicate) {
         context.forEachValues<&TimeEntry::invoice, &TimeEntry::project, &TimeEntry::start,
                               &TimeEntry::end, &TimeEntry::billedRateCents>(
-            predicate, [&](const PersistentID& /*entry*/, const auto& invoice, const auto& project,
+            predicate, [&](const PersistentID& entry, const auto& invoice, const auto& project,
                            Instant start, const auto& end, const auto& rateCents) {
-                if (invoice && project && end) add(*invoice, *project, start, *end, rateCents);
+                const auto found = invoice ? billed_.find(*invoice) : billed_.end();
+                if (found == billed_.end()) return;
+                found->second.source.entries.push_back(entry);
+                if (!project || !end) return;
+                add(found->second, {*project, rateCents}, secondsBetween(start, *end));
             });
     };
-    // One pass reads the library as it lies there, which is quicker than to look each entry up.
-    if (4 * invoices.size() >= context.fetchCount<Invoice>()) {
+    if (isOnePass) {
         read(std::nullopt);
     } else {
         for (const auto& invoice : invoices) read(key<&TimeEntry::invoice>() == invoice);
     }
 }
 
-void InvoiceFigures::add(const PersistentID& invoice, const PersistentID& project, Instant start,
-                         Instant end, const std::optional<std::int64_t>& billedRateCents) {
-    const auto found = billed_.find(invoice);
-    const auto rate = rates_.find(project);
-    if (found == billed_.end() || rate == rates_.end()) return;
-    auto& billed = found->second;
-    auto& group = billed.groups[{project, billedRateCents.value_or(rate->second)}];
+void InvoiceFigures::add(Billed& billed, const RateKey& key, double seconds) {
+    auto& group = billed.read[key];
     ++group.entryCount;
     if (!billed.isExact) return;
-    group.seconds +=
-        InvoiceCalculator::roundedSeconds(secondsBetween(start, end), billed.stepSeconds);
-    billed.isExact = group.seconds < largestExactSeconds && billed.groups.size() < mostLines;
+    group.seconds += InvoiceCalculator::roundedSeconds(seconds, billed.stepSeconds);
+    billed.isExact = group.seconds < largestExactSeconds && billed.read.size() < mostLines;
+}
+
+/// Those of the projects that have time on one of the invoices.
+void InvoiceFigures::readRates(UnitOfWork& context, bool isOnePass) {
+    if (isOnePass) {
+        for (const auto& project : context.fetch<Project>()) {
+            rates_[project->id()] = project->effectiveRateCents();
+        }
+        return;
+    }
+    for (const auto& [id, billed] : billed_) {
+        for (const auto& [key, group] : billed.read) {
+            if (rates_.contains(key.first)) continue;
+            const auto project = context.record<Project>(key.first);
+            if (project) rates_[key.first] = project->effectiveRateCents();
+        }
+    }
+}
+
+void InvoiceFigures::applyRates(Billed& billed) const {
+    for (const auto& [key, group] : billed.read) {
+        const auto rate = rates_.find(key.first);
+        if (rate == rates_.end()) continue;
+        if (!key.second) billed.source.hasLiveRates = true;
+        auto& line = billed.groups[{key.first, key.second.value_or(rate->second)}];
+        line.seconds += group.seconds;
+        line.entryCount += group.entryCount;
+        billed.isExact = billed.isExact && line.seconds < largestExactSeconds;
+    }
+    billed.read.clear();
+}
+
+const InvoiceFigures::Source* InvoiceFigures::source(const Invoice& invoice) const {
+    const auto found = billed_.find(invoice.id());
+    return found == billed_.end() ? nullptr : &found->second.source;
 }
 
 InvoiceCalculator::Totals InvoiceFigures::totals(const Invoice& invoice) const {

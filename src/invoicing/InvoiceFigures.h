@@ -31,23 +31,35 @@ class InvoiceFigures {
     /// FiguresError.
     [[nodiscard]] std::size_t rowCount(const Invoice& invoice) const;
 
+    /// What the figures of an invoice came from.
+    struct Source {
+        std::vector<PersistentID> entries{};  ///< all of its entries
+        bool hasLiveRates = false;  ///< some time has no frozen rate, but that of its project now
+    };
+    /// Of one of the invoices; null when the library could not be read at once.
+    [[nodiscard]] const Source* source(const Invoice& invoice) const;
+
  private:
     /// The entries of one project at one rate.
     struct Group {
         double seconds = 0;  ///< as billed
         std::size_t entryCount = 0;
     };
+    /// A project with a frozen rate, or without one.
+    using RateKey = std::pair<PersistentID, std::optional<std::int64_t>>;
     struct Billed {
         double stepSeconds = 0;
         bool isExact = true;  ///< whether the sums are the same in any order
+        std::map<RateKey, Group> read;
         std::map<InvoiceCalculator::ProjectKey, Group> groups;
+        Source source;
     };
 
-    void readRates(UnitOfWork& context);
     void expect(const Invoice& invoice);
-    void readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices);
-    void add(const PersistentID& invoice, const PersistentID& project, Instant start, Instant end,
-             const std::optional<std::int64_t>& billedRateCents);
+    void readTime(UnitOfWork& context, const std::vector<Ref<Invoice>>& invoices, bool isOnePass);
+    void readRates(UnitOfWork& context, bool isOnePass);
+    void applyRates(Billed& billed) const;
+    static void add(Billed& billed, const RateKey& key, double seconds);
 
     std::unordered_map<PersistentID, Billed> billed_;
     std::unordered_map<PersistentID, std::int64_t> rates_;  ///< of the projects

@@ -41,9 +41,9 @@ bool isPlainName(std::string_view number) {
            safeFileName(number) == number && validUTF8(number) == number;
 }
 
-/// As much of `number` as can stand in a file's name; different numbers may become the same.
-std::string readableName(std::string_view number) {
-    std::string name = safeFileName(validUTF8(number));
+/// As much of `text` as can stand in a file's name; different texts may become the same.
+std::string readableName(std::string_view text) {
+    std::string name = safeFileName(validUTF8(text));
     std::replace_if(name.begin(), name.end(), isControl, '-');
     if (!name.empty() && name.front() == '.') name.front() = '-';
     if (name.size() <= longestName) return name;
@@ -72,6 +72,16 @@ std::filesystem::path storedInvoiceFile(std::string_view number) {
     return invoicesFolder() / (name + ".pdf");
 }
 
+std::string exportFileName(std::string_view number, std::string_view clientName) {
+    const std::string text = std::string(number) + ' ' + std::string(clientName);
+    const std::string name{trimmedBlanks(readableName(trimmedBlanks(text)))};
+    return (name.empty() ? "Invoice" : name) + ".pdf";
+}
+
+StoredFileError::StoredFileError(const std::filesystem::path& written)
+    : std::runtime_error("“" + written.filename().string() +
+                         "” was written, but Elmworth's own copy of it could not be.") {}
+
 void deleteStoredInvoiceFile(std::string_view number) {
     try {
         std::filesystem::remove(storedInvoiceFile(number));
@@ -85,7 +95,12 @@ std::filesystem::path exportInvoice(const InvoiceRenderModel& model, PaperSize p
                                     InvoicePainter& painter) {
     auto stored = storedInvoiceFile(model.number);
     if (!file.empty()) painter.render(model, paper, file, access);
-    painter.render(model, paper, stored, FileAccess::ownerOnly());
+    try {
+        painter.render(model, paper, stored, FileAccess::ownerOnly());
+    } catch (const std::runtime_error&) {
+        if (file.empty()) throw;
+        throw StoredFileError(file);
+    }
     return stored;
 }
 

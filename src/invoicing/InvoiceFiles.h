@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,11 @@ namespace elmworth {
 /// added, so that two numbers never share a file. Throws std::filesystem::filesystem_error.
 [[nodiscard]] std::filesystem::path storedInvoiceFile(std::string_view number);
 
+/// The name that is proposed for the PDF of an invoice that is saved elsewhere: number and client's
+/// name, trimmed of blanks, plus ".pdf", with "-" for what file systems don't take, and no longer
+/// than they take.
+[[nodiscard]] std::string exportFileName(std::string_view number, std::string_view clientName);
+
 /// Deletes the stored PDF of the invoice `number`. One that can't be deleted stays, which costs
 /// nothing.
 void deleteStoredInvoiceFile(std::string_view number);
@@ -42,8 +48,16 @@ class InvoicePainter {
                         const std::filesystem::path& file, FileAccess access) = 0;
 };
 
+/// The PDF was written where it was asked for, but not to the stored file, which is as it was. The
+/// message is the sentence to show.
+class StoredFileError : public std::runtime_error {
+ public:
+    explicit StoredFileError(const std::filesystem::path& written);
+};
+
 /// Writes the PDF of `model` to `file`, unless that is empty, and then to the stored file, whose
-/// path it returns. Throws RenderError or std::filesystem::filesystem_error.
+/// path it returns. Throws RenderError or std::filesystem::filesystem_error when nothing was
+/// written, and StoredFileError when only `file` was.
 std::filesystem::path exportInvoice(const InvoiceRenderModel& model, PaperSize paper,
                                     const std::filesystem::path& file, FileAccess access,
                                     InvoicePainter& painter);

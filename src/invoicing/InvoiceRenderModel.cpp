@@ -87,7 +87,14 @@ InvoiceRenderModel makeInvoiceHead(const Invoice& invoice, const BusinessProfile
 
 InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice, const BusinessProfile& profile,
                                           const InvoiceFormats& formats, LogoImage logo) {
-    const auto totals = InvoiceCalculator::totals(invoice);
+    return makeInvoiceRenderModel(invoice, InvoiceCalculator::totals(invoice), profile, formats,
+                                  std::move(logo));
+}
+
+InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
+                                          const InvoiceCalculator::Totals& totals,
+                                          const BusinessProfile& profile,
+                                          const InvoiceFormats& formats, LogoImage logo) {
     const std::string currency = invoice.effectiveCurrencyCode();
     auto model = makeInvoiceHead(invoice, profile, formats, std::move(logo));
     model.rows = makeRows(totals, invoice, formats.money, mediumDates(formats));

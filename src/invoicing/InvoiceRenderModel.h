@@ -15,6 +15,9 @@
 namespace elmworth {
 
 class Invoice;
+namespace InvoiceCalculator {
+struct Totals;
+}
 
 /// One invoice as pure text: all dates, amounts and labels are finished, so that pages, preview and
 /// e-mail text decide nothing about data.
@@ -87,6 +90,13 @@ struct InvoiceFormats {
 /// from `profile` when there is none that can be read; the client, projects and entries from the
 /// live records. Throws FiguresError.
 [[nodiscard]] InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
+                                                        const BusinessProfile& profile,
+                                                        const InvoiceFormats& formats,
+                                                        LogoImage logo);
+
+/// The same of figures that are known: `totals` are those of the calculator for `invoice`.
+[[nodiscard]] InvoiceRenderModel makeInvoiceRenderModel(const Invoice& invoice,
+                                                        const InvoiceCalculator::Totals& totals,
                                                         const BusinessProfile& profile,
                                                         const InvoiceFormats& formats,
                                                         LogoImage logo);

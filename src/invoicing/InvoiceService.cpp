@@ -91,6 +91,18 @@ void InvoiceService::setNotes(const Ref<Invoice>& invoice, std::string_view note
          [&] { invoice->notes = std::string(firstCharacters(notes, longestInvoiceNotes)); });
 }
 
+void InvoiceService::typeNotes(const Ref<Invoice>& invoice, std::string_view notes) {
+    const std::string cut{firstCharacters(notes, longestInvoiceNotes)};
+    if (invoice->isDeleted() || invoice->notes.get() == cut) return;
+    history_.type("Edit " + invoice->number.get(), invoice->id().string() + " notes",
+                  [&] { invoice->notes = cut; });
+}
+
+void InvoiceService::leaveNotes() noexcept {
+    history_.leaveField();
+    if (context_.hasChanges()) context_.saveQuietly();
+}
+
 void InvoiceService::setShowsEntryDetails(const Ref<Invoice>& invoice, bool shows) {
     edit(invoice, [&] { invoice->showsEntryDetails = shows; });
 }

@@ -58,6 +58,10 @@ class InvoiceService {
 
     /// Sets the notes, cut to `longestInvoiceNotes`.
     void setNotes(const Ref<Invoice>& invoice, std::string_view notes);
+    /// The same while somebody types them: one step until `leaveNotes`, and not saved.
+    void typeNotes(const Ref<Invoice>& invoice, std::string_view notes);
+    /// Somebody is done typing: saves, and drops a failure.
+    void leaveNotes() noexcept;
     void setShowsEntryDetails(const Ref<Invoice>& invoice, bool shows);
 
     /// Deletes the invoice and its stored PDF, and sets its entries free. A file that can't be

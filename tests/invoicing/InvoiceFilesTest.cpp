@@ -142,5 +142,67 @@ TEST_F(InvoiceFilesTest, noTwoNumbersShareAFile) {
     }
 }
 
+TEST_F(InvoiceFilesTest, aFileElsewhereIsNamedByNumberAndClientAsFarAsFileSystemsTakeThem) {
+    const std::map<std::pair<std::string, std::string>, std::string> names{
+        {{"INV-1", "Acme Co"}, "INV-1 Acme Co.pdf"},
+        {{"INV-1", ""}, "INV-1.pdf"},
+        {{"2026/03:7", "A/B: C"}, "2026-03-7 A-B- C.pdf"},
+        {{".hidden", "Acme"}, "-hidden Acme.pdf"},
+        {{"INV-1", "Two\nlines\t"}, "INV-1 Two-lines.pdf"},
+        {{"", ""}, "Invoice.pdf"},
+    };
+    for (const auto& [from, name] : names) EXPECT_EQ(exportFileName(from.first, from.second), name);
+    const std::string longName = exportFileName("INV-1", std::string(400, 'x'));
+    EXPECT_LE(longName.size(), 143U);
+    EXPECT_TRUE(longName.ends_with("x.pdf"));
+}
+
+/// Writes where it can, and counts.
+class CountingPainter final : public InvoicePainter {
+ public:
+    LogoImage loadLogo() override { return nullptr; }
+    void render(const InvoiceRenderModel& model, PaperSize /*paper*/,
+                const std::filesystem::path& file, FileAccess access) override {
+        writeAtomically(file, "%PDF " + model.number, access);
+    }
+};
+
+TEST_F(InvoiceFilesTest, anExportWritesTheFileAndTheStoredOne) {
+    CountingPainter painter;
+    InvoiceRenderModel model;
+    model.number = "INV-1";
+    const auto file = folder_.path() / "out.pdf";
+    const auto stored = exportInvoice(model, PaperSize::a4, file, FileAccess::ownerOnly(), painter);
+    EXPECT_EQ(stored, storedInvoiceFile("INV-1"));
+    EXPECT_EQ(readFile(file), "%PDF INV-1");
+    EXPECT_EQ(readFile(stored), "%PDF INV-1");
+}
+
+TEST_F(InvoiceFilesTest, anExportThatCannotBeStoredSaysThatTheFileWasWritten) {
+    CountingPainter painter;
+    InvoiceRenderModel model;
+    model.number = "INV-1";
+    std::filesystem::create_directories(storedInvoiceFile("INV-1"));  // a folder in its place
+    const auto file = folder_.path() / "out.pdf";
+    try {
+        exportInvoice(model, PaperSize::a4, file, FileAccess::ownerOnly(), painter);
+        FAIL() << "no error";
+    } catch (const StoredFileError& error) {
+        EXPECT_STREQ(error.what(),
+                     "“out.pdf” was written, but Elmworth's own copy of it could not be.");
+    }
+    EXPECT_EQ(readFile(file), "%PDF INV-1");
+}
+
+TEST_F(InvoiceFilesTest, anExportThatCannotBeWrittenStoresNothing) {
+    CountingPainter painter;
+    InvoiceRenderModel model;
+    model.number = "INV-1";
+    EXPECT_THROW(exportInvoice(model, PaperSize::a4, folder_.path() / "missing" / "out.pdf",
+                               FileAccess::ownerOnly(), painter),
+                 std::filesystem::filesystem_error);
+    EXPECT_FALSE(std::filesystem::exists(storedInvoiceFile("INV-1")));
+}
+
 }  // namespace
 }  // namespace elmworth

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "invoicing/InvoiceList.h"
 #include "support/Instants.h"
 #include "support/Rows.h"
 
@@ -33,6 +34,20 @@ TEST_P(InvoiceFilterTest, showsAnInvoiceByStatusAndDueDay) {
     const Calendar calendar(Locale("en_US"), "America/New_York");
     const auto shows = [&](InvoiceFilter filter) {
         return passes(invoice, filter, at("2026-04-15T23:30-04:00"), calendar);
+    };
+    EXPECT_TRUE(shows(InvoiceFilter::all));
+    EXPECT_EQ(shows(InvoiceFilter::open), row.open);
+    EXPECT_EQ(shows(InvoiceFilter::overdue), row.overdue);
+    EXPECT_EQ(shows(InvoiceFilter::paid), row.paid);
+}
+
+TEST_P(InvoiceFilterTest, showsAListedInvoiceLikewise) {
+    const auto& row = GetParam();
+    ListedInvoice invoice;
+    invoice.status = invoiceStatusFromRawValue(row.status).value_or(InvoiceStatus::draft);
+    invoice.dueDate = at(row.dueDate);
+    const auto shows = [&](InvoiceFilter filter) {
+        return passes(invoice, filter, at("2026-04-15T00:00-04:00"));
     };
     EXPECT_TRUE(shows(InvoiceFilter::all));
     EXPECT_EQ(shows(InvoiceFilter::open), row.open);

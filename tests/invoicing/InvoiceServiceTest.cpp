@@ -236,5 +236,26 @@ TEST_F(InvoiceServiceTest, aDeletionThatCannotBeSavedKeepsTheFile) {
     EXPECT_TRUE(hasStored("INV-2026-001"));
 }
 
+TEST_F(InvoiceServiceTest, notesThatAreTypedAreOneStepUntilTheyAreLeft) {
+    invoice_->notes = "";
+    context().save();
+    for (const char* text : {"P", "PO", "PO 7"}) invoices_.typeNotes(invoice_, text);
+    EXPECT_EQ(invoice_->notes.get(), "PO 7");
+    invoices_.leaveNotes();
+    EXPECT_FALSE(context().hasChanges());
+    invoices_.typeNotes(invoice_, "PO 78");
+    history_.undo();
+    EXPECT_EQ(invoice_->notes.get(), "PO 7");
+    history_.undo();
+    EXPECT_EQ(invoice_->notes.get(), "");
+}
+
+TEST_F(InvoiceServiceTest, notesThatAreTypedAreCut) {
+    std::string family;
+    for (int i = 0; i < 700; ++i) family += "👨‍👩‍👧";
+    invoices_.typeNotes(invoice_, family);
+    EXPECT_EQ(characterCount(invoice_->notes.get()), longestInvoiceNotes);
+}
+
 }  // namespace
 }  // namespace elmworth
