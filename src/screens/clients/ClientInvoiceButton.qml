@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import QtQuick.Layouts
 import Elmworth.Theme
 
 /// The way from a client's card to an invoice of what is unbilled. The keyboard finds it in the card's menu.
@@ -9,21 +10,22 @@ PressButton {
     id: button
 
     implicitHeight: 32
+    leftPadding: 11
+    rightPadding: 11
     focusPolicy: Qt.NoFocus
     help: "Create an invoice for this client's unbilled time"
     opacity: looksPressed ? 0.8 : 1
 
-    contentItem: Item {
-        Icon {
-            id: sign
+    contentItem: RowLayout {
+        spacing: 7
 
-            anchors { left: parent.left; leftMargin: 11; verticalCenter: parent.verticalCenter }
+        Icon {
             name: "document"
             color: Theme.accentText
         }
 
         PlainText {
-            anchors { left: sign.right; leftMargin: 7; right: arrow.left; rightMargin: 7; verticalCenter: parent.verticalCenter }
+            Layout.fillWidth: true
             text: button.text
             color: Theme.accentText
             font.family: Theme.tabularFamily
@@ -32,9 +34,6 @@ PressButton {
         }
 
         Icon {
-            id: arrow
-
-            anchors { right: parent.right; rightMargin: 11; verticalCenter: parent.verticalCenter }
             name: "arrow-right"
             color: Theme.accentText
         }

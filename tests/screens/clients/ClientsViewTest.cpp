@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The cards in a window.
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+#include <algorithm>
+#include <memory>
+
+#include "screens/clients/ClientsTest.h"
+#include "theme/AppAppearance.h"
+#include "theme/fonts/Fonts.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_ClientsPlugin)
+
+namespace elmworth {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* source = R"(
+import QtQuick
+import Elmworth.Clients
+
+Window {
+    id: window
+
+    required property ClientsModel clients
+
+    width: 806
+    height: 600
+    visible: true
+
+    ClientsView {
+        anchors.fill: parent
+        focus: true
+        model: window.clients
+    }
+}
+)";
+
+class ClientsView : public test::ClientsTest {
+ protected:
+    ClientsView() {
+        loadEmbeddedFonts();
+        AppAppearance::instance().setReducedMotion(true);
+        model.setShown(false);  // the view is to say when it shows
+    }
+    void addClients(int count) {
+        for (int i = 0; i < count; ++i) timer.library.addClient("Client " + std::to_string(i + 1));
+        context().save();
+    }
+    void show() {
+        QQmlComponent component(&engine_);
+        component.setData(source, QUrl());
+        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
+            {{QStringLiteral("clients"), QVariant::fromValue(&model)}})));
+        if (window_ == nullptr) ADD_FAILURE() << component.errorString().toStdString();
+        settle();
+    }
+    void settle() {
+        timer.library.runLoop.turn();
+        QCoreApplication::processEvents();
+        window_->grabWindow();
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QQuickItem* grid() const { return gridIn(window_->contentItem()); }
+    [[nodiscard]] static QQuickItem* gridIn(QQuickItem* item) {
+        if (item->inherits("QQuickGridView")) return item;
+        for (auto* child : item->childItems()) {
+            if (auto* found = gridIn(child)) return found;
+        }
+        return nullptr;
+    }
+    void takeKeyboard() {
+        QMetaObject::invokeMethod(grid(), "takeKeyboard",
+                                  Q_ARG(int, static_cast<int>(Qt::TabFocusReason)));
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), modifiers);
+    }
+    [[nodiscard]] int current() { return model.selection()->currentRow(); }
+    /// How many cards have asked the library since the last call.
+    [[nodiscard]] std::size_t cardsRead() {
+        const auto statements = trace.take();
+        return static_cast<std::size_t>(std::ranges::count_if(statements, [](const auto& sql) {
+            return sql.find("FROM \"Invoice\"") != std::string::npos;
+        }));
+    }
+
+    QQmlEngine engine_;
+    std::unique_ptr<QQuickWindow> window_;
+};
+
+TEST_F(ClientsView, readsTheCardsThatShowAndNoOthers) {
+    addClients(2000);
+    (void)cardsRead();
+    show();
+    EXPECT_TRUE(model.isShown());
+    const auto atFirst = cardsRead();
+    EXPECT_GE(atFirst, 4U);
+    EXPECT_LE(atFirst, 16U);
+    settle();
+    EXPECT_EQ(cardsRead(), 0U) << "once";
+    model.setSearch(QStringLiteral("client 1"));
+    settle();
+    EXPECT_LE(cardsRead(), 16U);
+}
+
+TEST_F(ClientsView, hasNoCardsToReadOutButThoseThatAreFound) {
+    addClients(6);
+    show();
+    model.setSearch(QStringLiteral("client 4"));
+    settle();
+    const auto cards = grid()->property("contentItem").value<QQuickItem*>()->childItems();
+    EXPECT_EQ(std::ranges::count_if(cards, &QQuickItem::isVisible), 1);
+    model.setSearch({});
+    settle();
+    EXPECT_EQ(model.cards().size(), 6U);
+    const auto all = grid()->property("contentItem").value<QQuickItem*>()->childItems();
+    EXPECT_EQ(std::ranges::count_if(all, &QQuickItem::isVisible), 6);
+}
+
+TEST_F(ClientsView, doesNothingWhileTheWindowIsHiddenAndCatchesUp) {
+    addClients(3);
+    show();
+    window_->hide();
+    EXPECT_FALSE(model.isShown());
+    addClients(1);
+    EXPECT_EQ(model.cards().size(), 3U);
+    window_->show();
+    settle();
+    EXPECT_EQ(model.cards().size(), 4U);
+}
+
+TEST_F(ClientsView, movesInTwoDimensionsByTheArrows) {
+    addClients(5);
+    show();
+    ASSERT_EQ(grid()->property("columns").toInt(), 2);
+    takeKeyboard();
+    press(Qt::Key_Right);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 3);
+    press(Qt::Key_Left);
+    press(Qt::Key_Up);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(current(), 4);
+}
+
+TEST_F(ClientsView, editsByReturnAndDeletesByDelete) {
+    addClients(2);
+    show();
+    takeKeyboard();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(model.editor()->isOpen()) << "no card is current";
+    press(Qt::Key_Right);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(title(), "Delete Client 1?");
+    confirmation.reject();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(model.editor()->isOpen());
+}
+
+TEST_F(ClientsView, addsByControlNAndScrollsToTheNewCard) {
+    addClients(60);
+    show();
+    press(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(model.editor()->isOpen());
+    model.editor()->name()->setText(QStringLiteral("Zulu"));
+    model.editor()->save();
+    settle();
+    EXPECT_EQ(current(), 60);
+    QQuickItem* card = nullptr;
+    QMetaObject::invokeMethod(grid(), "itemAtIndex", Q_RETURN_ARG(QQuickItem*, card),
+                              Q_ARG(int, 60));
+    ASSERT_NE(card, nullptr);
+    const double y = card->mapToItem(grid(), QPointF()).y();
+    EXPECT_GE(y, 0);
+    EXPECT_LE(y + card->height(), grid()->height());
+}
+
+TEST_F(ClientsView, isSearchedByControlFAndLeftByEscape) {
+    addClients(5);
+    show();
+    press(Qt::Key_F, Qt::ControlModifier);
+    for (const char letter : {'T', ' ', '4'}) press(letter);
+    EXPECT_EQ(model.search().toStdString(), "t 4");
+    EXPECT_EQ(names(), std::vector<std::string>{"Client 4"});
+    press(Qt::Key_Escape);
+    EXPECT_EQ(model.search().toStdString(), "");
+    press(Qt::Key_Right);
+    EXPECT_EQ(current(), 0) << "the cards have the keyboard";
+}
+
+TEST_F(ClientsView, editsByDoubleClickAndInvoicesByTheButton) {
+    addEntry(addProject("Website", addClient("Acme Co")), 60min);
+    show();
+    QSignalSpy invoiced(&model, &ClientsModel::invoiceRequested);
+    const QPoint corner = grid()->mapToScene(QPointF(40, 40)).toPoint();
+    QTest::mouseClick(window_.get(), Qt::LeftButton, {}, corner + QPoint(0, 190));
+    EXPECT_EQ(invoiced.size(), 1);
+    EXPECT_EQ(current(), 0);
+    QTest::mouseDClick(window_.get(), Qt::LeftButton, {}, corner);
+    EXPECT_TRUE(model.editor()->isOpen());
+    EXPECT_EQ(invoiced.size(), 1);
+}
+
+TEST_F(ClientsView, leadsOnFromNothing) {
+    show();
+    EXPECT_TRUE(model.isEmpty());
+    QMetaObject::invokeMethod(window_->contentItem()->childItems().front(), "takeKeyboard");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(model.editor()->isOpen()) << "the button has the keyboard";
+}
+
+}  // namespace
+}  // namespace elmworth
