@@ -43,11 +43,14 @@ GridView {
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: false
     boundsBehavior: Flickable.StopAtBounds
-    reuseItems: true
+    // A grid keeps what it could use again as children that are only not drawn, and so would be read out.
+    reuseItems: false
     cacheBuffer: 320
     Accessible.role: Accessible.List
     Accessible.name: label
     Basic.ScrollBar.vertical: SlimScrollBar {}
+
+    SeenOrder { content: grid.contentItem }
 
     ListKeys {
         id: keys

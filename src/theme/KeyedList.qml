@@ -44,6 +44,8 @@ ListView {
     Accessible.name: label
     Basic.ScrollBar.vertical: SlimScrollBar {}
 
+    SeenOrder { content: list.contentItem }
+
     // It comes after a header, for which the list as a whole would stand in the way.
     ListKeys {
         id: keys

@@ -122,6 +122,7 @@ class Clients:
         self.wait_for_focus("Delete Client")
         self.key("Return")
         wait_until(lambda: find("Add your first client", "heading"), "the empty section")
+        self.wait_for_focus("Add your first client")
         self.assertEqual(self.running(), {})
         self.assertEqual(self.entries(), [])
         self.key("Control_L+z")

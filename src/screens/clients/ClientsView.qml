@@ -75,6 +75,7 @@ FocusScope {
         target: view.model
 
         function onChanged(): void { search.text = view.model.search; }
+        function onRemoved(): void { Qt.callLater(view.takeKeyboard); }
         function onRevealRequested(row: int): void { grid.positionViewAtIndex(row, GridView.Contain); }
     }
 
@@ -126,9 +127,6 @@ FocusScope {
             width: grid.cellWidth - grid.spacing
             height: grid.cardHeight
             selected: grid.selection.currentRow === index
-            // A card that waits to be used again is culled, but would still be read out.
-            GridView.onPooled: visible = false
-            GridView.onReused: visible = true
             onClicked: row => grid.click(row, Qt.NoModifier)
             onDoubleClicked: row => view.model.edit(row)
             onMenuRequested: (row, x, y) => {

@@ -33,10 +33,6 @@ KeyedList {
     onDeleteRequested: timesheet.askToDeleteSelected()
     onContentYChanged: stoodAtTop = contentY <= originY + 1
 
-    SeenOrder {
-        content: list.contentItem
-    }
-
     // The head and the lines don't outlive their list.
     // qmllint disable
     header: TimesheetHead {

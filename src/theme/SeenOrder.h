@@ -11,9 +11,10 @@
 
 namespace elmworth {
 
-/// Keeps the lines of a list in the order in which they are seen. Assistive technology reads items
-/// in the order of their parent's children, which is that of their making: a list that uses its
-/// lines again would be read across. The order is right in each frame that shows.
+/// Keeps the lines of a list, or the cards of a grid, in the order in which they are seen.
+/// Assistive technology reads items in the order of their parent's children, which is that of their
+/// making: a list that uses its lines again would be read across. The order is right in each frame
+/// that shows.
 class SeenOrder : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -1,16 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "screens/timesheet/SeenOrder.h"
+#include "theme/SeenOrder.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace elmworth {
 
 namespace {
 
-bool standsAbove(const QQuickItem* a, const QQuickItem* b) {
-    return a->y() < b->y();
+bool standsBefore(const QQuickItem* a, const QQuickItem* b) {
+    return std::tuple(a->y(), a->x()) < std::tuple(b->y(), b->x());
 }
 
 }  // namespace
@@ -34,8 +35,8 @@ void SeenOrder::arrange() const {
     if (!content_) return;
     QList<QQuickItem*> lines = content_->childItems();
     lines.removeIf([](const QQuickItem* item) { return !item->isVisible(); });
-    if (std::is_sorted(lines.begin(), lines.end(), standsAbove)) return;
-    std::stable_sort(lines.begin(), lines.end(), standsAbove);
+    if (std::is_sorted(lines.begin(), lines.end(), standsBefore)) return;
+    std::stable_sort(lines.begin(), lines.end(), standsBefore);
     for (qsizetype i = 1; i < lines.size(); ++i) lines[i]->stackAfter(lines[i - 1]);
 }
 
