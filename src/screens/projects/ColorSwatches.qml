@@ -43,7 +43,8 @@ Row {
 
             width: 24
             height: swatches.height
-            activeFocusOnTab: isChosen || (swatches.chosen < 0 && index === 0)
+            // What has the focus has to keep it.
+            activeFocusOnTab: isChosen || activeFocus || (swatches.chosen < 0 && index === 0)
             Accessible.role: Accessible.RadioButton
             Accessible.name: "Color " + (index + 1)
             Accessible.checkable: true

@@ -12,10 +12,12 @@ Item {
 
     required property ProjectsModel model
 
+    readonly property bool hasKeyboard: next.activeFocus || archived.activeFocus
+
     function takeKeyboard(): void {
         const button = hero.visible ? next : archived;
         if (button.visible)
-            button.forceActiveFocus(Qt.OtherFocusReason);
+            button.forceActiveFocus(Qt.TabFocusReason);
     }
 
     EmptyHero {

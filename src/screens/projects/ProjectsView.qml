@@ -17,6 +17,8 @@ FocusScope {
     /// Nobody sees a screen in a window that is closed or minimized.
     readonly property bool isSeen: visible && Window.visibility !== Window.Hidden && Window.visibility !== Window.Minimized
 
+    readonly property bool showsList: model.showsList
+
     function takeKeyboard(): void {
         if (list.visible)
             list.takeKeyboard(Qt.OtherFocusReason);
@@ -37,13 +39,27 @@ FocusScope {
             takeKeyboard();
     }
 
+    /// A question leaves the keyboard to the list, which may be gone by the answer.
+    function claimFromList(): void {
+        if (isInFront && !showsList)
+            takeKeyboard();
+    }
+
     // What doesn't show would keep the keyboard.
     enabled: visible
+    // What came in the place of the list, or the list in its place, goes on with the keyboard.
+    onShowsListChanged: if (isInFront && (list.hasKeyboard || hero.hasKeyboard)) Qt.callLater(takeKeyboard) // qmllint disable
     onVisibleChanged: Qt.callLater(claimKeyboard) // qmllint disable
     onIsSeenChanged: model.isShown = isSeen
     Component.onCompleted: {
         model.isShown = isSeen;
         Qt.callLater(claimKeyboard); // qmllint disable
+    }
+
+    Connections {
+        target: view.model.confirmation
+
+        function onIsOpenChanged(): void { Qt.callLater(view.claimFromList); } // qmllint disable
     }
 
     Connections {
