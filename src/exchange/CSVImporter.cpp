@@ -12,6 +12,7 @@
 #include "platform/Calendar.h"
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
+#include "platform/TextEncoding.h"
 #include "records/Client.h"
 #include "records/Project.h"
 #include "records/ProjectColors.h"
@@ -19,12 +20,26 @@
 
 namespace elmworth {
 
-ImportError::ImportError(Code code)
-    : std::runtime_error(code == Code::empty
-                             ? "No time entries were found in this file."
-                             : "This CSV isn't in a format Elmworth knows. Use an Elmworth export "
-                               "or a Toggl Track detailed report."),
-      code_(code) {}
+namespace {
+
+const char* sentence(ImportError::Code code) {
+    switch (code) {
+        case ImportError::Code::empty:
+            return "No time entries were found in this file.";
+        case ImportError::Code::tooLarge:
+            return "This file is larger than 1 GB. Import a shorter period at a time.";
+        case ImportError::Code::unknownEncoding:
+            return "The text encoding of this file can't be determined.";
+        case ImportError::Code::unrecognizedFormat:
+            break;
+    }
+    return "This CSV isn't in a format Elmworth knows. Use an Elmworth export or a Toggl Track "
+           "detailed report.";
+}
+
+}  // namespace
+
+ImportError::ImportError(Code code) : std::runtime_error(sentence(code)), code_(code) {}
 
 namespace CSVImporter {
 
@@ -32,6 +47,9 @@ namespace {
 
 using Fields = std::vector<std::string>;
 using Column = std::optional<std::size_t>;
+
+/// Some eight million rows; a text has to fit into memory several times.
+constexpr std::size_t largestFile = 1'000'000'000;
 
 /// Calendars count the years before this one backwards.
 constexpr Instant yearOne = std::chrono::sys_days{std::chrono::year{1} / 1 / 1};
@@ -192,7 +210,7 @@ class Importer {
     Result result;
 
  private:
-    static constexpr std::int64_t entriesBetweenSpills = 4096;
+    static constexpr std::int64_t entriesBetweenSpills = mostUndoableRows + 1;
 
     static std::string projectKey(const std::string& client, const std::string& project) {
         return lowerCased(client) + '|' + lowerCased(project);
@@ -263,6 +281,13 @@ std::vector<Row> parse(std::string_view text, const std::string& zoneID, Progres
     }
     if (rows.empty()) throw ImportError(ImportError::Code::empty);
     return rows;
+}
+
+std::vector<Row> readFile(FileSource& file, const std::string& zoneID, Progress& progress) {
+    if (file.size() > largestFile) throw ImportError(ImportError::Code::tooLarge);
+    const auto text = decodeText(file.readAll());
+    if (!text) throw ImportError(ImportError::Code::unknownEncoding);
+    return parse(*text, zoneID, progress);
 }
 
 Result apply(const std::vector<Row>& rows, UnitOfWork& context, Progress& progress) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "exchange/FileSource.h"
 #include "platform/Instant.h"
 #include "platform/Progress.h"
 #include "store/UnitOfWork.h"
@@ -18,7 +19,12 @@ namespace elmworth {
 /// Why a file was not imported. The message is the sentence to show; the library is as it was.
 class ImportError : public std::runtime_error {
  public:
-    enum class Code { unrecognizedFormat, empty };
+    enum class Code {
+        unrecognizedFormat,
+        empty,
+        tooLarge,  ///< a file that would not fit into memory
+        unknownEncoding,
+    };
     explicit ImportError(Code code);
     [[nodiscard]] Code code() const noexcept { return code_; }
 
@@ -51,6 +57,13 @@ struct Result {
 /// left, or Cancelled.
 [[nodiscard]] std::vector<Row> parse(std::string_view text, const std::string& zoneID,
                                      Progress& progress = noProgress());
+
+/// The same from a file in whatever encoding. Also throws std::filesystem::filesystem_error.
+[[nodiscard]] std::vector<Row> readFile(FileSource& file, const std::string& zoneID,
+                                        Progress& progress = noProgress());
+
+/// An import of more rows may be too much to be undone.
+inline constexpr std::size_t mostUndoableRows = 4095;
 
 /// Adds `rows` and the clients and projects that they need, and saves. A row of the same project,
 /// start and end (in whole seconds) as an entry that is there is skipped, so a second import of a
