@@ -7,10 +7,11 @@
 
 namespace elmworth {
 
-Activation::Activation(Windows windows, TimerService& timer)
-    : windows_(std::move(windows)), timer_(timer) {}
+Activation::Activation(Windows windows, TimerService& timer, const LongWork& longWork)
+    : windows_(std::move(windows)), timer_(timer), longWork_(longWork) {}
 
 void Activation::run(const std::string& action) {
+    if (longWork_.isRunning()) return;
     if (action == "panel") {
         windows_.showPanel();
     } else if (action == "stop") {

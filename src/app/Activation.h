@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/LongWork.h"
 #include "tracking/TimerService.h"
 
 namespace elmworth {
@@ -19,7 +20,8 @@ class Activation {
         std::function<void()> showPanel;
     };
 
-    Activation(Windows windows, TimerService& timer);
+    /// All outlive it. During `longWork` the timer stays as it is.
+    Activation(Windows windows, TimerService& timer, const LongWork& longWork);
 
     /// Brings the main window to the front.
     void activate() { windows_.showMainWindow(); }
@@ -34,6 +36,7 @@ class Activation {
 
     Windows windows_;
     TimerService& timer_;
+    const LongWork& longWork_;
 };
 
 }  // namespace elmworth

@@ -40,6 +40,10 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
     const auto commandLine = parseCommandLine(arguments);
     if (commandLine.answer) return *commandLine.answer;
     if (!commandLine.action) return failedCommand("There is no command to carry out.");
+    if (services_.longWork().isRunning()) {
+        return failedCommand(
+            "Elmworth is at work on the whole library. Try again when that is done.");
+    }
     const Locale callersLocale(caller.locale);
     TerminalProgress progress(caller.terminal, caller.lifeline);
     CommandEnvironment environment{services_.context(),
@@ -54,7 +58,8 @@ CommandResult CommandService::run(const std::vector<std::string>& arguments,
                                    progress,
                                    FileAccess::forUmask(caller.umask & 0777),
                                    caller.standardInput,
-                                   Locale(caller.moneyLocale)};
+                                   Locale(caller.moneyLocale),
+                                   &services_.loginItem()};
     return runCommand(commandLine, environment);
 }
 

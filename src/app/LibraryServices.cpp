@@ -5,8 +5,10 @@
 
 #include <cstdlib>
 
+#include "app/SiblingProgram.h"
 #include "exchange/Restore.h"
 #include "platform/Calendar.h"
+#include "platform/linux/AutostartFile.h"
 #include "screens/DemoData.h"
 
 namespace elmworth {
@@ -17,9 +19,16 @@ namespace {
 Settings& preparedForDemo(Settings& defaults, UnitOfWork& context, const Clock& now, bool isDemo) {
     if (isDemo) {
         defaults.removeAll();
+        defaults.setBoolean("didOnboard", true);  // a demo greets nobody
         DemoData::seed(context, defaults, now(), Calendar::current());
     }
     return defaults;
+}
+
+std::unique_ptr<LoginItem> makeLoginItem(bool isDemo) {
+    if (isDemo || isHostedRun()) return std::make_unique<NoLoginItem>();
+    return std::make_unique<AutostartFile>(AutostartFile::standardFolder(),
+                                           AutostartFile::startable(siblingPath("elmworth-app")));
 }
 
 }  // namespace
@@ -33,7 +42,8 @@ LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
       container_(LibraryOptions::standard(isDemo), runLoop),
       defaults_(isDemo ? Settings::namedFile("ElmworthDemo") : Settings::standardFile()),
       profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
-      timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }) {
+      timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }),
+      loginItem_(makeLoginItem(isDemo)) {
     const OutsideSteps atTheStart;
     history_.setGuard(undoGuard_);
     if (!isDemo && !isHostedRun()) finishRestore(container_.mainContext(), profiles_);

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/LoginItem.h"
+#include "platform/LongWork.h"
 #include "platform/Settings.h"
 #include "records/Library.h"
 #include "records/ProfileStore.h"
@@ -32,6 +34,8 @@ class LibraryServices {
     [[nodiscard]] Settings& defaults() noexcept { return defaults_; }
     [[nodiscard]] ProfileStore& profiles() noexcept { return profiles_; }
     [[nodiscard]] TimerService& timer() noexcept { return timer_; }
+    [[nodiscard]] LongWork& longWork() noexcept { return longWork_; }
+    [[nodiscard]] LoginItem& loginItem() noexcept { return *loginItem_; }
     [[nodiscard]] const Clock& clock() const noexcept { return now_; }
 
  private:
@@ -42,6 +46,8 @@ class LibraryServices {
     ProfileStore profiles_;
     TimerService timer_;
     EntryUndoGuard undoGuard_{timer_};
+    LongWork longWork_;
+    std::unique_ptr<LoginItem> loginItem_;
     // Last, as the demo is seeded without steps.
     StepRule stepRule_{container_.mainContext()};
 };

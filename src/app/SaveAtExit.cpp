@@ -14,9 +14,11 @@ namespace elmworth {
 namespace {
 
 UnitOfWork* unsavedContext = nullptr;
+const LongWork* presentWork = nullptr;
 
 void saveNow() {
-    if (auto* const context = std::exchange(unsavedContext, nullptr)) context->saveQuietly();
+    auto* const context = std::exchange(unsavedContext, nullptr);
+    if (context && !presentWork->isRunning()) context->saveQuietly();
 }
 
 /// Ends the process there and then: the application is still alive, its threads are at work, and
@@ -30,9 +32,10 @@ void saveAndEnd(int status, void* /*unused*/) {
 
 }  // namespace
 
-SaveAtExit::SaveAtExit(UnitOfWork& context) {
+SaveAtExit::SaveAtExit(UnitOfWork& context, const LongWork& longWork) {
     [[maybe_unused]] static const int registered = ::on_exit(&saveAndEnd, nullptr);
     unsavedContext = &context;
+    presentWork = &longWork;
 }
 
 SaveAtExit::~SaveAtExit() {

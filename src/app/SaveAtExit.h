@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/LongWork.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
@@ -12,7 +13,8 @@ namespace elmworth {
 /// context's may die before it.
 class SaveAtExit {
  public:
-    explicit SaveAtExit(UnitOfWork& context);
+    /// Not during `longWork`, which outlives this object: half of that is not to be kept.
+    SaveAtExit(UnitOfWork& context, const LongWork& longWork);
     SaveAtExit(const SaveAtExit&) = delete;
     SaveAtExit& operator=(const SaveAtExit&) = delete;
     ~SaveAtExit();

@@ -59,7 +59,8 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInpu
                                        progress,
                                        FileAccess::forUmask(currentUmask()),
                                        input.descriptor(),
-                                       currentMoneyLocale()};
+                                       currentMoneyLocale(),
+                                       &services.loginItem()};
         return runCommand(commandLine, environment);
     } catch (const LibraryError& error) {
         return failedCommand(error.what());

@@ -13,6 +13,7 @@
 #include "platform/Calendar.h"
 #include "platform/Instant.h"
 #include "platform/Locale.h"
+#include "platform/LoginItem.h"
 #include "platform/Progress.h"
 #include "records/ProfileStore.h"
 #include "store/UndoHistory.h"
@@ -37,7 +38,8 @@ struct CommandEnvironment {
     Progress& progress = noProgress();                ///< who waits for long work, and may stop it
     FileAccess namedFiles = FileAccess::ownerOnly();  ///< of the files that the person names
     int standardInput = -1;  ///< a regular file with what was written to the command; -1 for none
-    Locale moneyLocale = locale;  ///< of amounts
+    Locale moneyLocale = locale;     ///< of amounts
+    LoginItem* loginItem = nullptr;  ///< null where there is none
 
     [[nodiscard]] ClientService clients() { return {context, history, TimerCalls::of(timer), now}; }
     [[nodiscard]] ProjectService projects() { return {context, history, TimerCalls::of(timer)}; }

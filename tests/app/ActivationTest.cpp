@@ -22,14 +22,21 @@ class ActivationTest : public testing::Test {
     TestTimer timer;
     Ref<Project> website;
     std::string shown;
-    Activation activation{{[this] { shown += "window "; }, [this] { shown += "panel "; }},
-                          *timer.service};
+    LongWork work;
+    Activation activation{
+        {[this] { shown += "window "; }, [this] { shown += "panel "; }}, *timer.service, work};
 };
 
 TEST_F(ActivationTest, continueStartsTheTimerOnWhatEndedLast) {
     activation.run("continue");
     ASSERT_TRUE(timer.service->running());
     EXPECT_EQ(timer.service->running()->project.get(), website);
+    EXPECT_EQ(shown, "");
+}
+
+TEST_F(ActivationTest, longWorkLeavesTheTimerAsItIs) {
+    work.run([this] { activation.run("continue"); });
+    EXPECT_FALSE(timer.service->running());
     EXPECT_EQ(shown, "");
 }
 

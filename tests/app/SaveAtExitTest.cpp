@@ -14,6 +14,8 @@ namespace {
 
 using test::TestLibrary;
 
+LongWork work;
+
 std::size_t savedProjects(TestLibrary& library) {
     library.open();
     return library.context().fetchCount<Project>();
@@ -22,7 +24,7 @@ std::size_t savedProjects(TestLibrary& library) {
 TEST(SaveAtExit, isMadeWhenItDies) {
     TestLibrary library;
     {
-        const SaveAtExit lastSave(library.context());
+        const SaveAtExit lastSave(library.context(), work);
         library.addProject("Website", nullptr);
     }
     EXPECT_FALSE(library.context().hasChanges());
@@ -34,12 +36,26 @@ TEST(SaveAtExit, isMadeWhenTheProcessExitsWithoutUnwinding) {
     EXPECT_EXIT(
         {
             library.open();
-            const SaveAtExit lastSave(library.context());
+            const SaveAtExit lastSave(library.context(), work);
             library.addProject("Website", nullptr);
             std::exit(1);
         },
         testing::ExitedWithCode(1), "");
     EXPECT_EQ(savedProjects(library), 1U);
+}
+
+TEST(SaveAtExit, keepsNothingOfLongWorkThatIsHalfDone) {
+    TestLibrary library;
+    library.close();
+    EXPECT_EXIT(
+        {
+            library.open();
+            const SaveAtExit lastSave(library.context(), work);
+            library.addProject("Website", nullptr);
+            work.run([] { std::exit(1); });
+        },
+        testing::ExitedWithCode(1), "");
+    EXPECT_EQ(savedProjects(library), 0U);
 }
 
 TEST(SaveAtExit, isNotMadeAfterItHasDied) {
@@ -48,7 +64,7 @@ TEST(SaveAtExit, isNotMadeAfterItHasDied) {
     EXPECT_EXIT(
         {
             library.open();
-            { const SaveAtExit lastSave(library.context()); }
+            { const SaveAtExit lastSave(library.context(), work); }
             library.addProject("Website", nullptr);
             std::exit(1);
         },

@@ -9,6 +9,8 @@ namespace elmworth {
 
 namespace {
 
+constexpr std::chrono::milliseconds betweenTries{20};
+
 /// A call may end its own timer, so that one is deleted only when the loop turns.
 std::shared_ptr<QTimer> makeTimer() {
     return {new QTimer, [](QTimer* timer) {
@@ -23,7 +25,11 @@ std::shared_ptr<QTimer> makeTimer() {
 RunLoop::Handle QtRunLoop::post(std::function<void()> function) {
     auto timer = makeTimer();
     timer->setSingleShot(true);
-    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(function));
+    const auto run = [this, timer = timer.get(), function = std::move(function)] {
+        if (isHeld_) return timer->start(betweenTries);
+        function();
+    };
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), run);
     timer->start(0);
     return timer;
 }
@@ -33,7 +39,10 @@ RunLoop::Handle QtRunLoop::repeat(std::chrono::milliseconds interval,
     auto timer = makeTimer();
     // The timer shows seconds: a coarse one would skip some.
     timer->setTimerType(Qt::PreciseTimer);
-    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(function));
+    const auto run = [this, function = std::move(function)] {
+        if (!isHeld_) function();
+    };
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), run);
     timer->start(interval);
     return timer;
 }
