@@ -31,7 +31,7 @@ constexpr std::array commands{
     CommandEntry{"invoice", &addInvoiceCommand}, CommandEntry{"profile", &addProfileCommand},
     CommandEntry{"report", &addReportCommand},   CommandEntry{"export", &addExportCommand},
     CommandEntry{"import", &addImportCommand},   CommandEntry{"backup", &addBackupCommand},
-    CommandEntry{"restore", &addRestoreCommand},
+    CommandEntry{"restore", &addRestoreCommand}, CommandEntry{"settings", &addSettingsCommand},
 };
 
 /// A key binding must not wait for the syntax of commands that it does not use.

@@ -74,5 +74,6 @@ void addExportCommand(CommandSyntax& syntax);
 void addImportCommand(CommandSyntax& syntax);
 void addBackupCommand(CommandSyntax& syntax);
 void addRestoreCommand(CommandSyntax& syntax);
+void addSettingsCommand(CommandSyntax& syntax);
 
 }  // namespace elmworth

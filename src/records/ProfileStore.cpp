@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "records/FieldText.h"
+#include "records/Preferences.h"
 
 namespace elmworth {
 namespace {
@@ -64,7 +65,7 @@ void ProfileStore::setProfileOrRefuse(const BusinessProfile& profile) {
     setProfile(profile);
     if (profile == old || !defaults_.lastWriteFailed()) return;
     setProfile(old);
-    throw Refused("The settings file can't be written, so the change was not kept.");
+    throw Refused(settingsNotWrittenText());
 }
 
 /// In one write with the end of what was announced before, so that the last profile always wins.

@@ -43,7 +43,9 @@ class CommandTest : public testing::Test {
                                        painter_,
                                        noProgress(),
                                        FileAccess::forUmask(umask_),
-                                       standardInput_};
+                                       standardInput_,
+                                       Locale("en_US"),
+                                       loginItem_};
         return runCommand(commandLine, environment);
     }
 
@@ -125,6 +127,7 @@ class CommandTest : public testing::Test {
     TextPainter textPainter_;
     InvoicePainter* painter_ = &textPainter_;
     int standardInput_ = -1;
+    LoginItem* loginItem_ = nullptr;
     unsigned umask_ = 0022;
 };
 
