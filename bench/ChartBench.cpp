@@ -21,6 +21,7 @@
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 
 namespace elmworth::bench {
 namespace {

@@ -13,6 +13,7 @@
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 
 int main(int argc, char** argv) {

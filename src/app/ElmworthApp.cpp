@@ -16,6 +16,7 @@
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_MainPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_ClientsPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_ProjectsPlugin)
@@ -26,13 +27,15 @@ namespace elmworth {
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
       settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
-      activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer()),
+      activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer(),
+                  services_.longWork()),
       commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
       mainViewModel_(screenServices(services_, runLoop_)),
-      lastSave_(services_.context()) {
+      settings_(services_, runLoop_, engine_, isDemo),
+      lastSave_(services_.context(), services_.longWork()) {
     // A library in memory must not take the bus name of the application with the real library.
     const bool isInMemory = isDemo || isHostedRun();
     if (!isHostedRun()) {
@@ -49,19 +52,37 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
     const auto showMain = [this] { showMainWindow(); };
-    trayItem_.emplace(services_, runLoop_, engine_, TrayItem::Ways{showMain, showMain});
+    trayItem_.emplace(services_, runLoop_, engine_,
+                      TrayItem::Ways{showMain, [this] { showSettings(); }});
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
+    QObject::connect(&mainViewModel_, &MainViewModel::settingsRequested,
+                     [this] { showSettings(); });
+    workObservation_ = services_.longWork().observe([this] { keepOthersOff(); });
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
 }
 
 /// Save before sleep and at logout: the machine may not wake, and a logout may not wait.
 void ElmworthApp::saveBeforeInterruptions() {
-    const auto save = [this] { services_.context().saveQuietly(); };
+    const auto save = [this] {
+        if (!services_.longWork().isRunning()) services_.context().saveQuietly();
+    };
     saves_ = {powerEvents_.onWillSleep(save), powerEvents_.onWillShutDown(save)};
     QObject::connect(
         qGuiApp, &QGuiApplication::commitDataRequest, &terminationSignals_,
         [save](QSessionManager& /*manager*/) { save(); }, Qt::DirectConnection);
+}
+
+void ElmworthApp::showSettings() {
+    settings_.show();
+}
+
+/// While the library is half changed, nothing but the window of the work may go on.
+void ElmworthApp::keepOthersOff() {
+    const bool isWorking = services_.longWork().isRunning();
+    runLoop_.setHeld(isWorking);
+    inputBlock_.reset();
+    if (isWorking) inputBlock_.emplace(settings_.window());
 }
 
 void ElmworthApp::showPanel() {

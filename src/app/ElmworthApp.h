@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "app/CommandService.h"
+#include "app/InputBlock.h"
 #include "app/LibraryServices.h"
 #include "app/LiveAppearance.h"
 #include "app/QtInvoicePainter.h"
 #include "app/SaveAtExit.h"
+#include "app/SettingsItem.h"
 #include "app/TrayItem.h"
 #include "exchange/AutoBackup.h"
 #include "platform/linux/FileWatch.h"
@@ -46,7 +48,11 @@ class ElmworthApp {
     /// Opens the panel.
     void showPanel();
 
+    /// Shows the settings in front of the other windows.
+    void showSettings();
+
  private:
+    void keepOthersOff();
     void makeMainWindow();
     void saveBeforeInterruptions();
 
@@ -64,9 +70,12 @@ class ElmworthApp {
     LiveAppearance appearance_;
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
+    SettingsItem settings_;
     std::optional<TrayItem> trayItem_;
     std::unique_ptr<QQuickWindow> mainWindow_;  ///< made when it is first shown
     std::optional<RememberedWindow> rememberedWindow_;
+    std::optional<InputBlock> inputBlock_;  ///< during long work
+    LongWork::Observation workObservation_;
     SaveAtExit lastSave_;
 };
 

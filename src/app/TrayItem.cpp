@@ -29,11 +29,17 @@ TrayIconStyle iconStyle() {
     return style;
 }
 
+/// While the library is half changed nothing in it can be acted on.
+TrayMenu busyMenu() {
+    return {{.text = "Elmworth is busy\u2026", .isEnabled = false, .identity = "busy"}};
+}
+
 }  // namespace
 
 TrayItem::TrayItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
                    const Ways& ways)
     : engine_(engine),
+      longWork_(services.longWork()),
       label_(screenServices(services, runLoop)),
       panel_(screenServices(services, runLoop)),
       tray_(iconStyle()) {
@@ -56,7 +62,9 @@ void TrayItem::watchTray() {
         updateMenu();
     });
     QObject::connect(&panel_, &PanelModel::offersChanged, [this] { updateMenu(); });
+    workObservation_ = longWork_.observe([this] { updateMenu(); });
     const auto press = [this](TrayPoint place) {
+        if (isBusy()) return;
         QMetaObject::invokeMethod(panelWindow(), "toggleAt",
                                   Q_ARG(QPointF, QPointF(place.x, place.y)));
     };
@@ -68,7 +76,7 @@ void TrayItem::updateFace() {
 }
 
 void TrayItem::updateMenu() {
-    tray_.setMenu(makeTrayMenu(panel_, label_));
+    tray_.setMenu(isBusy() ? busyMenu() : makeTrayMenu(panel_, label_));
 }
 
 QQuickWindow* TrayItem::panelWindow() {
@@ -82,6 +90,7 @@ QQuickWindow* TrayItem::panelWindow() {
 }
 
 void TrayItem::showPanel() {
+    if (isBusy()) return;
     QMetaObject::invokeMethod(panelWindow(), "openAt", Q_ARG(QPointF, QPointF()),
                               Q_ARG(bool, false));
 }

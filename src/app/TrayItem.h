@@ -39,13 +39,16 @@ class TrayItem {
     void watchTray();
     void updateFace();
     void updateMenu();
+    [[nodiscard]] bool isBusy() const { return longWork_.isRunning(); }
     [[nodiscard]] QQuickWindow* panelWindow();
 
     QQmlEngine& engine_;
+    LongWork& longWork_;
     TrayLabel label_;
     PanelModel panel_;
     StatusNotifierItem tray_;
     std::unique_ptr<QQuickWindow> window_;
+    LongWork::Observation workObservation_;
 };
 
 }  // namespace elmworth

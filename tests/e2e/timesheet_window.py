@@ -47,7 +47,8 @@ class TimesheetWindow(unittest.TestCase):
             "FAKETIME_DONT_FAKE_MONOTONIC": "1", "FAKETIME_DONT_RESET": "1"}
         self.set_clock(self.now)
         self.settings.parent.mkdir(parents=True)
-        self.settings.write_text(f"[General]\nmainWindowFrame={self.frame}\ndidOnboard=true\n")
+        self.settings.write_text(f"[General]\nmainWindowFrame={self.frame}\ndidOnboard=true\n"
+                                 "hideGettingStarted=true\n")
         self.elmworth("client", "add", "Acme Co", "--rate", "100")
         self.elmworth("project", "add", "Website", "--client", "Acme Co")
         self.fill()

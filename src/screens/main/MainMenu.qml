@@ -81,6 +81,12 @@ PopupMenu {
         onTriggered: menus.model.openPanel()
     }
 
+    PopupMenuItem {
+        text: "Settings…"
+        hint: "Ctrl+,"
+        onTriggered: menus.model.openSettings()
+    }
+
     PopupMenuSeparator {}
 
     PopupMenuItem {

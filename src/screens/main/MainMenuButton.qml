@@ -69,6 +69,11 @@ IconButton {
         onActivated: button.model.resumeLastEntry()
     }
 
+    Shortcut {
+        sequence: "Ctrl+,"
+        onActivated: button.model.openSettings()
+    }
+
     OnDemand {
         id: menu
 

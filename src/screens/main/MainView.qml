@@ -18,7 +18,7 @@ Basic.SplitView {
     required property MainViewModel model
 
     /// Whether nothing lies over the window.
-    readonly property bool isInFront: !model.confirmation.isOpen && !model.newInvoice.isOpen && !model.timesheet.editor.isOpen && !model.clients.editor.isOpen && !model.projects.editor.isOpen
+    readonly property bool isInFront: !model.confirmation.isOpen && !model.newInvoice.isOpen && !model.welcome.isOpen && !model.timesheet.editor.isOpen && !model.clients.editor.isOpen && !model.projects.editor.isOpen
 
     signal closeRequested()
 

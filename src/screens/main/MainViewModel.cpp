@@ -21,6 +21,7 @@ MainViewModel::MainViewModel(const AppServices& services)
       defaults_(services.defaults),
       timer_(services.timer),
       running_(services),
+      welcome_(services.defaults),
       history_(services.history),
       timesheet_(services, confirmation_, history_),
       newInvoice_(services),
@@ -35,6 +36,8 @@ MainViewModel::MainViewModel(const AppServices& services)
     connect(&projects_, &ProjectsModel::failed, &history_, &HistoryModel::say);
     connect(&newInvoice_, &NewInvoiceModel::created, this,
             [this] { defaults_.setString(sectionKey, "Invoices"); });
+    connect(timesheet_.gettingStarted(), &GettingStartedModel::settingsRequested, this,
+            &MainViewModel::settingsRequested);
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });
@@ -71,6 +74,10 @@ QString MainViewModel::libraryProblem() const {
 
 void MainViewModel::openPanel() {
     Q_EMIT panelRequested();
+}
+
+void MainViewModel::openSettings() {
+    Q_EMIT settingsRequested();
 }
 
 }  // namespace elmworth

@@ -16,6 +16,7 @@
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/projects/ProjectsModel.h"
 #include "screens/timesheet/TimesheetModel.h"
+#include "screens/welcome/WelcomeModel.h"
 #include "theme/Confirmation.h"
 
 namespace elmworth {
@@ -35,6 +36,8 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(elmworth::InvoicesModel* invoices READ invoices CONSTANT FINAL)
     /// The sheet that more than one section opens.
     Q_PROPERTY(elmworth::NewInvoiceModel* newInvoice READ newInvoice CONSTANT FINAL)
+    /// Greets whoever opens the window for the first time.
+    Q_PROPERTY(elmworth::WelcomeModel* welcome READ welcome CONSTANT FINAL)
     /// What any of the sections asks.
     Q_PROPERTY(elmworth::Confirmation* confirmation READ confirmation CONSTANT FINAL)
     /// What was done in any of them, and elsewhere.
@@ -55,6 +58,7 @@ class MainViewModel final : public QObject {
     [[nodiscard]] ProjectsModel* projects() { return &projects_; }
     [[nodiscard]] InvoicesModel* invoices() { return &invoices_; }
     [[nodiscard]] NewInvoiceModel* newInvoice() { return &newInvoice_; }
+    [[nodiscard]] WelcomeModel* welcome() { return &welcome_; }
     [[nodiscard]] Confirmation* confirmation() { return &confirmation_; }
     [[nodiscard]] HistoryModel* history() { return &history_; }
     /// There is nothing yet that could look for updates.
@@ -70,10 +74,12 @@ class MainViewModel final : public QObject {
     /// runs.
     Q_INVOKABLE void resumeLastEntry();
     Q_INVOKABLE void openPanel();
+    Q_INVOKABLE void openSettings();
 
  Q_SIGNALS:
     void sectionChanged();
     void panelRequested();
+    void settingsRequested();
     void libraryProblemChanged();
 
  private:
@@ -83,6 +89,7 @@ class MainViewModel final : public QObject {
     TimerService& timer_;
     SidebarModel sections_;
     RunningEntryModel running_;
+    WelcomeModel welcome_;
     Confirmation confirmation_;
     HistoryModel history_;
     TimesheetModel timesheet_;

@@ -6,6 +6,7 @@ import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Invoices
+import Elmworth.Welcome
 import Elmworth.Main
 
 /// The main window. Closing it ends nothing: the program goes on without it.
@@ -21,6 +22,7 @@ Basic.ApplicationWindow {
     minimumHeight: 600
     color: Theme.backgroundTop
     background: AppBackground {}
+    onVisibleChanged: if (visible) model.welcome.greet()
 
     Shortcut {
         sequence: "Ctrl+Q"
@@ -47,6 +49,15 @@ Basic.ApplicationWindow {
         // What is made on demand doesn't outlive its window.
         // qmllint disable unqualified
         sourceComponent: NewInvoiceSheet { model: window.model.newInvoice }
+        // qmllint enable unqualified
+    }
+
+    OnDemand {
+        wanted: window.model.welcome.isOpen
+
+        // What is made on demand doesn't outlive its window.
+        // qmllint disable unqualified
+        sourceComponent: WelcomeView { model: window.model.welcome }
         // qmllint enable unqualified
     }
 

@@ -5,6 +5,7 @@ import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Timesheet
+import Elmworth.Welcome
 
 /// What stands above the days: what runs, the figures, the chart, and the filter bar.
 Item {
@@ -80,6 +81,20 @@ Item {
                 enabled: head.model.running.isRunning
                 model: head.model.running
             }
+        }
+
+        OnDemand {
+            Layout.fillWidth: true
+            wanted: head.model.gettingStarted.isShown
+            visible: wanted
+
+            // What is made on demand doesn't outlive its head.
+            // qmllint disable unqualified
+            sourceComponent: GettingStartedCard {
+                model: head.model.gettingStarted
+                onLeft: head.searchLeft()
+            }
+            // qmllint enable unqualified
         }
 
         StatsRow {

@@ -20,6 +20,7 @@
 #include "screens/timesheet/TimesheetFilterModel.h"
 #include "screens/timesheet/TimesheetRowsModel.h"
 #include "screens/timesheet/TimesheetSelection.h"
+#include "screens/welcome/GettingStartedModel.h"
 #include "theme/Confirmation.h"
 #include "tracking/TimesheetContents.h"
 
@@ -36,6 +37,7 @@ class TimesheetModel final : public QObject {
     QML_UNCREATABLE("The main window's model has it")
     Q_PROPERTY(elmworth::TimesheetFilterModel* filter READ filter CONSTANT FINAL)
     Q_PROPERTY(elmworth::EntryCommandsModel* commands READ commands CONSTANT FINAL)
+    Q_PROPERTY(elmworth::GettingStartedModel* gettingStarted READ gettingStarted CONSTANT FINAL)
     Q_PROPERTY(elmworth::StatsRowModel* stats READ stats CONSTANT FINAL)
     Q_PROPERTY(elmworth::DailyChartModel* chart READ chart CONSTANT FINAL)
     Q_PROPERTY(elmworth::RunningEntryModel* running READ running CONSTANT FINAL)
@@ -65,6 +67,7 @@ class TimesheetModel final : public QObject {
 
     [[nodiscard]] TimesheetFilterModel* filter() noexcept { return &filter_; }
     [[nodiscard]] EntryCommandsModel* commands() noexcept { return &commands_; }
+    [[nodiscard]] GettingStartedModel* gettingStarted() noexcept { return &gettingStarted_; }
     [[nodiscard]] StatsRowModel* stats() noexcept { return &stats_; }
     [[nodiscard]] DailyChartModel* chart() noexcept { return &chart_; }
     [[nodiscard]] RunningEntryModel* running() noexcept { return &running_; }
@@ -138,6 +141,7 @@ class TimesheetModel final : public QObject {
     RunningEntryModel running_;
     EntryEditorModel editor_;
     ListingSums sums_;
+    GettingStartedModel gettingStarted_{services_};
     StatsRowModel stats_;
     DailyChartModel chart_;
     TimesheetRowsModel rows_;

@@ -25,6 +25,7 @@
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 
 namespace elmworth {
 namespace {

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/SettingsItem.h"
+
+#include <QDesktopServices>
+#include <QQmlEngine>
+#include <QUrl>
+#include <QVariant>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "app/MakeWindow.h"
+#include "app/ScreenServices.h"
+#include "exchange/AutoBackup.h"
+
+Q_IMPORT_QML_PLUGIN(Elmworth_SettingsPlugin)
+
+namespace elmworth {
+
+namespace {
+
+SettingsServices settingsServices(LibraryServices& services, RunLoop& runLoop, bool isDemo) {
+    return {
+        .app = screenServices(services, runLoop),
+        .loginItem = services.loginItem(),
+        .longWork = services.longWork(),
+        .isDemo = isDemo,
+        .version = ELMWORTH_VERSION,
+        .build = ELMWORTH_BUILD,
+        .snapshotFolder = &AutoBackup::folder,
+        .showFolder = [](const std::filesystem::path& folder) {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
+        }};
+}
+
+}  // namespace
+
+SettingsItem::SettingsItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
+                           bool isDemo)
+    : engine_(engine), model_(settingsServices(services, runLoop, isDemo)) {}
+
+void SettingsItem::show() {
+    if (!window_) {
+        window_ = makeWindow(
+            engine_,
+            QUrl(
+                QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Settings/SettingsWindow.qml")),
+            QVariant::fromValue(&model_));
+    }
+    window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
+    window_->show();
+    window_->raise();
+    window_->requestActivate();
+}
+
+}  // namespace elmworth

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QtQmlIntegration>
+#include <vector>
+
+#include "screens/AppServices.h"
+
+namespace elmworth {
+
+/// The checklist of a new user, which goes by the library itself: what is done there is done here.
+/// It shows until all is done, or somebody hides it for good ("hideGettingStarted").
+class GettingStartedModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The timesheet's model has it")
+    Q_PROPERTY(bool isShown READ isShown NOTIFY changed FINAL)
+    Q_PROPERTY(QStringList titles READ titles CONSTANT FINAL)
+    /// Of each of the titles, whether it is done.
+    Q_PROPERTY(QList<bool> done READ done NOTIFY changed FINAL)
+    /// "2 of 5 done"
+    Q_PROPERTY(QString detail READ detail NOTIFY changed FINAL)
+
+ public:
+    enum Step { business, client, project, time, invoice };
+
+    explicit GettingStartedModel(const AppServices& services);
+
+    [[nodiscard]] bool isShown() const;
+    [[nodiscard]] static QStringList titles();
+    [[nodiscard]] const QList<bool>& done() const { return done_; }
+    [[nodiscard]] QString detail() const;
+
+    /// Leads to where the step at `position` is done; nowhere for tracking time.
+    Q_INVOKABLE void act(int position);
+    Q_INVOKABLE void hide();
+
+ Q_SIGNALS:
+    void changed();
+    void settingsRequested();
+
+ private:
+    void follow();
+    void update(Step step, bool isDone);
+    template <class T>
+    void followRecords(Step step, const Query<T>& query);
+
+    AppServices services_;
+    bool isHidden_ = false;
+    QList<bool> done_{false, false, false, false, false};
+    Settings::Observation defaultsObservation_;
+    ProfileStore::Observation profileObservation_;
+    std::vector<UnitOfWork::Observation> observations_;  ///< none while it is hidden
+};
+
+}  // namespace elmworth

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <fstream>
+
+#include "screens/settings/SettingsTest.h"
+
+namespace elmworth {
+namespace {
+
+class GeneralSettingsTest : public test::SettingsTest {
+ protected:
+    GeneralSettingsTest() { general.reload(); }
+
+    void addSnapshot(const std::string& timestamp) {
+        const auto folder = settingsServices().snapshotFolder();
+        std::ofstream(folder / ("Elmworth-" + timestamp + ".json")) << "{}";
+        general.refresh();
+    }
+    std::string status() { return general.snapshotText().toStdString(); }
+
+    GeneralSettings general{settingsServices(), keeper};
+};
+
+TEST_F(GeneralSettingsTest, keepsWhatIsChosen) {
+    general.setAppearance(1);
+    general.setTrayStyle(2);
+    general.setGoalHours(40);
+    const Settings stored(app_.defaults.file());
+    EXPECT_EQ(stored.string("appearance"), "dark");
+    EXPECT_EQ(stored.string("menuBarStyle"), "icon");
+    EXPECT_EQ(stored.integer("weeklyGoalHours"), 40);
+}
+
+TEST_F(GeneralSettingsTest, showsTheDefaultsOfAnEmptyFileAndOfUnknownTexts) {
+    EXPECT_EQ(general.appearance(), 0);
+    EXPECT_EQ(general.trayStyle(), 0);
+    app_.defaults.setString("appearance", "sepia");
+    app_.defaults.setString("menuBarStyle", "big");
+    EXPECT_EQ(general.appearance(), 0);
+    EXPECT_EQ(general.trayStyle(), 0);
+}
+
+TEST_F(GeneralSettingsTest, aGoalOfZeroIsOffAndOneStepUpIsFive) {
+    EXPECT_EQ(general.goalText(), QStringLiteral("Weekly hours goal: off"));
+    general.setGoalHours(5);
+    EXPECT_EQ(general.goalText(), QStringLiteral("Weekly hours goal: 5 h"));
+    general.setGoalHours(85);
+    EXPECT_EQ(general.goalText(), QStringLiteral("Weekly hours goal: 80 h"));
+    general.setGoalHours(-5);
+    EXPECT_EQ(general.goalText(), QStringLiteral("Weekly hours goal: off"));
+}
+
+TEST_F(GeneralSettingsTest, followsWhatCommandsSet) {
+    int changes = 0;
+    QObject::connect(&general, &GeneralSettings::changed, [&] { ++changes; });
+    setPreference(app_.defaults, preferences::weeklyGoal, "12");
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(general.goalHours(), 12);
+    loginItem.setEnabled(true);
+    EXPECT_TRUE(general.launchesAtLogin());
+}
+
+TEST_F(GeneralSettingsTest, aChoiceThatCannotBeKeptGoesBackAndSaysWhy) {
+    general.setAppearance(1);
+    const test::FileSizeLimit full(0);
+    general.setAppearance(2);
+    EXPECT_EQ(general.appearance(), 1);
+    EXPECT_EQ(keeper.problem(),
+              QStringLiteral("The settings file can't be written, so the change was not kept."));
+}
+
+TEST_F(GeneralSettingsTest, aLoginItemThatIsRefusedStaysOffAndSaysWhy) {
+    loginItem.refuses = true;
+    general.setLaunchesAtLogin(true);
+    EXPECT_FALSE(general.launchesAtLogin());
+    EXPECT_EQ(general.loginError(), QStringLiteral("The autostart folder can't be written."));
+    loginItem.refuses = false;
+    general.setLaunchesAtLogin(true);
+    EXPECT_TRUE(general.launchesAtLogin());
+    EXPECT_EQ(general.loginError(), QString());
+}
+
+TEST_F(GeneralSettingsTest, marksAVersionBeforeTheFirstAsBeta) {
+    EXPECT_EQ(GeneralSettings::versionText("0.9", "12"), QStringLiteral("0.9 (12) · beta"));
+    EXPECT_EQ(GeneralSettings::versionText("1.0", "20"), QStringLiteral("1.0 (20)"));
+    EXPECT_EQ(GeneralSettings::versionText("", ""), QStringLiteral("? (?)"));
+}
+
+TEST_F(GeneralSettingsTest, tellsOfTheNewestSnapshot) {
+    EXPECT_EQ(status(), "No snapshot has been taken yet.");
+    addSnapshot("2026-02-28T09-00-00");
+    addSnapshot("2026-03-01T09-00-00");
+    EXPECT_EQ(status(), "Newest snapshot: Mar 1, 2026, 9:00\u202fAM");
+    EXPECT_FALSE(general.isSnapshotWorrying());
+}
+
+TEST_F(GeneralSettingsTest, warnsOfASnapshotOlderThanThreeDays) {
+    addSnapshot("2026-02-27T09-00-00");
+    EXPECT_FALSE(general.isSnapshotWorrying());
+    timer.setTime("09:00:01");
+    general.refresh();
+    EXPECT_TRUE(general.isSnapshotWorrying());
+    EXPECT_EQ(status(),
+              "The newest snapshot is 3 days old (Feb 27, 2026, 9:00\u202fAM). Check that "
+              "the disk has space, and export a backup.");
+}
+
+TEST_F(GeneralSettingsTest, warnsOfASnapshotDatedInTheFuture) {
+    addSnapshot("2026-03-02T09-00-01");
+    EXPECT_TRUE(general.isSnapshotWorrying());
+    EXPECT_EQ(
+        status(),
+        "The newest snapshot is dated in the future (Mar 2, 2026, 9:00\u202fAM), so no new one "
+        "is taken. Check this computer's clock, then move that file away.");
+}
+
+TEST_F(GeneralSettingsTest, warnsOfASnapshotThatFailedItsCheck) {
+    app_.defaults.setString("failedSnapshotCheck", "2026-03-01T09:00:00Z It ends early.");
+    general.refresh();
+    EXPECT_TRUE(general.isSnapshotWorrying());
+    EXPECT_EQ(status(),
+              "The snapshot of Mar 1, 2026, 9:00\u202fAM failed its check: It ends early. "
+              "Export a backup.");
+}
+
+TEST_F(GeneralSettingsTest, showsTheFolderOfTheSnapshots) {
+    EXPECT_EQ(GeneralSettings::snapshotPolicy(),
+              QStringLiteral("A daily snapshot is kept for the last 14 days."));
+    general.showSnapshots();
+    EXPECT_EQ(shown, timer.library.folder.path() / "Backups");
+}
+
+TEST_F(GeneralSettingsTest, aFolderThatCannotBeMadeShowsNothingAndSaysSo) {
+    std::ofstream(timer.library.folder.path() / "Backups") << "a file in its place";
+    general.showSnapshots();
+    EXPECT_EQ(shown, "");
+    EXPECT_TRUE(general.isSnapshotWorrying());
+}
+
+}  // namespace
+}  // namespace elmworth

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Elmworth authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "platform/StandardFolders.h"
+#include "screens/settings/SettingsModel.h"
+#include "support/FileSizeLimit.h"
+#include "support/ScopedEnvironment.h"
+#include "support/TestServices.h"
+
+namespace elmworth::test {
+
+/// A login item that can be made to refuse.
+class TestLoginItem final : public LoginItem {
+ public:
+    [[nodiscard]] bool isEnabled() const override { return isEnabled_; }
+    bool refuses = false;
+
+ private:
+    void enable() override { change(true); }
+    void disable() override { change(false); }
+    void change(bool isEnabled) {
+        if (refuses) throw LoginItemError("The autostart folder can't be written.");
+        isEnabled_ = isEnabled;
+    }
+    bool isEnabled_ = false;
+};
+
+/// The settings over a library, a clock and folders of their own. It is Monday, 2026-03-02, 09:00.
+class SettingsTest : public testing::Test {
+ protected:
+    [[nodiscard]] SettingsServices settingsServices() {
+        return {.app = app_.services(),
+                .loginItem = loginItem,
+                .longWork = longWork,
+                .version = "0.9",
+                .build = "12",
+                .snapshotFolder =
+                    [this] { return createPrivateFolder(timer.library.folder.path() / "Backups"); },
+                .showFolder = [this](const auto& folder) { shown = folder; }};
+    }
+    [[nodiscard]] const BusinessProfile& profile() { return app_.profiles.profile(); }
+    void setProfile(const std::function<void(BusinessProfile&)>& change) {
+        auto changed = profile();
+        change(changed);
+        app_.profiles.setProfile(changed);
+    }
+    /// What the settings file holds, as the next start reads it.
+    [[nodiscard]] BusinessProfile storedProfile() {
+        Settings defaults(app_.defaults.file());
+        return ProfileStore(defaults).profile();
+    }
+
+    TestTimer timer;
+    ScopedEnvironment data{"XDG_DATA_HOME", timer.library.folder.path().string()};
+    TestServices app_{timer};
+    TestLoginItem loginItem;
+    LongWork longWork;
+    std::filesystem::path shown;
+    SettingsKeeper keeper;
+};
+
+}  // namespace elmworth::test
