@@ -34,12 +34,28 @@ std::int64_t InvoiceService::taxRate(const Client& client) const {
     return client.taxBasisPoints->value_or(profiles_.profile().defaultTaxBasisPoints);
 }
 
+std::string InvoiceService::nextNumber() const {
+    auto profile = profiles_.profile();
+    const std::int64_t year = calendar_.components(now_()).year;
+    profile.applyYearlyReset(year);
+    return profile.formattedInvoiceNumber(year);
+}
+
+std::vector<Ref<TimeEntry>> InvoiceService::unbilledEntries(const Ref<Client>& client,
+                                                            const DateInterval& period) const {
+    return builder().unbilledEntries(client, period.start, period.end);
+}
+
+InvoiceCalculator::Totals InvoiceService::preview(const std::vector<Ref<TimeEntry>>& entries,
+                                                  std::int64_t taxBasisPoints) const {
+    return InvoiceCalculator::calculate(InvoiceCalculator::items(entries),
+                                        profiles_.profile().roundingMinutes, taxBasisPoints);
+}
+
 InvoiceCalculator::Totals InvoiceService::preview(const Ref<Client>& client,
                                                   const DateInterval& period,
                                                   std::int64_t taxBasisPoints) const {
-    const auto entries = builder().unbilledEntries(client, period.start, period.end);
-    return InvoiceCalculator::calculate(InvoiceCalculator::items(entries),
-                                        profiles_.profile().roundingMinutes, taxBasisPoints);
+    return preview(unbilledEntries(client, period), taxBasisPoints);
 }
 
 Ref<Invoice> InvoiceService::create(const Ref<Client>& client, const DateInterval& period,

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "invoicing/InvoiceBuilder.h"
 #include "invoicing/InvoiceCalculator.h"
@@ -33,8 +34,17 @@ class InvoiceService {
     /// the business default.
     [[nodiscard]] std::int64_t taxRate(const Client& client) const;
 
-    /// What an invoice of the unbilled entries of `period` would come to; no lines without any.
-    /// Throws FiguresError or StoreError.
+    /// The number that the profile has for the next invoice, taken or not.
+    [[nodiscard]] std::string nextNumber() const;
+
+    /// The entries that an invoice of `period` would take. Throws StoreError.
+    [[nodiscard]] std::vector<Ref<TimeEntry>> unbilledEntries(const Ref<Client>& client,
+                                                              const DateInterval& period) const;
+
+    /// What an invoice of `entries` would come to; no lines without any. Throws FiguresError.
+    [[nodiscard]] InvoiceCalculator::Totals preview(const std::vector<Ref<TimeEntry>>& entries,
+                                                    std::int64_t taxBasisPoints) const;
+    /// The same of the unbilled entries of `period`. Throws FiguresError or StoreError.
     [[nodiscard]] InvoiceCalculator::Totals preview(const Ref<Client>& client,
                                                     const DateInterval& period,
                                                     std::int64_t taxBasisPoints) const;

@@ -10,7 +10,10 @@ ColumnLayout {
     id: messages
 
     required property FormSheetModel form
+    /// Whether the line for a problem stays free, so that the sheet keeps its size while somebody types.
+    property bool keepsLine: true
 
+    visible: keepsLine || form.isLocked || form.notice.length > 0 || form.problem.length > 0
     spacing: 6
 
     RowLayout {
@@ -39,10 +42,9 @@ ColumnLayout {
         wrapMode: Text.Wrap
     }
 
-    // Its line stays free, so that the sheet keeps its size while somebody types.
     PlainText {
         Layout.fillWidth: true
-        visible: !messages.form.isLocked
+        visible: !messages.form.isLocked && (messages.keepsLine || text.length > 0)
         text: messages.form.problem
         color: Theme.dangerText
         wrapMode: Text.Wrap

@@ -15,6 +15,10 @@ SheetPopup {
     property string icon: ""
     property var colors: Theme.primaryGradient
     property real sheetWidth: 480
+    /// What saving is called here.
+    property string saveText: "Save"
+    /// Whether room stays free for what the model has to say.
+    property bool keepsMessageLine: true
     default property alias content: fields.data
 
     /// The sheet is about to show, and the focus is to go to the field that is filled first.
@@ -59,6 +63,7 @@ SheetPopup {
         FormMessages {
             Layout.fillWidth: true
             form: sheet.form
+            keepsLine: sheet.keepsMessageLine
         }
 
         actions: [
@@ -71,7 +76,7 @@ SheetPopup {
             },
             GlowButton {
                 visible: !sheet.form.isLocked
-                text: "Save"
+                text: sheet.saveText
                 prominent: true
                 enabled: sheet.form.canSave
                 onClicked: sheet.form.save()

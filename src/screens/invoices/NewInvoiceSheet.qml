@@ -2,14 +2,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 import QtQuick
+import QtQuick.Layouts
 import Elmworth.Theme
 import Elmworth.Invoices
 
-/// Makes an invoice of unbilled time.
+/// Makes an invoice of unbilled time, and shows before what it will come to. Return creates it wherever the focus is.
 FormSheet {
+    id: sheet
+
     required property NewInvoiceModel model
 
     form: model
     icon: "document"
     sheetWidth: 520
+    saveText: "Create Invoice"
+    // The preview gives way to it.
+    keepsMessageLine: false
+    onEntered: fields.takeFocus()
+
+    NewInvoiceForm {
+        id: fields
+
+        Layout.fillWidth: true
+        model: sheet.model
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        visible: sheet.model.lacksBusinessName
+        spacing: 8
+
+        Icon {
+            name: "warning"
+            color: Theme.warningText
+        }
+
+        PlainText {
+            Layout.fillWidth: true
+            text: "Your business name is empty, so the invoice header will be blank."
+            size: Theme.calloutSize
+            color: Theme.warningText
+            wrapMode: Text.Wrap
+        }
+
+        LinkButton {
+            visible: sheet.model.canOpenSettings
+            text: "Open Settings"
+            onClicked: sheet.model.settingsRequested()
+        }
+    }
+
+    PlainText {
+        Layout.fillWidth: true
+        Layout.topMargin: 4
+        text: "Preview"
+        size: Theme.calloutSize
+        color: Theme.secondaryText
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+    }
+
+    NewInvoicePreview {
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        // The sheet keeps its size while somebody chooses, as far as the lines let it.
+        Layout.preferredHeight: Math.max(210, Math.min(wantedHeight, 320))
+        Layout.minimumHeight: 96
+        figures: sheet.model.figures
+    }
 }

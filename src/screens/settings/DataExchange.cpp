@@ -158,7 +158,8 @@ void DataExchange::writeBackup(const QUrl& file) {
 void DataExchange::restoreBackup(const QUrl& file) {
     QString message;
     const bool isRestored = work(restoreTitle, importTitle, [&](Progress& progress) {
-        const auto backup = decodeBackupFile(pathOf(file), progress);
+        FileSource source(pathOf(file));
+        const auto backup = decodeBackup(source, progress);
         RestoreResult result;
         services_.app.history.performForGood([&] {  // the profile comes too, which no step has
             result = restore(backup, services_.app.context, services_.app.profiles, progress);
