@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/AppUpdates.h"
 #include "app/CommandService.h"
 #include "app/InputBlock.h"
 #include "app/LibraryServices.h"
@@ -68,6 +69,7 @@ class ElmworthApp {
     TerminationSignals terminationSignals_;
     PortalColorScheme colorScheme_;
     LiveAppearance appearance_;
+    AppUpdates updates_;
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
     SettingsItem settings_;

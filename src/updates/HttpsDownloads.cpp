@@ -113,7 +113,8 @@ class Download {
 }  // namespace
 
 Downloads::Handle HttpsDownloads::fetch(const Wanted& wanted, Sink sink, Ended ended) {
-    return std::make_shared<Download>(network_, wanted, std::move(sink), std::move(ended));
+    if (!network_) network_.emplace();
+    return std::make_shared<Download>(*network_, wanted, std::move(sink), std::move(ended));
 }
 
 }  // namespace elmworth

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QNetworkAccessManager>
+#include <optional>
 
 #include "updates/Downloads.h"
 
@@ -16,7 +17,7 @@ class HttpsDownloads final : public Downloads {
     [[nodiscard]] Handle fetch(const Wanted& wanted, Sink sink, Ended ended) override;
 
  private:
-    QNetworkAccessManager network_;
+    std::optional<QNetworkAccessManager> network_;  ///< made when it is first needed
 };
 
 }  // namespace elmworth

@@ -92,6 +92,7 @@ PopupMenu {
     PopupMenuItem {
         text: "Check for Updates…"
         enabled: menus.model.canCheckForUpdates
+        onTriggered: menus.model.checkForUpdates()
     }
 
     PopupMenuSeparator {}

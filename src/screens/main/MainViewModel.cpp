@@ -15,19 +15,21 @@ constexpr std::string_view sectionKey = "mainSection";
 
 }  // namespace
 
-MainViewModel::MainViewModel(const AppServices& services)
+MainViewModel::MainViewModel(const AppServices& services, Updater* updater)
     : readFaults_(services.context.readFaults()),
       context_(services.context),
       defaults_(services.defaults),
       timer_(services.timer),
       running_(services),
       welcome_(services.defaults),
+      updater_(updater),
       history_(services.history),
       timesheet_(services, confirmation_, history_),
       newInvoice_(services),
       clients_(services, confirmation_),
       projects_(services, confirmation_),
       invoices_(services, confirmation_, newInvoice_) {
+    if (updater_ != nullptr) updatePrompts_.emplace(*updater_, confirmation_);
     connect(&clients_, &ClientsModel::invoiceRequested, this, [this](const auto& client) {
         newInvoice_.open(context_.recordQuietly<Client>(client));
     });
@@ -70,6 +72,10 @@ QString MainViewModel::stopHelp() {
 
 QString MainViewModel::libraryProblem() const {
     return readFaults_.count() > 0 ? QString::fromStdString(unreadableLibraryText()) : QString();
+}
+
+void MainViewModel::checkForUpdates() {
+    if (updatePrompts_) updatePrompts_->look();
 }
 
 void MainViewModel::openPanel() {

@@ -6,12 +6,14 @@
 #include <QObject>
 #include <QString>
 #include <QtQmlIntegration>
+#include <optional>
 
 #include "platform/Settings.h"
 #include "screens/clients/ClientsModel.h"
 #include "screens/invoices/InvoicesModel.h"
 #include "screens/invoices/NewInvoiceModel.h"
 #include "screens/main/SidebarModel.h"
+#include "screens/main/UpdatePrompts.h"
 #include "screens/panel/HistoryModel.h"
 #include "screens/panel/RunningEntryModel.h"
 #include "screens/projects/ProjectsModel.h"
@@ -47,7 +49,8 @@ class MainViewModel final : public QObject {
     Q_PROPERTY(QString libraryProblem READ libraryProblem NOTIFY libraryProblemChanged FINAL)
 
  public:
-    explicit MainViewModel(const AppServices& services);
+    /// Without `updater` nothing looks for updates; else it outlives this.
+    explicit MainViewModel(const AppServices& services, Updater* updater = nullptr);
 
     [[nodiscard]] SidebarModel* sections() { return &sections_; }
     /// The position of the section that shows. A "mainSection" that names none is the timesheet.
@@ -61,8 +64,9 @@ class MainViewModel final : public QObject {
     [[nodiscard]] WelcomeModel* welcome() { return &welcome_; }
     [[nodiscard]] Confirmation* confirmation() { return &confirmation_; }
     [[nodiscard]] HistoryModel* history() { return &history_; }
-    /// There is nothing yet that could look for updates.
-    [[nodiscard]] static bool canCheckForUpdates() { return false; }
+    [[nodiscard]] bool canCheckForUpdates() const {
+        return updater_ != nullptr && updater_->isEnabled();
+    }
     [[nodiscard]] static QString stopHelp();
     /// What is to be known about a library that can't be read in part; else empty.
     [[nodiscard]] QString libraryProblem() const;
@@ -75,6 +79,8 @@ class MainViewModel final : public QObject {
     Q_INVOKABLE void resumeLastEntry();
     Q_INVOKABLE void openPanel();
     Q_INVOKABLE void openSettings();
+    /// Does nothing unless `canCheckForUpdates`.
+    Q_INVOKABLE void checkForUpdates();
 
  Q_SIGNALS:
     void sectionChanged();
@@ -91,6 +97,8 @@ class MainViewModel final : public QObject {
     RunningEntryModel running_;
     WelcomeModel welcome_;
     Confirmation confirmation_;
+    Updater* updater_;
+    std::optional<UpdatePrompts> updatePrompts_;
     HistoryModel history_;
     TimesheetModel timesheet_;
     NewInvoiceModel newInvoice_;

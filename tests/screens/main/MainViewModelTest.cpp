@@ -127,8 +127,10 @@ TEST_F(MainView, theHelpOfTheStopButtonNamesItsKeys) {
     EXPECT_EQ(MainViewModel::stopHelp(), QStringLiteral("Stop timer (Ctrl+Alt+.)"));
 }
 
-TEST_F(MainView, thereIsNothingThatLooksForUpdatesYet) {
-    EXPECT_FALSE(MainViewModel::canCheckForUpdates());
+TEST_F(MainView, looksForNoUpdatesWithoutAFeed) {
+    EXPECT_FALSE(model.canCheckForUpdates());
+    model.checkForUpdates();
+    EXPECT_FALSE(model.confirmation()->isOpen());
 }
 
 /// A library on a disk that gives out under the window.
