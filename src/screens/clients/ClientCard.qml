@@ -180,12 +180,13 @@ HoverCard {
             }
         }
 
-        Loader {
+        OnDemand {
             anchors {
                 left: tile.left; right: figures.right
                 bottom: parent.bottom; bottomMargin: card.padding
             }
-            active: card.invoiceText.length > 0
+            wanted: card.invoiceText.length > 0
+            visible: wanted
 
             // The button doesn't outlive its card.
             // qmllint disable unqualified

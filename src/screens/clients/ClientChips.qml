@@ -15,17 +15,23 @@ Flow {
     /// Two of them fit on a line, with the number behind them.
     readonly property real widest: Math.floor((width - spacing - (more.length > 0 ? 32 : 0)) / 2)
 
+    /// Chips that were made stay, as another client may show in their card.
+    property int made: 0
+
     spacing: 6
+    onNamesChanged: made = Math.max(made, names.length)
+    Component.onCompleted: made = names.length
 
     Repeater {
-        model: chips.names
+        model: chips.made
 
         // The chips don't outlive their card.
         // qmllint disable unqualified
         Rectangle {
             required property int index
-            required property string modelData
+            readonly property string project: chips.names[index] ?? ""
 
+            visible: index < chips.names.length
             width: Math.min(chips.widest, Math.ceil(name.implicitWidth) + 28)
             height: 22
             radius: 11
@@ -46,7 +52,7 @@ Flow {
                     right: parent.right; rightMargin: 9
                     verticalCenter: parent.verticalCenter
                 }
-                text: parent.modelData
+                text: parent.project
                 size: Theme.captionSize
                 color: Theme.secondaryText
                 Accessible.ignored: true

@@ -90,6 +90,7 @@ void ClientsModel::showCards() {
             rows.push_back({clients[place]->id()});
     }
     cards_.show(std::move(rows));
+    places_.catchUp();
     selection_.rowsChanged();
     Q_EMIT changed();
 }

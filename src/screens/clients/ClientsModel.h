@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "livelist/RowPlaces.h"
 #include "screens/AppServices.h"
 #include "screens/clients/ClientCardsModel.h"
 #include "screens/clients/ClientEditorModel.h"
@@ -43,7 +44,7 @@ class ClientsModel final : public QObject {
     ClientsModel(const AppServices& services, Confirmation& confirmation);
     ~ClientsModel() override;
 
-    [[nodiscard]] QAbstractItemModel* cardsModel() noexcept { return &cards_; }
+    [[nodiscard]] QAbstractItemModel* cardsModel() noexcept { return &places_; }
     [[nodiscard]] const std::vector<ClientRow>& cards() const noexcept { return cards_.rows(); }
     [[nodiscard]] KeyedSelection* selection() noexcept { return &selection_; }
     [[nodiscard]] QString subtitle() const;
@@ -106,6 +107,7 @@ class ClientsModel final : public QObject {
     ClientService clients_;
     ClientEditorModel editor_;
     ClientCardsModel cards_;
+    RowPlaces places_{cards_};
     RowSelection<PlainRows<ClientRow>> selection_;
     std::size_t count_ = 0;
     QString search_;

@@ -75,7 +75,7 @@ FocusScope {
         target: view.model
 
         function onChanged(): void { search.text = view.model.search; }
-        function onRemoved(): void { Qt.callLater(view.takeKeyboard); }
+        function onRemoved(): void { view.takeKeyboard(); }
         function onRevealRequested(row: int): void { grid.positionViewAtIndex(row, GridView.Contain); }
     }
 
