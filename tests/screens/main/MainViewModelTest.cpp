@@ -49,6 +49,20 @@ TEST_F(MainView, offersToUndoWhatWasDoneAnywhere) {
               "1 project was changed since and stays as it is.");
 }
 
+TEST_F(MainView, saysWhatASectionTookAwayAndOffersToUndoIt) {
+    const auto acme = timer.library.addClient("Acme Co");
+    const auto website = timer.library.addProject("Website", acme);
+    context().save();
+    model.projects()->setShown(true);
+    model.projects()->askToDelete(1);
+    model.confirmation()->accept();
+    EXPECT_EQ(model.history()->notice().toStdString(), "Deleted Website.");
+    EXPECT_TRUE(model.history()->noticeOffersUndo());
+    Q_EMIT model.projects()->failed(QStringLiteral("It failed."));
+    EXPECT_EQ(model.history()->notice().toStdString(), "It failed.");
+    EXPECT_FALSE(model.history()->noticeOffersUndo());
+}
+
 TEST_F(MainView, anUnknownSectionShowsTheTimesheetAndStaysStored) {
     for (const char* text : {"", "timesheet", "Reports", "Clients "}) {
         defaults.setString("mainSection", text);
