@@ -11,6 +11,8 @@ GridLayout {
     id: form
 
     required property NewInvoiceModel model
+    /// What is said of the tax adds so much.
+    readonly property real remarkHeight: remark.visible ? remark.height + 4 : 0
 
     function takeFocus(): void {
         client.forceActiveFocus(Qt.TabFocusReason);
@@ -111,6 +113,8 @@ GridLayout {
     }
 
     PlainText {
+        id: remark
+
         Layout.column: 1
         Layout.row: 4
         Layout.fillWidth: true

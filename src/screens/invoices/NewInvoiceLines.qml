@@ -55,7 +55,7 @@ ListView {
         width: ListView.view ? ListView.view.width : 0
         height: 42
         Accessible.role: Accessible.ListItem
-        Accessible.name: [name, detail, amount].join(", ")
+        Accessible.name: name + ", " + detail + ", " + amount
 
         RowLayout {
             anchors { fill: parent; leftMargin: 16; rightMargin: 16 }

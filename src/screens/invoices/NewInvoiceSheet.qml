@@ -65,8 +65,8 @@ FormSheet {
     NewInvoicePreview {
         Layout.fillWidth: true
         Layout.fillHeight: true
-        // The sheet keeps its size while somebody chooses, as far as the lines let it.
-        Layout.preferredHeight: Math.max(210, Math.min(wantedHeight, 320))
+        // The sheet keeps its size while somebody chooses and types, as far as the lines let it.
+        Layout.preferredHeight: Math.max(210, Math.min(wantedHeight, 320)) - fields.remarkHeight
         Layout.minimumHeight: 96
         figures: sheet.model.figures
     }

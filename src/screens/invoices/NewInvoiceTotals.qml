@@ -19,7 +19,6 @@ ColumnLayout {
         property string amount: ""
 
         Layout.fillWidth: true
-        visible: totals.figures.hasTax
         Accessible.role: Accessible.StaticText
         Accessible.name: title + ": " + amount
 
@@ -41,11 +40,13 @@ ColumnLayout {
     spacing: 4
 
     Sum {
+        visible: totals.figures.hasTax
         title: "Subtotal"
         amount: totals.figures.subtotal
     }
 
     Sum {
+        visible: totals.figures.hasTax
         title: "Tax"
         amount: totals.figures.tax
     }
