@@ -3,9 +3,6 @@
 
 #include "screens/timesheet/TimesheetModel.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QStandardPaths>
 #include <chrono>
 #include <filesystem>
 #include <system_error>
@@ -13,6 +10,7 @@
 
 #include "platform/FreeMemory.h"
 #include "records/Invoice.h"
+#include "screens/SavePlace.h"
 #include "screens/timesheet/TimesheetExport.h"
 
 namespace elmworth {
@@ -25,11 +23,6 @@ constexpr std::size_t manyEntries = 20'000;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-/// The dialog that Qt brings for desktops without one gives a name that was typed without a scheme.
-QString pathOf(const QUrl& file) {
-    return file.scheme().isEmpty() ? file.path() : file.toLocalFile();
 }
 
 }  // namespace
@@ -268,26 +261,24 @@ bool TimesheetModel::openMenu(int row) {
 // --- the export --------------------------------------------------------------------------------
 
 QUrl TimesheetModel::exportFile() {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QFileInfo(folder).isDir()) folder = QDir::homePath();
-    return QUrl::fromLocalFile(folder + QStringLiteral("/Elmworth Timesheet.csv"));
+    return savePlace(QStringLiteral("Elmworth Timesheet.csv"));
 }
 
 void TimesheetModel::exportTo(const QUrl& file) {
-    if (file.isEmpty() || (!file.scheme().isEmpty() && !file.isLocalFile())) {
+    const auto path = localFile(file);
+    if (!path) {
         return commands_.say(
             QStringLiteral("Only a file on this computer can be written. Choose another place."));
     }
     const auto problem = exportTimesheet(services_.context, contents_.filter(), services_.now(),
-                                         services_.calendar(), pathOf(file).toStdString());
+                                         services_.calendar(), *path);
     if (problem) commands_.say(QString::fromStdString(*problem));
 }
 
 void TimesheetModel::requestExport(const QUrl& file) {
+    const auto path = localFile(file);
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(pathOf(file).toStdString(), ignored)) {
-        return exportTo(file);
-    }
+    if (!path || !std::filesystem::is_regular_file(*path, ignored)) return exportTo(file);
     confirmation_.ask({.icon = QStringLiteral("table"),
                        .title = QStringLiteral("Replace “%1”?").arg(file.fileName()),
                        .message = QStringLiteral(
