@@ -45,7 +45,7 @@ class LiveInvoiceTotals {
         const RecordChanges::Named* entries = nullptr;   ///< null for any
         bool anyTime = false;
         bool rates = false;
-        std::unordered_set<PersistentID> gained;  ///< invoices that may have more entries now
+        std::unordered_set<PersistentID> gained{};  ///< invoices that may have more entries now
     };
 
     [[nodiscard]] Effects effectsOf(const RecordChanges& changes);
