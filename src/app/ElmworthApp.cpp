@@ -34,7 +34,9 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
       updates_(services_.defaults(), runLoop_, services_.clock(), isDemo || isHostedRun()),
-      mainViewModel_(screenServices(services_, runLoop_), &updates_.updater()),
+      desktopFiles_(QDBusConnection::sessionBus()),
+      mainViewModel_(screenServices(services_, runLoop_), {painter_, desktopFiles_},
+                     &updates_.updater()),
       settings_(services_, runLoop_, engine_, isDemo),
       lastSave_(services_.context(), services_.longWork()) {
     // A library in memory must not take the bus name of the application with the real library.

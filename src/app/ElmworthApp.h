@@ -20,6 +20,7 @@
 #include "app/TrayItem.h"
 #include "exchange/AutoBackup.h"
 #include "platform/linux/FileWatch.h"
+#include "platform/linux/FreedesktopFiles.h"
 #include "platform/linux/LogindPowerEvents.h"
 #include "platform/linux/PortalColorScheme.h"
 #include "platform/linux/QtRunLoop.h"
@@ -70,6 +71,7 @@ class ElmworthApp {
     PortalColorScheme colorScheme_;
     LiveAppearance appearance_;
     AppUpdates updates_;
+    FreedesktopFiles desktopFiles_;
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
     SettingsItem settings_;

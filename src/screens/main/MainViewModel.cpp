@@ -15,7 +15,8 @@ constexpr std::string_view sectionKey = "mainSection";
 
 }  // namespace
 
-MainViewModel::MainViewModel(const AppServices& services, Updater* updater)
+MainViewModel::MainViewModel(const AppServices& services, const InvoiceOutlets& outlets,
+                             Updater* updater)
     : readFaults_(services.context.readFaults()),
       context_(services.context),
       defaults_(services.defaults),
@@ -28,7 +29,7 @@ MainViewModel::MainViewModel(const AppServices& services, Updater* updater)
       newInvoice_(services),
       clients_(services, confirmation_),
       projects_(services, confirmation_),
-      invoices_(services, confirmation_, newInvoice_) {
+      invoices_(services, outlets, confirmation_, newInvoice_) {
     if (updater_ != nullptr) updatePrompts_.emplace(*updater_, confirmation_);
     connect(&clients_, &ClientsModel::invoiceRequested, this, [this](const auto& client) {
         newInvoice_.open(context_.recordQuietly<Client>(client));

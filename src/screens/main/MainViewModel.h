@@ -50,7 +50,8 @@ class MainViewModel final : public QObject {
 
  public:
     /// Without `updater` nothing looks for updates; else it outlives this.
-    explicit MainViewModel(const AppServices& services, Updater* updater = nullptr);
+    MainViewModel(const AppServices& services, const InvoiceOutlets& outlets,
+                  Updater* updater = nullptr);
 
     [[nodiscard]] SidebarModel* sections() { return &sections_; }
     /// The position of the section that shows. A "mainSection" that names none is the timesheet.

@@ -10,6 +10,7 @@
 
 #include "support/FailingReads.h"
 #include "support/ScopedEnvironment.h"
+#include "support/TestOutlets.h"
 #include "support/TestServices.h"
 
 namespace elmworth {
@@ -24,7 +25,9 @@ class MainView : public testing::Test {
     test::TestTimer timer;
     test::TestServices app{timer};
     Settings& defaults = app.defaults;
-    MainViewModel model{app.services()};
+    test::NumberPainter painter;
+    test::NotingFiles files;
+    MainViewModel model{app.services(), {painter, files}};
 };
 
 TEST_F(MainView, showsTheTimesheetAtFirst) {
