@@ -56,19 +56,19 @@ function(elmworth_qt_header_target target)
         <QQuickPaintedItem> <QQuickWindow> <QtQmlIntegration> ${ARGN})
 endfunction()
 
-# The presets dev and fuzz compile each file with what it includes itself, so that a missing include is found.
+# The preset dev compiles each file with what it includes itself, and so does tests/checks/tidy: a missing include is found.
 set(share_headers FALSE)
-if(ELMWORTH_SANITIZE OR CMAKE_BUILD_TYPE STREQUAL "Release")
+if(ELMWORTH_SANITIZE OR ELMWORTH_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Release")
     set(share_headers TRUE)
 endif()
 if(share_headers)
     file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/headers.cpp CONTENT "// Nothing but the headers.\n")
-    add_library(elmworth_headers OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
+    add_library(elmworth_headers OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/headers.cpp)
     target_link_libraries(elmworth_headers PRIVATE elmworth_options)
     target_precompile_headers(elmworth_headers PRIVATE
         <algorithm> <array> <chrono> <cmath> <cstdint> <filesystem> <functional> <memory> <optional>
         <span> <string> <string_view> <unordered_map> <utility> <vector>)
-    add_library(elmworth_qt_headers OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
+    add_library(elmworth_qt_headers OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/headers.cpp)
     elmworth_qt_header_target(elmworth_qt_headers)
     set_target_properties(elmworth_headers elmworth_qt_headers PROPERTIES AUTOMOC OFF)
 endif()
