@@ -49,9 +49,12 @@ class TimesheetWindow(unittest.TestCase):
         self.settings.parent.mkdir(parents=True)
         self.settings.write_text(f"[General]\nmainWindowFrame={self.frame}\ndidOnboard=true\n"
                                  "hideGettingStarted=true\n")
+        self.add_master_data()
+        self.fill()
+
+    def add_master_data(self):
         self.elmworth("client", "add", "Acme Co", "--rate", "100")
         self.elmworth("project", "add", "Website", "--client", "Acme Co")
-        self.fill()
 
     def fill(self):
         """What the library holds before the application starts."""
