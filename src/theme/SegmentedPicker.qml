@@ -59,6 +59,8 @@ Rectangle {
                 required property int index
                 required property string modelData
                 readonly property bool chosen: index === picker.currentIndex
+                /// The keyboard reaches one of them, also while none is chosen.
+                readonly property bool reachable: chosen || (picker.currentIndex < 0 && index === 0)
 
                 text: modelData
                 checked: chosen
@@ -66,8 +68,8 @@ Rectangle {
                 leftPadding: 14
                 rightPadding: 14
                 opacity: looksPressed ? 0.8 : 1
-                focusPolicy: chosen ? Qt.StrongFocus : Qt.NoFocus
-                activeFocusOnTab: chosen
+                focusPolicy: reachable ? Qt.StrongFocus : Qt.NoFocus
+                activeFocusOnTab: reachable
                 Accessible.role: Accessible.RadioButton
                 Accessible.checked: chosen
                 onClicked: picker.choose(index)

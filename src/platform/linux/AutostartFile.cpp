@@ -104,7 +104,7 @@ class ExecReader {
 
     [[nodiscard]] bool isEscape(bool isQuoted) const {
         if (at_ + 1 == line_.size()) return false;
-        return isQuoted ? line_[at_] == '\\' : line_.substr(at_, 2) == "%%";
+        return line_.substr(at_, 2) == "%%" || (isQuoted && line_[at_] == '\\');
     }
 
     std::string_view line_;

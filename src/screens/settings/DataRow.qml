@@ -21,8 +21,8 @@ SettingsRow {
 
     ColumnLayout {
         Layout.fillWidth: true
-        Layout.topMargin: 4
-        Layout.bottomMargin: 4
+        Layout.topMargin: 6
+        Layout.bottomMargin: 6
         spacing: 2
 
         PlainText {

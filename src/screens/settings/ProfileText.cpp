@@ -29,7 +29,8 @@ ProfileText::ProfileText(ProfileStore& profiles, SettingsKeeper& keeper,
 
 void ProfileText::reload() {
     const QScopedValueRollback reloading(isKeeping_, true);
-    load(read_(profiles_.profile()));
+    known_ = read_(profiles_.profile());
+    load(known_);
 }
 
 void ProfileText::keep() {
@@ -38,14 +39,13 @@ void ProfileText::keep() {
     if (!write_(profile, text())) return;
     const QScopedValueRollback keeping(isKeeping_, true);
     keeper_.keep([&] { profiles_.setProfileOrRefuse(profile); });
+    known_ = read_(profiles_.profile());
 }
 
-/// What stands for the same value in other words ("8,5") stays as it was typed.
+/// What was typed stays until somebody else gives the field another value: it may say the same in
+/// other words ("8,5"), or could not be kept.
 void ProfileText::profileChanged() {
-    if (isKeeping_) return;
-    auto typed = profiles_.profile();
-    if (write_(typed, text()) && typed == profiles_.profile()) return;
-    reload();
+    if (!isKeeping_ && read_(profiles_.profile()) != known_) reload();
 }
 
 }  // namespace elmworth

@@ -38,6 +38,7 @@ class ProfileText final : public FormText {
     SettingsKeeper& keeper_;
     Read read_;
     Write write_;
+    QString known_;  ///< how the field read last
     bool isKeeping_ = false;
     ProfileStore::Observation observation_;
 };

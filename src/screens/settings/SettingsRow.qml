@@ -17,7 +17,7 @@ Item {
     default property alias control: line.data
 
     Layout.fillWidth: true
-    implicitHeight: column.implicitHeight + 2 * 8
+    implicitHeight: column.implicitHeight + 2 * 5
 
     Hairline {
         x: 14
@@ -28,7 +28,7 @@ Item {
     ColumnLayout {
         id: column
 
-        anchors { fill: parent; leftMargin: 14; rightMargin: 14; topMargin: 8; bottomMargin: 8 }
+        anchors { fill: parent; leftMargin: 14; rightMargin: 14; topMargin: 5; bottomMargin: 5 }
         spacing: 4
 
         RowLayout {

@@ -15,10 +15,9 @@ RowLayout {
     function choose(index: int): void {
         if (index < 0 || index >= buttons.count)
             return;
-        const hadFocus = buttons.itemAt(currentIndex).activeFocus;
-        currentIndex = index;
-        if (hadFocus)
+        if (buttons.itemAt(currentIndex).activeFocus)
             buttons.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        currentIndex = index;
     }
 
     function takeKeyboard(): void {

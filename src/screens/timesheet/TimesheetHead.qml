@@ -92,7 +92,7 @@ Item {
             // qmllint disable unqualified
             sourceComponent: GettingStartedCard {
                 model: head.model.gettingStarted
-                onLeft: head.searchLeft()
+                onDeparted: head.searchLeft()
             }
             // qmllint enable unqualified
         }

@@ -13,7 +13,7 @@ GlassCard {
     required property GettingStartedModel model
 
     /// The keyboard stood on what went away.
-    signal left()
+    signal departed()
 
     padding: 14
     Accessible.role: Accessible.Grouping
@@ -43,7 +43,7 @@ GlassCard {
                     const hadFocus = activeFocus;
                     card.model.hide();
                     if (hadFocus)
-                        card.left();
+                        card.departed();
                 }
             }
         }
@@ -62,7 +62,6 @@ GlassCard {
                     required property string modelData
 
                     Layout.fillWidth: true
-                    Layout.preferredWidth: 1
                     title: modelData
                     isDone: card.model.done[index]
                     onClicked: card.model.act(index)

@@ -15,7 +15,7 @@ Item {
 
     GradientFill {
         anchors.fill: parent
-        radius: Theme.sheetRadius - 1
+        radius: Theme.rowRadius
         opacity: Theme.dark ? 0.16 : 0.14
         colors: art.colors
     }

@@ -40,14 +40,15 @@ SheetPopup {
 
             WelcomeArt {
                 Layout.fillWidth: true
-                Layout.margins: 1
+                Layout.margins: 10
+                Layout.bottomMargin: 0
                 icon: sheet.model.icon
                 colors: sheet.colors
             }
 
             PlainText {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.topMargin: 26
+                Layout.topMargin: 24
                 text: sheet.model.kicker
                 size: Theme.captionSize
                 color: Theme.secondaryText

@@ -30,7 +30,7 @@ class DataExchangeTest : public test::SettingsTest {
     QUrl writeTable(const std::string& name, int rows) {
         std::string text = "Start,End,Hours,Client,Project\n";
         for (int i = 0; i < rows; ++i) {
-            const auto start = at("2020-01-01T00:00Z") + i * 1h;
+            const auto start = test::at("2020-01-01T00:00Z") + i * 1h;
             text += formatISO8601(start) + ',' + formatISO8601(start + 30min) + ",,Acme,Website\n";
         }
         return write(name, text);
@@ -126,7 +126,7 @@ TEST_F(DataExchangeTest, aRestoreIntoALibraryThatIsNotEmptyIsRefused) {
 TEST_F(DataExchangeTest, aFileThatIsNoBackupIsRefusedWithItsPlace) {
     exchange.restoreBackup(write("bad.json", "{\"version\": 1}"));
     EXPECT_THAT(told(), testing::StartsWith("Import|"));
-    EXPECT_THAT(told(), testing::HasSubstr("profile"));
+    EXPECT_THAT(told(), testing::HasSubstr("\"clients\" is missing"));
     exchange.restoreBackup(url("nowhere.json"));
     EXPECT_EQ(told(), "Import|“nowhere.json” can't be used: No such file or directory.");
 }

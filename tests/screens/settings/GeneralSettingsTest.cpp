@@ -132,6 +132,7 @@ TEST_F(GeneralSettingsTest, showsTheFolderOfTheSnapshots) {
 }
 
 TEST_F(GeneralSettingsTest, aFolderThatCannotBeMadeShowsNothingAndSaysSo) {
+    std::filesystem::remove_all(timer.library.folder.path() / "Backups");
     std::ofstream(timer.library.folder.path() / "Backups") << "a file in its place";
     general.showSnapshots();
     EXPECT_EQ(shown, "");

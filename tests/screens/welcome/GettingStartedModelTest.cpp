@@ -27,7 +27,7 @@ class GettingStartedModelTest : public testing::Test {
         website = timer.library.addProject("Website", acme);
         timer.library.addEntry(website, test::TestTimer::today("07:00"),
                                test::TestTimer::today("08:00"));
-        timer.library.addInvoice("1", acme);
+        timer.library.addInvoice("1", nullptr);
         timer.library.context().save();
     }
 
