@@ -19,7 +19,7 @@ GridLayout {
 
     columns: 2
     columnSpacing: 16
-    rowSpacing: 10
+    rowSpacing: 8
 
     FormLabel { text: "Name" }
 
@@ -65,7 +65,7 @@ GridLayout {
 
     SectionLabel {
         Layout.columnSpan: 2
-        Layout.topMargin: 6
+        Layout.topMargin: 4
         title: "Billing"
     }
 
@@ -90,7 +90,7 @@ GridLayout {
 
     SectionLabel {
         Layout.columnSpan: 2
-        Layout.topMargin: 6
+        Layout.topMargin: 4
         title: "Terms"
     }
 
