@@ -128,9 +128,8 @@ void ClientEditorModel::catchUp() {
     name_.follow(text(fresh.name));
     email_.follow(text(fresh.email));
     address_.follow(text(fresh.address));
-    const bool isCurrencyOurs = currency_.isTouched();
     currency_.follow(fresh.currencyCode);
-    if (!isCurrencyOurs) setCurrency(currency_.value());
+    setCurrency(currency_.value());
     rate_.follow(text(fresh.rateText));
     hasOwnTerms_.follow(fresh.hasOwnTerms);
     dueDays_.follow(fresh.dueDays);

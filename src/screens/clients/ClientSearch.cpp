@@ -4,6 +4,7 @@
 #include "screens/clients/ClientSearch.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "platform/LocalizedSearch.h"
 #include "platform/Text.h"
@@ -15,27 +16,27 @@ ClientSearch::ClientSearch(UnitOfWork& context, const std::vector<Ref<Client>>& 
     std::unordered_map<PersistentID, std::size_t> places;
     for (const auto& client : clients) {
         places.emplace(client->id(), texts_.size());
-        texts_.push_back({client->name, client->email});
+        texts_.push_back({client->id(), {client->name, client->email}});
     }
     try {
         context.forEachValues<&Project::client, &Project::name>(
             std::optional<Predicate<Project>>(),
             [&](const PersistentID& /*project*/, const auto& client, const std::string& name) {
                 const auto place = client ? places.find(*client) : places.end();
-                if (place != places.end()) texts_[place->second].push_back(name);
+                if (place != places.end()) texts_[place->second].all.push_back(name);
             });
     } catch (const StoreError&) {
         return;  // found by the rest; the library's faults are told elsewhere
     }
 }
 
-std::vector<std::size_t> ClientSearch::matches(std::string_view typed) const {
+std::vector<PersistentID> ClientSearch::matches(std::string_view typed) const {
     const LocalizedSearch search(trimmedBlanks(typed));
-    std::vector<std::size_t> found;
-    for (std::size_t i = 0; i < texts_.size(); ++i) {
-        if (std::ranges::any_of(texts_[i],
+    std::vector<PersistentID> found;
+    for (const auto& texts : texts_) {
+        if (std::ranges::any_of(texts.all,
                                 [&](const auto& text) { return search.findsIn(text); })) {
-            found.push_back(i);
+            found.push_back(texts.client);
         }
     }
     return found;

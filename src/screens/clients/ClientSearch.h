@@ -5,7 +5,6 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "records/Client.h"
@@ -20,12 +19,17 @@ class ClientSearch {
     /// Reads what `clients` are found by.
     ClientSearch(UnitOfWork& context, const std::vector<Ref<Client>>& clients);
 
-    /// The places of those in `clients` in which `typed`, without blanks at its ends, stands in the
+    /// Those, in their order, in whose texts `typed` without blanks at its ends stands in the
     /// manner of the user's locale, regardless of case.
-    [[nodiscard]] std::vector<std::size_t> matches(std::string_view typed) const;
+    [[nodiscard]] std::vector<PersistentID> matches(std::string_view typed) const;
 
  private:
-    std::vector<std::vector<std::string>> texts_;  ///< of each client
+    struct Texts {
+        PersistentID client;
+        std::vector<std::string> all;
+    };
+
+    std::vector<Texts> texts_;
 };
 
 }  // namespace elmworth

@@ -86,8 +86,8 @@ void ClientsModel::showCards() {
         for (const auto& client : clients) rows.push_back({client->id()});
     } else {
         if (!live_->search) live_->search.emplace(services_.context, clients);
-        for (const auto place : live_->search->matches(search_.toStdString()))
-            rows.push_back({clients[place]->id()});
+        for (const auto& client : live_->search->matches(search_.toStdString()))
+            rows.push_back({client});
     }
     cards_.show(std::move(rows));
     places_.catchUp();
