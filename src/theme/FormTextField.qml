@@ -32,6 +32,11 @@ ColumnLayout {
         placeholderText: line.prompt
         invalid: line.problem.length > 0
         Accessible.description: line.problem
+        // What is typed after Tab takes the place of the text.
+        onActiveFocusChanged: {
+            if (activeFocus && (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason))
+                selectAll();
+        }
 
         FormTextLink {
             field: line.field

@@ -210,6 +210,23 @@ TEST_F(ClientsView, addsByControlNAndScrollsToTheNewCard) {
     EXPECT_LE(y + card->height(), grid()->height());
 }
 
+TEST_F(ClientsView, isFilledByTabAndSavedByReturn) {
+    show();
+    press(Qt::Key_N, Qt::ControlModifier);
+    settle();
+    press('A');
+    press(Qt::Key_Tab);
+    press('B');
+    for (int field = 0; field < 3; ++field) press(Qt::Key_Tab);  // address, currency, rate
+    for (const char letter : {'7', '5'}) press(letter);
+    EXPECT_EQ(model.editor()->rate()->text().toStdString(), "75") << "in place of 100";
+    press(Qt::Key_Return);
+    const auto clients = context().fetch<Client>();
+    ASSERT_EQ(clients.size(), 1U);
+    EXPECT_EQ(clients[0]->name.get() + clients[0]->email.get(), "ab");
+    EXPECT_EQ(clients[0]->hourlyRateCents.get(), 7500);
+}
+
 TEST_F(ClientsView, isSearchedByControlFAndLeftByEscape) {
     addClients(5);
     show();
