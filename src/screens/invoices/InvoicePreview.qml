@@ -23,6 +23,8 @@ Column {
         // The pages don't outlive their column.
         // qmllint disable unqualified
         InvoicePreviewPage {
+            id: paper
+
             required property int index
             required property string title
             required property string text
@@ -39,9 +41,10 @@ Column {
             Accessible.description: text
 
             SoftShadow {
+                visible: paper.isInView
                 corner: 6
                 strength: 0.3
-                blur: 14
+                blur: 24
                 offset: 8
             }
         }

@@ -12,11 +12,15 @@ namespace elmworth {
 
 namespace {
 
-/// The part of `item` that can be seen, in the window's coordinates.
+/// How far a page's shadow reaches; one that comes so near to the view is painted.
+constexpr double surroundings = 40;
+
+/// The part of `item` and its surroundings that can be seen, in the window's coordinates.
 QRectF seenPart(const QQuickItem& item) {
     if (!item.window() || !item.isVisible()) return {};
-    QRectF seen = item.mapRectToScene(item.boundingRect()) &
-                  QRectF(QPointF(0, 0), QSizeF(item.window()->size()));
+    const QRectF place =
+        item.boundingRect().adjusted(-surroundings, -surroundings, surroundings, surroundings);
+    QRectF seen = item.mapRectToScene(place) & QRectF(QPointF(0, 0), QSizeF(item.window()->size()));
     for (const auto* around = item.parentItem(); around; around = around->parentItem()) {
         if (around->clip()) seen &= around->mapRectToScene(around->clipRect());
     }

@@ -20,7 +20,8 @@ class InvoicePreviewPage : public QQuickPaintedItem {
         elmworth::InvoicePreviewModel* model READ model WRITE setModel NOTIFY modelChanged FINAL)
     Q_PROPERTY(int page READ page WRITE setPage NOTIFY pageChanged FINAL)  ///< from 0
     Q_PROPERTY(double corner MEMBER corner_ NOTIFY cornerChanged FINAL)    ///< its radius
-    /// Whether some of it is neither outside the window nor cut off by what it scrolls in.
+    /// Whether some of it, or of what is close around it, is neither outside the window nor cut off
+    /// by what it scrolls in.
     Q_PROPERTY(bool isInView READ isInView NOTIFY isInViewChanged FINAL)
 
  public:
