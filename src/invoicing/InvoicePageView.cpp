@@ -4,6 +4,7 @@
 #include "invoicing/InvoicePageView.h"
 
 #include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QRectF>
 #include <QSizeF>
@@ -71,9 +72,19 @@ double paintRule(const Frame& frame, double top) {
     return top + ruleHeight;
 }
 
+/// The logo in the pixels that `place` has on a screen, since a painter that makes it much smaller
+/// leaves lines out. A file gets all of it.
+QImage logoFor(const QPainter& painter, const QRectF& place, const QImage& logo) {
+    const QSize pixels = painter.deviceTransform().mapRect(place).size().toSize();
+    const bool isOnScreen = painter.paintEngine()->type() == QPaintEngine::Raster;
+    if (!isOnScreen || pixels.isEmpty() || pixels.width() >= logo.width()) return logo;
+    return logo.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 double paintLogo(const Frame& frame, const QImage& logo, double top) {
     const QSizeF size = QSizeF(logo.size()).scaled(logoBounds, Qt::KeepAspectRatio);
-    frame.painter.drawImage(QRectF(QPointF(frame.left, top), size), logo);
+    const QRectF place(QPointF(frame.left, top), size);
+    frame.painter.drawImage(place, logoFor(frame.painter, place, logo));
     return top + size.height();
 }
 
