@@ -92,6 +92,34 @@ TEST_F(InvoiceServiceTest, notesAreCountedAsPeopleCount) {
     EXPECT_EQ(characterCount(invoice_->notes.get()), longestInvoiceNotes);
 }
 
+TEST_F(InvoiceServiceTest, tellsTheNextNumberOfTheYearAndTakesNone) {
+    BusinessProfile profile;
+    profile.nextInvoiceNumber = 42;
+    profile.resetNumberingYearly = true;
+    const auto numberIn = [&](std::int64_t numberingYear) {
+        profile.numberingYear = numberingYear;
+        profiles_.setProfile(profile);
+        const auto number = invoices_.nextNumber();
+        EXPECT_EQ(profiles_.profile(), profile);
+        return number;
+    };
+    EXPECT_EQ(numberIn(0), "INV-2026-042");
+    EXPECT_EQ(numberIn(2026), "INV-2026-042");
+    EXPECT_EQ(numberIn(2025), "INV-2026-001");
+}
+
+TEST_F(InvoiceServiceTest, previewsWhatItThenCreates) {
+    invoices_.remove(invoice_);
+    const DateInterval march{invoice_->periodStart, invoice_->periodEnd};
+    const auto client = march_.library.context().fetch<Client>().front();
+    const auto entries = invoices_.unbilledEntries(client, march);
+    const auto preview = invoices_.preview(entries, 8'25);
+    EXPECT_EQ(invoices_.preview(client, march, 8'25), preview);
+    const auto created = invoices_.create(client, march, 8'25);
+    EXPECT_EQ(created->entries().size(), entries.size());
+    EXPECT_EQ(InvoiceCalculator::totals(*created), preview);
+}
+
 struct Edit {
     const char* name;
     void (*make)(InvoiceService&, const Ref<Invoice>&, Instant day);
