@@ -14,6 +14,8 @@ GlassCard {
     property string title: ""
     property string value: ""
     property string detail: ""
+    /// Where there is little room, the detail may take so many lines.
+    property int detailLines: 1
     /// Another colour for a figure that wants attention.
     property color valueColor: Theme.primaryText
 
@@ -22,7 +24,7 @@ GlassCard {
     Accessible.name: title
 
     ColumnLayout {
-        anchors.fill: parent
+        anchors { left: parent.left; right: parent.right; top: parent.top }
         spacing: 6
 
         RowLayout {
@@ -59,6 +61,8 @@ GlassCard {
             Layout.fillWidth: true
             visible: text.length > 0
             text: card.detail
+            wrapMode: card.detailLines > 1 ? Text.Wrap : Text.NoWrap
+            maximumLineCount: card.detailLines
             size: Theme.captionSize
             font.family: Theme.tabularFamily
             color: Qt.alpha(Theme.primaryText, 0.6)

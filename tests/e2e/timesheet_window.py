@@ -214,4 +214,4 @@ def focused_name():
     return node.name if node else ""
 
 
-__all__ = ["TimesheetWindow", "find", "focused", "focused_name", "press", "showing", "walk", "wait_until"]
+__all__ = ["PROGRAMS", "TimesheetWindow", "find", "focused", "focused_name", "press", "showing", "walk", "wait_until"]

@@ -12,6 +12,8 @@ GlassCard {
 
     required property InvoiceDetailModel model
 
+    readonly property string lock: "Dates are locked once an invoice is sent"
+
     component Day: ColumnLayout {
         id: day
 
@@ -30,6 +32,7 @@ GlassCard {
             enabled: card.model.dates.canChange
             label: day.label
             date: day.date
+            Accessible.description: enabled ? day.problem : card.lock
             onEditingFinished: card.model.dates.commit()
             onActiveFocusChanged: if (!activeFocus) card.model.dates.commit()
         }
@@ -75,7 +78,7 @@ GlassCard {
 
             PlainText {
                 Layout.fillWidth: true
-                text: "Dates are locked once an invoice is sent"
+                text: card.lock
                 size: Theme.calloutSize
                 color: Theme.secondaryText
             }

@@ -51,7 +51,9 @@ ScrollPage {
 
         StatCard {
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.preferredWidth: 1
+            detailLines: 2
             icon: "sum"
             title: "Total"
             value: page.model.facts.total
@@ -60,7 +62,9 @@ ScrollPage {
 
         StatCard {
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.preferredWidth: 1
+            detailLines: 2
             icon: "clock-filled"
             colors: Theme.mintGradient
             title: "Hours"
@@ -70,7 +74,9 @@ ScrollPage {
 
         StatCard {
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.preferredWidth: 1
+            detailLines: 2
             icon: "calendar"
             colors: page.model.facts.isOverdue ? Theme.coralGradient : Theme.skyGradient
             title: "Due"

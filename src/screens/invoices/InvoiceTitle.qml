@@ -91,6 +91,8 @@ RowLayout {
         PlainText {
             Layout.fillWidth: true
             text: title.model.facts.subtitle
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
             color: Theme.secondaryText
         }
     }
