@@ -13,7 +13,7 @@ namespace elmworth {
 
 namespace {
 
-/// A view that fails must not make a save look failed that is durable.
+/// An observer that throws must not make a durable save look failed.
 void tell(const std::function<void(const RecordChanges&)>& changed,
           const RecordChanges& changes) noexcept {
     try {

@@ -11,7 +11,7 @@ using Kind = RecordChange::Kind;
 
 constexpr std::uint32_t allFields = ~std::uint32_t{0};
 
-/// What two changes of a record, one after the other, come to.
+/// Two consecutive changes of a record as one.
 RecordChange joined(const RecordChange& first, const RecordChange& next) {
     if (next.kind == Kind::went) return next;
     if (next.kind == Kind::came) {

@@ -23,7 +23,7 @@ UndoHistory::UndoHistory(UnitOfWork& context, Clock now, Limits limits)
 
 void UndoHistory::perform(const StepName& name, const Change& change) {
     if (isInStep_) return change();
-    // What waits from an earlier save that failed is not this step's to take back.
+    // Changes that wait from a failed save are not part of this step: a rollback must keep them.
     if (context_.hasChanges()) context_.save();
     keep(name, recorded([&] { saved(change); }));
 }
@@ -58,7 +58,7 @@ void UndoHistory::performForGood(const Change& change) {
     clear();
 }
 
-/// Runs and saves it, or neither.
+/// Runs `change` and saves, or rolls back.
 void UndoHistory::saved(const Change& change) {
     try {
         change();
@@ -110,7 +110,7 @@ void UndoHistory::leaveField() noexcept {
 }
 
 void UndoHistory::keep(const StepName& name, Records records, const std::string& field) {
-    if (!records) return clear();  // what came before it could only be undone around it
+    if (!records) return clear();  // earlier steps can't be undone past one that isn't recorded
     if (records->empty()) return;
     leaveField();
     redo_.clear();

@@ -70,7 +70,7 @@ void UndoReversal::forgetLost(const RecordSchema& schema, FieldValues& values) {
     }
 }
 
-/// Two rounds are rare: something was left alone on which something else depends.
+/// Repeats until nothing more is left alone, since other records may depend on what is.
 void UndoReversal::review() {
     if (guard_) guard_->review(*this);
     leaveConflicts();
@@ -124,7 +124,7 @@ bool UndoReversal::isAsLeft(const Item& item) {
 }
 
 bool UndoReversal::isFieldAsLeft(const Item& item, std::size_t field, const Value& left) {
-    // A change between two records that are gone is none.
+    // The goal dropped this field: both records that it pointed to are gone.
     if (item.goal && !item.goal->has(field)) return true;
     const auto current = item.current(field);
     if (current == left) return true;

@@ -14,7 +14,7 @@ std::size_t bytesOf(const std::optional<FieldValues>& values) noexcept {
     return values ? values->bytes() : 0;
 }
 
-/// The fields of `before` and `after`, which have the same, that differ.
+/// The fields that differ between `before` and `after`, which have the same fields.
 void keepDifferences(RecordStep& step, const FieldValues& before, const FieldValues& after) {
     FieldValues old;
     FieldValues now;
@@ -31,9 +31,9 @@ void overlay(FieldValues& values, const FieldValues& others) {
     others.forEach([&](std::size_t field, const Value& value) { values.set(field, value); });
 }
 
-/// What two changes of a record, one after the other, come to.
+/// Two consecutive changes of a record as one.
 void join(RecordStep& step, RecordStep next) {
-    // A change names only its own fields: what it does not name is as the other has it.
+    // A change holds only its own fields; the others are taken from the other change.
     if (step.before && next.before) {
         auto before = std::move(*next.before);
         overlay(before, *step.before);

@@ -214,7 +214,7 @@ void UnitOfWork::save(Progress& progress) {
     observers_.deliver();
 }
 
-/// Never in the turn of a click.
+/// In a turn of its own, so that no click waits for it.
 void UnitOfWork::tidyLogLater() {
     if (store_->hasLongLog()) upkeep_ = runLoop_.post([this] { store_->tidyLog(); });
 }
@@ -235,7 +235,7 @@ void UnitOfWork::flushInserts() {
     forgetChanges();
 }
 
-/// What the transaction took with it is in no library.
+/// The rows of `flushed_` were rolled back: their records are not stored.
 void UnitOfWork::detachFlushed() {
     if (!flushed_.empty()) totals_.clear();
     for (const auto& id : std::exchange(flushed_, {})) {

@@ -10,7 +10,7 @@ namespace elmworth {
 
 namespace {
 
-/// 0 unless both are there, as SQL has it.
+/// 0 unless both have a value, as in SQL.
 double microseconds(const Value& since, const Value& until) {
     const auto* first = std::get_if<std::int64_t>(&since);
     const auto* last = std::get_if<std::int64_t>(&until);

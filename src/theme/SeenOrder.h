@@ -11,10 +11,9 @@
 
 namespace elmworth {
 
-/// Keeps the lines of a list, or the cards of a grid, in the order in which they are seen.
-/// Assistive technology reads items in the order of their parent's children, which is that of their
-/// making: a list that uses its lines again would be read across. The order is right in each frame
-/// that shows.
+/// Keeps the lines of a list, or the cards of a grid, in visual order for assistive technology,
+/// which reads the children of an item in the order of their creation: a list that reuses its lines
+/// would be read out of order. Sorted before each frame shows.
 class SeenOrder : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -57,7 +57,7 @@ void TimerService::step(const char* name, const std::function<void()>& change) {
     change();
 }
 
-// By value: both may be parts of the running entry, which may not outlive its closing.
+// By value: both may refer to fields of the running entry, which closing may delete.
 void TimerService::start(Ref<Project> project, std::string notes) {  // NOLINT
     step(running_ ? "Switch Timer" : "Start Timer", [&] {
         const Instant t = now_();  // read once, so that there is no gap between the two entries
@@ -198,7 +198,7 @@ void TimerService::discardAwayTime() {
     step("Discard Time Away", [&] { splitAround(sleeps); });
 }
 
-/// `sleeps` stand in their order.
+/// `sleeps` is sorted by start.
 void TimerService::splitAround(const std::vector<DateInterval>& sleeps) {
     const auto first = running_;
     first->end = std::max(sleeps.front().start, first->start.get() + minimumLength);

@@ -34,11 +34,11 @@ class TimerService {
     TimerService(const TimerService&) = delete;
     TimerService& operator=(const TimerService&) = delete;
 
-    /// Makes what is done here steps of `history`, from now on. It outlives this.
+    /// From now on, each change is a step of `history`, which outlives this.
     void setHistory(UndoHistory& history) noexcept { history_ = &history; }
 
-    /// Takes up the timer that the last run left open. Of several open entries the newest runs on,
-    /// and the others end one second after their start. Called once at start.
+    /// Resumes the timer that the last run left open. Of several open entries the newest keeps
+    /// running, and the others end one second after their start. Called once, at start.
     void restore();
 
     /// Begins to note sleeps. A second call does nothing.
@@ -59,7 +59,7 @@ class TimerService {
     /// Looks again at the running entry after somebody else changed or deleted records.
     void refresh();
 
-    /// Runs on with `entry`, which has no end and came back into the library. Nothing else may run.
+    /// Resumes `entry`, which has no end and came back by an undo. Requires that nothing else runs.
     void resume(const Ref<TimeEntry>& entry);
 
     /// Counts the sleeps in `awayIntervals` as worked time.
@@ -71,7 +71,7 @@ class TimerService {
 
     /// Changes the notes of the running entry, without a save, as they are typed.
     void typeNotes(const std::string& notes);
-    /// The field with the notes is left, or what stands in it is meant.
+    /// Ends the step of `typeNotes`: the field was left, or its text was confirmed.
     void leaveNotes() noexcept;
 
     /// The entry that runs, or null.

@@ -12,9 +12,9 @@ namespace elmworth {
 
 namespace {
 
-/// A client of few entries has these in many pieces.
+/// Bounds a turn that finds few entries in many pieces, as of a client with little time.
 constexpr int piecesOfTurn = 12;
-/// More changes cost as much as to read all.
+/// Above this, following single changes is no cheaper than a reload.
 constexpr std::size_t mostFollowed = 100;
 
 bool differOnlyInSearch(TimesheetFilter a, const TimesheetFilter& b) {
@@ -84,13 +84,13 @@ void TimesheetContents::readNext() {
         auto begunBefore = reader_->readBegunBefore(position);
         std::move(begunBefore.begin(), begunBefore.end(), std::back_inserter(begunBefore_));
     } catch (const StoreError&) {
-        // Counts as empty.
+        // A piece that can't be read counts as empty.
     }
     place(position, std::move(piece));
     if (toRead_.empty()) placeBegunBefore();
 }
 
-/// Some may have changed since they were read, or were read twice.
+/// Checks all again: some may have changed since they were read, or were read twice.
 void TimesheetContents::placeBegunBefore() {
     auto entries = std::exchange(begunBefore_, {});
     const std::size_t position = pieces_.size() - 1;
@@ -109,7 +109,7 @@ void TimesheetContents::readOn() {
     next_.reset();
     if (toRead_.empty()) return;
     next_ = runLoop_.post([this] {
-        context_.deliverChanges();  // what is read next is as they left it
+        context_.deliverChanges();  // followed before more is read
         readTurn();
         show();
     });
@@ -120,7 +120,7 @@ void TimesheetContents::place(std::size_t position, Piece piece) {
     if (readsAgain_) takeFromOthers(*piece, former.get());
 }
 
-/// An entry that was given another start may stand in a piece that is yet to be read again.
+/// An entry whose start changed may still stand in a piece that isn't read again yet.
 void TimesheetContents::takeFromOthers(const TimesheetPiece& piece, const TimesheetPiece* former) {
     TimesheetPiece::IDs ids;
     for (std::size_t i = 0; i < piece.size(); ++i) {
@@ -145,7 +145,7 @@ void TimesheetContents::follow(const RecordChanges& changes) {
     }
 }
 
-/// Takes over the notes where nothing else changed; gives the other entries.
+/// Updates the notes where nothing else changed; returns the other entries.
 TimesheetPiece::IDs TimesheetContents::followNotes(const RecordChanges::Named& changes) {
     static const auto notes = std::uint32_t{1} << TimeEntry::schema().fieldIndex("notes");
     TimesheetPiece::IDs others;
@@ -156,7 +156,7 @@ TimesheetPiece::IDs TimesheetContents::followNotes(const RecordChanges::Named& c
     return others;
 }
 
-/// False when the search decides otherwise now.
+/// Returns false when the search finds the entry only before or only after the change.
 bool TimesheetContents::followNotesOf(const PersistentID& id) {
     const auto entry = context_.record<TimeEntry>(id);
     if (!entry) return false;
@@ -171,8 +171,8 @@ bool TimesheetContents::followNotesOf(const PersistentID& id) {
     return true;
 }
 
-/// Takes the entries out wherever they stand, and in where they belong by now; false when they are
-/// in no piece that has been read.
+/// Moves the entries to the pieces that they belong to now. Returns false when none of the pieces
+/// that were read has changed.
 bool TimesheetContents::replaceEntries(const TimesheetPiece::IDs& ids) {
     std::map<std::size_t, TimesheetReader::Entries> added;
     const Instant now = now_();
@@ -193,7 +193,7 @@ bool TimesheetContents::replaceEntries(const TimesheetPiece::IDs& ids) {
     return isChanged;
 }
 
-/// Shows the pieces that are others than before.
+/// Lists the pieces that changed anew, and the others as they were.
 void TimesheetContents::show() {
     const Calendar calendar = calendar_();
     if (!listing_ || listing_->pieces.size() != pieces_.size() || calendar.zoneID() != zoneID_) {

@@ -41,7 +41,7 @@ class TimesheetContents {
     /// Reads all again, after the library has changed.
     void reload();
 
-    /// Follows changes of entries and of nothing else. Few cost what has changed, many a `reload`.
+    /// Updates the listing after changes of entries alone. Few cost their pieces, many a `reload`.
     void follow(const RecordChanges& changes);
 
     /// Whether pieces are still to be read.

@@ -95,7 +95,7 @@ std::span<const Place> entriesOf(const TimesheetListing& listing, std::size_t pi
 
 using Gone = std::unordered_set<const TimesheetPiece*>;
 
-/// Of a day, the entries that are not of the pieces `gone`, and those of `added`.
+/// The entries of a day without those of the pieces `gone`, merged with `added`.
 std::vector<Place> mergedEntries(const std::vector<Place>& former, const Gone& gone,
                                  const std::vector<Place>& added) {
     std::vector<Place> kept;
@@ -160,7 +160,7 @@ TimesheetListing relistTimesheet(const TimesheetListing& former,
                                  std::vector<std::shared_ptr<const TimesheetPiece>> pieces,
                                  const DateInterval& range, Instant now, const Calendar& calendar,
                                  const TimesheetSearch& search) {
-    // A clock that was set back leaves the days that a running entry has had by then.
+    // After the clock was set back, a running entry keeps the days that it had reached.
     TimesheetListing listing{std::move(pieces), {}, {}, {}, std::max(now, former.now)};
     listing.entries.reserve(former.entries.size());
     Gone gone;

@@ -50,8 +50,8 @@ struct TimesheetListing {
     std::vector<std::shared_ptr<const TimesheetPiece>> pieces, const DateInterval& range,
     Instant now, const Calendar& calendar, const TimesheetSearch& search);
 
-/// The same, where `former` lists as many pieces by the same range, calendar and search: only those
-/// that are others are looked at, and days without any of their entries are the ones of `former`.
+/// The same, reusing `former`, which lists as many pieces by the same range, calendar and search:
+/// only pieces that differ are searched, and days without their entries are shared with `former`.
 [[nodiscard]] TimesheetListing relistTimesheet(
     const TimesheetListing& former, std::vector<std::shared_ptr<const TimesheetPiece>> pieces,
     const DateInterval& range, Instant now, const Calendar& calendar,

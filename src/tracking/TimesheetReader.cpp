@@ -16,11 +16,11 @@ namespace {
 constexpr std::chrono::days longestPiece{366};
 /// Of those, so that one is read within a fraction of a frame.
 constexpr std::chrono::days pieceLength{61};
-/// A client with more projects is told from others entry by entry.
+/// The entries of a client with more projects are picked one by one, and not by the library.
 constexpr std::size_t mostNamedProjects = 100;
 
-/// The last bound before `instant`. Pieces begin at the same instants whatever the library holds,
-/// so that one can take the place of its former reading.
+/// The last bound before `instant`. Bounds don't depend on what the library holds, so a piece that
+/// is read again replaces its former reading.
 Instant boundBefore(Instant instant) {
     const auto pieces = (instant - std::chrono::microseconds(1)).time_since_epoch() / pieceLength;
     const Instant bound = Instant(pieces * pieceLength);
@@ -112,7 +112,7 @@ TimesheetReader::TimesheetReader(UnitOfWork& context, TimesheetFilter filter, In
     bounds_.push_back(to);
     if (to - from > longestPiece) {
         const Instant first = firstStart(context_, from, to);
-        // Years without any time at the new end of the period are no pieces of their own.
+        // Years without entries at the recent end of the period get no pieces of their own.
         for (Instant bound = boundBefore(lastStart(context_, from, to)); bound > first;
              bound -= pieceLength) {
             bounds_.push_back(bound);

@@ -32,12 +32,12 @@ class TimesheetPiece {
     [[nodiscard]] const TimesheetEntry& entry(std::size_t i) const { return entries_[i]; }
     [[nodiscard]] std::string_view notes(std::size_t i) const;
 
-    /// Where the entry that began at `start` stands, if it does.
+    /// The index of the entry `id`, which began at `start`, if it is here.
     [[nodiscard]] std::optional<std::size_t> find(Instant start, const PersistentID& id) const;
     [[nodiscard]] bool holdsAnyOf(const IDs& ids) const;
 
     void setNotes(std::size_t i, std::string notes);
-    /// A copy without the entries `ids` and with `added`, none of which it holds besides.
+    /// A copy without `ids` and with `added`; what is here already and is added is among `ids`.
     [[nodiscard]] TimesheetPiece edited(const IDs& ids, std::vector<Ref<TimeEntry>> added) const;
 
  private:
@@ -53,7 +53,7 @@ class TimesheetPiece {
 /// one, and of more years each is some weeks, so that the newest can show while the others are
 /// read.
 ///
-/// The pieces in their order, newest first, hold the entries in the order of `filteredEntries`,
+/// The pieces in their order, newest first, hold the entries in the order of `entries()`,
 /// each once. The last piece holds those that began before the period and reach into it.
 class TimesheetReader {
  public:

@@ -40,8 +40,8 @@ void PanelModel::timerChanged(TimerService::Property property) {
     }
 }
 
-// A switch lets nothing run for a moment. Its save shows the new state in one step; this is for
-// changes of the timer without one.
+// A switch passes through a state without a timer: wait for its save, so that only the state after
+// it shows. This is for changes of the timer without a save.
 void PanelModel::updateSoon() {
     pendingUpdate_ = services_.runLoop.post([this] { update(); });
 }

@@ -39,7 +39,7 @@ class PanelModel final : public QObject {
 
     /// To be called each time the panel is shown: it begins without a search.
     Q_INVOKABLE void refresh();
-    /// To be called once the panel is closed: what it alone shows is not asked for until it opens.
+    /// To be called when the panel has closed: what only it shows isn't computed until it opens.
     Q_INVOKABLE void rest();
 
     /// Opens the main window on the timesheet.

@@ -33,7 +33,7 @@ double distance(const QRectF& area, QPointF point) {
     return std::hypot(x, y);
 }
 
-/// `wanted`, but from `first` on and with its end before `end`; rather the one than the other.
+/// `wanted`, clamped to begin at or after `first` and to end before `end`; the first one wins.
 int within(int wanted, int first, int end, int length) {
     return std::max(first, std::min(wanted, end - length));
 }

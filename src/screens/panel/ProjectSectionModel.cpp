@@ -91,7 +91,7 @@ void ProjectSectionModel::update() {
     if (isSearchShown() || search_.isEmpty()) {
         showRows();
     } else {
-        setSearch({});  // or a field that is gone would go on searching
+        setSearch({});  // else the hidden field would still filter
     }
 }
 

@@ -29,8 +29,8 @@ namespace elmworth {
 /// The screen on which tracked time is reviewed and corrected.
 ///
 /// Follows the library, the timer and the settings while it is shown; a save elsewhere shows
-/// at once. A tick costs what shows the running entry. While it is not shown it does nothing, and
-/// catches up when it is.
+/// at once. A tick updates only what shows the running entry. While it is not shown it does
+/// nothing, and catches up when it is.
 class TimesheetModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -50,7 +50,7 @@ class TimesheetModel final : public QObject {
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged FINAL)
     Q_PROPERTY(bool showsChart READ showsChart NOTIFY listed FINAL)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY listed FINAL)
-    /// The same, but there may be more to come.
+    /// As `isEmpty`, but also while older time is still being read.
     Q_PROPERTY(bool showsNothing READ showsNothing NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
@@ -108,7 +108,7 @@ class TimesheetModel final : public QObject {
 
     /// "Elmworth Timesheet.csv" in the user's documents, or at home where there are none.
     [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
-    /// Writes what is shown as CSV. What goes wrong is said.
+    /// Writes what is shown as CSV, and tells of a failure.
     Q_INVOKABLE void exportTo(const QUrl& file);
     /// The same, but asks before it replaces a file.
     Q_INVOKABLE void requestExport(const QUrl& file);

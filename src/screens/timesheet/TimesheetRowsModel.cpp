@@ -61,7 +61,7 @@ void TimesheetRowsModel::show(std::shared_ptr<const TimesheetListing> listing, S
     const bool otherDay = std::exchange(today_, today) != today;
     yesterday_ = setting_.calendar.adding(-1, CalendarUnit::day, today)
                      .value_or(today - std::chrono::days(1));
-    // The rows that stand refer to the former listing until the last one has changed.
+    // Rows refer to the former listing until the last one is replaced: keep it alive.
     const auto former = std::exchange(listing_, std::move(listing));
     growing_.clear();
     reuseDays(former ? former->days : decltype(former->days){});
@@ -132,7 +132,7 @@ void TimesheetRowsModel::tick(Instant now) {
 
 void TimesheetRowsModel::showSelection(const std::unordered_set<PersistentID>& selection) {
     selection_ = &selection;
-    // Views look at the lines that they show; to find out which of all have changed takes longer.
+    // Views read only the visible lines, which is cheaper than finding out which have changed.
     if (rows().empty()) return;
     Q_EMIT dataChanged(index(0), index(static_cast<int>(rows().size()) - 1), {isSelected});
 }

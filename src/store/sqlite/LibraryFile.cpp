@@ -55,8 +55,8 @@ FileHeader readHeader(const fs::path& file) {
     return header;
 }
 
-/// Refuses what no step leads from: reading it by the statements of this version would show wrong
-/// values. Writing the current number into it would make that last.
+/// Refuses a version that no migration starts from: this version's statements would read wrong
+/// values from it, and stamping it as current would make that permanent.
 void refuseOtherVersions(const fs::path& file, std::uint32_t version, const LibraryModel& model) {
     const std::string what = "The library " + file.string() + " has version " +
                              versionText(static_cast<std::int64_t>(version)) + ", which ";
@@ -123,7 +123,7 @@ void useOneConnection(Database& database) {
         "PRAGMA locking_mode = EXCLUSIVE; PRAGMA foreign_keys = ON;"
         "PRAGMA synchronous = FULL; PRAGMA wal_autocheckpoint = 0;"
         "PRAGMA cache_size = -8192; PRAGMA temp_store = MEMORY;"
-        // Is heeded by the first commit to a log that begins anew, which is that of `beginLog`.
+        // Takes effect with the first commit to a restarted log, which is that of `beginLog`.
         "PRAGMA journal_size_limit = " +
         std::to_string(longestKeptLog));
     sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);

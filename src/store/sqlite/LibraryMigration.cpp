@@ -36,7 +36,7 @@ void removeQuietly(const fs::path& file) noexcept {
     fs::remove(file, ignored);
 }
 
-/// A column that the records have and the tables lack must not be found at the first save.
+/// Finds a column that the tables lack at the opening, and not at the first save.
 void checkColumns(Database& database, const LibraryModel& model) {
     for (const auto* schema : model.types) Statement(database.handle(), selectSQL(*schema));
 }
@@ -96,7 +96,8 @@ fs::path copyBeforeStep(const fs::path& file, int version) {
 void migrate(Database& database, const fs::path& file, const LibraryModel& model) {
     int version = storedVersion(database);
     if (version != model.version) {
-        // Dropping a table in order to make it anew would delete what points to its rows.
+        // With foreign keys on, dropping a table to recreate it would delete the rows that refer to
+        // it.
         database.execute("PRAGMA foreign_keys = OFF");
         for (; version != model.version; version = model.stepFrom(version)->to) {
             takeStep(database, file, *model.stepFrom(version), model);
