@@ -59,23 +59,39 @@ Basic.SplitView {
         StackLayout {
             id: sections
 
+            /// Does nothing for a section that is still to be made.
             function takeKeyboard(): void {
-                if (children[currentIndex])
-                    children[currentIndex].forceActiveFocus(Qt.OtherFocusReason);
+                if (currentIndex === 0)
+                    timesheet.takeKeyboard();
+                else if (currentIndex === 1 && clients.item)
+                    (clients.item as ClientsView).takeKeyboard();
+                else if (currentIndex === 2 && projects.item)
+                    (projects.item as ProjectsView).takeKeyboard();
+                else if (currentIndex === 3 && invoices.item)
+                    (invoices.item as InvoicesView).takeKeyboard();
+            }
+            function goOn(): void {
+                if (!sidebar.activeFocus)
+                    takeKeyboard();
             }
 
             anchors.fill: parent
             currentIndex: view.model.section
             // Who chooses a section by its key or a button goes on there, and who walks through the sidebar stays there.
-            onCurrentIndexChanged: if (!sidebar.activeFocus) takeKeyboard()
+            onCurrentIndexChanged: goOn()
 
             TimesheetView {
+                id: timesheet
+
                 focus: true
                 model: view.model.timesheet
             }
 
             OnDemand {
+                id: clients
+
                 wanted: view.model.section === 1
+                onLoaded: sections.goOn()
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
@@ -87,7 +103,10 @@ Basic.SplitView {
             }
 
             OnDemand {
+                id: projects
+
                 wanted: view.model.section === 2
+                onLoaded: sections.goOn()
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
@@ -99,7 +118,10 @@ Basic.SplitView {
             }
 
             OnDemand {
+                id: invoices
+
                 wanted: view.model.section === 3
+                onLoaded: sections.goOn()
 
                 // What is made on demand doesn't outlive its view.
                 // qmllint disable unqualified
