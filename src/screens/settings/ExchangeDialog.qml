@@ -35,6 +35,6 @@ FileDialog {
     // Not every platform's dialog asks, so that the window does. The linter doesn't know all that a dialog has.
     // qmllint disable
     options: FileDialog.DontConfirmOverwrite
-    // qmllint enable
     onAccepted: take(selectedFile)
+    // qmllint enable
 }

@@ -3,7 +3,6 @@
 
 import QtQuick
 import QtQuick.Layouts
-import Elmworth.Theme
 import Elmworth.Settings
 
 /// The tabs of the window. The keyboard reaches the chosen one, the arrows and Ctrl with a digit choose another.
