@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "records/TimeEntry.h"
 #include "support/FailingReads.h"
 #include "support/Instants.h"
@@ -218,6 +220,59 @@ TEST_F(ProjectTimesTest, manyChangesAtOnceTouchAllThatWasAskedFor) {
     ASSERT_EQ(heard_.size(), 1U);
     EXPECT_EQ(unbilled(website_).seconds, 36000);
     EXPECT_EQ(times_.trackedSeconds(website_), 36000);
+}
+
+/// Whatever happens, what is kept is what would be read now.
+TEST_F(ProjectTimesTest, isAlwaysWhatTheLibraryHolds) {
+    auto& context = library_.context();
+    const auto invoice = library_.addInvoice("1", client_);
+    const std::vector projects{website_, app_, library_.addProject("Shop", client_)};
+    std::vector<Ref<TimeEntry>> entries;
+    std::mt19937 dice(20260302);
+    const auto any = [&](std::size_t count) { return dice() % count; };
+    for (int step = 0; step < 400; ++step) {
+        if (entries.size() < 5) entries.push_back(addEntry(projects[any(3)], 1min));
+        const auto at = any(entries.size());
+        const auto entry = entries[at];
+        switch (any(8)) {
+            case 0:
+                entries.push_back(addEntry(projects[any(3)], std::chrono::minutes(any(99))));
+                break;
+            case 1:
+                entry->project = any(4) == 0 ? nullptr : projects[any(3)];
+                break;
+            case 2:
+                entry->end = entry->start.get() + std::chrono::minutes(any(99));
+                break;
+            case 3:
+                entry->end = std::nullopt;
+                break;
+            case 4:
+                entry->invoice = entry->invoice ? nullptr : invoice;
+                break;
+            case 5:
+                projects[any(3)]->rateOverrideCents = static_cast<std::int64_t>(any(9000));
+                break;
+            case 6:
+                client_->hourlyRateCents = static_cast<std::int64_t>(any(9000));
+                break;
+            default:
+                context.deleteRecord(entry);
+                entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(at));
+        }
+        if (any(3) == 0) continue;  // several changes in one save
+        context.save();
+        for (const auto& project : projects) {
+            const auto fresh = unbilledTime(context, project);
+            ASSERT_EQ(unbilled(project).seconds, fresh.seconds) << step;
+            ASSERT_EQ(unbilled(project).cents, fresh.cents) << step;
+            double tracked = 0;
+            for (const auto& each : project->entries()) {
+                if (!each->isRunning()) tracked += each->duration();
+            }
+            ASSERT_EQ(times_.trackedSeconds(project), tracked) << step;
+        }
+    }
 }
 
 TEST_F(ProjectTimesTest, aDeletedProjectIsForgotten) {

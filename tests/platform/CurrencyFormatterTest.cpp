@@ -78,5 +78,31 @@ TEST(CurrencyFormatter, commonCodesAreSortedAndInUse) {
     EXPECT_THAT(codes, testing::Not(testing::Contains("DEM")));
 }
 
+struct NamedCurrency {
+    const char* name;
+    const char* code;
+    const char* locale;
+    const char* named;
+};
+
+class CurrencyNames : public testing::TestWithParam<NamedCurrency> {};
+
+TEST_P(CurrencyNames, areThoseOfTheLocaleOrTheCode) {
+    const auto& [name, code, locale, named] = GetParam();
+    EXPECT_EQ(currencyName(code, Locale(locale)), named);
+}
+
+const NamedCurrency namedCurrencies[] = {
+    {"english", "USD", "en_US", "US Dollar"},
+    {"german", "USD", "de_DE", "US-Dollar"},
+    {"japanese", "JPY", "ja_JP", "日本円"},
+    {"formerOne", "DEM", "en_US", "German Mark"},
+    {"unknown", "QQQ", "en_US", "QQQ"},
+    {"noCode", "dollar", "en_US", "dollar"},
+    {"empty", "", "en_US", ""},
+};
+INSTANTIATE_TEST_SUITE_P(Names, CurrencyNames, testing::ValuesIn(namedCurrencies),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 }  // namespace
 }  // namespace elmworth
