@@ -251,7 +251,7 @@ void NewInvoiceModel::catchUp() {
 }
 
 QString NewInvoiceModel::carryOut() {
-    const QString failure = create();
+    QString failure = create();
     if (!failure.isEmpty()) {
         // What stood in the way may not be what shows.
         figures_.libraryChanged();
