@@ -9,7 +9,7 @@ import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from timesheet_window import PROGRAMS, TimesheetWindow, find, focused, press, showing, wait_until, walk
+from timesheet_window import PROGRAMS, TimesheetWindow, find, focused, focused_name, press, showing, wait_until, walk
 from accessible import application
 
 LOCKED = "Dates are locked once an invoice is sent"
@@ -96,6 +96,7 @@ class InvoicesByHand(InvoicesWindow):
         press("Mark Paid")
         self.wait_for_status("INV-2026-002", "paid")
         self.wait_for_end("Mark Paid")
+        self.tab_to("Mark as…", backwards=True)
         press("Mark as…")
         press("Sent", "menu item")
         self.wait_for_status("INV-2026-002", "sent")
@@ -177,6 +178,24 @@ class InvoicesByKeyboard(InvoicesWindow):
         self.keyboard.type("never")
         self.key("Escape")
         self.wait_for_detail("R-7")
+
+    def test_a_draft_is_renamed_by_the_menu(self):
+        self.to("INV-2026-003")
+        self.key("Tab")
+        self.tab_to("More actions")
+        self.key("Return")
+        wait_until(lambda: find("Rename…", "menu item"), "the menu")
+        for _ in range(10):
+            if focused_name() == "Rename…":
+                break
+            before = focused_name()
+            self.key("Down")
+            wait_until(lambda: focused_name() != before, "the next line of the menu")
+        self.key("Return")
+        self.wait_for_focus("Number")
+        self.keyboard.type("R-8")
+        self.tab_to("Mark as…")  # leaving the field is no Return
+        self.wait_for_detail("INV-2026-003")
 
     def test_a_status_set_by_mistake_is_undone(self):
         self.to("INV-2026-003")

@@ -3,7 +3,6 @@
 
 import QtQuick
 import Elmworth.Theme
-import Elmworth.Invoices
 
 /// The status of an invoice, "Draft", "Sent", "Overdue" or "Paid".
 Chip {

@@ -14,39 +14,6 @@ GlassCard {
 
     readonly property string lock: "Dates are locked once an invoice is sent"
 
-    component Day: ColumnLayout {
-        id: day
-
-        required property DateTimeInput date
-        property string label: ""
-        readonly property string problem: date.day.problem
-
-        Layout.fillWidth: true
-        spacing: 4
-
-        FormLabel { text: day.label }
-
-        DateField {
-            Layout.fillWidth: true
-            Layout.maximumWidth: 200
-            enabled: card.model.dates.canChange
-            label: day.label
-            date: day.date
-            Accessible.description: enabled ? day.problem : card.lock
-            onEditingFinished: card.model.dates.commit()
-            onActiveFocusChanged: if (!activeFocus) card.model.dates.commit()
-        }
-
-        PlainText {
-            Layout.fillWidth: true
-            visible: text.length > 0
-            text: day.problem
-            size: Theme.calloutSize
-            color: Theme.dangerText
-            wrapMode: Text.Wrap
-        }
-    }
-
     ColumnLayout {
         anchors { left: parent.left; right: parent.right; top: parent.top }
         spacing: 14
@@ -55,13 +22,23 @@ GlassCard {
             Layout.fillWidth: true
             spacing: 16
 
-            Day {
+            InvoiceDay {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
                 label: "Issued"
+                lock: card.lock
+                dates: card.model.dates
                 date: card.model.dates.issued
             }
 
-            Day {
+            InvoiceDay {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
                 label: "Due"
+                lock: card.lock
+                dates: card.model.dates
                 date: card.model.dates.due
             }
         }

@@ -91,7 +91,7 @@ FocusScope {
 
         SegmentedPicker {
             label: "Show"
-            options: list.model.filterNames
+            options: list.model.filterNames // qmllint disable
             currentIndex: list.model.filter
             onChosen: index => list.model.filter = index
         }
@@ -109,7 +109,7 @@ FocusScope {
         rowHeight: 68
         spacing: 6
         bottomMargin: 20
-        model: list.model.rows
+        model: list.model.rows // qmllint disable
         onActivated: event => {
             event.accepted = list.model.detail.isOpen;
             if (event.accepted)

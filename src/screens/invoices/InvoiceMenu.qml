@@ -20,12 +20,14 @@ PopupMenu {
     // A menu that closes gives the focus back, which would end the renaming.
     onClosed: {
         if (renames)
-            Qt.callLater(model.beginRenaming);
+            Qt.callLater(model.beginRenaming); // qmllint disable
         renames = false;
     }
 
     PopupMenuItem {
         visible: menu.offersNextStep
+        // The arrows go past what is hidden only where it is disabled.
+        enabled: visible
         height: visible ? implicitHeight : 0
         text: "Export PDF…"
         iconName: "document-down"
@@ -35,6 +37,7 @@ PopupMenu {
 
     PopupMenuItem {
         visible: menu.offersNextStep && text.length > 0
+        enabled: visible
         height: visible ? implicitHeight : 0
         text: menu.model.facts.nextStep
         iconName: menu.model.facts.isDraft ? "paper-plane" : "check-circle-filled"
@@ -55,6 +58,7 @@ PopupMenu {
 
     PopupMenuItem {
         visible: menu.model.facts.isDraft
+        enabled: visible
         height: visible ? implicitHeight : 0
         text: "Rename…"
         iconName: "pencil"

@@ -4,7 +4,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Invoices
 
 /// A sum of invoices, which has an amount for each currency.
 GlassCard {

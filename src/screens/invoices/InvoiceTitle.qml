@@ -8,7 +8,7 @@ import Elmworth.Invoices
 
 /// The number of an invoice, which a draft can change in place, and its status.
 RowLayout {
-    id: title
+    id: head
 
     required property InvoiceDetailModel model
 
@@ -24,15 +24,15 @@ RowLayout {
 
         PlainText {
             Layout.fillWidth: true
-            visible: !title.model.isRenaming
-            text: title.model.facts.number
+            visible: !head.model.isRenaming
+            text: head.model.facts.number
             size: 24
             font.weight: Font.DemiBold
             Accessible.role: Accessible.Heading
 
             TapHandler {
-                enabled: title.model.facts.isDraft
-                onDoubleTapped: title.model.beginRenaming()
+                enabled: head.model.facts.isDraft
+                onDoubleTapped: head.model.beginRenaming()
             }
         }
 
@@ -40,12 +40,12 @@ RowLayout {
             id: field
 
             function refresh(): void {
-                if (text !== title.model.numberDraft)
-                    text = title.model.numberDraft;
+                if (text !== head.model.numberDraft)
+                    text = head.model.numberDraft;
             }
 
             Layout.fillWidth: true
-            visible: title.model.isRenaming
+            visible: head.model.isRenaming
             implicitHeight: 40
             label: "Number"
             font.pixelSize: 24
@@ -57,22 +57,22 @@ RowLayout {
                 forceActiveFocus(Qt.OtherFocusReason);
                 selectAll();
             }
-            onTextChanged: title.model.numberDraft = text
+            onTextChanged: head.model.numberDraft = text
             onAccepted: {
-                title.model.commitNumber();
-                if (title.model.isRenaming)
+                head.model.commitNumber();
+                if (head.model.isRenaming)
                     selectAll();
                 else
-                    title.renamed();
+                    head.renamed();
             }
-            onActiveFocusChanged: if (!activeFocus) title.model.endRenaming()
+            onActiveFocusChanged: if (!activeFocus) head.model.endRenaming()
             Keys.onEscapePressed: {
-                title.model.endRenaming();
-                title.renamed();
+                head.model.endRenaming();
+                head.renamed();
             }
 
             Connections {
-                target: title.model
+                target: head.model
 
                 function onNumberDraftChanged(): void { field.refresh(); }
             }
@@ -82,7 +82,7 @@ RowLayout {
             id: help
 
             Layout.fillWidth: true
-            visible: title.model.isRenaming
+            visible: head.model.isRenaming
             text: "Drafts can be renumbered — press Return to apply"
             size: Theme.calloutSize
             color: Theme.accentText
@@ -90,7 +90,7 @@ RowLayout {
 
         PlainText {
             Layout.fillWidth: true
-            text: title.model.facts.subtitle
+            text: head.model.facts.subtitle
             wrapMode: Text.Wrap
             maximumLineCount: 2
             color: Theme.secondaryText
@@ -120,7 +120,7 @@ RowLayout {
             parent: mark
 
             Repeater {
-                model: title.model.statusNames
+                model: head.model.statusNames
 
                 PopupMenuItem {
                     required property int index
@@ -128,8 +128,8 @@ RowLayout {
 
                     text: modelData
                     checkable: true
-                    chosen: index === title.model.facts.status
-                    onTriggered: title.model.setStatus(index)
+                    chosen: index === head.model.facts.status
+                    onTriggered: head.model.setStatus(index)
                 }
             }
         }
