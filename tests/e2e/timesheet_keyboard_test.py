@@ -1,20 +1,22 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Elmworth authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The timesheet by the keyboard alone, at two places."""
+"""The timesheet by the keyboard alone."""
 
 import os
 import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from place import BERLIN, NEW_YORK
+from place import BERLIN
 from timesheet_window import TimesheetWindow, find, focused, focused_name, wait_until
 
 BILLED = "Billed entries are read-only"
 
 
-class Keys:
+class Keys(TimesheetWindow):
+    place = BERLIN
+
     def fill(self):
         self.fill_two_weeks()
         self.take_keyboard()
@@ -371,14 +373,6 @@ class Keys:
             self.key("Tab")
             wait_until(lambda: focused() != before, "the next focus")
         raise AssertionError(f"Tab does not reach {text}")
-
-
-class InNewYork(Keys, TimesheetWindow):
-    place = NEW_YORK
-
-
-class InBerlin(Keys, TimesheetWindow):
-    place = BERLIN
 
 
 if __name__ == "__main__":

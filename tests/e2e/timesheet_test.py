@@ -15,7 +15,6 @@ from place import BERLIN, NEW_YORK
 from pointer import RIGHT
 from timesheet_window import TimesheetWindow, find, press, wait_until
 
-BILLED = "Billed entries are read-only"
 MENU = ["Edit", "Continue Tracking", "Duplicate to Today", "Move to Project", "Delete"]
 
 
@@ -24,9 +23,6 @@ class Review:
 
     def fill(self):
         self.fill_two_weeks()
-
-    def bill(self, *days):
-        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", days[0], "--through", days[-1])
 
     def hands(self):
         self.take_keyboard()
@@ -93,45 +89,6 @@ class Review:
         press("Save")
         self.see("Noon", "Late", "Wednesday", "Tuesday")
         self.assertEqual(self.times("Noon"), ("2026-11-19T12:00", "2026-11-19T12:30"))
-
-    def test_each_filter_narrows_what_shows_and_clear_takes_them_back(self):
-        press("Client: All Clients")
-        press("Globex", "menu item")
-        self.see("Wednesday")
-        press("Project: All Projects")
-        wait_until(lambda: find("App", "menu item"), "the client's project")
-        self.assertIsNone(find("Website", "menu item"))
-        press("App", "menu item")
-        wait_until(lambda: find("Project: App"), "the filter by project")
-        press("Clear")
-        self.see("Late", "Early", "Wednesday", "Tuesday")
-        press("Project: All Projects")
-        press("Website", "menu item")
-        self.see("Late", "Early", "Tuesday")
-        self.fill_in("Search notes", "tue")
-        self.see("Tuesday")
-        press("Clear search")
-        self.see("Late", "Early", "Tuesday")
-        self.bill("2026-11-17")
-        press("Unbilled", "check box")
-        self.see("Late", "Early")
-        press("Clear")
-        self.see("Late", "Early", "Wednesday")
-        self.wait_for_end("Clear")
-        self.assertTrue(find("Unbilled", "check box").getState().contains(pyatspi.STATE_CHECKED))
-
-    def test_periods(self):
-        for name, notes in (("Today", ["Late", "Early"]), ("Yesterday", ["Wednesday"]), ("Last Week", ["Last week"]),
-                            ("This Month", ["Late", "Early", "Wednesday", "Tuesday", "Last week"]),
-                            ("This Week", ["Late", "Early", "Wednesday", "Tuesday"])):
-            self.choose_period(name)
-            self.see(*notes)
-
-    def test_an_own_period_may_be_typed_in_either_order(self):
-        self.choose_period("Custom")
-        self.fill_in("From", self.place.date("2026-11-18"))
-        self.fill_in("To", self.place.date("2026-11-17"))
-        self.see("Wednesday", "Tuesday")
 
     def test_a_mistyped_day_of_an_own_period_is_told_beside_it(self):
         self.choose_period("Custom")
@@ -201,48 +158,6 @@ class Review:
         self.assertEqual(self.projects()["Late"], "Website")
         pointer.click(self.line("Tuesday"))
         wait_until(lambda: self.selected() == ["Tuesday"], "the next click")
-
-    def test_the_menu_duplicates_to_today(self):
-        self.hands()
-        self.menu("Tuesday", "Duplicate to Today")
-        self.see("Late", "Tuesday", "Early", "Wednesday", "Tuesday")
-        copy = max(entry["start"] for entry in self.entries() if entry["notes"] == "Tuesday")
-        self.assertEqual(datetime.datetime.fromisoformat(copy.replace("Z", "+00:00")).timestamp(),
-                         self.place.instant("2026-11-19T10:00"))
-
-    def test_the_menu_continues(self):
-        self.hands()
-        self.menu("Wednesday", "Continue Tracking")
-        wait_until(lambda: self.running().get("notes") == "Wednesday", "the timer")
-        wait_until(lambda: find("Now tracking", "panel"), "the banner")
-        self.assertEqual(self.running()["project"], "App")
-        self.menu("Early")
-        wait_until(lambda: find("Delete", "menu item"), "the menu")
-
-    def test_billed_and_unbilled_are_deleted_together_and_undone(self):
-        self.bill("2026-11-17")
-        pointer = self.hands()
-        pointer.click(self.line("Early"))
-        pointer.click(self.line("Tuesday"), held="Shift_L")
-        wait_until(lambda: len(self.selected()) == 3, "three")
-        self.menu("Early", "Delete")
-        wait_until(lambda: find(BILLED, "dialog"), "the alert")
-        press("OK")
-        self.see("Late", "Tuesday")
-        self.assertEqual(self.notes(), ["Late", "Tuesday", "Last week"])
-        press("Undo")
-        self.see("Late", "Early", "Wednesday", "Tuesday")
-        self.wait_for_end("Undo")
-
-    def test_what_runs_is_named_and_stopped_in_the_banner(self):
-        self.elmworth("start", "Website")
-        self.fill_in("What are you working on?", "Typed")
-        wait_until(lambda: self.running().get("notes") == "Typed", "the notes")
-        live = "Website, Acme Co, Typed, Live, " + self.place.time(self.now) + " – now, 0:00"
-        wait_until(lambda: live in self.lines(), live)
-        press("Stop")
-        wait_until(lambda: not self.running(), "the end of the timer")
-        self.wait_for_end("Stop")
 
     def test_what_shows_is_exported(self):
         press("Project: All Projects")
