@@ -136,11 +136,12 @@ TEST_F(ProjectRows, finishedTimeChangesItsOwnRow) {
 TEST_F(ProjectRows, aClientChangesItsHeadAndItsProjects) {
     const auto globex = client("Globex");
     project("Shop", globex);
+    EXPECT_EQ(text(appProject, Rows::rate), "$120.00/h");
     (void)takeChanged();
-    acme->hourlyRateCents = 100;
+    acme->currencyCode = "EUR";
     save();
     EXPECT_EQ(takeChanged(), (Lines{"Acme Co", "App", "Website"}));
-    EXPECT_EQ(text(appProject, Rows::rate), "$1.00/h");
+    EXPECT_EQ(text(appProject, Rows::rate), "€120.00/h");
 }
 
 TEST_F(ProjectRows, aSwitchOfTheTimerChangesBothRows) {

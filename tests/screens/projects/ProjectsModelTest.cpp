@@ -40,6 +40,7 @@ TEST_F(ProjectCommands, anArchivedOneIsNotStarted) {
     archive(website);
     model.setShowsArchived(true);
     model.start(rowOf(website));
+    EXPECT_FALSE(service().running());
     model.toggleTimer(rowOf(website));
     EXPECT_FALSE(service().running());
 }
