@@ -37,7 +37,11 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       desktopFiles_(QDBusConnection::sessionBus()),
       mainViewModel_(screenServices(services_, runLoop_), {painter_, desktopFiles_},
                      &updates_.updater()),
-      settings_(services_, runLoop_, engine_, isDemo),
+      settings_(services_, runLoop_, engine_, isDemo, updates_.updater(),
+                [this] {
+                    showMainWindow();
+                    mainViewModel_.checkForUpdates();
+                }),
       lastSave_(services_.context(), services_.longWork()) {
     // A library in memory must not take the bus name of the application with the real library.
     const bool isInMemory = isDemo || isHostedRun();

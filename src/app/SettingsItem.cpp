@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVariant>
 #include <QtQml/QQmlExtensionPlugin>
+#include <utility>
 
 #include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
@@ -19,7 +20,8 @@ namespace elmworth {
 
 namespace {
 
-SettingsServices settingsServices(LibraryServices& services, RunLoop& runLoop, bool isDemo) {
+SettingsServices settingsServices(LibraryServices& services, RunLoop& runLoop, bool isDemo,
+                                  Updater& updater, std::function<void()> lookForUpdates) {
     return {
         .app = screenServices(services, runLoop),
         .loginItem = services.loginItem(),
@@ -28,6 +30,8 @@ SettingsServices settingsServices(LibraryServices& services, RunLoop& runLoop, b
         .version = ELMWORTH_VERSION,
         .build = ELMWORTH_BUILD,
         .snapshotFolder = &AutoBackup::folder,
+        .updater = &updater,
+        .lookForUpdates = std::move(lookForUpdates),
         .showFolder = [](const std::filesystem::path& folder) {
             QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
         }};
@@ -36,8 +40,9 @@ SettingsServices settingsServices(LibraryServices& services, RunLoop& runLoop, b
 }  // namespace
 
 SettingsItem::SettingsItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine,
-                           bool isDemo)
-    : engine_(engine), model_(settingsServices(services, runLoop, isDemo)) {}
+                           bool isDemo, Updater& updater, std::function<void()> lookForUpdates)
+    : engine_(engine),
+      model_(settingsServices(services, runLoop, isDemo, updater, std::move(lookForUpdates))) {}
 
 void SettingsItem::show() {
     if (!window_) {

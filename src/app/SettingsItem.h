@@ -17,7 +17,8 @@ namespace elmworth {
 class SettingsItem {
  public:
     /// `engine` makes the window, and outlives this object, as all else does.
-    SettingsItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, bool isDemo);
+    SettingsItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engine, bool isDemo,
+                 Updater& updater, std::function<void()> lookForUpdates);
     SettingsItem(const SettingsItem&) = delete;
     SettingsItem& operator=(const SettingsItem&) = delete;
 

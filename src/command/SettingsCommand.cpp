@@ -45,6 +45,8 @@ void write(JSONOutput& json, const Preference* preference, CommandEnvironment& e
         json.field(loginKey, isLaunched(environment));
     } else if (preference->isNumber()) {
         json.field(preference->key, preferenceNumber(settingsOf(environment), *preference));
+    } else if (preference->isFlag()) {
+        json.field(preference->key, textOf(preference, environment) == "true");
     } else {
         json.field(preference->key, textOf(preference, environment));
     }

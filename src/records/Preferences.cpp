@@ -15,6 +15,7 @@ namespace elmworth {
 namespace {
 
 constexpr std::array<std::string_view, 3> appearances{"system", "dark", "light"};
+constexpr std::array<std::string_view, 2> noOrYes{"false", "true"};
 constexpr std::array<std::string_view, 3> trayStyles{"time", "timeAndProject", "icon"};
 
 /// The choice that `text` names, whatever its case; absent for none.
@@ -42,9 +43,12 @@ namespace preferences {
 const Preference appearance{"appearance", "Whether windows are dark or light", appearances};
 const Preference trayStyle{"menuBarStyle", "What the tray shows while a timer runs", trayStyles};
 const Preference weeklyGoal{"weeklyGoalHours", "Hours to track in a week; 0 for no goal", {}, 80};
+const Preference automaticUpdates{"installUpdatesAutomatically",
+                                  "Whether newer releases are fetched and installed", noOrYes};
 
 std::span<const Preference* const> all() {
-    static constexpr std::array<const Preference*, 3> rows{&appearance, &trayStyle, &weeklyGoal};
+    static constexpr std::array<const Preference*, 4> rows{&appearance, &trayStyle, &weeklyGoal,
+                                                           &automaticUpdates};
     return rows;
 }
 

@@ -21,13 +21,16 @@ struct Preference {
     std::int64_t highest = 0;  ///< of a number that people set, which is at least 0, and 0 at first
 
     [[nodiscard]] bool isNumber() const noexcept { return choices.empty(); }
+    /// Whether it is "false" or "true".
+    [[nodiscard]] bool isFlag() const noexcept { return !isNumber() && choices.front() == "false"; }
 };
 
 namespace preferences {
 
-extern const Preference appearance;  ///< see AppearanceSetting
-extern const Preference trayStyle;   ///< see TrayLabelStyle
-extern const Preference weeklyGoal;  ///< in hours; 0 for none
+extern const Preference appearance;        ///< see AppearanceSetting
+extern const Preference trayStyle;         ///< see TrayLabelStyle
+extern const Preference weeklyGoal;        ///< in hours; 0 for none
+extern const Preference automaticUpdates;  ///< see Updater
 
 /// All of them, in the order in which the settings window shows them.
 [[nodiscard]] std::span<const Preference* const> all();

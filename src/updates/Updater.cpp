@@ -53,7 +53,9 @@ Updater::Updater(Setup setup, Settings& settings, RunLoop& runLoop, Clock now, D
     if (!isEnabled_) return;
     daily_ = runLoop_.repeat(lookInterval, [this] { lookDaily(); });
     settingsObservation_ = settings_.observe([this](std::string_view key) {
-        if (key == automaticKey) observers_.notify();
+        if (key != automaticKey) return;
+        observers_.notify();
+        lookDaily();
     });
 }
 
@@ -64,9 +66,8 @@ bool Updater::installsAutomatically() const {
 }
 
 void Updater::setInstallsAutomatically(bool installs) {
-    if (!isEnabled_ || installs == installsAutomatically()) return;
-    settings_.setBoolean(automaticKey, installs);
-    if (installs) lookDaily();
+    if (isEnabled_ && installs != installsAutomatically())
+        settings_.setBoolean(automaticKey, installs);
 }
 
 void Updater::lookDaily() {

@@ -35,24 +35,29 @@ class SettingsCommand : public test::CommandTest {
 };
 
 TEST_F(SettingsCommand, showsAllWithTheirMeaning) {
-    EXPECT_EQ(output({"settings"}),
-              "KEY              VALUE   MEANING\n"
-              "appearance       system  Whether windows are dark or light\n"
-              "menuBarStyle     time    What the tray shows while a timer runs\n"
-              "weeklyGoalHours  0       Hours to track in a week; 0 for no goal\n"
-              "launchAtLogin    false   Whether Elmworth starts when you log in\n");
+    EXPECT_EQ(
+        output({"settings"}),
+        "KEY                          VALUE   MEANING\n"
+        "appearance                   system  Whether windows are dark or light\n"
+        "menuBarStyle                 time    What the tray shows while a timer runs\n"
+        "weeklyGoalHours              0       Hours to track in a week; 0 for no goal\n"
+        "installUpdatesAutomatically  false   Whether newer releases are fetched and installed\n"
+        "launchAtLogin                false   Whether Elmworth starts when you log in\n");
     const auto document = json({"settings"});
-    EXPECT_THAT(keys(document),
-                ElementsAre("appearance", "menuBarStyle", "weeklyGoalHours", "launchAtLogin"));
+    EXPECT_THAT(keys(document), ElementsAre("appearance", "menuBarStyle", "weeklyGoalHours",
+                                            "installUpdatesAutomatically", "launchAtLogin"));
+    EXPECT_FALSE(document["installUpdatesAutomatically"].GetBool());
     EXPECT_EQ(document["weeklyGoalHours"].GetInt64(), 0);
     EXPECT_FALSE(document["launchAtLogin"].GetBool());
 }
 
 TEST_F(SettingsCommand, setsWhatItThenGets) {
-    const std::vector<std::pair<std::string, std::string>> values{{"appearance", "dark"},
-                                                                  {"menuBarStyle", "icon"},
-                                                                  {"weeklyGoalHours", "40"},
-                                                                  {"launchAtLogin", "true"}};
+    const std::vector<std::pair<std::string, std::string>> values{
+        {"appearance", "dark"},
+        {"menuBarStyle", "icon"},
+        {"weeklyGoalHours", "40"},
+        {"installUpdatesAutomatically", "true"},
+        {"launchAtLogin", "true"}};
     for (const auto& [key, value] : values) {
         EXPECT_EQ(output({"settings", "set", key, value}), "");
         EXPECT_EQ(output({"settings", "get", key}), value + "\n");
@@ -80,7 +85,7 @@ TEST_F(SettingsCommand, refusesWhatASettingCannotBe) {
                   "“perhaps” does not fit: launchAtLogin is true or false.");
     expectRefusal({"settings", "get", "colour"}, 1,
                   "There is no setting “colour”. Choose one of: appearance, menuBarStyle, "
-                  "weeklyGoalHours, launchAtLogin.");
+                  "weeklyGoalHours, installUpdatesAutomatically, launchAtLogin.");
     EXPECT_FALSE(defaults_.contains("appearance"));
 }
 

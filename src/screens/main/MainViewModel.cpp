@@ -41,6 +41,9 @@ MainViewModel::MainViewModel(const AppServices& services, const InvoiceOutlets& 
             [this] { defaults_.setString(sectionKey, "Invoices"); });
     connect(timesheet_.gettingStarted(), &GettingStartedModel::settingsRequested, this,
             &MainViewModel::settingsRequested);
+    connect(&newInvoice_, &NewInvoiceModel::settingsRequested, this,
+            &MainViewModel::settingsRequested);
+    newInvoice_.offerSettings();
     defaultsObservation_ = defaults_.observe([this](std::string_view key) {
         if (key == sectionKey) Q_EMIT sectionChanged();
     });

@@ -18,6 +18,9 @@ GeneralSettings::GeneralSettings(const SettingsServices& services, SettingsKeepe
         if (isShown) Q_EMIT changed();
     });
     loginObservation_ = services_.loginItem.observe([this] { refresh(); });
+    if (services_.updater != nullptr) {
+        updatesObservation_ = services_.updater->observe([this] { Q_EMIT changed(); });
+    }
 }
 
 void GeneralSettings::refresh() {
@@ -124,6 +127,28 @@ SnapshotStatus GeneralSettings::readSnapshots() const {
                     .arg(QString::fromStdString(error.code().message())),
                 true};
     }
+}
+
+bool GeneralSettings::hasUpdates() const {
+    return services_.updater != nullptr && services_.updater->isEnabled();
+}
+
+bool GeneralSettings::installsUpdates() const {
+    return hasUpdates() && services_.updater->installsAutomatically();
+}
+
+void GeneralSettings::setInstallsUpdates(bool installs) {
+    if (hasUpdates()) keep(preferences::automaticUpdates, installs ? "true" : "false");
+}
+
+QString GeneralSettings::updateText() const {
+    if (!hasUpdates() || !services_.updater->available()) return {};
+    const auto version = services_.updater->available()->version.text();
+    return QStringLiteral("Elmworth %1 is available").arg(QString::fromStdString(version));
+}
+
+void GeneralSettings::lookForUpdates() {
+    if (hasUpdates() && services_.lookForUpdates) services_.lookForUpdates();
 }
 
 void GeneralSettings::showSnapshots() {

@@ -33,6 +33,12 @@ class GeneralSettings final : public QObject {
     /// Why the login item is not as it was asked to be, as a sentence.
     Q_PROPERTY(QString loginError READ loginError NOTIFY changed FINAL)
     Q_PROPERTY(QString version READ version CONSTANT FINAL)
+    /// Whether this program can look for updates at all.
+    Q_PROPERTY(bool hasUpdates READ hasUpdates CONSTANT FINAL)
+    Q_PROPERTY(
+        bool installsUpdates READ installsUpdates WRITE setInstallsUpdates NOTIFY changed FINAL)
+    /// "Elmworth 1.2 is available"; empty while nothing newer is known.
+    Q_PROPERTY(QString updateText READ updateText NOTIFY changed FINAL)
     Q_PROPERTY(QString snapshotPolicy READ snapshotPolicy CONSTANT FINAL)
     Q_PROPERTY(QString snapshotText READ snapshotText NOTIFY changed FINAL)
     Q_PROPERTY(bool isSnapshotWorrying READ isSnapshotWorrying NOTIFY changed FINAL)
@@ -52,6 +58,10 @@ class GeneralSettings final : public QObject {
     void setLaunchesAtLogin(bool launches);
     [[nodiscard]] const QString& loginError() const { return loginError_; }
     [[nodiscard]] QString version() const;
+    [[nodiscard]] bool hasUpdates() const;
+    [[nodiscard]] bool installsUpdates() const;
+    void setInstallsUpdates(bool installs);
+    [[nodiscard]] QString updateText() const;
     [[nodiscard]] static QString snapshotPolicy();
     [[nodiscard]] const QString& snapshotText() const { return snapshots_.text; }
     [[nodiscard]] bool isSnapshotWorrying() const { return snapshots_.isWarning; }
@@ -62,6 +72,7 @@ class GeneralSettings final : public QObject {
     /// Forgets what went wrong, and looks again: for a window that opens.
     void reload();
     Q_INVOKABLE void showSnapshots();
+    Q_INVOKABLE void lookForUpdates();
 
     /// "0.9 (12) · beta", or "1.0 (20)"; what is empty reads "?".
     [[nodiscard]] static QString versionText(const std::string& version, const std::string& build);
@@ -82,6 +93,7 @@ class GeneralSettings final : public QObject {
     SnapshotStatus snapshots_;
     Settings::Observation defaultsObservation_;
     LoginItem::Observation loginObservation_;
+    Updater::Observation updatesObservation_;
 };
 
 }  // namespace elmworth

@@ -99,6 +99,35 @@ ScrollPage {
                 Accessible.name: "Version " + text
             }
         }
+
+        SettingsRow {
+            visible: page.model.hasUpdates
+
+            ToggleSwitch {
+                Layout.fillWidth: true
+                text: "Install updates automatically"
+                checked: page.model.installsUpdates
+                onToggled: {
+                    page.model.installsUpdates = checked;
+                    checked = Qt.binding(() => page.model.installsUpdates);
+                }
+            }
+        }
+
+        SettingsRow {
+            visible: page.model.hasUpdates
+
+            PlainText {
+                Layout.fillWidth: true
+                text: page.model.updateText
+                color: Theme.secondaryText
+            }
+
+            GlowButton {
+                text: "Check for Updates…"
+                onClicked: page.model.lookForUpdates()
+            }
+        }
     }
 
     SettingsGroup {

@@ -10,6 +10,7 @@
 #include "platform/LoginItem.h"
 #include "platform/LongWork.h"
 #include "screens/AppServices.h"
+#include "updates/Updater.h"
 
 namespace elmworth {
 
@@ -24,6 +25,10 @@ struct SettingsServices {
     std::string build{};    ///< "12"
     /// The folder of the snapshots. Throws std::filesystem::filesystem_error.
     std::function<std::filesystem::path()> snapshotFolder{};
+    /// Null for a program that never looks for updates.
+    Updater* updater = nullptr;
+    /// Looks for updates, and shows the main window, which says what was found.
+    std::function<void()> lookForUpdates{};
     /// Shows a folder in the desktop's file manager.
     std::function<void(const std::filesystem::path&)> showFolder{};
 };

@@ -4,6 +4,9 @@
 #include <fstream>
 
 #include "screens/settings/SettingsTest.h"
+#include "support/Instants.h"
+#include "updates/SignedReleases.h"
+#include "updates/ToldDownloads.h"
 
 namespace elmworth {
 namespace {
@@ -137,6 +140,61 @@ TEST_F(GeneralSettingsTest, aFolderThatCannotBeMadeShowsNothingAndSaysSo) {
     general.showSnapshots();
     EXPECT_EQ(shown, "");
     EXPECT_TRUE(general.isSnapshotWorrying());
+}
+
+/// A program that can look for updates.
+class UpdateSettingsTest : public test::SettingsTest {
+ protected:
+    UpdateSettingsTest() { make("https://elmworth.example/appcast.xml"); }
+
+    void make(const std::string& feed) {
+        updater = std::make_unique<Updater>(
+            Updater::Setup{
+                feed, test::Signer().keys(), ReleaseVersion::parse("0.9").value(), {}, false},
+            app_.defaults, loop_, [] { return test::at("2026-03-02T09:00Z"); }, downloads_);
+        general = std::make_unique<GeneralSettings>(settingsServices(), keeper);
+    }
+
+    test::ManualRunLoop loop_;
+    test::ToldDownloads downloads_;
+    std::unique_ptr<GeneralSettings> general;
+};
+
+TEST_F(UpdateSettingsTest, areHiddenWithoutAFeedOrAnUpdater) {
+    EXPECT_TRUE(general->hasUpdates());
+    make("");
+    EXPECT_FALSE(general->hasUpdates());
+    updater.reset();
+    const GeneralSettings none(settingsServices(), keeper);
+    EXPECT_FALSE(none.hasUpdates());
+    EXPECT_FALSE(none.installsUpdates());
+}
+
+TEST_F(UpdateSettingsTest, keepWhetherUpdatesAreInstalledAndLookAtOnce) {
+    EXPECT_FALSE(general->installsUpdates());
+    general->setInstallsUpdates(true);
+    EXPECT_TRUE(general->installsUpdates());
+    EXPECT_EQ(Settings(app_.defaults.file()).boolean("installUpdatesAutomatically"), true);
+    EXPECT_EQ(downloads_.asked.size(), 1U);
+    general->setInstallsUpdates(false);
+    EXPECT_FALSE(general->installsUpdates());
+}
+
+TEST_F(UpdateSettingsTest, followWhatACommandSets) {
+    setPreference(app_.defaults, preferences::automaticUpdates, "true");
+    EXPECT_TRUE(general->installsUpdates());
+}
+
+TEST_F(UpdateSettingsTest, nameWhatWasFound) {
+    EXPECT_EQ(general->updateText(), QString());
+    updater->look([](const auto&) {});
+    downloads_.answer(test::Signer().sign(test::appcast(test::item("1.2"))));
+    EXPECT_EQ(general->updateText(), QStringLiteral("Elmworth 1.2 is available"));
+}
+
+TEST_F(UpdateSettingsTest, leadToTheWindowThatLooks) {
+    general->lookForUpdates();
+    EXPECT_EQ(looks, 1);
 }
 
 }  // namespace

@@ -43,6 +43,8 @@ class SettingsTest : public testing::Test {
                 .build = "12",
                 .snapshotFolder =
                     [this] { return createPrivateFolder(timer.library.folder.path() / "Backups"); },
+                .updater = updater.get(),
+                .lookForUpdates = [this] { ++looks; },
                 .showFolder = [this](const auto& folder) { shown = folder; }};
     }
     [[nodiscard]] const BusinessProfile& profile() { return app_.profiles.profile(); }
@@ -63,6 +65,8 @@ class SettingsTest : public testing::Test {
     TestLoginItem loginItem;
     LongWork longWork;
     std::filesystem::path shown;
+    std::unique_ptr<Updater> updater;  ///< null unless a test makes one
+    int looks = 0;
     SettingsKeeper keeper;
 };
 
