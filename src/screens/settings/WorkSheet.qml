@@ -45,6 +45,7 @@ SheetPopup {
         ProgressTrack {
             Layout.fillWidth: true
             label: sheet.exchange.workTitle
+            smallest: height
             fraction: Math.max(0, sheet.exchange.fraction)
             Accessible.description: Math.round(100 * fraction) + "%"
         }

@@ -3,6 +3,7 @@
 
 #include "screens/welcome/GettingStartedModel.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "records/Client.h"
@@ -21,6 +22,20 @@ template <class T>
 bool hasAny(UnitOfWork& context, Query<T> query) {
     query.fetchLimit = 1;
     return !context.fetchQuietly(query).empty();
+}
+
+/// Whether a step that is done may not be any more, or the other way round. `fields` are those that
+/// count of a record that changed, bit by bit.
+bool mayTurn(const RecordChanges& changes, const RecordSchema& schema, bool isDone,
+             std::uint32_t fields) {
+    if (!changes.touch(schema)) return false;
+    const auto* named = changes.of(schema);
+    if (named == nullptr) return true;
+    return std::any_of(named->begin(), named->end(), [&](const auto& record) {
+        const RecordChange& change = record.second;
+        if (change.kind == RecordChange::Kind::changed) return (change.fields & fields) != 0;
+        return (change.kind == RecordChange::Kind::went) == isDone;
+    });
 }
 
 }  // namespace
@@ -46,16 +61,20 @@ void GettingStartedModel::follow() {
         followRecords<Client>(client, {});
         followRecords<Project>(project, {});
         // One that runs is not tracked yet.
-        followRecords<TimeEntry>(time, {.predicate = key<&TimeEntry::end>() != absent});
+        followRecords<TimeEntry>(time, {.predicate = key<&TimeEntry::end>() != absent},
+                                 1U << KeyPath<&TimeEntry::end>::index());
         followRecords<Invoice>(invoice, {});
     }
     Q_EMIT changed();
 }
 
 template <class T>
-void GettingStartedModel::followRecords(Step step, const Query<T>& query) {
+void GettingStartedModel::followRecords(Step step, const Query<T>& query, std::uint32_t fields) {
     const auto read = [this, step, query] { update(step, hasAny(services_.context, query)); };
-    observations_.push_back(services_.context.observe(T::schema(), read));
+    observations_.push_back(
+        services_.context.observeAll([this, step, fields, read](const RecordChanges& changes) {
+            if (mayTurn(changes, T::schema(), done_[step], fields)) read();
+        }));
     read();
 }
 

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <QtQmlIntegration>
+#include <cstdint>
 #include <vector>
 
 #include "screens/AppServices.h"
@@ -49,7 +50,7 @@ class GettingStartedModel final : public QObject {
     void follow();
     void update(Step step, bool isDone);
     template <class T>
-    void followRecords(Step step, const Query<T>& query);
+    void followRecords(Step step, const Query<T>& query, std::uint32_t fields = 0);
 
     AppServices services_;
     bool isHidden_ = false;
