@@ -206,6 +206,25 @@ class ByKeyboard:
         self.key("Down", "Down", "Return")
         self.see_row(f"Website, {NOTHING_TRACKED}, {self.rate}")
 
+    def test_what_the_menu_opens_has_the_keyboard(self):
+        self.to_the_row("Website")
+        self.key("Menu")
+        wait_until(lambda: find("Edit…", "menu item"), "the menu")
+        self.key("Down", "Return")
+        self.wait_for_end("Edit…", "menu item")
+        self.wait_for_sheet("Edit Project")
+        self.key("Escape")
+        self.wait_for_focus("Project list")
+        self.key("Menu")
+        wait_until(lambda: find("Delete…", "menu item"), "the menu")
+        self.key("Up", "Return")
+        self.wait_for_end("Delete…", "menu item")
+        self.question("Delete Website?", "This deletes its 0 time entries.")
+        self.wait_for_focus("Delete Project")
+        self.key("Escape")
+        self.wait_for_focus("Project list")
+        self.see_names("Website")
+
     def test_delete_asks_and_can_be_undone(self):
         self.elmworth("project", "add", "App", "--client", "Acme Co")
         self.log("2026-11-18T09:00", "2026-11-18T10:00")

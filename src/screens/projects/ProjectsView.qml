@@ -122,7 +122,8 @@ FocusScope {
         sourceComponent: ProjectMenu {
             parent: view
             model: view.model
-            onClosed: view.takeKeyboard()
+            // Not from what it opened.
+            onClosed: if (view.isInFront) view.takeKeyboard()
         }
         // qmllint enable unqualified
     }

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "exchange/BackupDecoder.h"
+#include "exchange/BackupDocuments.h"
 #include "exchange/BackupExporter.h"
 #include "platform/AtomicFile.h"
 #include "records/Client.h"
@@ -83,7 +84,7 @@ TEST_F(DataExchangeTest, proposesANameWithTheDayInUTC) {
 TEST_F(DataExchangeTest, whatIsExportedCanBeRestored) {
     const auto file = writeBackupAndWipe();
     EXPECT_EQ(told(), "");
-    EXPECT_EQ(decodeBackupFile(path("backup.json")).clients.size(), 1U);
+    EXPECT_EQ(test::readBackup(path("backup.json")).clients.size(), 1U);
     exchange.restoreBackup(file);
     EXPECT_EQ(told(), "Import|Restored 1 clients and 0 invoices.");
     EXPECT_EQ(entries(), 1U);
@@ -100,7 +101,7 @@ TEST_F(DataExchangeTest, asksBeforeABackupTakesThePlaceOfAFile) {
     EXPECT_EQ(readFile(path("backup.json")), "other");
     exchange.exportBackup(file);
     confirmation.accept();
-    EXPECT_NO_THROW((void)decodeBackupFile(path("backup.json")));
+    EXPECT_NO_THROW((void)test::readBackup(path("backup.json")));
 }
 
 TEST_F(DataExchangeTest, anExportThatFailsSaysSo) {
