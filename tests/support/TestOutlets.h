@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "invoicing/InvoiceFiles.h"
+#include "invoicing/InvoicePDFRenderer.h"
 #include "platform/DesktopFiles.h"
 
 namespace elmworth::test {
@@ -22,11 +23,13 @@ class NumberPainter final : public InvoicePainter {
     }
     void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file,
                 FileAccess access) override {
+        if (fails) throw RenderError();
         writeAtomically(file, model.number + ' ' + std::string(rawValue(paper)) + ' ' + mark,
                         access);
     }
 
     int logoCount = 0;
+    bool fails = false;
     std::string mark = "logo";  ///< stands for what the pages look like
 };
 

@@ -95,6 +95,16 @@ TEST_F(InvoiceDelivered, aPlaceThatIsNoFolderIsSaidAndNothingIsWritten) {
     EXPECT_EQ(problem(), "");
 }
 
+TEST_F(InvoiceDelivered, aPDFThatCannotBeMadeIsSaidWithWhatStandsInTheWay) {
+    painter.fails = true;
+    exportTo(file("out.pdf"));
+    EXPECT_EQ(problem(), "Could not create the PDF file.");
+    exportTo(file("missing") / "out.pdf");
+    EXPECT_EQ(problem(), "Could not create the PDF file. There is no folder “" +
+                             file("missing").string() + "”.");
+    EXPECT_THAT(files.opened, IsEmpty());
+}
+
 TEST_F(InvoiceDelivered, aFullDiskIsSaidAndLeavesNoHalfFile) {
     invoice->number = std::string(100, 'x');
     save();
