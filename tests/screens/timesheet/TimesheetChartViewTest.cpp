@@ -97,7 +97,9 @@ class TimesheetChartView : public testing::Test {
                                   listed(app, "2026-03-02T11:00Z", "2026-03-02T12:00Z"),
                                   listed(web, "2026-03-04T08:00Z", "2026-03-04T10:00Z")};
         model.show(entries, range, monday, Calendar(Locale("en_US"), "UTC"));
-        stats.show(entries, range, monday);
+        TimesheetSums sums(range);
+        for (const auto& entry : entries) sums.add(entry);
+        stats.show(std::move(sums), monday);
     }
 
     [[nodiscard]] DailyChartPlot& plot() const {

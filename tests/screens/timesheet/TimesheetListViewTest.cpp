@@ -58,6 +58,7 @@ class TimesheetListView : public test::TimesheetTest {
     TimesheetListView() {
         loadEmbeddedFonts();
         AppAppearance::instance().setReducedMotion(true);
+        defaults.setBoolean("hideGettingStarted", true);
         for (int day = 0; day < 30; ++day) {
             for (int hour : {1, 3, 5}) {
                 const Instant start = at("2026-03-02T00:00Z") - std::chrono::hours(24 * day - hour);
