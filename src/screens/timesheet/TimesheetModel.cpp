@@ -67,6 +67,7 @@ TimesheetRowsModel::Setting TimesheetModel::setting() const {
 void TimesheetModel::setShown(bool shown) {
     if (shown == isShown_) return;
     isShown_ = shown;
+    gettingStarted_.setSeen(shown);
     const Instant today = services_.calendar().startOfDay(services_.now());
     if (isShown_ && (isStale_ || today != today_)) libraryChanged(isRenamed_);
     if (isShown_) tick();

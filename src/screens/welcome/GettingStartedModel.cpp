@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "records/Client.h"
 #include "records/Invoice.h"
@@ -51,6 +52,7 @@ GettingStartedModel::GettingStartedModel(const AppServices& services) : services
 void GettingStartedModel::follow() {
     isHidden_ = services_.defaults.boolean(hiddenKey).value_or(false);
     observations_.clear();
+    awaited_.clear();
     profileObservation_.reset();
     if (!isHidden_) {
         const auto readProfile = [this] {
@@ -73,9 +75,20 @@ void GettingStartedModel::followRecords(Step step, const Query<T>& query, std::u
     const auto read = [this, step, query] { update(step, hasAny(services_.context, query)); };
     observations_.push_back(
         services_.context.observeAll([this, step, fields, read](const RecordChanges& changes) {
-            if (mayTurn(changes, T::schema(), done_[step], fields)) read();
+            if (!mayTurn(changes, T::schema(), done_[step], fields)) return;
+            awaited_[step] = read;
+            if (isSeen_) readAwaited();
         }));
     read();
+}
+
+void GettingStartedModel::setSeen(bool isSeen) {
+    isSeen_ = isSeen;
+    if (isSeen_) readAwaited();
+}
+
+void GettingStartedModel::readAwaited() {
+    for (const auto& [step, read] : std::exchange(awaited_, {})) read();
 }
 
 void GettingStartedModel::update(Step step, bool isDone) {

@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QtQmlIntegration>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <vector>
 
 #include "screens/AppServices.h"
@@ -34,6 +36,9 @@ class GettingStartedModel final : public QObject {
     explicit GettingStartedModel(const AppServices& services);
 
     [[nodiscard]] bool isShown() const;
+    /// Whether somebody can see what it stands on; else it asks the library nothing, and catches
+    /// up when somebody can. At first it can be seen.
+    void setSeen(bool isSeen);
     [[nodiscard]] static QStringList titles();
     [[nodiscard]] const QList<bool>& done() const { return done_; }
     [[nodiscard]] QString detail() const;
@@ -49,11 +54,14 @@ class GettingStartedModel final : public QObject {
  private:
     void follow();
     void update(Step step, bool isDone);
+    void readAwaited();
     template <class T>
     void followRecords(Step step, const Query<T>& query, std::uint32_t fields = 0);
 
     AppServices services_;
     bool isHidden_ = false;
+    bool isSeen_ = true;
+    std::map<Step, std::function<void()>> awaited_;  ///< what may have turned since it was seen
     QList<bool> done_{false, false, false, false, false};
     Settings::Observation defaultsObservation_;
     ProfileStore::Observation profileObservation_;

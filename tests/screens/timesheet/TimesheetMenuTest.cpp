@@ -162,7 +162,8 @@ TEST_F(TimesheetMenu, ofAProjectThatIsThenDeletedElsewhereMovesNothingAndSaysSo)
     model->openMenu(rowOf(a));
     deleteElsewhere(shop);
     turn();
-    choose(*model->menu()->projects(), "Shop — Globex");  // the menu is open, and shows what it showed
+    choose(*model->menu()->projects(),
+           "Shop — Globex");  // the menu is open, and shows what it showed
     EXPECT_EQ(a->project.get(), website);
     EXPECT_FALSE(undoing.canUndo());
     EXPECT_EQ(utf8(undoing.notice()),

@@ -53,6 +53,14 @@ TEST_F(GettingStartedModelTest, stepsAreDoneByWhatTheLibraryHolds) {
     EXPECT_EQ(model.detail(), QStringLiteral("2 of 5 done"));
 }
 
+TEST_F(GettingStartedModelTest, catchesUpWhenItCanBeSeenAgain) {
+    model.setSeen(false);
+    fill();
+    EXPECT_THAT(model.done(), ElementsAre(false, false, false, false, false));
+    model.setSeen(true);
+    EXPECT_THAT(model.done(), ElementsAre(false, true, true, true, true));
+}
+
 TEST_F(GettingStartedModelTest, aTimerThatRunsIsNotTrackedYet) {
     timer.service->start(timer.library.addProject("Website", nullptr));
     timer.library.context().save();
