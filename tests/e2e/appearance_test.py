@@ -48,7 +48,7 @@ class Appearance(dbusmock.DBusTestCase):
 
     def start(self, setting="system"):
         SETTINGS.parent.mkdir(parents=True, exist_ok=True)
-        SETTINGS.write_text(f"[General]\nappearance={setting}\nmainWindowFrame=0 0 1020 600\n")
+        SETTINGS.write_text(f"[General]\nappearance={setting}\nmainWindowFrame=0 0 1020 600\ndidOnboard=true\n")
         program = subprocess.Popen([PROGRAMS / "elmworth-app"])
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)

@@ -217,7 +217,7 @@ class ByKeyboard:
         self.wait_for_focus("Project list")
         self.key("Menu")
         wait_until(lambda: find("Delete…", "menu item"), "the menu")
-        self.key("Up", "Return")
+        self.key("Down", "Down", "Down", "Return")
         self.wait_for_end("Delete…", "menu item")
         self.question("Delete Website?", "This deletes its 0 time entries.")
         self.wait_for_focus("Delete Project")

@@ -170,8 +170,9 @@ class Settings(SettingsWindow):
         wait_until(lambda: find("Weekly hours goal: 40 h"), "the goal")
         self.elmworth("settings", "set", "launchAtLogin", "true")
         wait_until(lambda: self.is_on("Launch Elmworth at login"), "the login item")
-        self.assertEqual(self.as_json("settings"), {"appearance": "dark", "menuBarStyle": "time", "weeklyGoalHours": 40,
-                                                    "launchAtLogin": True})
+        self.assertEqual(self.as_json("settings"), {
+            "appearance": "dark", "menuBarStyle": "time", "weeklyGoalHours": 40, "installUpdatesAutomatically": False,
+            "launchAtLogin": True})
 
     def test_the_login_item_starts_the_program(self):
         self.open_settings("General")
