@@ -24,7 +24,7 @@ ClientService::ClientService(UnitOfWork& context, UndoHistory& history, TimerCal
     : context_(context), history_(history), timer_(std::move(timer)), now_(std::move(now)) {}
 
 Ref<Client> ClientService::add(const ClientForm& form) {
-    const auto client = std::make_shared<Client>(form.name);
+    auto client = std::make_shared<Client>(form.name);
     form.apply(*client);
     add(client);
     return client;

@@ -29,7 +29,7 @@ ProjectService::ProjectService(UnitOfWork& context, UndoHistory& history, TimerC
     : context_(context), history_(history), timer_(std::move(timer)) {}
 
 Ref<Project> ProjectService::add(const ProjectForm& form) {
-    const auto project = std::make_shared<Project>(form.name, form.client);
+    auto project = std::make_shared<Project>(form.name, form.client);
     form.apply(*project);
     add(project);
     return project;

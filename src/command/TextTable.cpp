@@ -15,7 +15,7 @@ constexpr std::size_t gap = 2;
 
 }  // namespace
 
-void TextTable::add(std::vector<std::string> cells) {
+void TextTable::add(const std::vector<std::string>& cells) {
     std::vector<Cell> row;
     row.reserve(cells.size());
     for (const auto& cell : cells) row.emplace_back(oneLine(cell));

@@ -21,7 +21,7 @@ class TextTable {
     explicit TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {}
 
     /// Adds a row; it has a cell for each column.
-    void add(std::vector<std::string> cells);
+    void add(const std::vector<std::string>& cells);
 
     /// The head and the rows, each ended by a line break, without blanks at their ends.
     [[nodiscard]] std::string text() const;

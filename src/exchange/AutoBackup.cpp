@@ -169,7 +169,7 @@ std::optional<fs::path> AutoBackup::runIfDue(UnitOfWork& context, const Business
                                              Instant now, const std::optional<fs::path>& given,
                                              const Check& check) {
     const fs::path target = given ? *given : folder();
-    const auto file = dueFile(context, now, target);
+    auto file = dueFile(context, now, target);
     if (!file) return std::nullopt;
     SnapshotJob job(context, profile, now, *file, check);
     job.complete();

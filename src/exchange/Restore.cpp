@@ -191,7 +191,7 @@ RestoreResult restore(const Backup& backup, UnitOfWork& context, Progress& progr
 
 RestoreResult restore(const Backup& backup, UnitOfWork& context, ProfileStore& profiles,
                       Progress& progress) {
-    const auto result = load(backup, context, progress, [&](const Client* first) {
+    auto result = load(backup, context, progress, [&](const Client* first) {
         const std::string evidence = first ? first->id().string() : "";
         if (!profiles.announce(backup.profile, evidence)) {
             throw RestoreError(RestoreError::Code::profileNotWritten);

@@ -102,7 +102,7 @@ Ref<TimeEntry> EntryService::duplicateEntryToToday(const Ref<TimeEntry>& entry) 
     if (length < minimumLength) return nullptr;
     const auto start = startToday(entry->start, length);
     if (!start) return nullptr;
-    const auto duplicate = std::make_shared<TimeEntry>(*start, nullptr);
+    auto duplicate = std::make_shared<TimeEntry>(*start, nullptr);
     duplicate->project = entry->project;
     duplicate->end = *start + length;
     duplicate->notes = entry->notes;

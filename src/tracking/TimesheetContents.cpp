@@ -86,7 +86,7 @@ void TimesheetContents::readNext() {
     } catch (const StoreError&) {
         // A piece that can't be read counts as empty.
     }
-    place(position, std::move(piece));
+    place(position, piece);
     if (toRead_.empty()) placeBegunBefore();
 }
 
@@ -115,7 +115,7 @@ void TimesheetContents::readOn() {
     });
 }
 
-void TimesheetContents::place(std::size_t position, Piece piece) {
+void TimesheetContents::place(std::size_t position, const Piece& piece) {
     const auto former = std::exchange(pieces_[position], piece);
     if (readsAgain_) takeFromOthers(*piece, former.get());
 }

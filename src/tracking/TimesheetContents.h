@@ -55,7 +55,7 @@ class TimesheetContents {
     void readNext();
     void readOn();
     void placeBegunBefore();
-    void place(std::size_t position, Piece piece);
+    void place(std::size_t position, const Piece& piece);
     void takeFromOthers(const TimesheetPiece& piece, const TimesheetPiece* former);
     [[nodiscard]] TimesheetPiece::IDs followNotes(const RecordChanges::Named& changes);
     bool followNotesOf(const PersistentID& id);

@@ -172,8 +172,8 @@ std::optional<std::vector<std::string>> parseExec(std::string_view value) {
     return ExecReader(line).words();
 }
 
-AutostartFile::AutostartFile(fs::path folder, fs::path program)
-    : file_(std::move(folder) / "elmworth.desktop"), program_(std::move(program)) {}
+AutostartFile::AutostartFile(const fs::path& folder, fs::path program)
+    : file_(folder / "elmworth.desktop"), program_(std::move(program)) {}
 
 fs::path AutostartFile::standardFolder() {
     return settingsFolder().parent_path() / "autostart";

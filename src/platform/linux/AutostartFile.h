@@ -17,7 +17,7 @@ namespace elmworth {
 class AutostartFile final : public LoginItem {
  public:
     /// Starts `program`, an absolute path, from an entry in `folder`, which is made when missing.
-    AutostartFile(std::filesystem::path folder, std::filesystem::path program);
+    AutostartFile(const std::filesystem::path& folder, std::filesystem::path program);
 
     /// "autostart" in XDG_CONFIG_HOME (else ~/.config).
     [[nodiscard]] static std::filesystem::path standardFolder();

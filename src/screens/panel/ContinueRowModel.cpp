@@ -16,7 +16,7 @@ QString titleOf(const Ref<TimeEntry>& entry) {
 
 QString subtitleOf(const Ref<TimeEntry>& entry) {
     if (!entry) return {};
-    const auto notes = QString::fromStdString(entry->notes).simplified();  // the row has one line
+    auto notes = QString::fromStdString(entry->notes).simplified();  // the row has one line
     if (!notes.isEmpty()) return notes;
     const auto& client = entry->project->client.get();
     return client ? QString::fromStdString(client->name) : QString();

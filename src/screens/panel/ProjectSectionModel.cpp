@@ -39,6 +39,7 @@ bool hasText(const Project& project, const std::string& text) {
 std::vector<ProjectStartRow> rowsOf(const std::vector<Ref<Project>>& projects,
                                     const Ref<Project>& running) {
     std::vector<ProjectStartRow> rows;
+    rows.reserve(projects.size());
     for (const auto& project : projects) {
         rows.push_back(ProjectStartRow::of(*project, rows.size(), project == running));
     }

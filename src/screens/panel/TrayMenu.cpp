@@ -26,7 +26,7 @@ std::string oneShortLine(QString text) {
     for (QChar& c : text) {
         if (breaksTheLine(c)) c = QLatin1Char(' ');
     }
-    const std::string line = text.toStdString();
+    std::string line = text.toStdString();
     if (characterCount(line) <= longestText) return line;
     return std::string(firstCharacters(line, longestText - 1)) + "\u2026";
 }

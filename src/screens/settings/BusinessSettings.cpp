@@ -96,7 +96,7 @@ QString BusinessSettings::nextInvoice() const {
 QString BusinessSettings::storeLogoFrom(const QUrl& file) {
     if (services_.isDemo) return QStringLiteral("The demo has no logo of its own.");
     const auto path = file.toLocalFile();
-    const auto unreadable = QStringLiteral("That image couldn't be read.");
+    auto unreadable = QStringLiteral("That image couldn't be read.");
     if (!isLogoKind(path)) return unreadable;
     try {
         storeLogo(path.toStdString());

@@ -27,7 +27,7 @@ QString text(const std::string& utf8) {
 /// `label` on one line. One that is far longer than any room for it loses its middle, as the legend
 /// cuts what it has no room for: long names often differ at their ends.
 QString shown(const std::string& label) {
-    const QString line = text(label).simplified();
+    QString line = text(label).simplified();
     if (line.size() <= longestLabel) return line;
     QString begin = line.left(longestLabel / 2);
     QString end = line.right(longestLabel - 1 - begin.size());
