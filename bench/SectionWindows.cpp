@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // What a section of the window takes until its first complete frame, beside the timesheet's week,
-// in a small library and in that of twenty years; and what it takes with 2,000 clients. Where no
-// graphics card helps.
+// in a small library and in that of twenty years; and what it takes with 2,000 clients, and with
+// the 400 projects of those years. Where no graphics card helps.
 
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -21,6 +21,7 @@
 #include "BenchLibrary.h"
 #include "platform/Settings.h"
 #include "screens/clients/ClientsModel.h"
+#include "screens/projects/ProjectsModel.h"
 #include "screens/timesheet/TimesheetModel.h"
 #include "theme/fonts/Fonts.h"
 
@@ -28,6 +29,8 @@ Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_ClientsPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_ProjectsPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 
 namespace elmworth::bench {
 namespace {
@@ -76,6 +79,10 @@ class Sections {
     }
     [[nodiscard]] std::unique_ptr<ClientsModel> clients() {
         return std::make_unique<ClientsModel>(services(), confirmation_);
+    }
+
+    [[nodiscard]] std::unique_ptr<ProjectsModel> projects() {
+        return std::make_unique<ProjectsModel>(services(), confirmation_);
     }
 
     TurningLoop loop;
@@ -154,13 +161,22 @@ double firstFrame(QQmlEngine& engine, Sections& sections, const QByteArray& sour
     return since(began);
 }
 
+void reportBesideWeek(const std::string& what, std::vector<double> times,
+                      const std::vector<double>& week) {
+    char aim[64];
+    std::snprintf(aim, sizeof(aim), "%.2f times the week, aim 1.5", median(times) / median(week));
+    report(what, times, aim);
+}
+
 void firstFrames(std::int64_t entries) {
     Sections sections(entries);
     QQmlEngine engine;
     const auto timesheetSource = windowWith("Elmworth.Timesheet", "TimesheetView");
     const auto clientsSource = windowWith("Elmworth.Clients", "ClientsView");
+    const auto projectsSource = windowWith("Elmworth.Projects", "ProjectsView");
     std::vector<double> timesheet;
     std::vector<double> clients;
+    std::vector<double> projects;
     for (int i = 0; i < 16; ++i) {
         timesheet.push_back(firstFrame(
             engine, sections, timesheetSource, [&] { return sections.timesheet(); },
@@ -168,14 +184,47 @@ void firstFrames(std::int64_t entries) {
         clients.push_back(firstFrame(
             engine, sections, clientsSource, [&] { return sections.clients(); },
             [](const ClientsModel& /*model*/) { return true; }));
+        projects.push_back(firstFrame(
+            engine, sections, projectsSource, [&] { return sections.projects(); },
+            [](const ProjectsModel& /*model*/) { return true; }));
     }
-    for (auto* times : {&timesheet, &clients}) times->erase(times->begin());  // what compiles
+    for (auto* times : {&timesheet, &clients, &projects}) {
+        times->erase(times->begin());  // what compiles
+    }
     const auto of = " of " + std::to_string(entries) + " entries";
     report("a week" + of, timesheet, "");
-    char aim[64];
-    std::snprintf(aim, sizeof(aim), "%.2f times the week, aim 1.5",
-                  median(clients) / median(timesheet));
-    report("clients" + of, clients, aim);
+    reportBesideWeek("clients" + of, clients, timesheet);
+    reportBesideWeek("projects" + of, projects, timesheet);
+}
+
+/// Moves a list or a grid down by steps of 120 pixels.
+std::vector<double> scrollSteps(Shown& shown, const char* type, int count) {
+    std::vector<double> steps;
+    auto* view = shown.view(type);
+    for (int i = 0; i < count; ++i) {
+        const double y = view->property("contentY").toDouble() + 120;
+        steps.push_back(shown.frameOf([&] { view->setProperty("contentY", y); }));
+    }
+    return steps;
+}
+
+void manyProjects() {
+    Sections sections(200'000);
+    QQmlEngine engine;
+    const auto model = sections.projects();
+    Shown shown(engine, windowWith("Elmworth.Projects", "ProjectsView"), model.get());
+    shown.paint();
+    std::vector<double> idle;
+    for (int i = 0; i < 15; ++i) idle.push_back(shown.frameOf([] {}));
+    report(std::to_string(model->rows().rowCount()) + " lines of projects as they are", idle, "");
+    std::vector<double> keys;
+    for (int i = 0; i < 5; ++i) {
+        for (const char* typed : {"p", "pr", "pro", "project 1", "project 12", "zz", "ü", ""})
+            keys.push_back(shown.frameOf([&] { model->setSearch(QString::fromUtf8(typed)); }));
+    }
+    report("a key in their search", keys, "aim 16 ms");
+    report("a step of 120 pixels among them", scrollSteps(shown, "QQuickListView", 200),
+           "aim 16 ms");
 }
 
 void manyClients() {
@@ -200,13 +249,8 @@ void manyClients() {
             keys.push_back(shown.frameOf([&] { model->setSearch(QString::fromUtf8(typed)); }));
     }
     report("a key in their search", keys, "aim 16 ms");
-    std::vector<double> steps;
-    auto* grid = shown.view("QQuickGridView");
-    for (int i = 0; i < 600; ++i) {
-        const double y = grid->property("contentY").toDouble() + 120;
-        steps.push_back(shown.frameOf([&] { grid->setProperty("contentY", y); }));
-    }
-    report("a step of 120 pixels among them", steps, "aim 16 ms");
+    report("a step of 120 pixels among them", scrollSteps(shown, "QQuickGridView", 600),
+           "aim 16 ms");
 }
 
 }  // namespace
@@ -222,5 +266,6 @@ int main(int argc, char** argv) {
     elmworth::bench::firstFrames(10'000);
     elmworth::bench::firstFrames(200'000);
     elmworth::bench::manyClients();
+    elmworth::bench::manyProjects();
     return 0;
 }
