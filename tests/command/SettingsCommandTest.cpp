@@ -3,6 +3,7 @@
 
 #include "command/CommandTest.h"
 #include "support/FileSizeLimit.h"
+#include "support/TestLoginItem.h"
 
 namespace elmworth {
 namespace {
@@ -11,27 +12,11 @@ using test::keys;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// A login item that can be made to refuse.
-class TestLoginItem final : public LoginItem {
- public:
-    [[nodiscard]] bool isEnabled() const override { return isEnabled_; }
-    bool refuses = false;
-
- private:
-    void enable() override { change(true); }
-    void disable() override { change(false); }
-    void change(bool isEnabled) {
-        if (refuses) throw LoginItemError("The autostart folder can't be written.");
-        isEnabled_ = isEnabled;
-    }
-    bool isEnabled_ = false;
-};
-
 class SettingsCommand : public test::CommandTest {
  protected:
     SettingsCommand() { loginItem_ = &item; }
 
-    TestLoginItem item;
+    test::TestLoginItem item;
 };
 
 TEST_F(SettingsCommand, showsAllWithTheirMeaning) {

@@ -12,25 +12,10 @@
 #include "screens/settings/SettingsModel.h"
 #include "support/FileSizeLimit.h"
 #include "support/ScopedEnvironment.h"
+#include "support/TestLoginItem.h"
 #include "support/TestServices.h"
 
 namespace elmworth::test {
-
-/// A login item that can be made to refuse.
-class TestLoginItem final : public LoginItem {
- public:
-    [[nodiscard]] bool isEnabled() const override { return isEnabled_; }
-    bool refuses = false;
-
- private:
-    void enable() override { change(true); }
-    void disable() override { change(false); }
-    void change(bool isEnabled) {
-        if (refuses) throw LoginItemError("The autostart folder can't be written.");
-        isEnabled_ = isEnabled;
-    }
-    bool isEnabled_ = false;
-};
 
 /// The settings over a library, a clock and folders of their own. It is Monday, 2026-03-02, 09:00.
 class SettingsTest : public testing::Test {
