@@ -3,9 +3,8 @@
 
 #include "platform/Settings.h"
 
-#include <QVariantMap>
 #include <algorithm>
-#include <cerrno>
+#include <charconv>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -23,15 +22,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QString toQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// What stands on the disk under the name of a settings file.
 struct Content {
     enum class State { missing, sound, damaged, unreadable };
     State state = State::missing;
-    QVariantMap values{};  ///< of a damaged file, those that can be read
+    SettingsValues values{};  ///< of a damaged file, those that can be read
 
     [[nodiscard]] bool mustBeKept() const {
         return state == State::damaged || state == State::unreadable;
@@ -84,27 +79,27 @@ void keepAside(const fs::path& settings) {
 
 struct Settings::Impl {
     fs::path file;
-    QVariantMap values;
-    std::set<QString> unwritten;  ///< keys whose value, or absence, the file does not hold
-    bool keepsFile = false;       ///< what the file holds now
+    SettingsValues values;
+    std::set<std::string> unwritten;  ///< keys whose value, or absence, the file does not hold
+    bool keepsFile = false;           ///< what the file holds now
     bool lastWriteFailed = false;
     Observers<std::string_view> observers;  ///< of keys
 
     /// A new value, or none.
     struct Change {
-        QString key;
-        QVariant value;
+        std::string key;
+        std::optional<SettingsValue> value;
     };
 
     [[nodiscard]] bool holds(const Change& change) const {
         const auto found = values.find(change.key);
-        return found == values.end() ? !change.value.isValid() : *found == change.value;
+        return found == values.end() ? !change.value : found->second == change.value;
     }
 
     /// Makes all of `changes` over what the file holds now, in one write.
     void make(const std::vector<Change>& changes) {
         const Content content = readContent(file);
-        std::set<QString> changedKeys = adopt(content);
+        std::set<std::string> changedKeys = adopt(content);
         bool isNew = false;
         for (const Change& change : changes) {
             if (holds(change)) continue;
@@ -114,25 +109,29 @@ struct Settings::Impl {
             changedKeys.insert(change.key);
         }
         if (isNew) write(content);
-        for (const QString& key : changedKeys) observers.notify(key.toStdString());
+        for (const std::string& key : changedKeys) observers.notify(key);
     }
 
     void set(const Change& change) {
-        if (change.value.isValid()) {
-            values.insert(change.key, change.value);
+        if (change.value) {
+            values.insert_or_assign(change.key, *change.value);
         } else {
-            values.remove(change.key);
+            values.erase(change.key);
         }
     }
 
     /// Sets all values to those of a sound file, but for those that could not be written to it, and
     /// gives the keys that changed. Any other file changes nothing.
-    std::set<QString> adopt(const Content& content) {
-        std::set<QString> changedKeys;
+    std::set<std::string> adopt(const Content& content) {
+        std::set<std::string> changedKeys;
         if (content.state != Content::State::sound) return changedKeys;
-        auto keys = values.keys() + content.values.keys();
-        for (const QString& key : keys) {
-            const Change change{key, content.values.value(key)};
+        std::set<std::string> keys;
+        for (const auto& [key, value] : values) keys.insert(key);
+        for (const auto& [key, value] : content.values) keys.insert(key);
+        for (const std::string& key : keys) {
+            const auto found = content.values.find(key);
+            const Change change{
+                key, found == content.values.end() ? std::nullopt : std::optional(found->second)};
             if (unwritten.contains(key) || holds(change)) continue;
             set(change);
             changedKeys.insert(key);
@@ -144,7 +143,7 @@ struct Settings::Impl {
         try {
             createPrivateFolder(file.parent_path());
             AtomicFile target(file);
-            target.write(formatSettings(values, file));
+            target.write(formatSettings(values));
             if (content.mustBeKept() || keepsFile) keepAside(file);
             target.commit();
             keepsFile = false;
@@ -155,10 +154,11 @@ struct Settings::Impl {
         }
     }
 
-    [[nodiscard]] std::optional<QString> text(std::string_view key) const {
-        const QVariant value = values.value(toQString(key));
-        if (value.typeId() != QMetaType::QString) return std::nullopt;
-        return value.toString();
+    /// The value of `key` as a `Kind`; null when it is missing or of another kind.
+    template <class Kind>
+    [[nodiscard]] const Kind* find(std::string_view key) const {
+        const auto found = values.find(key);
+        return found == values.end() ? nullptr : std::get_if<Kind>(&found->second);
     }
 };
 
@@ -178,69 +178,69 @@ fs::path Settings::namedFile(std::string_view name) {
 }
 
 std::optional<std::string> Settings::string(std::string_view key) const {
-    const auto text = impl_->text(key);
-    return text ? std::optional(text->toStdString()) : std::nullopt;
+    const auto* const text = impl_->find<std::string>(key);
+    return text ? std::optional(*text) : std::nullopt;
 }
 
 std::optional<std::int64_t> Settings::integer(std::string_view key) const {
-    bool isNumber = false;
-    const auto number = impl_->text(key).value_or(QString()).toLongLong(&isNumber);
-    return isNumber ? std::optional<std::int64_t>(number) : std::nullopt;
+    const auto* const text = impl_->find<std::string>(key);
+    if (!text) return std::nullopt;
+    std::int64_t number = 0;
+    const char* const end = text->data() + text->size();
+    const auto [stop, error] = std::from_chars(text->data(), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
 std::optional<bool> Settings::boolean(std::string_view key) const {
-    const auto text = impl_->text(key);
-    if (text == QStringLiteral("true")) return true;
-    if (text == QStringLiteral("false")) return false;
+    const auto* const text = impl_->find<std::string>(key);
+    if (text && *text == "true") return true;
+    if (text && *text == "false") return false;
     return std::nullopt;
 }
 
 std::optional<std::string> Settings::data(std::string_view key) const {
-    const QVariant value = impl_->values.value(toQString(key));
-    if (value.typeId() != QMetaType::QByteArray) return std::nullopt;
-    return value.toByteArray().toStdString();
+    const auto* const blob = impl_->find<SettingsBytes>(key);
+    return blob ? std::optional(blob->bytes) : std::nullopt;
 }
 
 bool Settings::contains(std::string_view key) const {
-    return impl_->values.contains(toQString(key));
+    return impl_->values.find(key) != impl_->values.end();
 }
 
 void Settings::setString(std::string_view key, std::string_view value) {
-    impl_->make({{toQString(key), toQString(value)}});
+    impl_->make({{std::string(key), std::string(value)}});
 }
 
 void Settings::setInteger(std::string_view key, std::int64_t value) {
-    impl_->make({{toQString(key), QString::number(value)}});
+    impl_->make({{std::string(key), std::to_string(value)}});
 }
 
 void Settings::setBoolean(std::string_view key, bool value) {
-    const auto text = value ? QStringLiteral("true") : QStringLiteral("false");
-    impl_->make({{toQString(key), text}});
+    impl_->make({{std::string(key), std::string(value ? "true" : "false")}});
 }
 
 void Settings::setData(std::string_view key, std::string_view bytes, std::string_view obsoleteKey) {
-    std::vector<Impl::Change> changes{
-        {toQString(key), QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))}};
-    if (!obsoleteKey.empty()) changes.push_back({toQString(obsoleteKey), {}});
+    std::vector<Impl::Change> changes{{std::string(key), SettingsBytes{std::string(bytes)}}};
+    if (!obsoleteKey.empty()) changes.push_back({std::string(obsoleteKey), {}});
     impl_->make(changes);
 }
 
 void Settings::remove(std::string_view key) {
-    impl_->make({{toQString(key), {}}});
+    impl_->make({{std::string(key), {}}});
 }
 
 void Settings::removeAll() {
-    const QVariantMap removed = std::exchange(impl_->values, {});
+    const SettingsValues removed = std::exchange(impl_->values, {});
     impl_->unwritten.clear();
     std::error_code error;
     fs::remove(impl_->file, error);
     impl_->lastWriteFailed = static_cast<bool>(error);
-    for (const QString& key : removed.keys()) impl_->observers.notify(key.toStdString());
+    for (const auto& [key, value] : removed) impl_->observers.notify(key);
 }
 
 void Settings::reload() {
-    for (const QString& key : impl_->adopt(readContent(impl_->file)))
-        impl_->observers.notify(key.toStdString());
+    for (const std::string& key : impl_->adopt(readContent(impl_->file)))
+        impl_->observers.notify(key);
 }
 
 void Settings::keepFile() {
