@@ -3,8 +3,11 @@
 
 #include "invoicing/InvoiceFiles.h"
 
-#include <QCryptographicHash>
+#include <sodium/crypto_hash_sha256.h>
+#include <sodium/utils.h>
+
 #include <algorithm>
+#include <array>
 
 #include "platform/StandardFolders.h"
 #include "platform/Text.h"
@@ -21,11 +24,14 @@ bool isControl(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
 }
 
+/// The first digits of the SHA-256 of `number`.
 std::string hashOf(std::string_view number) {
-    const QByteArrayView bytes(number.data(), static_cast<qsizetype>(number.size()));
-    const QByteArray hash =
-        QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha256);
-    return hash.toHex().toStdString().substr(0, hashLength);
+    std::array<unsigned char, crypto_hash_sha256_BYTES> hash{};
+    crypto_hash_sha256(hash.data(), reinterpret_cast<const unsigned char*>(number.data()),
+                       number.size());
+    std::array<char, hashLength + 1> digits{};
+    sodium_bin2hex(digits.data(), digits.size(), hash.data(), hashLength / 2);
+    return digits.data();
 }
 
 /// A number that ends like a hash would pass for another number's stored name.
