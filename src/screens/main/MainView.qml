@@ -20,7 +20,19 @@ Basic.SplitView {
     /// Whether nothing lies over the window.
     readonly property bool isInFront: !model.confirmation.isOpen && !model.newInvoice.isOpen && !model.welcome.isOpen && !model.timesheet.editor.isOpen && !model.clients.editor.isOpen && !model.projects.editor.isOpen
 
+    /// Whether the window's own frame was seen. The sections are made after it, so that a start shows something at once.
+    property bool isDrawn: false
+
     signal closeRequested()
+
+    Connections {
+        target: view.Window.window
+        enabled: !view.isDrawn
+
+        function onFrameSwapped(): void {
+            view.isDrawn = true;
+        }
+    }
 
     Shortcut {
         enabled: view.isInFront && view.model.history.canUndo
@@ -61,8 +73,8 @@ Basic.SplitView {
 
             /// Does nothing for a section that is still to be made.
             function takeKeyboard(): void {
-                if (currentIndex === 0)
-                    timesheet.takeKeyboard();
+                if (currentIndex === 0 && timesheet.item)
+                    (timesheet.item as TimesheetView).takeKeyboard();
                 else if (currentIndex === 1 && clients.item)
                     (clients.item as ClientsView).takeKeyboard();
                 else if (currentIndex === 2 && projects.item)
@@ -71,7 +83,7 @@ Basic.SplitView {
                     (invoices.item as InvoicesView).takeKeyboard();
             }
             function goOn(): void {
-                if (!sidebar.activeFocus)
+                if (view.isInFront && !sidebar.activeFocus)
                     takeKeyboard();
             }
 
@@ -80,56 +92,41 @@ Basic.SplitView {
             // Who chooses a section by its key or a button goes on there, and who walks through the sidebar stays there.
             onCurrentIndexChanged: goOn()
 
-            TimesheetView {
+            OnDemand {
                 id: timesheet
 
                 focus: true
-                model: view.model.timesheet
+                wanted: view.isDrawn && view.model.section === 0
+                onLoaded: sections.goOn()
+
+                Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Timesheet/TimesheetView.qml", { focus: true, model: view.model.timesheet })
             }
 
             OnDemand {
                 id: clients
 
-                wanted: view.model.section === 1
+                wanted: view.isDrawn && view.model.section === 1
                 onLoaded: sections.goOn()
 
-                // What is made on demand doesn't outlive its view.
-                // qmllint disable unqualified
-                sourceComponent: ClientsView {
-                    focus: true
-                    model: view.model.clients
-                }
-                // qmllint enable unqualified
+                Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Clients/ClientsView.qml", { focus: true, model: view.model.clients })
             }
 
             OnDemand {
                 id: projects
 
-                wanted: view.model.section === 2
+                wanted: view.isDrawn && view.model.section === 2
                 onLoaded: sections.goOn()
 
-                // What is made on demand doesn't outlive its view.
-                // qmllint disable unqualified
-                sourceComponent: ProjectsView {
-                    focus: true
-                    model: view.model.projects
-                }
-                // qmllint enable unqualified
+                Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Projects/ProjectsView.qml", { focus: true, model: view.model.projects })
             }
 
             OnDemand {
                 id: invoices
 
-                wanted: view.model.section === 3
+                wanted: view.isDrawn && view.model.section === 3
                 onLoaded: sections.goOn()
 
-                // What is made on demand doesn't outlive its view.
-                // qmllint disable unqualified
-                sourceComponent: InvoicesView {
-                    focus: true
-                    model: view.model.invoices
-                }
-                // qmllint enable unqualified
+                Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Invoices/InvoicesView.qml", { focus: true, model: view.model.invoices })
             }
         }
 

@@ -5,8 +5,6 @@ import QtQuick
 import QtQuick.Controls.Basic as Basic
 import QtQuick.Layouts
 import Elmworth.Theme
-import Elmworth.Invoices
-import Elmworth.Welcome
 import Elmworth.Main
 
 /// The main window. Closing it ends nothing: the program goes on without it.
@@ -45,20 +43,12 @@ Basic.ApplicationWindow {
 
     OnDemand {
         wanted: window.model.newInvoice.isOpen
-
-        // What is made on demand doesn't outlive its window.
-        // qmllint disable unqualified
-        sourceComponent: NewInvoiceSheet { model: window.model.newInvoice }
-        // qmllint enable unqualified
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Invoices/NewInvoiceSheet.qml", { model: window.model.newInvoice })
     }
 
     OnDemand {
         wanted: window.model.welcome.isOpen
-
-        // What is made on demand doesn't outlive its window.
-        // qmllint disable unqualified
-        sourceComponent: WelcomeView { model: window.model.welcome }
-        // qmllint enable unqualified
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Welcome/WelcomeView.qml", { model: window.model.welcome })
     }
 
     ColumnLayout {
