@@ -38,6 +38,15 @@ int within(int wanted, int first, int end, int length) {
     return std::max(first, std::min(wanted, end - length));
 }
 
+/// One that shows is not resized beyond the bounds of its former size.
+void fixSize(QWindow& window, QSize size) {
+    window.setMinimumSize(window.minimumSize().boundedTo(size));
+    window.setMaximumSize(window.maximumSize().expandedTo(size));
+    window.resize(size);
+    window.setMinimumSize(size);
+    window.setMaximumSize(size);
+}
+
 }  // namespace
 
 QRectF PanelScreen::device() const {
@@ -71,6 +80,16 @@ QPoint panelCorner(const PanelScreen& screen, std::optional<QPoint> item, QSize 
             within(y, room.top(), bottom, size.height())};
 }
 
+std::chrono::milliseconds panelPatience(const QString& platform, bool wasVisited) {
+    using namespace std::chrono_literals;
+    const bool isPlacedByDesktop = platform.startsWith(QStringLiteral("wayland"));
+    return isPlacedByDesktop && !wasVisited ? 1500ms : 0ms;
+}
+
+int PanelPlace::patience(bool wasVisited) const {
+    return static_cast<int>(panelPatience(QGuiApplication::platformName(), wasVisited).count());
+}
+
 int PanelPlace::largestHeight() const {
     const auto screens = currentScreens();
     return screen_ < screens.size() ? screens[screen_].available.height() - 2 * gap : 0;
@@ -90,12 +109,14 @@ void PanelPlace::chooseCorner() {
     Q_EMIT changed();
 }
 
-void PanelPlace::stand(QObject* window) const {
+void PanelPlace::stand(QObject* window, QSize size) const {
     auto* const panel = qobject_cast<QWindow*>(window);
+    if (!panel) return;
+    fixSize(*panel, size);
     const auto screens = currentScreens();
-    if (!panel || screen_ >= screens.size()) return;
+    if (screen_ >= screens.size()) return;
     panel->setScreen(QGuiApplication::screens().at(static_cast<qsizetype>(screen_)));
-    panel->setPosition(panelCorner(screens[screen_], item_, panel->size()));
+    panel->setPosition(panelCorner(screens[screen_], item_, size));
 }
 
 }  // namespace elmworth

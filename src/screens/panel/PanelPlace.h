@@ -8,7 +8,9 @@
 #include <QPointF>
 #include <QRect>
 #include <QSize>
+#include <QString>
 #include <QtQmlIntegration>
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -35,6 +37,12 @@ struct PanelScreen {
 /// right corner of the screen. The panel never begins outside of what is available.
 [[nodiscard]] QPoint panelCorner(const PanelScreen& screen, std::optional<QPoint> item, QSize size);
 
+/// For how long the panel stays when another window gets the focus. Where the desktop places the
+/// panel (Qt's `platform` is then "wayland"), the pointer may have to cross other windows on its
+/// way there, and on some desktops the focus follows it. Once the pointer has been there, and where
+/// the panel stands beside the tray item, it goes at once.
+[[nodiscard]] std::chrono::milliseconds panelPatience(const QString& platform, bool wasVisited);
+
 /// Where the panel stands: on which screen, and where there.
 class PanelPlace : public QObject {
     Q_OBJECT
@@ -52,8 +60,13 @@ class PanelPlace : public QObject {
     /// In the corner of the main screen.
     Q_INVOKABLE void chooseCorner();
 
-    /// Moves `window`, a QWindow, to its place.
-    Q_INVOKABLE void stand(QObject* window) const;
+    /// Gives `window`, a QWindow, that size, and moves it to its place. Its size is its least and
+    /// its greatest at once: desktops that tile let such a window float instead of filling half a
+    /// screen.
+    Q_INVOKABLE void stand(QObject* window, QSize size) const;
+
+    /// `panelPatience` here, in milliseconds.
+    Q_INVOKABLE int patience(bool wasVisited) const;
 
  Q_SIGNALS:
     void changed();

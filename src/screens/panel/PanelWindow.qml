@@ -14,10 +14,14 @@ Window {
     required property PanelModel model
 
     property bool hasBeenActive: false
+    /// Whether the pointer has been over it.
+    property bool wasVisited: false
     /// When a click elsewhere closed it, in milliseconds since 1970.
     property double leftAt: 0
 
     readonly property Panel panel: content.item as Panel
+    /// As high as its content, as far as its screen has room.
+    readonly property size room: Qt.size(340, Math.min(panel ? panel.implicitHeight : 320, Math.max(320, place.largestHeight)))
 
     function openAt(point: point, isKnown: bool): void {
         if (isKnown)
@@ -26,8 +30,9 @@ Window {
             place.chooseCorner();
         model.refresh();
         hasBeenActive = false;
+        wasVisited = false;
         content.active = true;
-        place.stand(window);
+        place.stand(window, room);
         show();
         raise();
         requestActivate();
@@ -45,16 +50,20 @@ Window {
             openAt(point, true);
     }
 
+    function leave(): void {
+        leftAt = Date.now();
+        close();
+    }
+
     title: "Elmworth Panel"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
-    width: 340
-    height: Math.min(panel ? panel.implicitHeight : 320, Math.max(320, place.largestHeight))
     color: Theme.panelFill
 
-    onHeightChanged: if (visible) place.stand(window)
+    onRoomChanged: if (visible) place.stand(window, room)
     onVisibleChanged: {
         if (visible)
             return;
+        leaving.stop();
         content.active = false;
         model.rest();
     }
@@ -63,13 +72,23 @@ Window {
     onActiveChanged: {
         if (active) {
             hasBeenActive = true;
+            leaving.stop();
         } else if (hasBeenActive && visible) {
-            leftAt = Date.now();
-            close();
+            const patience = place.patience(wasVisited);
+            leaving.interval = patience;
+            patience > 0 ? leaving.restart() : leave();
         }
     }
 
     PanelPlace { id: place }
+
+    Timer {
+        id: leaving
+
+        onTriggered: window.leave()
+    }
+
+    HoverHandler { onHoveredChanged: window.wasVisited = window.wasVisited || hovered }
 
     Shortcut {
         sequence: "Escape"

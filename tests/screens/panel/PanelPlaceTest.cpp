@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QWindow>
+
 #include "support/Rows.h"
 
 namespace elmworth {
@@ -63,6 +65,26 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(PanelCorner, beginsOnTheScreenHoweverLargeThePanelIs) {
     EXPECT_EQ(panelCorner(plain, QPoint(1000, 1060), {4000, 3000}), QPoint(8, 8));
     EXPECT_EQ(panelCorner(plain, std::nullopt, {4000, 3000}), QPoint(8, 8));
+}
+
+TEST(PanelPlace, theSizeIsTheLeastAndTheGreatestSoThatTilingDesktopsLetItFloat) {
+    QWindow window;
+    const PanelPlace place;
+    for (const QSize size : {QSize(340, 500), QSize(340, 620), QSize(340, 320)}) {
+        place.stand(&window, size);
+        EXPECT_EQ(window.size(), size);
+        EXPECT_EQ(window.minimumSize(), size);
+        EXPECT_EQ(window.maximumSize(), size);
+    }
+}
+
+TEST(PanelPlace, waitsForThePointerOnlyWhereTheDesktopPlacesIt) {
+    using namespace std::chrono_literals;
+    EXPECT_GT(panelPatience(QStringLiteral("wayland"), false), 500ms);
+    EXPECT_GT(panelPatience(QStringLiteral("wayland-egl"), false), 500ms);
+    EXPECT_EQ(panelPatience(QStringLiteral("wayland"), true), 0ms);
+    EXPECT_EQ(panelPatience(QStringLiteral("xcb"), false), 0ms);
+    EXPECT_EQ(panelPatience(QStringLiteral("xcb"), true), 0ms);
 }
 
 }  // namespace
