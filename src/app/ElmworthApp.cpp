@@ -11,6 +11,7 @@
 
 #include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
+#include "screens/main/LeastSize.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
 
@@ -100,6 +101,7 @@ void ElmworthApp::makeMainWindow() {
     mainWindow_ = makeWindow(
         engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")),
         QVariant::fromValue(&mainViewModel_));
+    lowerLeastSize(*mainWindow_);
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     // show() would undo "maximized".
     mainWindow_->setVisible(true);

@@ -13,6 +13,9 @@ Basic.ApplicationWindow {
 
     required property MainViewModel model
 
+    /// Below it the view scrolls; it leaves the height of a line over the view.
+    readonly property size leastRoom: Qt.size(1020, 560)
+
     title: "Elmworth"
     width: 1080
     height: 720
@@ -65,11 +68,18 @@ Basic.ApplicationWindow {
             // qmllint enable unqualified
         }
 
-        MainView {
+        // A tile may be smaller than the least size of a window.
+        RoomyArea {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            model: window.model
-            onCloseRequested: window.close()
+            leastWidth: window.leastRoom.width
+            leastHeight: window.leastRoom.height
+
+            MainView {
+                anchors.fill: parent
+                model: window.model
+                onCloseRequested: window.close()
+            }
         }
     }
 }
