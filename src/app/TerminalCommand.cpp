@@ -67,6 +67,21 @@ CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInpu
     }
 }
 
+/// Needs neither the lock nor the library: it may be open elsewhere, or be one that can't be
+/// opened.
+CommandResult runOnLibraryFile(const CommandLine& commandLine) {
+    if (commandLine.isDemo || isHostedRun())
+        return failedCommand("A library in memory has no file.");
+    TerminalProgress progress(STDERR_FILENO);
+    FileCommandEnvironment environment{dataFolder() / "library.sqlite",
+                                       dataFolder() / "Backups",
+                                       Settings::standardFile(),
+                                       workingFolder(),
+                                       currentInstant,
+                                       progress};
+    return runFileCommand(commandLine, environment);
+}
+
 std::optional<CommandResult> runWithLibrary(const CommandLine& commandLine,
                                             const GatheredInput& input, InvoicePainter* painter) {
     if (!painter && needsPainter(commandLine)) return std::nullopt;
@@ -104,6 +119,7 @@ std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
                                                 const std::vector<std::string>& arguments,
                                                 InvoicePainter* painter) {
     try {
+        if (commandLine.fileAction) return runOnLibraryFile(commandLine);
         GatheredInput input;
         // Before the library is locked: another command may be the one that writes it.
         if (commandLine.readsStandardInput) input.gather(STDIN_FILENO);

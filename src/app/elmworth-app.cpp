@@ -46,7 +46,8 @@ int runCommandWithPainter(int argc, char** argv, std::vector<std::string> argume
     arguments.erase(arguments.begin());
     const auto commandLine = parseCommandLine(arguments);
     if (commandLine.answer) return printResult(*commandLine.answer);
-    if (!commandLine.action) return printResult(failedCommand("There is no command to carry out."));
+    if (!commandLine.isCommand())
+        return printResult(failedCommand("There is no command to carry out."));
     QtInvoicePainter painter;
     return finishTerminalCommand(commandLine, arguments, &painter);
 }

@@ -31,6 +31,6 @@ int main(int argc, char** argv) {
     if (commandLine.opensPanel) {
         return elmworth::printResult(elmworth::openPanel(commandLine.isDemo));
     }
-    if (!commandLine.action) return startApplication(arguments);
+    if (!commandLine.isCommand()) return startApplication(arguments);
     return elmworth::finishTerminalCommand(commandLine, arguments, nullptr);
 }

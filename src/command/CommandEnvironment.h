@@ -49,4 +49,15 @@ struct CommandEnvironment {
     [[nodiscard]] InvoiceService invoices() { return {context, history, profiles, now, calendar}; }
 };
 
+/// What a command works on that looks at the file of the library, whoever has it open, and leaves
+/// it as it is.
+struct FileCommandEnvironment {
+    std::filesystem::path library;
+    std::filesystem::path snapshots;  ///< their folder
+    std::filesystem::path settings;   ///< the file
+    std::filesystem::path workingFolder;
+    Clock now;
+    Progress& progress = noProgress();
+};
+
 }  // namespace elmworth

@@ -32,6 +32,7 @@ constexpr std::array commands{
     CommandEntry{"report", &addReportCommand},   CommandEntry{"export", &addExportCommand},
     CommandEntry{"import", &addImportCommand},   CommandEntry{"backup", &addBackupCommand},
     CommandEntry{"restore", &addRestoreCommand}, CommandEntry{"settings", &addSettingsCommand},
+    CommandEntry{"check", &addCheckCommand},
 };
 
 /// A key binding must not wait for the syntax of commands that it does not use.
@@ -105,6 +106,26 @@ std::string describe(const StoreError& error) {
     }
 }
 
+constexpr const char* noMemory = "There is not enough memory for this.";
+
+/// What `work` gives, or the failure that it ends with. Throws std::bad_alloc.
+CommandResult withFailuresTold(const std::function<CommandResult()>& work) {
+    try {
+        return work();
+    } catch (const CommandError& error) {
+        return failure(error.what(), static_cast<int>(error.kind()));
+    } catch (const std::filesystem::filesystem_error& error) {
+        return failedCommand(describe(error));
+    } catch (const StoreError& error) {
+        return failedCommand(describe(error));
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        // The sentences of BuildError and RenderError are made for people.
+        return failedCommand(error.what());
+    }
+}
+
 }  // namespace
 
 CommandResult failedCommand(const std::string& message) {
@@ -150,6 +171,13 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     commandLine.opensPanel = syntax.opensPanel;
     commandLine.readsStandardInput = syntax.readsStandardInput;
     commandLine.countsPages = syntax.drawing == Drawing::countsPages;
+    if (syntax.fileAction) {
+        commandLine.fileAction = [action = syntax.fileAction, format](
+                                     FileCommandEnvironment& environment, CommandResult& result) {
+            CommandOutput commandOutput{*format, result.output, result.errors};
+            return action(environment, commandOutput);
+        };
+    }
     if (syntax.action) {
         commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,
                                                               CommandResult& result) {
@@ -161,28 +189,33 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
 }
 
 CommandResult runCommand(const CommandLine& commandLine, CommandEnvironment& environment) {
-    CommandResult result;
     try {
-        // A command that fails rolls back, which must not reach what waits from an earlier failed
-        // save: the running timer may be among it.
-        if (environment.context.hasChanges()) environment.context.save();
-        const auto& faults = environment.context.readFaults();
-        const auto faultsBefore = faults.count();
-        commandLine.action(environment, result);
-        if (faults.count() != faultsBefore) result.errors += unreadableLibraryText() + '\n';
-        return result;
-    } catch (const CommandError& error) {
-        return failure(error.what(), static_cast<int>(error.kind()));
-    } catch (const std::filesystem::filesystem_error& error) {
-        return failedCommand(describe(error));
-    } catch (const StoreError& error) {
-        return failedCommand(describe(error));
+        return withFailuresTold([&] {
+            CommandResult result;
+            // A command that fails rolls back, which must not reach what waits from an earlier
+            // failed save: the running timer may be among it.
+            if (environment.context.hasChanges()) environment.context.save();
+            const auto& faults = environment.context.readFaults();
+            const auto faultsBefore = faults.count();
+            commandLine.action(environment, result);
+            if (faults.count() != faultsBefore) result.errors += unreadableLibraryText() + '\n';
+            return result;
+        });
     } catch (const std::bad_alloc&) {
         environment.context.rollback();
-        return failedCommand("There is not enough memory for this.");
-    } catch (const std::exception& error) {
-        // The sentences of BuildError and RenderError are made for people.
-        return failedCommand(error.what());
+        return failedCommand(noMemory);
+    }
+}
+
+CommandResult runFileCommand(const CommandLine& commandLine, FileCommandEnvironment& environment) {
+    try {
+        return withFailuresTold([&] {
+            CommandResult result;
+            result.exitStatus = commandLine.fileAction(environment, result);
+            return result;
+        });
+    } catch (const std::bad_alloc&) {
+        return failedCommand(noMemory);
     }
 }
 

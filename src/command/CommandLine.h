@@ -28,11 +28,17 @@ struct CommandLine {
     /// What to do; empty when there is an answer, or no command at all.
     std::function<void(CommandEnvironment&, CommandResult&)> action;
 
+    /// What to do with the file of the library, which is not opened; empty for all other commands.
+    std::function<int(FileCommandEnvironment&, CommandResult&)> fileAction;
+
     bool isDemo = false;        ///< works on a fresh demo library in memory
     bool needsPainter = false;  ///< draws a PDF
     bool countsPages = false;   ///< counts an invoice's pages, on which a logo takes room
     bool readsStandardInput = false;
     bool opensPanel = false;  ///< asks for the application's panel; there is no action then
+
+    /// Whether there is something to carry out.
+    [[nodiscard]] bool isCommand() const { return action || fileAction; }
 };
 
 /// Reads the arguments behind the program's name. Touches no library.
@@ -41,6 +47,11 @@ struct CommandLine {
 /// Carries out `commandLine`. Every failure becomes a line on standard error and an exit status.
 [[nodiscard]] CommandResult runCommand(const CommandLine& commandLine,
                                        CommandEnvironment& environment);
+
+/// Carries out a `commandLine` that has a `fileAction`. Every failure becomes a line on standard
+/// error and an exit status.
+[[nodiscard]] CommandResult runFileCommand(const CommandLine& commandLine,
+                                           FileCommandEnvironment& environment);
 
 /// The result of a command that failed before it could begin.
 [[nodiscard]] CommandResult failedCommand(const std::string& message);

@@ -31,6 +31,9 @@ struct CommandOutput {
 using CommandAction = std::function<void(CommandEnvironment&, CommandOutput&)>;
 using FileAction = std::function<void(FileSource&, CommandEnvironment&, CommandOutput&)>;
 
+/// Gives the exit status.
+using LibraryFileAction = std::function<int(FileCommandEnvironment&, CommandOutput&)>;
+
 /// What a command needs of the GUI library.
 enum class Drawing {
     none,
@@ -42,6 +45,7 @@ enum class Drawing {
 struct CommandSyntax {
     SubcommandSyntax program;
     CommandAction action = {};
+    LibraryFileAction fileAction = {};
     Drawing drawing = Drawing::none;
     bool opensPanel = false;
     bool readsStandardInput = false;
@@ -52,6 +56,11 @@ struct CommandSyntax {
             action = run;
             drawing = needed;
         });
+    }
+
+    /// Declares that `command` does `run` with the file of the library.
+    void runsOnFile(SubcommandSyntax command, LibraryFileAction run) {
+        command.whenGiven([this, run = std::move(run)] { fileAction = run; });
     }
 
     /// Declares that `command` takes a FILE, "-" for standard input, and does `run` with it.
@@ -75,5 +84,6 @@ void addImportCommand(CommandSyntax& syntax);
 void addBackupCommand(CommandSyntax& syntax);
 void addRestoreCommand(CommandSyntax& syntax);
 void addSettingsCommand(CommandSyntax& syntax);
+void addCheckCommand(CommandSyntax& syntax);
 
 }  // namespace elmworth

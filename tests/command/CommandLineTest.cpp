@@ -81,20 +81,23 @@ TEST_P(CommandHelp, refusesAnOptionThatItDoesNotHave) {
     EXPECT_NE(answer->errors, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , CommandHelp,
-    testing::Values("status", "start", "stop", "continue", "panel", "client", "client list",
-                    "client add", "client set", "client delete", "project", "project list",
-                    "project add", "project set", "project archive", "project unarchive",
-                    "project delete", "log", "invoice", "invoice list", "invoice preview",
-                    "invoice create", "invoice show", "invoice pdf", "invoice set", "invoice email",
-                    "invoice mark", "invoice rename", "invoice delete", "profile", "profile set"),
-    test::textName);
+INSTANTIATE_TEST_SUITE_P(, CommandHelp,
+                         testing::Values("status", "start", "stop", "continue", "panel", "client",
+                                         "client list", "client add", "client set", "client delete",
+                                         "project", "project list", "project add", "project set",
+                                         "project archive", "project unarchive", "project delete",
+                                         "log", "invoice", "invoice list", "invoice preview",
+                                         "invoice create", "invoice show", "invoice pdf",
+                                         "invoice set", "invoice email", "invoice mark",
+                                         "invoice rename", "invoice delete", "profile",
+                                         "profile set", "check"),
+                         test::textName);
 
 TEST(CommandLine, theHelpNamesAllCommands) {
     const auto help = parseCommandLine({"--help"}).answer->output;
-    for (const char* name : {"status", "start", "stop", "continue", "panel", "client", "project",
-                             "log", "invoice", "profile", "--format", "--version", "-demo"})
+    for (const char* name :
+         {"status", "start", "stop", "continue", "panel", "client", "project", "log", "invoice",
+          "profile", "check", "--format", "--version", "-demo"})
         EXPECT_THAT(help, HasSubstr(name));
     EXPECT_THAT(help, Not(HasSubstr("{")));
 }

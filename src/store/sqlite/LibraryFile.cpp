@@ -24,8 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uint32_t applicationID = 0x454C4D57;  // "ELMW"
-
 /// The fields of an SQLite file header that tell whose file it is (sqlite.org/fileformat.html).
 struct FileHeader {
     std::array<unsigned char, 100> bytes{};
@@ -37,7 +35,7 @@ struct FileHeader {
     }
     [[nodiscard]] bool isLibrary() const {
         return length == bytes.size() && std::memcmp(bytes.data(), "SQLite format 3", 16) == 0 &&
-               number(68) == applicationID;
+               number(68) == libraryApplicationID;
     }
     [[nodiscard]] std::uint32_t version() const { return number(60); }
 };
@@ -89,7 +87,7 @@ void refuseForeignFile(const fs::path& file, const LibraryModel& model) {
 }
 
 void createSchema(Database& database, const LibraryModel& model) {
-    database.execute("BEGIN; PRAGMA application_id = " + std::to_string(applicationID) +
+    database.execute("BEGIN; PRAGMA application_id = " + std::to_string(libraryApplicationID) +
                      "; PRAGMA user_version = " + std::to_string(model.version) + ';' +
                      createSchemaSQL(model.types) + "COMMIT");
 }

@@ -11,6 +11,9 @@
 
 namespace elmworth::sqlite {
 
+/// "ELMW": what the head of a library says that SQLite's own files do not.
+inline constexpr std::uint32_t libraryApplicationID = 0x454C4D57;
+
 /// Opens the library file `file` of `model` for the only process that uses it, making a new one
 /// where there is none: folder 0700, file 0600, write-ahead log, every commit durable by exactly
 /// one sync, the first one by another of the folder unless `syncLog` came before. A library of an
