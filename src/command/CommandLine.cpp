@@ -32,7 +32,7 @@ constexpr std::array commands{
     CommandEntry{"report", &addReportCommand},   CommandEntry{"export", &addExportCommand},
     CommandEntry{"import", &addImportCommand},   CommandEntry{"backup", &addBackupCommand},
     CommandEntry{"restore", &addRestoreCommand}, CommandEntry{"settings", &addSettingsCommand},
-    CommandEntry{"check", &addCheckCommand},
+    CommandEntry{"check", &addCheckCommand},     CommandEntry{"recover", &addRecoverCommand},
 };
 
 /// A key binding must not wait for the syntax of commands that it does not use.

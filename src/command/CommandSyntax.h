@@ -85,5 +85,6 @@ void addBackupCommand(CommandSyntax& syntax);
 void addRestoreCommand(CommandSyntax& syntax);
 void addSettingsCommand(CommandSyntax& syntax);
 void addCheckCommand(CommandSyntax& syntax);
+void addRecoverCommand(CommandSyntax& syntax);
 
 }  // namespace elmworth

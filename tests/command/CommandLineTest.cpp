@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(, CommandHelp,
                                          "invoice create", "invoice show", "invoice pdf",
                                          "invoice set", "invoice email", "invoice mark",
                                          "invoice rename", "invoice delete", "profile",
-                                         "profile set", "check"),
+                                         "profile set", "check", "recover"),
                          test::textName);
 
 TEST(CommandLine, theHelpNamesAllCommands) {

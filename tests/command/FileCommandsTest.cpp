@@ -80,5 +80,38 @@ TEST_F(LibraryFileCommand, checkFailsWithoutALibrary) {
     EXPECT_FALSE(std::filesystem::exists(library_.file()));
 }
 
+TEST_F(LibraryFileCommand, recoverTellsWhatItSavedAndHowToGoOn) {
+    library_.close();
+    test::damageTable(library_.file(), "Project");
+    const auto result = run({"recover", "new"});
+    EXPECT_EQ(result.exitStatus, 0) << result.errors;
+    const auto folder = library_.folder.path();
+    EXPECT_THAT(result.output, HasSubstr(" pages of the library.\n"));
+    EXPECT_THAT(result.output, HasSubstr("library  indexes  snapshot  unknown\n"));
+    EXPECT_THAT(result.output, HasSubstr("Entries         1        0         0        0\n"));
+    EXPECT_THAT(result.output, HasSubstr("Recovered project 1 stands in for a project that could "
+                                         "not be read.\n"));
+    EXPECT_THAT(result.output, HasSubstr("To go on with it: quit Elmworth, move library.sqlite and "
+                                         "library.sqlite-wal out of " +
+                                         folder.string() + ", both of them, and copy " +
+                                         (folder / "new" / "library.sqlite").string() + " there."));
+}
+
+TEST_F(LibraryFileCommand, recoverPrintsOneJSONDocument) {
+    const auto result = run({"recover", "new", "--format", "json"});
+    EXPECT_THAT(result.output, HasSubstr("\"damagedPages\": 0,\n  \"clients\": {\n    "
+                                         "\"library\": 1,\n    \"indexes\": 0,"));
+}
+
+TEST_F(LibraryFileCommand, recoverOverwritesNothing) {
+    EXPECT_EQ(run({"recover", "new"}).exitStatus, 0);
+    const auto result = run({"recover", "new"});
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "The folder " + (library_.folder.path() / "new").string() +
+                                 " is not empty. Name a new one, so that nothing is "
+                                 "overwritten.\n");
+}
+
 }  // namespace
 }  // namespace elmworth

@@ -86,7 +86,22 @@ std::optional<PersistentID> StoredColumn::identity() const {
 
 StoredRows::StoredRows(const LibraryImage& image, const LibraryModel& model) : image_(image) {
     readLayouts(model);
+    readSchemaPages();
     readFreePages();
+}
+
+/// What SQLite knows about the tables fills the first page and those below it.
+void StoredRows::readSchemaPages() {
+    constexpr std::size_t head = 100;
+    constexpr char branch = 5;
+    const auto page = image_.page(1);
+    if (page.size() < image_.pageSize() || page[head] != branch) return;
+    schema_.insert(bigEndian(page, head + 8));
+    const std::size_t count = bigEndian(page, head + 1) & 0xFFFF;
+    for (std::size_t i = 0; i < count && head + 16 + 2 * i <= page.size(); ++i) {
+        const std::size_t place = bigEndian(page, head + 10 + 2 * i) & 0xFFFF;
+        if (place + 4 <= page.size()) schema_.insert(bigEndian(page, place));
+    }
 }
 
 /// The library knows best how its tables look. One that no longer does has them as the model says.
@@ -180,8 +195,9 @@ void StoredRows::forEach(const Visitor& visitor, Progress& progress) {
 
 bool StoredRows::visitPage(std::uint32_t number, const Visitor& visitor) {
     StoredPage page(image_, number);
-    if (page.kind() == StoredPage::Kind::schema) return true;
-    if (page.kind() == StoredPage::Kind::other) return false;
+    if (schema_.contains(number)) return page.kind() == StoredPage::Kind::schema;
+    if (page.kind() != StoredPage::Kind::leaf && page.kind() != StoredPage::Kind::branch)
+        return false;
     bool isWhole = true;
     for (std::size_t i = 0; i < page.rowCount(); ++i) {
         if (page.readRow(i, columns_, overflow_)) {
@@ -202,7 +218,7 @@ void StoredRows::visitRow(const Visitor& visitor) {
     if (visitor.indexRow) visitor.indexRow(columns_);
 }
 
-/// Only optional columns can have been added to the table after the row was written.
+/// A row that was written before a column was added to the table lacks it.
 bool StoredRows::takeValues(const Layout& layout) {
     const auto& fields = layout.schema->fields;
     if (columns_.size() > layout.fields.size() + 1) return false;
@@ -211,8 +227,9 @@ bool StoredRows::takeValues(const Layout& layout) {
         if (!layout.fields[i]) continue;
         const auto& field = fields[*layout.fields[i]];
         const bool isThere = i + 1 < columns_.size();
-        if (!suits(isThere ? columns_[i + 1] : StoredColumn{}, field)) return false;
-        if (isThere) values_[*layout.fields[i]] = valueOf(columns_[i + 1], field.storage);
+        if (!isThere && (field.optional || field.mayBeMissing)) continue;
+        if (!isThere || !suits(columns_[i + 1], field)) return false;
+        values_[*layout.fields[i]] = valueOf(columns_[i + 1], field.storage);
     }
     return true;
 }

@@ -50,6 +50,7 @@ class StoredRows {
     /// Cancelled.
     void forEach(const Visitor& visitor, Progress& progress = noProgress());
 
+    [[nodiscard]] std::size_t pages() const noexcept { return image_.pageCount(); }
     /// Pages that the last `forEach` could not read, or not all of, and those that are missing.
     [[nodiscard]] std::size_t damagedPages() const noexcept { return damagedPages_; }
 
@@ -66,6 +67,7 @@ class StoredRows {
     };
 
     void readLayouts(const LibraryModel& model);
+    void readSchemaPages();
     void readFreePages();
     bool collectTree(std::uint32_t root);
     void collectTrees();
@@ -77,6 +79,7 @@ class StoredRows {
     const LibraryImage& image_;
     std::vector<Layout> layouts_;
     bool holdsMore_ = false;
+    std::unordered_set<std::uint32_t> schema_;  ///< what SQLite knows about the tables
     std::unordered_set<std::uint32_t> free_;
     std::unordered_set<std::uint32_t> reached_;  ///< from the roots; only where `free_` is damaged
     std::unordered_set<std::uint32_t> overflow_;
