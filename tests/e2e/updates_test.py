@@ -16,6 +16,7 @@ import time
 import unittest
 
 DRIVER = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"]) / "update_driver"
+SIGN = pathlib.Path(__file__).resolve().parents[2] / "packaging/sign-releases"
 NEW_PROGRAM = b"#!/bin/sh\necho new\n"
 OLD_PROGRAM = b"#!/bin/sh\necho old\n"
 
@@ -124,6 +125,21 @@ class Updates(unittest.TestCase):
         self.assertEqual(self.look(), "installed")
         self.assertEqual(self.program.read_bytes(), NEW_PROGRAM)
         self.assertEqual(subprocess.run([self.program], capture_output=True, text=True).stdout, "new\n")
+
+    def test_what_a_release_is_signed_with_is_taken(self):
+        """The tool that packaging brings, as docs/releasing.md tells how to use it."""
+        archive = self.home / "Elmworth-0.2.0.AppImage"
+        archive.write_bytes(NEW_PROGRAM)
+        notes = self.home / "notes.txt"
+        notes.write_text("Faster & <b>better</b>")
+        key = self.signer.file
+        self.assertEqual(subprocess.run([SIGN, "--public-key", key], check=True, capture_output=True,
+                                        text=True).stdout.strip(), self.signer.key)
+        command = [SIGN, "--key", key, "--version", "0.2.0", "--notes", notes, "--page", "https://elmworth.example/",
+                   "--address", f"{self.address}/program", archive]
+        self.offer(subprocess.run(command, check=True, capture_output=True).stdout)
+        self.assertEqual(self.look(), "installed")
+        self.assertEqual(self.program.read_bytes(), NEW_PROGRAM)
 
     def test_it_says_no_more_of_itself_than_its_version(self):
         self.offer(self.appcast(self.item()))
