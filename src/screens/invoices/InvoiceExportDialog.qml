@@ -3,10 +3,13 @@
 
 import QtQuick
 import QtQuick.Dialogs
+import Elmworth.Theme
 import Elmworth.Invoices
 
 /// Asks where the PDF of an invoice is to be written.
 FileDialog {
+    id: dialog
+
     property InvoiceDelivery delivery: null
 
     /// The dialog has closed, and what follows from that is done.
@@ -26,7 +29,14 @@ FileDialog {
     // Not every platform's dialog asks, so the delivery does. The linter doesn't know all that a dialog has.
     // qmllint disable
     options: FileDialog.DontConfirmOverwrite
-    onVisibleChanged: if (!visible) Qt.callLater(finished)
+    onVisibleChanged: {
+        if (visible)
+            keys.take(dialog.parentWindow, dialog.acceptLabel);
+        else
+            Qt.callLater(finished);
+    }
     // qmllint enable
     onAccepted: delivery.requestExport(selectedFile)
+
+    SaveDialogKeys { id: keys }
 }

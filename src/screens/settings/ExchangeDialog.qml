@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Dialogs
+import Elmworth.Theme
 
 /// Asks for a file to read or to write.
 FileDialog {
@@ -35,6 +36,9 @@ FileDialog {
     // Not every platform's dialog asks, so that the window does. The linter doesn't know all that a dialog has.
     // qmllint disable
     options: FileDialog.DontConfirmOverwrite
+    onVisibleChanged: if (visible && fileMode === FileDialog.SaveFile) keys.take(dialog.parentWindow, dialog.acceptLabel)
     onAccepted: take(selectedFile)
     // qmllint enable
+
+    SaveDialogKeys { id: keys }
 }

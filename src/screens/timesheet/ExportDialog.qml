@@ -3,10 +3,13 @@
 
 import QtQuick
 import QtQuick.Dialogs
+import Elmworth.Theme
 import Elmworth.Timesheet
 
 /// Asks where the filtered entries are to be written.
 FileDialog {
+    id: dialog
+
     property TimesheetModel model: null
 
     /// The dialog has closed, and what follows from that is done.
@@ -26,7 +29,14 @@ FileDialog {
     // Not every platform's dialog asks, so the timesheet does. The linter doesn't know all that a dialog has.
     // qmllint disable
     options: FileDialog.DontConfirmOverwrite
-    onVisibleChanged: if (!visible) Qt.callLater(finished)
+    onVisibleChanged: {
+        if (visible)
+            keys.take(dialog.parentWindow, dialog.acceptLabel);
+        else
+            Qt.callLater(finished);
+    }
     // qmllint enable
     onAccepted: model.requestExport(selectedFile)
+
+    SaveDialogKeys { id: keys }
 }
