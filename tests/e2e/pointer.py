@@ -7,7 +7,7 @@ import time
 import pyatspi
 from loop import wait_until
 
-LEFT, RIGHT = 1, 3
+LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 CURRENT_TIME = 0
 REST_SECONDS = 0.3
 
