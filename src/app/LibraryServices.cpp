@@ -15,14 +15,17 @@ namespace elmworth {
 
 namespace {
 
-/// The demo has a settings file of its own, emptied at each start, so that every demo is the same.
+/// The demo has settings of its own, in memory, so that every demo is the same.
 Settings& preparedForDemo(Settings& defaults, UnitOfWork& context, const Clock& now, bool isDemo) {
     if (isDemo) {
-        defaults.removeAll();
         defaults.setBoolean("didOnboard", true);  // a demo greets nobody
         DemoData::seed(context, defaults, now(), Calendar::current());
     }
     return defaults;
+}
+
+std::unique_ptr<TemporaryDataFolder> makeDemoFolder(bool isDemo) {
+    return isDemo ? std::make_unique<TemporaryDataFolder>() : nullptr;
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(bool isDemo) {
@@ -38,9 +41,10 @@ bool isHostedRun() {
 }
 
 LibraryServices::LibraryServices(bool isDemo, Clock now, RunLoop& runLoop)
-    : now_(std::move(now)),
+    : demoFolder_(makeDemoFolder(isDemo)),
+      now_(std::move(now)),
       container_(LibraryOptions::standard(isDemo), runLoop),
-      defaults_(isDemo ? Settings::namedFile("ElmworthDemo") : Settings::standardFile()),
+      defaults_(isDemo ? Settings::inMemory() : Settings::standardFile()),
       profiles_(preparedForDemo(defaults_, container_.mainContext(), now_, isDemo)),
       timer_(container_.mainContext(), now_, runLoop, [] { return Calendar::current(); }),
       loginItem_(makeLoginItem(isDemo)) {

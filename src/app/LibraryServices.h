@@ -10,6 +10,7 @@
 #include "platform/LoginItem.h"
 #include "platform/LongWork.h"
 #include "platform/Settings.h"
+#include "platform/StandardFolders.h"
 #include "records/Library.h"
 #include "records/ProfileStore.h"
 #include "store/StepRule.h"
@@ -39,6 +40,8 @@ class LibraryServices {
     [[nodiscard]] const Clock& clock() const noexcept { return now_; }
 
  private:
+    /// Of a demo, which neither shows the logo of the user nor touches the PDFs that are stored.
+    std::unique_ptr<TemporaryDataFolder> demoFolder_;
     Clock now_;
     Library container_;
     UndoHistory history_{container_.mainContext(), now_};

@@ -37,8 +37,9 @@ constexpr const char* libraryInUse = "The library is in use by another Elmworth 
 /// With a logo the pages of an invoice can only be counted by a process that can read pictures.
 bool needsPainter(const CommandLine& commandLine) {
     std::error_code ignored;
+    const bool mayHaveLogo = commandLine.countsPages && !commandLine.isDemo;
     return commandLine.needsPainter ||
-           (commandLine.countsPages && std::filesystem::exists(dataFolder() / "logo.png", ignored));
+           (mayHaveLogo && std::filesystem::exists(dataFolder() / "logo.png", ignored));
 }
 
 CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInput& input,

@@ -11,6 +11,7 @@
 #include "invoicing/InvoiceFiles.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/AtomicFile.h"
+#include "platform/StandardFolders.h"
 #include "platform/Text.h"
 #include "records/FieldText.h"
 
@@ -33,6 +34,11 @@ PaperSize choosePaper(const std::string& name, const BusinessProfile& profile) {
 void renderPDF(const PDFArguments& arguments, CommandEnvironment& environment,
                CommandOutput& output) {
     if (!environment.painter) throw CommandError("PDFs can't be drawn here.");
+    if (arguments.file.empty() && TemporaryDataFolder::isInUse()) {
+        throw CommandError(
+            "A demo keeps no PDFs. Name the file to write, or - for standard output.",
+            CommandError::Kind::usage);
+    }
     const auto paper = choosePaper(arguments.paper, environment.profiles.profile());
     const auto invoice = findInvoice(environment.context, arguments.number);
     const auto model = renderModel(*invoice, environment, environment.painter->loadLogo());

@@ -25,7 +25,8 @@ namespace elmworth {
 class Settings {
  public:
     /// The settings in `file`. A file that is missing or unreadable holds no values, a damaged one
-    /// those that can be read.
+    /// those that can be read. `inMemory()` stands for no file: nothing is read, and what is set
+    /// lasts as long as this object.
     explicit Settings(std::filesystem::path file);
     Settings(const Settings&) = delete;
     Settings& operator=(const Settings&) = delete;
@@ -34,8 +35,7 @@ class Settings {
     /// The settings of the user: "Elmworth.ini" in `settingsFolder()`.
     [[nodiscard]] static std::filesystem::path standardFile();
 
-    /// The file of a suite, a set of settings of its own: "{name}.ini" in `settingsFolder()`.
-    [[nodiscard]] static std::filesystem::path namedFile(std::string_view name);
+    [[nodiscard]] static std::filesystem::path inMemory() { return {}; }
 
     [[nodiscard]] const std::filesystem::path& file() const noexcept;
 

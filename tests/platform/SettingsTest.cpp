@@ -213,10 +213,23 @@ TEST_F(SettingsTest, removeAllTakesTheFileToo) {
     EXPECT_THAT(heard, ElementsAre("a", "b"));
 }
 
-TEST_F(SettingsTest, namedSettingsAreFilesOfTheirOwn) {
+TEST_F(SettingsTest, theUsersSettingsAreInTheFolderOfSettings) {
     const test::ScopedEnvironment config("XDG_CONFIG_HOME", "/config");
     EXPECT_EQ(Settings::standardFile(), "/config/Elmworth/Elmworth.ini");
-    EXPECT_EQ(Settings::namedFile("demo"), "/config/Elmworth/demo.ini");
+}
+
+TEST_F(SettingsTest, settingsInMemoryLastAsLongAsTheyStand) {
+    Settings defaults{Settings::inMemory()};
+    int heard = 0;
+    const auto observation = defaults.observe([&](std::string_view) { ++heard; });
+    defaults.setString("appearance", "dark");
+    defaults.setInteger("weeklyGoalHours", 40);
+    defaults.reload();
+    EXPECT_EQ(defaults.string("appearance"), "dark");
+    EXPECT_EQ(defaults.integer("weeklyGoalHours"), 40);
+    EXPECT_FALSE(defaults.lastWriteFailed());
+    EXPECT_EQ(heard, 2);
+    EXPECT_FALSE(Settings{Settings::inMemory()}.contains("appearance"));
 }
 
 }  // namespace

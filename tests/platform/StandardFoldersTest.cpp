@@ -42,6 +42,21 @@ TEST(StandardFolders, areAbsoluteAlsoWithoutAHomeFolder) {
     EXPECT_TRUE(dataFolder().is_absolute());
 }
 
+TEST(StandardFolders, aTemporaryDataFolderStandsInAndGoes) {
+    const ScopedEnvironment data("XDG_DATA_HOME", "/data");
+    std::filesystem::path folder;
+    {
+        const TemporaryDataFolder temporary;
+        folder = dataFolder();
+        struct stat status {};
+        ASSERT_EQ(::stat(folder.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0700);
+        writeAtomically(createPrivateFolder(folder / "Invoices") / "INV-2026-001.pdf", "%PDF");
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder));
+    EXPECT_EQ(dataFolder(), "/data/Elmworth");
+}
+
 TEST(StandardFolders, createdFoldersAreForTheUserAlone) {
     const test::TemporaryFolder folder;
     const auto created = createPrivateFolder(folder.path() / "a" / "b");

@@ -13,6 +13,7 @@ namespace elmworth {
 
 FileWatch::FileWatch(const std::filesystem::path& file, std::function<void()> changed)
     : file_(QString::fromStdString(file.string())) {
+    if (file.empty()) return;
     try {
         createPrivateFolder(file.parent_path());
     } catch (const std::system_error&) {

@@ -14,7 +14,8 @@ namespace elmworth {
 /// file, and now and then without such a reason. Needs a QCoreApplication.
 class FileWatch {
  public:
-    /// Makes the file's folder when it is missing; where that fails nothing is watched.
+    /// Makes the file's folder when it is missing; where that fails, or `file` is empty, nothing is
+    /// watched.
     FileWatch(const std::filesystem::path& file, std::function<void()> changed);
     FileWatch(const FileWatch&) = delete;
     FileWatch& operator=(const FileWatch&) = delete;

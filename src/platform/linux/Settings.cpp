@@ -34,6 +34,7 @@ struct Content {
 };
 
 Content readContent(const fs::path& file) {
+    if (file == Settings::inMemory()) return {};
     try {
         const std::string text = readFile(file);
         // Who does not replace a file but writes it anew leaves it empty for a moment.
@@ -141,17 +142,21 @@ struct Settings::Impl {
 
     void write(const Content& content) {
         try {
-            createPrivateFolder(file.parent_path());
-            AtomicFile target(file);
-            target.write(formatSettings(values));
-            if (content.mustBeKept() || keepsFile) keepAside(file);
-            target.commit();
+            if (file != inMemory()) replaceFile(content);
             keepsFile = false;
             unwritten.clear();
             lastWriteFailed = false;
         } catch (const std::system_error&) {
             lastWriteFailed = true;
         }
+    }
+
+    void replaceFile(const Content& content) {
+        createPrivateFolder(file.parent_path());
+        AtomicFile target(file);
+        target.write(formatSettings(values));
+        if (content.mustBeKept() || keepsFile) keepAside(file);
+        target.commit();
     }
 
     /// The value of `key` as a `Kind`; null when it is missing or of another kind.
@@ -171,10 +176,6 @@ Settings::~Settings() = default;
 
 fs::path Settings::standardFile() {
     return settingsFolder() / "Elmworth.ini";
-}
-
-fs::path Settings::namedFile(std::string_view name) {
-    return settingsFolder() / (std::string(name) + ".ini");
 }
 
 std::optional<std::string> Settings::string(std::string_view key) const {

@@ -9,6 +9,8 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <string>
+#include <system_error>
 
 namespace elmworth {
 namespace {
@@ -30,14 +32,40 @@ std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
     return folder.is_absolute() ? folder : homeFolder() / belowHome;
 }
 
+/// That of the TemporaryDataFolder; empty while there is none.
+std::filesystem::path& temporaryDataFolder() {
+    static std::filesystem::path folder;
+    return folder;
+}
+
 }  // namespace
 
 std::filesystem::path dataFolder() {
+    if (TemporaryDataFolder::isInUse()) return temporaryDataFolder();
     return baseFolder("XDG_DATA_HOME", ".local/share") / "Elmworth";
 }
 
 std::filesystem::path settingsFolder() {
     return baseFolder("XDG_CONFIG_HOME", ".config") / "Elmworth";
+}
+
+TemporaryDataFolder::TemporaryDataFolder() {
+    std::string name = std::filesystem::temp_directory_path() / "elmworth-XXXXXX";
+    if (::mkdtemp(name.data()) == nullptr) {
+        throw std::filesystem::filesystem_error("cannot create the folder", name,
+                                                std::error_code(errno, std::generic_category()));
+    }
+    temporaryDataFolder() = name;
+}
+
+TemporaryDataFolder::~TemporaryDataFolder() {
+    std::error_code ignored;  // nobody looks for anything there
+    std::filesystem::remove_all(temporaryDataFolder(), ignored);
+    temporaryDataFolder().clear();
+}
+
+bool TemporaryDataFolder::isInUse() {
+    return !temporaryDataFolder().empty();
 }
 
 std::filesystem::path createPrivateFolder(const std::filesystem::path& folder) {
