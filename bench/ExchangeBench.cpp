@@ -19,6 +19,7 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
+#include "Sizes.h"
 #include "exchange/BackupDecoder.h"
 #include "exchange/BackupExporter.h"
 #include "exchange/CSVDocument.h"
@@ -302,7 +303,8 @@ void importBare(benchmark::State& state) {
 }
 
 void onBig(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+    onEverySize(benchmark);
+    benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 BENCHMARK(backup)->Apply(onBig);

@@ -5,54 +5,24 @@
 // helps: to open, to select an invoice with its pages, a key in its notes. In the library of twenty
 // years, and in one of 10,000 entries.
 
-#include <QGuiApplication>
-#include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQuickStyle>
-#include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "BenchLibrary.h"
+#include "Frames.h"
 #include "platform/Settings.h"
 #include "screens/invoices/InvoicesModel.h"
 #include "support/TestOutlets.h"
-#include "theme/fonts/Fonts.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_InvoicesPlugin)
 
 namespace elmworth::bench {
 namespace {
-
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
-constexpr const char* source = R"(
-import QtQuick
-import Elmworth.Theme
-import Elmworth.Invoices
-
-Window {
-    id: window
-
-    required property InvoicesModel invoices
-
-    width: 1226
-    height: 900
-    visible: true
-    color: Theme.backgroundTop
-
-    InvoicesView {
-        anchors.fill: parent
-        model: window.invoices
-    }
-}
-)";
 
 class InvoicesWindow {
  public:
@@ -63,31 +33,22 @@ class InvoicesWindow {
 
     /// Makes the window, up to its first complete frame; in milliseconds.
     double open() {
-        const auto began = std::chrono::steady_clock::now();
-        QQmlComponent component(&engine_);
-        component.setData(source, QUrl());
-        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
-            {{QStringLiteral("invoices"), QVariant::fromValue(&model_)}})));
-        if (!window_) std::fprintf(stderr, "%s\n", qPrintable(component.errorString()));
-        paint();
-        return Milliseconds(std::chrono::steady_clock::now() - began).count();
-    }
-    void paint() {
-        QCoreApplication::processEvents();
-        window_->grabWindow();
+        return timed([&] {
+            shown_.emplace(engine_, "Elmworth.Invoices", "InvoicesView", &model_);
+            shown_->paint();
+        });
     }
     void settle() {
         for (int i = 0; i < 100; ++i) library_.loop.turn();
-        paint();
+        shown_->paint();
     }
     /// From `event` to the painted window.
     template <class Event>
     double frameOf(const Event& event) {
-        const auto began = std::chrono::steady_clock::now();
-        event();
-        context().deliverChanges();
-        paint();
-        return Milliseconds(std::chrono::steady_clock::now() - began).count();
+        return shown_->frameOf([&] {
+            event();
+            context().deliverChanges();
+        });
     }
 
  private:
@@ -110,17 +71,8 @@ class InvoicesWindow {
     NewInvoiceModel newInvoice_{services_};
     InvoicesModel model_{services_, {painter_, files_}, confirmation_, newInvoice_};
     QQmlEngine engine_;
-    std::unique_ptr<QQuickWindow> window_;
+    std::optional<Shown> shown_;
 };
-
-void report(const char* what, std::vector<double> times, double aim) {
-    std::sort(times.begin(), times.end());
-    const auto at = [&](double share) {
-        return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
-    };
-    std::printf("%-34s median %7.1f ms   95%% %7.1f ms   aim %5.0f ms\n", what, at(0.5), at(0.95),
-                aim);
-}
 
 /// The row of a draft with 500 entries, made of the time of other invoices.
 int makeLarge(InvoicesWindow& window) {
@@ -137,9 +89,8 @@ int makeLarge(InvoicesWindow& window) {
 }
 
 void measure(std::int64_t entryCount) {
-    std::printf("%lld entries\n", static_cast<long long>(entryCount));
     InvoicesWindow window(entryCount);
-    report("the first frame of the section", {window.open()}, 300);
+    report("first frame, invoices", entryCount, {window.open()}, 300);
     window.settle();
     const int large = makeLarge(window);
     std::vector<double> selections;
@@ -148,25 +99,22 @@ void measure(std::int64_t entryCount) {
     for (int i = 0; i < 15; ++i) {
         window.model().selection()->click(large + 1 + i);
         window.settle();
-        selections.push_back(window.frameOf([&] {
-            const auto began = std::chrono::steady_clock::now();
-            window.model().selection()->click(large);
-            told.push_back(Milliseconds(std::chrono::steady_clock::now() - began).count());
-        }));
+        selections.push_back(window.frameOf(
+            [&] { told.push_back(timed([&] { window.model().selection()->click(large); })); }));
     }
-    report("the same, before it is painted", told, 15);
-    report("selecting an invoice of 500", selections, 50);
+    report("selecting an invoice of 500, before painting", entryCount, told, 15);
+    report("selecting an invoice of 500", entryCount, selections, 50);
     QString notes;
     for (int i = 0; i < 45; ++i) {
         notes += QChar(u'a' + i % 26);
         keys.push_back(window.frameOf([&] { window.model().detail()->setNotes(notes); }));
     }
-    report("a key in its notes", keys, 16);
+    report("a key in the notes of an invoice", entryCount, keys, 16);
     std::vector<double> steps;
     for (int i = 0; i < 45; ++i) {
         steps.push_back(window.frameOf([&] { window.model().selection()->moveCurrent(1); }));
     }
-    report("an arrow key in the list", steps, 50);
+    report("an arrow key in the list of invoices", entryCount, steps, 50);
     window.model().detail()->leaveNotes();
 }
 
@@ -174,12 +122,8 @@ void measure(std::int64_t entryCount) {
 }  // namespace elmworth::bench
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const QGuiApplication application(argc, argv);
-    elmworth::loadEmbeddedFonts();
-    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    const elmworth::bench::Offscreen offscreen(argc, argv);
+    elmworth::bench::measure(1'000);
     elmworth::bench::measure(10'000);
     elmworth::bench::measure(200'000);
     return 0;

@@ -10,6 +10,7 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
+#include "Sizes.h"
 
 namespace elmworth::bench {
 namespace {
@@ -27,12 +28,7 @@ void openAndRestore(benchmark::State& state) {
         state.ResumeTiming();
     }
 }
-BENCHMARK(openAndRestore)
-    ->Name("open")
-    ->Arg(100)
-    ->Arg(10'000)
-    ->Arg(200'000)
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(openAndRestore)->Name("open")->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 
 void openBare(benchmark::State& state) {
     const LibraryCopy library(state.range(0));
@@ -47,12 +43,7 @@ void openBare(benchmark::State& state) {
         state.ResumeTiming();
     }
 }
-BENCHMARK(openBare)
-    ->Name("limit/open")
-    ->Arg(100)
-    ->Arg(10'000)
-    ->Arg(200'000)
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(openBare)->Name("limit/open")->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace elmworth::bench

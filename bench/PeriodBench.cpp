@@ -10,6 +10,7 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
+#include "Sizes.h"
 #include "records/Project.h"
 #include "records/TimeEntry.h"
 
@@ -72,17 +73,15 @@ void readBare(benchmark::State& state, CalendarUnit unit) {
     state.counters["rows"] = static_cast<double>(rows);
 }
 
-BENCHMARK(week)->Arg(10'000)->Arg(200'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(week)->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(readBare, week, CalendarUnit::weekOfYear)
     ->Name("limit/week")
-    ->Arg(10'000)
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(yearByProject)->Name("year")->Arg(10'000)->Arg(200'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(yearByProject)->Name("year")->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(readBare, year, CalendarUnit::year)
     ->Name("limit/year")
-    ->Arg(10'000)
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 
 /// The two sums beside the running timer.
@@ -93,11 +92,7 @@ void todayAndWeekSeconds(benchmark::State& state) {
         benchmark::DoNotOptimize(library.timer.thisWeekSeconds());
     }
 }
-BENCHMARK(todayAndWeekSeconds)
-    ->Name("totals")
-    ->Arg(10'000)
-    ->Arg(200'000)
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(todayAndWeekSeconds)->Name("totals")->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace elmworth::bench

@@ -18,6 +18,7 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
+#include "Sizes.h"
 #include "platform/LibraryLock.h"
 #include "records/Client.h"
 #include "records/Project.h"
@@ -180,7 +181,8 @@ constexpr const char* entriesOfAYear =
     R"( ORDER BY "start")";
 
 void onSizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(100)->Arg(200'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+    onEverySize(benchmark);
+    benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 /// The application, open on a session bus of its own.

@@ -7,6 +7,7 @@
 
 #include "BareLibrary.h"
 #include "BenchLibrary.h"
+#include "Sizes.h"
 
 namespace elmworth::bench {
 namespace {
@@ -124,8 +125,7 @@ void commitBare(benchmark::State& state) {
 
 void registerWithSizes(const char* name, void (*function)(benchmark::State&)) {
     benchmark::RegisterBenchmark(name, function)
-        ->Arg(10'000)
-        ->Arg(200'000)
+        ->Apply(onEverySize)
         ->Unit(benchmark::kMicrosecond)
         ->UseRealTime();
 }
@@ -148,7 +148,7 @@ void tick(benchmark::State& state) {
     }
     if (library.timer.elapsedText().empty()) state.SkipWithError("no timer runs");
 }
-BENCHMARK(tick)->Arg(100)->Arg(200'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(tick)->Apply(onEverySize)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace elmworth::bench

@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include "BenchLibrary.h"
+#include "Sizes.h"
 #include "tracking/TimesheetDays.h"
 
 namespace elmworth::bench {
@@ -58,23 +59,23 @@ void search(benchmark::State& state, const DateInterval& range, const char* type
 
 BENCHMARK_CAPTURE(list, week, span(CalendarUnit::weekOfYear))
     ->Name("timesheet/week")
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(list, year, span(CalendarUnit::year))
     ->Name("timesheet/year")
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(list, allYears, allYears())
     ->Name("timesheet/allYears")
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(search, ascii, span(CalendarUnit::year), "review")
     ->Name("timesheet/search/year")
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(search, other, span(CalendarUnit::year), "prüf")
     ->Name("timesheet/searchByCollation/year")
-    ->Arg(200'000)
+    ->Apply(onEverySize)
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -7,25 +7,21 @@
 
 #include <unistd.h>
 
-#include <QGuiApplication>
-#include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickStyle>
-#include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "BenchLibrary.h"
+#include "Frames.h"
 #include "platform/Settings.h"
 #include "records/DateRangePreset.h"
 #include "screens/timesheet/TimesheetModel.h"
-#include "theme/fonts/Fonts.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
@@ -34,32 +30,6 @@ Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 
 namespace elmworth::bench {
 namespace {
-
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
-constexpr std::int64_t entryCount = 200'000;
-
-constexpr const char* source = R"(
-import QtQuick
-import Elmworth.Theme
-import Elmworth.Timesheet
-
-Window {
-    id: window
-
-    required property TimesheetModel timesheet
-
-    width: 1226
-    height: 900
-    visible: true
-    color: Theme.backgroundTop
-
-    TimesheetView {
-        anchors.fill: parent
-        model: window.timesheet
-    }
-}
-)";
 
 double residentMegabytes() {
     std::ifstream file("/proc/self/statm");
@@ -76,8 +46,8 @@ Instant friday() {
 
 class TimesheetWindow {
  public:
-    TimesheetWindow() {
-        copyLibrary(entryCount, friday(), folder_.path());
+    explicit TimesheetWindow(std::int64_t entries) : entries_(entries) {
+        copyLibrary(entries, friday(), folder_.path());
         container_ =
             std::make_unique<Library>(LibraryOptions{folder_.path() / "library.sqlite"}, loop_);
         history_ = std::make_unique<UndoHistory>(container_->mainContext());
@@ -94,18 +64,18 @@ class TimesheetWindow {
                                                               .now = clock(),
                                                               .calendar = &libraryCalendar},
                                                   confirmation_, *historyModel_);
-        QQmlComponent component(&engine_);
-        component.setData(source, QUrl());
-        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
-            {{QStringLiteral("timesheet"), QVariant::fromValue(model_.get())}})));
-        if (!window_) std::fprintf(stderr, "%s\n", qPrintable(component.errorString()));
+        shown_.emplace(engine_, "Elmworth.Timesheet", "TimesheetView", model_.get());
         settle();
     }
 
     [[nodiscard]] TimesheetModel& model() { return *model_; }
     [[nodiscard]] TimerService& timer() { return *timer_; }
     void deliver() { container_->mainContext().deliverChanges(); }
-    [[nodiscard]] QQuickItem* list() const { return listIn(window_->contentItem()); }
+    [[nodiscard]] QQuickItem* list() const { return shown_->item("QQuickListView"); }
+
+    void report(const std::string& figure, std::vector<double> times, double aim = 0) const {
+        bench::report(figure, entries_, std::move(times), aim);
+    }
 
     void choose(DateRangePreset preset) {
         model_->filter()->choosePreset(static_cast<int>(preset));
@@ -114,8 +84,7 @@ class TimesheetWindow {
     /// One turn of the loop, with what it paints.
     void turn() {
         loop_.turn();
-        QCoreApplication::processEvents();
-        window_->grabWindow();
+        shown_->paint();
     }
     void settle() {
         do turn();
@@ -127,25 +96,15 @@ class TimesheetWindow {
     /// From `event` to the painted window.
     template <class Event>
     double frameOf(const Event& event) {
-        const auto began = std::chrono::steady_clock::now();
-        event();
-        QCoreApplication::processEvents();
-        window_->grabWindow();
-        return Milliseconds(std::chrono::steady_clock::now() - began).count();
+        return shown_->frameOf(event);
     }
 
  private:
-    [[nodiscard]] static QQuickItem* listIn(QQuickItem* item) {
-        if (item->inherits("QQuickListView")) return item;
-        for (auto* child : item->childItems()) {
-            if (auto* list = listIn(child)) return list;
-        }
-        return nullptr;
-    }
     [[nodiscard]] static Clock clock() {
         return [] { return friday(); };
     }
 
+    std::int64_t entries_;
     test::TemporaryFolder folder_;
     TurningLoop loop_;
     Settings defaults_{folder_.path() / "defaults.ini"};
@@ -157,17 +116,8 @@ class TimesheetWindow {
     std::unique_ptr<HistoryModel> historyModel_;
     std::unique_ptr<TimesheetModel> model_;
     QQmlEngine engine_;
-    std::unique_ptr<QQuickWindow> window_;
+    std::optional<Shown> shown_;
 };
-
-void report(const char* what, std::vector<double> times, double aim) {
-    std::sort(times.begin(), times.end());
-    const auto at = [&](double share) {
-        return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
-    };
-    std::printf("%-34s median %7.1f ms   95%% %7.1f ms   aim %5.0f ms\n", what, at(0.5), at(0.95),
-                aim);
-}
 
 void switchPeriods(TimesheetWindow& window, const char* what, DateRangePreset from,
                    DateRangePreset to, double aim) {
@@ -177,7 +127,7 @@ void switchPeriods(TimesheetWindow& window, const char* what, DateRangePreset fr
         window.settle();
         times.push_back(window.frameOf([&] { window.choose(to); }));
     }
-    report(what, times, aim);
+    window.report(what, times, aim);
 }
 
 void search(TimesheetWindow& window) {
@@ -191,7 +141,7 @@ void search(TimesheetWindow& window) {
         window.model().filter()->setSearch({});
         window.settle();
     }
-    report("a key in the search, a year", times, 16);
+    window.report("a key in the search, a year", times, 16);
 }
 
 void scroll(TimesheetWindow& window) {
@@ -203,7 +153,7 @@ void scroll(TimesheetWindow& window) {
         const double y = list->property("contentY").toDouble() + 120;
         times.push_back(window.frameOf([&] { list->setProperty("contentY", y); }));
     }
-    report("a step of 120 pixels, a year", times, 33);
+    window.report("a step of 120 pixels, a year", times, 33);
 }
 
 /// What a key in the notes of the running entry takes until it is told, and until it is painted.
@@ -216,15 +166,15 @@ void typeNotes(TimesheetWindow& window, const char* what) {
     for (int i = 0; i < 45; ++i) {
         notes += QChar(u'a' + i % 26);
         painted.push_back(window.frameOf([&] {
-            const auto began = std::chrono::steady_clock::now();
-            window.model().running()->setNotes(notes);
-            window.deliver();
-            told.push_back(Milliseconds(std::chrono::steady_clock::now() - began).count());
+            told.push_back(timed([&] {
+                window.model().running()->setNotes(notes);
+                window.deliver();
+            }));
         }));
     }
     window.timer().stop();
-    report((std::string("a key in the notes, ") + what).c_str(), told, 4);
-    report("the same, painted", painted, 16);
+    window.report(std::string("a key in the notes, ") + what, told, 4);
+    window.report(std::string("a key in the notes, ") + what + ", painted", painted, 16);
 }
 
 /// What the arrow keys take in a list of all lines.
@@ -233,17 +183,12 @@ void moveKeys(TimesheetWindow& window) {
     std::vector<double> moves;
     std::vector<double> extensions;
     model.selection()->moveCurrent(model.rows().rowCount() / 2);
-    const auto timed = [](const auto& act) {
-        const auto began = std::chrono::steady_clock::now();
-        act();
-        return Milliseconds(std::chrono::steady_clock::now() - began).count();
-    };
     for (int i = 0; i < 45; ++i) moves.push_back(timed([&] { model.selection()->moveCurrent(1); }));
     model.selection()->moveCurrent(-model.rows().rowCount(), true);
     for (int i = 0; i < 45; ++i)
         extensions.push_back(timed([&] { model.selection()->moveCurrent(1, true); }));
-    report("an arrow key in all lines", moves, 1);
-    report("the same with Shift, half selected", extensions, 1);
+    window.report("an arrow key in all lines", moves, 1);
+    window.report("an arrow key with Shift, half selected", extensions, 1);
     model.selection()->clear();
 }
 
@@ -255,33 +200,29 @@ void allYears(TimesheetWindow& window) {
         window.choose(DateRangePreset::thisWeek);
         window.settle();
         window.model().filter()->from()->setValue(friday() - std::chrono::days(365 * 21));
-        const auto began = std::chrono::steady_clock::now();
-        turns.push_back(window.frameOf([&] { window.choose(DateRangePreset::custom); }));
-        while (window.model().isReading()) {
-            turns.push_back(window.frameOf([&] { window.turn(); }));
-        }
-        whole.push_back(Milliseconds(std::chrono::steady_clock::now() - began).count());
+        whole.push_back(timed([&] {
+            turns.push_back(window.frameOf([&] { window.choose(DateRangePreset::custom); }));
+            while (window.model().isReading()) {
+                turns.push_back(window.frameOf([&] { window.turn(); }));
+            }
+        }));
         full = std::max(full, residentMegabytes());
     }
-    report("all twenty years, complete", whole, 400);
+    window.report("all twenty years, complete", whole, 400);
     typeNotes(window, "all years");
     moveKeys(window);
-    std::printf("longest turn meanwhile %.1f ms; %d rows\n",
-                *std::max_element(turns.begin(), turns.end()), window.model().rows().rowCount());
+    window.report("a turn of the loop meanwhile", turns, 25);
     window.choose(DateRangePreset::thisWeek);
     window.settle();
-    std::printf("memory with all years %.0f MB (aim 250), back in a week %.0f MB (aim 150)\n", full,
-                residentMegabytes());
+    std::printf("memory with all years | %.0f MB | aim 250 MB\n", full);
+    std::printf("memory back in a week | %.0f MB | aim 150 MB\n", residentMegabytes());
 }
 
-/// All of it, or the years alone.
-void measure(bool yearsOnly) {
-    TimesheetWindow window;
-    if (yearsOnly) return allYears(window);
-    std::printf("memory with a week %.0f MB\n", residentMegabytes());
+void measure(std::int64_t entries) {
+    TimesheetWindow window(entries);
     std::vector<double> idle;
     for (int i = 0; i < 15; ++i) idle.push_back(window.frameOf([] {}));
-    report("the window as it is", idle, 0);
+    window.report("the timesheet as it is", idle);
     using enum DateRangePreset;
     switchPeriods(window, "last week to this week", lastWeek, thisWeek, 16);
     switchPeriods(window, "this week to this month", thisWeek, thisMonth, 16);
@@ -300,12 +241,7 @@ void measure(bool yearsOnly) {
 }  // namespace elmworth::bench
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const QGuiApplication application(argc, argv);
-    elmworth::loadEmbeddedFonts();
-    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    elmworth::bench::measure(argc > 1);
+    const elmworth::bench::Offscreen offscreen(argc, argv);
+    for (const std::int64_t entries : {1'000, 10'000, 200'000}) elmworth::bench::measure(entries);
     return 0;
 }
