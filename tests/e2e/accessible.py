@@ -58,10 +58,13 @@ def focused():
 
 
 def press(name, role=None):
-    button = wait_until(lambda: find(name, role), f"a control named {name}")
-    action = button.queryAction()
+    press_node(wait_until(lambda: find(name, role), f"a control named {name}"))
+
+
+def press_node(node):
+    action = node.queryAction()
     for index in range(action.nActions):
         if action.getName(index) in ("Press", "press"):
             action.doAction(index)
             return
-    raise AssertionError(f"{name} can't be pressed")
+    raise AssertionError(f"{node.name} can't be pressed")
