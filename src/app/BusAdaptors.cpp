@@ -3,9 +3,15 @@
 
 #include "app/BusAdaptors.h"
 
+#include "platform/LibraryLock.h"
+#include "platform/StandardFolders.h"
+
 namespace elmworth {
 
 namespace {
+
+constexpr const char* notTheLibrarys =
+    "Only programs that may write this library can give it commands.";
 
 /// The caller's leave to come to the front; Qt reads it when a window asks to be activated.
 void takeActivationToken(const QVariantMap& platformData) {
@@ -19,14 +25,18 @@ QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& wor
                                 const QString& locale, const QString& moneyLocale,
                                 const QString& zone, const QDBusUnixFileDescriptor& terminal,
                                 const QDBusUnixFileDescriptor& lifeline,
-                                const QDBusUnixFileDescriptor& standardInput, unsigned umask,
+                                const QDBusUnixFileDescriptor& standardInput,
+                                const QDBusUnixFileDescriptor& library, unsigned umask,
                                 QByteArray& errors, int& exitStatus) {
     std::vector<std::string> words;
     for (const auto& argument : arguments) words.push_back(argument.toStdString());
-    const auto result = service_.run(
-        words, {workingFolder.toStdString(), locale.toStdString(), moneyLocale.toStdString(),
-                zone.toStdString(), terminal.fileDescriptor(), lifeline.fileDescriptor(),
-                standardInput.fileDescriptor(), umask});
+    const CommandCaller caller{workingFolder.toStdString(),    locale.toStdString(),
+                               moneyLocale.toStdString(),      zone.toStdString(),
+                               terminal.fileDescriptor(),      lifeline.fileDescriptor(),
+                               standardInput.fileDescriptor(), umask};
+    const auto result = isWritableLockFile(library.fileDescriptor(), dataFolder())
+                            ? service_.run(words, caller)
+                            : failedCommand(notTheLibrarys);
     errors = QByteArray::fromStdString(result.errors);
     exitStatus = result.exitStatus;
     return QByteArray::fromStdString(result.output);

@@ -15,8 +15,10 @@
 #include "app/WorkingFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
+#include "platform/LibraryLock.h"
 #include "platform/Locale.h"
 #include "platform/MoneyFormat.h"
+#include "platform/StandardFolders.h"
 
 namespace elmworth {
 
@@ -51,13 +53,29 @@ class Lifeline {
     std::array<int, 2> ends_{};
 };
 
+/// Shows the application that this process may write its library.
+class LockFile {
+ public:
+    LockFile() : descriptor_(openLockFile(dataFolder())) {}
+    LockFile(const LockFile&) = delete;
+    LockFile& operator=(const LockFile&) = delete;
+    ~LockFile() {
+        if (descriptor_ >= 0) ::close(descriptor_);
+    }
+    [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
+
+ private:
+    int descriptor_;
+};
+
 }  // namespace
 
 std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
                                      const GatheredInput& input) {
     auto* const call = sessionBusFunction<HandOffFunction>("elmworthHandOff");
     const Lifeline lifeline;
-    if (!call || lifeline.watched() < 0) return std::nullopt;
+    const LockFile library;
+    if (!call || lifeline.watched() < 0 || library.descriptor() < 0) return std::nullopt;
     const HandOffRequest request{arguments,
                                  workingFolder().string(),
                                  Locale::current().identifier(),
@@ -66,6 +84,7 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
                                  STDERR_FILENO,
                                  lifeline.watched(),
                                  input.descriptor(),
+                                 library.descriptor(),
                                  currentUmask()};
     CommandResult result;
     if (!call(request, result)) return std::nullopt;

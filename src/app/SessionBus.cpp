@@ -54,10 +54,10 @@ bool appendRequest(sd_bus_message* message, const elmworth::HandOffRequest& requ
         if (sd_bus_message_append(message, "s", argument.c_str()) < 0) return false;
     }
     return sd_bus_message_close_container(message) >= 0 &&
-           sd_bus_message_append(message, "sssshhhu", request.workingFolder.c_str(),
+           sd_bus_message_append(message, "sssshhhhu", request.workingFolder.c_str(),
                                  request.locale.c_str(), request.moneyLocale.c_str(),
                                  request.zone.c_str(), request.terminal, request.lifeline,
-                                 request.standardInput, request.umask) >= 0;
+                                 request.standardInput, request.library, request.umask) >= 0;
 }
 
 /// The desktop's leave to come to the front, which this process hands on.

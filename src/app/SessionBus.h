@@ -28,6 +28,7 @@ struct HandOffRequest {
     int terminal;
     int lifeline;
     int standardInput;
+    int library;  ///< its lock file, open for writing
     unsigned umask;
 };
 

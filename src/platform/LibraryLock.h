@@ -30,4 +30,11 @@ class LibraryLock {
     int descriptor_ = -1;
 };
 
+/// The lock file of `folder`, opened for writing: a process that has it open shows by it that it
+/// may write there. Below zero when it can't be opened. Does nothing about the lock itself.
+[[nodiscard]] int openLockFile(const std::filesystem::path& folder) noexcept;
+
+/// Whether `descriptor` is the lock file of `folder`, open for writing.
+[[nodiscard]] bool isWritableLockFile(int descriptor, const std::filesystem::path& folder) noexcept;
+
 }  // namespace elmworth
