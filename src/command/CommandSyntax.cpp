@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "exchange/FileSource.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -20,6 +21,19 @@ FileSource openInput(const std::string& file, const CommandEnvironment& environm
 }
 
 }  // namespace
+
+void CommandOutput::line(std::string_view content) {
+    while (true) {
+        const auto end = content.find('\n');
+        text += oneLine(content.substr(0, end)) + '\n';
+        if (end == std::string_view::npos) return;
+        content.remove_prefix(end + 1);
+    }
+}
+
+void CommandOutput::notice(std::string_view sentence) {
+    errors += oneLine(sentence) + '\n';
+}
 
 void CommandSyntax::readsFile(SubcommandSyntax command, FileAction run) {
     const auto file = std::make_shared<std::string>();

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "command/CommandEnvironment.h"
 #include "command/SubcommandSyntax.h"
@@ -23,9 +24,11 @@ struct CommandOutput {
     std::string& errors;
 
     [[nodiscard]] bool isJSON() const noexcept { return format == OutputFormat::json; }
-    void line(const std::string& content) { text += content + '\n'; }
+    /// Text for people, of one or more lines. Control characters, which records from a file may
+    /// hold, become blanks: they would steer the terminal.
+    void line(std::string_view content);
     /// A sentence beside the result, on standard error.
-    void notice(const std::string& sentence) { errors += sentence + '\n'; }
+    void notice(std::string_view sentence);
 };
 
 using CommandAction = std::function<void(CommandEnvironment&, CommandOutput&)>;

@@ -68,7 +68,7 @@ void create(const InvoiceArguments& arguments, CommandEnvironment& environment,
     if (output.isJSON()) {
         printInvoice(*invoice, environment, output);
     } else {
-        output.line(invoice->number);
+        output.line(invoice->number.get());
     }
 }
 

@@ -102,6 +102,41 @@ TEST(CommandLine, theHelpNamesAllCommands) {
     EXPECT_THAT(help, Not(HasSubstr("{")));
 }
 
+// --- what people read --------------------------------------------------------------------------
+
+class NamesFromAFile : public CommandTest {};
+
+TEST_F(NamesFromAFile, steerNoTerminal) {
+    const std::string name = "Evil\x1b]0;x\x07\xc2\x9b";
+    const auto client = library_.addClient(name);
+    const auto project = library_.addProject(name, client);
+    addEntry(project, "2026-03-02T09:00+01:00", 60, name);
+    library_.context().save();
+    const auto created = run({"invoice", "create", "--client", name, "--period", "This Month"});
+    ASSERT_EQ(created.exitStatus, 0) << created.errors;
+    const auto number = created.output.substr(0, created.output.size() - 1);
+    const std::vector<Arguments> commands{
+        {"client", "list"},
+        {"project", "list"},
+        {"invoice", "list"},
+        {"invoice", "show", number},
+        {"invoice", "email", number},
+        {"report", "--period", "This Month"},
+        {"start", name},
+        {"status"},
+        {"stop"},
+        {"project", "delete", name},
+        {"client", "delete", name},
+    };
+    for (const auto& command : commands) {
+        const auto result = run(command);
+        for (const char* control : {"\x1b", "\x07", "\xc2\x9b"}) {
+            EXPECT_THAT(result.output, Not(HasSubstr(control))) << testing::PrintToString(command);
+            EXPECT_THAT(result.errors, Not(HasSubstr(control))) << testing::PrintToString(command);
+        }
+    }
+}
+
 // --- usage -------------------------------------------------------------------------------------
 
 struct UsageRow {
