@@ -14,6 +14,8 @@ void Activation::run(const std::string& action) {
     if (longWork_.isRunning()) return;
     if (action == "panel") {
         windows_.showPanel();
+    } else if (action == "new-invoice") {
+        windows_.showNewInvoice();
     } else if (action == "stop") {
         timer_.stop();
     } else if (action == "continue") {

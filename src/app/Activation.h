@@ -18,6 +18,7 @@ class Activation {
     struct Windows {
         std::function<void()> showMainWindow;
         std::function<void()> showPanel;
+        std::function<void()> showNewInvoice;
     };
 
     /// All outlive it. During `longWork` the timer stays as it is.
@@ -26,9 +27,10 @@ class Activation {
     /// Brings the main window to the front.
     void activate() { windows_.showMainWindow(); }
 
-    /// "panel" opens the panel, "stop" stops the timer, and "continue" starts it on the project of
-    /// the last entry; while a timer runs, "continue" opens the panel instead. An unknown name
-    /// brings the main window to the front, so that something is seen to happen.
+    /// "panel" opens the panel, "new-invoice" the window's sheet for one, "stop" stops the timer,
+    /// and "continue" starts it on the project of the last entry; while a timer runs, "continue"
+    /// opens the panel instead. An unknown name brings the main window to the front, so that
+    /// something is seen to happen. Nothing here exports or deletes: any program may ask for it.
     void run(const std::string& action);
 
  private:

@@ -28,8 +28,9 @@ namespace elmworth {
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
       settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
-      activation_({[this] { showMainWindow(); }, [this] { showPanel(); }}, services_.timer(),
-                  services_.longWork()),
+      activation_(
+          {[this] { showMainWindow(); }, [this] { showPanel(); }, [this] { showNewInvoice(); }},
+          services_.timer(), services_.longWork()),
       commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
@@ -68,6 +69,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     workObservation_ = services_.longWork().observe([this] { keepOthersOff(); });
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
+    if (opening == Opening::newInvoice) showNewInvoice();
 }
 
 /// Save before sleep and at logout: the machine may not wake, and a logout may not wait.
@@ -95,6 +97,11 @@ void ElmworthApp::keepOthersOff() {
 
 void ElmworthApp::showPanel() {
     trayItem_->showPanel();
+}
+
+void ElmworthApp::showNewInvoice() {
+    showMainWindow();
+    mainViewModel_.openNewInvoice();
 }
 
 void ElmworthApp::makeMainWindow() {

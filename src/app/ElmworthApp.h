@@ -36,7 +36,7 @@ namespace elmworth {
 class ElmworthApp {
  public:
     /// What shows at the start. Nothing: the session bus starts the program and says what to show.
-    enum class Opening { mainWindow, panel, nothing };
+    enum class Opening { mainWindow, panel, newInvoice, nothing };
 
     /// Throws LibraryError when the library cannot be opened. Requires the library's lock
     /// unless it is a demo, and a QGuiApplication.
@@ -49,6 +49,9 @@ class ElmworthApp {
 
     /// Opens the panel.
     void showPanel();
+
+    /// Shows the main window with its sheet for a new invoice.
+    void showNewInvoice();
 
     /// Shows the settings in front of the other windows.
     void showSettings();

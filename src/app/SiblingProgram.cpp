@@ -14,7 +14,11 @@ namespace elmworth {
 
 std::filesystem::path siblingPath(const std::string& name) {
     std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / name;
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    const auto apart = (folder / ELMWORTH_PROGRAMS_FROM_COMMANDS / name).lexically_normal();
+    return !std::filesystem::exists(folder / name, error) && std::filesystem::exists(apart, error)
+               ? apart
+               : folder / name;
 }
 
 int execSibling(const std::string& name, const std::vector<std::string>& arguments) {

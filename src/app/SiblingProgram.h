@@ -9,7 +9,8 @@
 
 namespace elmworth {
 
-/// The file called `name` beside the running program.
+/// The file called `name` beside the running program, or in the folder in which an installation
+/// keeps what people don't start themselves.
 [[nodiscard]] std::filesystem::path siblingPath(const std::string& name);
 
 /// Makes this process the program called `name` that stands beside it. Returns only on failure,

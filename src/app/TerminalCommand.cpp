@@ -42,6 +42,12 @@ bool needsPainter(const CommandLine& commandLine) {
            (mayHaveLogo && std::filesystem::exists(dataFolder() / "logo.png", ignored));
 }
 
+bool hasLibrary(const CommandLine& commandLine) {
+    const auto file = LibraryOptions::standard(commandLine.isDemo).url;
+    std::error_code ignored;
+    return !file || std::filesystem::exists(*file, ignored);
+}
+
 CommandResult runOnOwnLibrary(const CommandLine& commandLine, const GatheredInput& input,
                               InvoicePainter* painter) {
     try {
@@ -120,6 +126,7 @@ std::optional<CommandResult> runTerminalCommand(const CommandLine& commandLine,
                                                 const std::vector<std::string>& arguments,
                                                 InvoicePainter* painter) {
     try {
+        if (commandLine.onlyLooks && !hasLibrary(commandLine)) return CommandResult();
         if (commandLine.fileAction) return runOnLibraryFile(commandLine);
         GatheredInput input;
         // Before the library is locked: another command may be the one that writes it.

@@ -19,7 +19,7 @@
 #include "app/Display.h"
 #include "app/ElmworthApp.h"
 #include "app/GalleryApp.h"
-#include "app/OpenPanel.h"
+#include "app/OpenInApplication.h"
 #include "app/Renderer.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
@@ -72,12 +72,23 @@ int showGallery(int argc, char** argv, const std::vector<std::string>& arguments
     return runGallery(arguments);
 }
 
-bool isGiven(const std::vector<std::string>& arguments, const char* argument) {
+bool isGiven(const std::vector<std::string>& arguments, const std::string& argument) {
     return std::find(arguments.begin(), arguments.end(), argument) != arguments.end();
 }
 
+constexpr const char* panel = "panel";
+constexpr const char* newInvoice = "new-invoice";
+
+/// What an application that runs already is asked for instead; empty: to come to the front.
+std::string actionFor(ElmworthApp::Opening opening) {
+    if (opening == ElmworthApp::Opening::panel) return panel;
+    if (opening == ElmworthApp::Opening::newInvoice) return newInvoice;
+    return "";
+}
+
 ElmworthApp::Opening openingOf(const std::vector<std::string>& arguments) {
-    if (isGiven(arguments, panelSwitch)) return ElmworthApp::Opening::panel;
+    if (isGiven(arguments, openingSwitch(panel))) return ElmworthApp::Opening::panel;
+    if (isGiven(arguments, openingSwitch(newInvoice))) return ElmworthApp::Opening::newInvoice;
     // The bus starts the program with this, and sends a message that says what to show.
     if (isGiven(arguments, "--activated")) return ElmworthApp::Opening::nothing;
     return ElmworthApp::Opening::mainWindow;
@@ -92,8 +103,7 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
     QGuiApplication::setQuitOnLastWindowClosed(false);
     LibraryLock lock(dataFolder());
     if (!isDemo && !isHostedRun()) {
-        const bool isPanel = opening == ElmworthApp::Opening::panel;
-        const Start start = takeLibrary(lock, isPanel ? "panel" : "");
+        const Start start = takeLibrary(lock, actionFor(opening));
         if (start == Start::activatedOther) return 0;
         if (start == Start::refused) {
             std::fputs("The library is in use by another Elmworth process.\n", stderr);

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/DisplayVariables.h"
-#include "app/OpenPanel.h"
+#include "app/OpenInApplication.h"
 #include "app/SiblingProgram.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
@@ -28,8 +28,9 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto commandLine = elmworth::parseCommandLine(arguments);
     if (commandLine.answer) return elmworth::printResult(*commandLine.answer);
-    if (commandLine.opensPanel) {
-        return elmworth::printResult(elmworth::openPanel(commandLine.isDemo));
+    if (!commandLine.opens.empty()) {
+        return elmworth::printResult(
+            elmworth::openInApplication(commandLine.opens, commandLine.isDemo));
     }
     if (!commandLine.isCommand()) return startApplication(arguments);
     return elmworth::finishTerminalCommand(commandLine, arguments, nullptr);

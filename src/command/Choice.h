@@ -34,7 +34,7 @@ template <class T>
 SubcommandSyntax::Option addChoice(SubcommandSyntax command, const std::string& name,
                                    std::shared_ptr<T> value, const Choices<T>& choices,
                                    const std::string& help) {
-    return command.parsedOption(
+    auto option = command.parsedOption(
         name,
         [value, choices](const std::string& text) -> std::string {
             for (const auto& [word, meaning] : choices) {
@@ -45,6 +45,8 @@ SubcommandSyntax::Option addChoice(SubcommandSyntax command, const std::string& 
             return "“" + text + "” is no choice. Choose " + choiceNames(choices) + ".";
         },
         help + choiceNames(choices));
+    for (const auto& [word, meaning] : choices) option.oneOf(word);
+    return option;
 }
 
 }  // namespace elmworth

@@ -132,9 +132,10 @@ void addClientCommand(CommandSyntax& syntax) {
     });
 
     auto setting = client.subcommand("set", "Changes one field of a client");
-    setting.option("NAME", arguments->name, "The client's name").required();
+    setting.option("CLIENT", arguments->name, "The client's name").required();
     setting.option("FIELD", arguments->field, "One of " + settableFields(Client::schema()))
-        .required();
+        .required()
+        .oneOf(settableFields(Client::schema()));
     setting
         .option("VALUE", arguments->value,
                 "As typed with \"client add\". Empty due-days or tax: the business default")
@@ -145,7 +146,7 @@ void addClientCommand(CommandSyntax& syntax) {
 
     auto deleting = client.subcommand(
         "delete", "Deletes a client with its projects and their time, unless it has invoices");
-    deleting.option("NAME", arguments->name, "The client's name").required();
+    deleting.option("CLIENT", arguments->name, "The client's name").required();
     syntax.runs(deleting, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         remove(arguments->name, environment, output);
     });

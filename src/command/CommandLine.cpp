@@ -3,47 +3,18 @@
 
 #include "command/CommandLine.h"
 
-#include <CLI/CLI.hpp>
-#include <array>
 #include <filesystem>
 #include <new>
 #include <sstream>
 
-#include "command/Choice.h"
 #include "command/CommandError.h"
-#include "command/CommandSyntax.h"
+#include "command/Completion.h"
+#include "command/ProgramSyntax.h"
 #include "platform/Text.h"
 
 namespace elmworth {
 
 namespace {
-
-struct CommandEntry {
-    const char* name;
-    void (*add)(CommandSyntax&);
-};
-
-constexpr std::array commands{
-    CommandEntry{"status", &addStatusCommand},   CommandEntry{"start", &addStartCommand},
-    CommandEntry{"stop", &addStopCommand},       CommandEntry{"continue", &addContinueCommand},
-    CommandEntry{"panel", &addPanelCommand},     CommandEntry{"client", &addClientCommand},
-    CommandEntry{"project", &addProjectCommand}, CommandEntry{"log", &addLogCommand},
-    CommandEntry{"invoice", &addInvoiceCommand}, CommandEntry{"profile", &addProfileCommand},
-    CommandEntry{"report", &addReportCommand},   CommandEntry{"export", &addExportCommand},
-    CommandEntry{"import", &addImportCommand},   CommandEntry{"backup", &addBackupCommand},
-    CommandEntry{"restore", &addRestoreCommand}, CommandEntry{"settings", &addSettingsCommand},
-    CommandEntry{"check", &addCheckCommand},     CommandEntry{"recover", &addRecoverCommand},
-};
-
-/// A key binding must not wait for the syntax of commands that it does not use.
-void addCommands(CommandSyntax& syntax, const std::vector<std::string>& arguments) {
-    for (const auto& argument : arguments) {
-        for (const auto& command : commands) {
-            if (argument == command.name) return command.add(syntax);
-        }
-    }
-    for (const auto& command : commands) command.add(syntax);
-}
 
 /// "-demo" has one dash, which the parser would read as five short options.
 bool takeDemoSwitch(std::vector<std::string>& arguments) {
@@ -54,21 +25,6 @@ std::string withoutTrailingBreaks(std::string text) {
     while (!text.empty() && text.back() == '\n') text.pop_back();
     return text;
 }
-
-/// Names say what a positional is, and the usage line whether it may be left out.
-class HelpFormatter final : public CLI::Formatter {
- public:
-    HelpFormatter() {
-        label("Positionals", "Arguments");
-        label("SUBCOMMAND", "COMMAND");
-    }
-
-    std::string make_option_opts(const CLI::Option* option) const override {
-        if (option->get_positional()) return {};
-        const std::string type = option->get_type_name();
-        return (type.empty() ? "" : " " + type) + (option->get_required() ? " (required)" : "");
-    }
-};
 
 CommandResult answerOf(const CLI::App& program, const CLI::ParseError& error) {
     std::ostringstream output;
@@ -139,49 +95,35 @@ CommandLine parseCommandLine(const std::vector<std::string>& givenArguments) {
     commandLine.answer = refuseOtherEncodings(arguments);
     if (commandLine.answer) return commandLine;
 
-    CLI::App program{
-        "Elmworth tracks time and turns it into invoices. Without a command it is the "
-        "desktop application.",
-        "elmworth"};
-    program.set_version_flag("--version", "Elmworth " ELMWORTH_VERSION);
-    program.require_subcommand(0, 1);
-    program.fallthrough();
-    program.formatter(std::make_shared<HelpFormatter>());
-    auto format = std::make_shared<OutputFormat>(OutputFormat::text);
-    addChoice(SubcommandSyntax(program), "--format", format,
-              {{"text", OutputFormat::text}, {"json", OutputFormat::json}},
-              "How results are printed: ")
-        .typeName("FORMAT");
-    // Commands take over the footer that stands when they are added.
-    program.footer("With --format json the result is one JSON document.");
-    CommandSyntax syntax{SubcommandSyntax(program)};
-    addCommands(syntax, arguments);
-    program.footer(
-        "elmworth COMMAND --help tells how a command is used.\n"
-        "-demo before a command works on a fresh demo library in memory.");
-
-    try {
-        // CLI11 takes the arguments from the back.
-        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-    } catch (const CLI::ParseError& error) {
-        commandLine.answer = answerOf(program, error);
+    if (!arguments.empty() && arguments.front() == completionRequest) {
+        completeCommandLine({arguments.begin() + 1, arguments.end()}, commandLine);
         return commandLine;
     }
-    commandLine.needsPainter = syntax.drawing == Drawing::drawsPages;
-    commandLine.opensPanel = syntax.opensPanel;
-    commandLine.readsStandardInput = syntax.readsStandardInput;
-    commandLine.countsPages = syntax.drawing == Drawing::countsPages;
-    if (syntax.fileAction) {
-        commandLine.fileAction = [action = syntax.fileAction, format](
+
+    ProgramSyntax syntax(arguments);
+    try {
+        // CLI11 takes the arguments from the back.
+        syntax.program().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::ParseError& error) {
+        commandLine.answer = answerOf(syntax.program(), error);
+        return commandLine;
+    }
+    const auto& given = syntax.given();
+    commandLine.needsPainter = given.drawing == Drawing::drawsPages;
+    commandLine.opens = given.opens;
+    commandLine.readsStandardInput = given.readsStandardInput;
+    commandLine.countsPages = given.drawing == Drawing::countsPages;
+    if (given.fileAction) {
+        commandLine.fileAction = [action = given.fileAction, format = syntax.format()](
                                      FileCommandEnvironment& environment, CommandResult& result) {
-            CommandOutput commandOutput{*format, result.output, result.errors};
+            CommandOutput commandOutput{format, result.output, result.errors};
             return action(environment, commandOutput);
         };
     }
-    if (syntax.action) {
-        commandLine.action = [action = syntax.action, format](CommandEnvironment& environment,
-                                                              CommandResult& result) {
-            CommandOutput commandOutput{*format, result.output, result.errors};
+    if (given.action) {
+        commandLine.action = [action = given.action, format = syntax.format()](
+                                 CommandEnvironment& environment, CommandResult& result) {
+            CommandOutput commandOutput{format, result.output, result.errors};
             action(environment, commandOutput);
         };
     }

@@ -35,7 +35,9 @@ struct CommandLine {
     bool needsPainter = false;  ///< draws a PDF
     bool countsPages = false;   ///< counts an invoice's pages, on which a logo takes room
     bool readsStandardInput = false;
-    bool opensPanel = false;  ///< asks for the application's panel; there is no action then
+    bool onlyLooks = false;  ///< makes no library where there is none, and then gives nothing
+    /// The application's action that it asks for, such as "panel"; there is no other then.
+    std::string opens;
 
     /// Whether there is something to carry out.
     [[nodiscard]] bool isCommand() const { return action || fileAction; }

@@ -50,7 +50,7 @@ struct CommandSyntax {
     CommandAction action = {};
     LibraryFileAction fileAction = {};
     Drawing drawing = Drawing::none;
-    bool opensPanel = false;
+    std::string opens = {};  ///< an action of the application's, such as "panel"
     bool readsStandardInput = false;
 
     /// Declares that `command` does `run`.
@@ -76,6 +76,7 @@ void addStartCommand(CommandSyntax& syntax);
 void addStopCommand(CommandSyntax& syntax);
 void addContinueCommand(CommandSyntax& syntax);
 void addPanelCommand(CommandSyntax& syntax);
+void addNewInvoiceCommand(CommandSyntax& syntax);
 void addClientCommand(CommandSyntax& syntax);
 void addProjectCommand(CommandSyntax& syntax);
 void addLogCommand(CommandSyntax& syntax);

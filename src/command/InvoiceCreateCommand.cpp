@@ -19,7 +19,9 @@ struct InvoiceArguments {
 
     void addTo(SubcommandSyntax command) {
         command.option("--client", client, "The client to bill").required().typeName("CLIENT");
-        command.option("--period", period.period, "One of " + periodNames()).typeName("PERIOD");
+        command.option("--period", period.period, "One of " + periodNames())
+            .typeName("PERIOD")
+            .oneOf(periodNames());
         command.option("--from", period.from, "Instead of a period: its first day, 2026-03-01")
             .typeName("DAY");
         command.option("--through", period.through, "And its last day, 2026-03-31").typeName("DAY");

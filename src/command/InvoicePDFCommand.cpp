@@ -71,7 +71,8 @@ void addInvoicePDFCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
                    "Where to write it; - is standard output. Without it: the program's own folder");
     command
         .option("--paper", arguments->paper, "letter or a4. Without it: as in the business profile")
-        .typeName("PAPER");
+        .typeName("PAPER")
+        .oneOf("letter, a4");
     syntax.runs(
         command,
         [arguments](CommandEnvironment& environment, CommandOutput& output) {

@@ -45,7 +45,8 @@ void addInvoiceSetCommand(CommandSyntax& syntax, SubcommandSyntax invoice) {
     addNumber(command, arguments->number);
     command
         .option("FIELD", arguments->field, "One of notes, showsEntryDetails, issueDate and dueDate")
-        .required();
+        .required()
+        .oneOf("notes, showsEntryDetails, issueDate, dueDate");
     command.option("VALUE", arguments->value, "Text, true or false, or a day like 2026-03-01")
         .required();
     syntax.runs(

@@ -5,11 +5,25 @@
 
 namespace elmworth {
 
-/// The panel is the application's: there is nothing to do on a library.
+namespace {
+
+/// The windows are the application's: there is nothing to do on a library.
+void addOpening(CommandSyntax& syntax, const std::string& action, const std::string& help) {
+    auto command = syntax.program.subcommand(action, help);
+    command.whenGiven([&syntax, action] { syntax.opens = action; });
+}
+
+}  // namespace
+
 void addPanelCommand(CommandSyntax& syntax) {
-    auto command = syntax.program.subcommand(
-        "panel", "Opens the panel of the application, which is started when none runs");
-    command.whenGiven([&syntax] { syntax.opensPanel = true; });
+    addOpening(syntax, "panel",
+               "Opens the panel of the application, which is started when none runs");
+}
+
+void addNewInvoiceCommand(CommandSyntax& syntax) {
+    addOpening(
+        syntax, "new-invoice",
+        "Opens the sheet for a new invoice in the application, which is started when none runs");
 }
 
 }  // namespace elmworth

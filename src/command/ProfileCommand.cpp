@@ -19,13 +19,19 @@ std::string textOf(const ProfileField& field, const BusinessProfile& profile) {
     return std::to_string(number);
 }
 
-const ProfileField& fieldOf(const std::string& name) {
+std::string fieldNames() {
     std::string names;
     for (const auto& field : profileFields()) {
-        if (field.name == name) return field;
         names += (names.empty() ? "" : ", ") + std::string(field.name);
     }
-    throw noSuchField(name, names);
+    return names;
+}
+
+const ProfileField& fieldOf(const std::string& name) {
+    for (const auto& field : profileFields()) {
+        if (field.name == name) return field;
+    }
+    throw noSuchField(name, fieldNames());
 }
 
 Value parseField(const ProfileField& field, const std::string& text) {
@@ -83,7 +89,9 @@ void addProfileCommand(CommandSyntax& syntax) {
     auto value = std::make_shared<std::string>();
 
     auto setting = profile.subcommand("set", "Sets one field of the profile");
-    setting.option("FIELD", *field, "Its name, as \"elmworth profile\" shows it").required();
+    setting.option("FIELD", *field, "Its name, as \"elmworth profile\" shows it")
+        .required()
+        .oneOf(fieldNames());
     setting.option("VALUE", *value, "Tax is in basis points: 825 is 8.25%").required();
     // A parent's callback runs after its subcommand's, so the parent decides for both.
     profile.whenGiven([&syntax, setting, field, value] {

@@ -137,7 +137,7 @@ SubcommandSyntax addNamed(CommandSyntax& syntax, SubcommandSyntax parent, const 
                           const char* help, const std::shared_ptr<ProjectArguments>& arguments,
                           Subcommand run) {
     auto command = parent.subcommand(name, help);
-    command.option("NAME", arguments->name, "The project's name").required();
+    command.option("PROJECT", arguments->name, "The project's name").required();
     command.option("--client", arguments->client, "The client whose project it is")
         .typeName("CLIENT");
     syntax.runs(command, [arguments, run](CommandEnvironment& environment, CommandOutput& output) {
@@ -176,11 +176,11 @@ void addProjectCommand(CommandSyntax& syntax) {
     });
 
     auto setting = project.subcommand("set", "Changes one field of a project");
-    setting.option("NAME", arguments->name, "The project's name").required();
+    setting.option("PROJECT", arguments->name, "The project's name").required();
     setting.option("--client", arguments->client, "The client whose project it is")
         .typeName("CLIENT");
-    setting.option("FIELD", arguments->field, "One of client, " + settableFields(Project::schema()))
-        .required();
+    const std::string fields = "client, " + settableFields(Project::schema());
+    setting.option("FIELD", arguments->field, "One of " + fields).required().oneOf(fields);
     setting
         .option("VALUE", arguments->value,
                 "As typed with \"project add\". Empty rate: the client's; empty budget: none")

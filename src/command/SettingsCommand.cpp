@@ -23,16 +23,19 @@ Settings& settingsOf(CommandEnvironment& environment) {
     return environment.profiles.defaults();
 }
 
+std::string keyNames() {
+    std::string keys;
+    for (const auto* preference : preferences::all()) keys += std::string(preference->key) + ", ";
+    return keys + std::string(loginKey);
+}
+
 /// Null for the login item, which isn't in the settings file.
 const Preference* preferenceOf(const std::string& key) {
     if (key == loginKey) return nullptr;
-    std::string keys;
     for (const auto* preference : preferences::all()) {
         if (preference->key == key) return preference;
-        keys += std::string(preference->key) + ", ";
     }
-    throw Refused("There is no setting “" + key + "”. Choose one of: " + keys +
-                  std::string(loginKey) + ".");
+    throw Refused("There is no setting “" + key + "”. Choose one of: " + keyNames() + ".");
 }
 
 std::string textOf(const Preference* preference, CommandEnvironment& environment) {
@@ -103,9 +106,13 @@ void addSettingsCommand(CommandSyntax& syntax) {
     const auto value = std::make_shared<std::string>();
 
     auto getting = settings.subcommand("get", "Prints one setting");
-    getting.option("KEY", *key, "Its name, as \"elmworth settings\" shows it").required();
+    getting.option("KEY", *key, "Its name, as \"elmworth settings\" shows it")
+        .required()
+        .oneOf(keyNames());
     auto setting = settings.subcommand("set", "Sets one setting");
-    setting.option("KEY", *key, "Its name, as \"elmworth settings\" shows it").required();
+    setting.option("KEY", *key, "Its name, as \"elmworth settings\" shows it")
+        .required()
+        .oneOf(keyNames());
     setting.option("VALUE", *value, "What it is to be").required();
     // A parent's callback runs after its subcommand's, so the parent decides for all.
     settings.whenGiven([&syntax, getting, setting, key, value] {

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -13,24 +15,32 @@ class Option;
 
 namespace elmworth {
 
-/// Declares the arguments of a command, or of the program. Stands before CLI11 so that only one
-/// file has to read that library's header, which takes longer than all of a command's own code. A
+/// The words that an argument can be, where these are a few.
+using ValueWords = std::map<const CLI::Option*, std::vector<std::string>>;
+
+/// Declares the arguments of a command, or of the program. Stands before CLI11 so that few files
+/// have to read that library's header, which takes longer than all of a command's own code. A
 /// handle: copies declare for the same command.
 class SubcommandSyntax {
  public:
     /// An option or a positional argument while it is being declared.
     class Option {
      public:
-        explicit Option(CLI::Option& option) : option_(&option) {}
+        Option(CLI::Option& option, ValueWords& words) : option_(&option), words_(&words) {}
         Option& required();
         /// What the help calls the value, such as "AMOUNT".
         Option& typeName(const std::string& name);
+        /// What shells offer for it: the names in `list`, between ", ", in quotes “ ” or without.
+        /// Nothing is refused by this.
+        Option& oneOf(const std::string& list);
 
      private:
         CLI::Option* option_;
+        ValueWords* words_;
     };
 
-    explicit SubcommandSyntax(CLI::App& command) : command_(&command) {}
+    /// `words` notes what values can be; it outlives this, as does `command`.
+    SubcommandSyntax(CLI::App& command, ValueWords& words) : command_(&command), words_(&words) {}
 
     [[nodiscard]] SubcommandSyntax subcommand(const std::string& name, const std::string& help);
 
@@ -57,6 +67,7 @@ class SubcommandSyntax {
 
  private:
     CLI::App* command_;
+    ValueWords* words_;
 };
 
 }  // namespace elmworth

@@ -9,7 +9,8 @@ namespace elmworth {
 
 void TimesheetArguments::addTo(SubcommandSyntax command) {
     command.option("--period", period.period, "“This Week” (unless given), “Last Month” and so on")
-        .typeName("PERIOD");
+        .typeName("PERIOD")
+        .oneOf(periodNames());
     command.option("--from", period.from, "First day").typeName("DAY");
     command.option("--through", period.through, "Last day").typeName("DAY");
     command.option("--client", client, "Only this client's time").typeName("CLIENT");

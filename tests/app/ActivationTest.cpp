@@ -23,8 +23,10 @@ class ActivationTest : public testing::Test {
     Ref<Project> website;
     std::string shown;
     LongWork work;
-    Activation activation{
-        {[this] { shown += "window "; }, [this] { shown += "panel "; }}, *timer.service, work};
+    Activation activation{{[this] { shown += "window "; }, [this] { shown += "panel "; },
+                           [this] { shown += "sheet "; }},
+                          *timer.service,
+                          work};
 };
 
 TEST_F(ActivationTest, continueStartsTheTimerOnWhatEndedLast) {
@@ -46,6 +48,12 @@ TEST_F(ActivationTest, continueShowsWhatRunsAndLeavesItRunning) {
     activation.run("continue");
     EXPECT_EQ(timer.service->running(), running);
     EXPECT_EQ(shown, "panel ");
+}
+
+TEST_F(ActivationTest, aNewInvoiceIsASheetAndNoInvoice) {
+    activation.run("new-invoice");
+    EXPECT_EQ(shown, "sheet ");
+    EXPECT_EQ(timer.library.context().fetchCount<Invoice>(), 0U);
 }
 
 TEST_F(ActivationTest, anUnknownActionBringsTheWindow) {

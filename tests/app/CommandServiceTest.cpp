@@ -36,7 +36,7 @@ class CommandServiceTest : public testing::Test {
     test::ManualRunLoop runLoop_;
     LibraryServices services_{true, currentInstant, runLoop_};
     NoPainter painter_;
-    Activation activation_{{[] {}, [] {}}, services_.timer(), services_.longWork()};
+    Activation activation_{{[] {}, [] {}, [] {}}, services_.timer(), services_.longWork()};
     CommandService service_{services_, painter_, activation_};
     test::PrivateSessionBus daemon_;
     // Qt keeps a connection under its name for good.

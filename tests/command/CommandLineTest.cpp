@@ -81,17 +81,16 @@ TEST_P(CommandHelp, refusesAnOptionThatItDoesNotHave) {
     EXPECT_NE(answer->errors, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(, CommandHelp,
-                         testing::Values("status", "start", "stop", "continue", "panel", "client",
-                                         "client list", "client add", "client set", "client delete",
-                                         "project", "project list", "project add", "project set",
-                                         "project archive", "project unarchive", "project delete",
-                                         "log", "invoice", "invoice list", "invoice preview",
-                                         "invoice create", "invoice show", "invoice pdf",
-                                         "invoice set", "invoice email", "invoice mark",
-                                         "invoice rename", "invoice delete", "profile",
-                                         "profile set", "check", "recover"),
-                         test::textName);
+INSTANTIATE_TEST_SUITE_P(
+    , CommandHelp,
+    testing::Values("status", "start", "stop", "continue", "panel", "new-invoice", "client",
+                    "client list", "client add", "client set", "client delete", "project",
+                    "project list", "project add", "project set", "project archive",
+                    "project unarchive", "project delete", "log", "invoice", "invoice list",
+                    "invoice preview", "invoice create", "invoice show", "invoice pdf",
+                    "invoice set", "invoice email", "invoice mark", "invoice rename",
+                    "invoice delete", "profile", "profile set", "check", "recover"),
+    test::textName);
 
 TEST(CommandLine, theHelpNamesAllCommands) {
     const auto help = parseCommandLine({"--help"}).answer->output;

@@ -60,6 +60,18 @@ void MainViewModel::showSection(int position) {
     defaults_.setString(sectionKey, sidebarItems[static_cast<std::size_t>(position)].rawValue);
 }
 
+bool MainViewModel::isCovered() {
+    return confirmation_.isOpen() || newInvoice_.isOpen() || welcome_.isOpen() ||
+           timesheet_.editor()->isOpen() || clients_.editor()->isOpen() ||
+           projects_.editor()->isOpen();
+}
+
+void MainViewModel::openNewInvoice() {
+    if (isCovered()) return;
+    if (const auto position = sidebarPosition("Invoices")) showSection(static_cast<int>(*position));
+    invoices_.openNewInvoice();
+}
+
 void MainViewModel::stopTimer() {
     timer_.stop();
 }

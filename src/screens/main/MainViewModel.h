@@ -80,6 +80,9 @@ class MainViewModel final : public QObject {
     Q_INVOKABLE void resumeLastEntry();
     Q_INVOKABLE void openPanel();
     Q_INVOKABLE void openSettings();
+    /// Shows the invoices and opens the sheet for a new one. Does nothing while something else lies
+    /// over the window.
+    void openNewInvoice();
     /// Does nothing unless `canCheckForUpdates`.
     Q_INVOKABLE void checkForUpdates();
 
@@ -90,6 +93,8 @@ class MainViewModel final : public QObject {
     void libraryProblemChanged();
 
  private:
+    [[nodiscard]] bool isCovered();
+
     ReadFaults& readFaults_;
     UnitOfWork& context_;
     Settings& defaults_;

@@ -90,6 +90,20 @@ TEST_F(MainView, aSectionThatIsNotThereIsNotShown) {
     EXPECT_EQ(stored(), "Projects");
 }
 
+TEST_F(MainView, aNewInvoiceIsAskedForAmongTheInvoices) {
+    model.openNewInvoice();
+    EXPECT_EQ(stored(), "Invoices");
+    EXPECT_TRUE(model.newInvoice()->isOpen());
+}
+
+TEST_F(MainView, noSheetComesOverAnother) {
+    model.welcome()->greet();
+    ASSERT_TRUE(model.welcome()->isOpen());
+    model.openNewInvoice();
+    EXPECT_EQ(stored(), "none");
+    EXPECT_FALSE(model.newInvoice()->isOpen());
+}
+
 TEST_F(MainView, followsWhoeverWritesTheSection) {
     QSignalSpy changed(&model, &MainViewModel::sectionChanged);
     defaults.setString("mainSection", "Invoices");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/OpenPanel.h"
+#include "app/OpenInApplication.h"
 
 #include "app/CommandHandOff.h"
 #include "app/DetachedStart.h"
@@ -9,10 +9,10 @@
 
 namespace elmworth {
 
-CommandResult openPanel(bool isDemo) {
-    if (!isDemo && activateRunningApplication("panel")) return {};
+CommandResult openInApplication(const std::string& action, bool isDemo) {
+    if (!isDemo && activateRunningApplication(action)) return {};
     if (!hasDisplay()) return failedCommand(noDisplay);
-    std::vector<std::string> arguments{panelSwitch};
+    std::vector<std::string> arguments{openingSwitch(action)};
     if (isDemo) arguments.emplace_back("-demo");
     return startDetached("elmworth-app", arguments);
 }
