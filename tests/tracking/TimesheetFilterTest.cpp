@@ -83,7 +83,8 @@ class TimesheetPeriod : public Timesheet, public testing::WithParamInterface<Per
 
 TEST_P(TimesheetPeriod, showsWhatTouchesItWithMoreThanAnEdge) {
     const auto& row = GetParam();
-    add(web_, row.start, row.end);
+    const auto entry = add(web_, row.start, row.end);
+    EXPECT_EQ(filter_.admits(*entry, now_), row.isShown);
     EXPECT_EQ(shown().size(), row.isShown ? 1U : 0U);
     library_.context().save();
     library_.reopen();
@@ -138,6 +139,7 @@ TEST_F(Timesheet, withTheUnbilledOnlyLeavesOutWhatIsOnAnInvoice) {
     const auto open = add(web_, "2026-03-04T09:00+01:00", "2026-03-04T10:00+01:00");
     EXPECT_THAT(shown(), ElementsAre(open, billed));
     filter_.unbilledOnly = true;
+    EXPECT_FALSE(filter_.admits(*billed, now_));
     EXPECT_THAT(shown(), ElementsAre(open));
 }
 
