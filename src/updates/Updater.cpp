@@ -65,11 +65,6 @@ bool Updater::installsAutomatically() const {
     return isEnabled_ && settings_.boolean(automaticKey).value_or(false);
 }
 
-void Updater::setInstallsAutomatically(bool installs) {
-    if (isEnabled_ && installs != installsAutomatically())
-        settings_.setBoolean(automaticKey, installs);
-}
-
 void Updater::lookDaily() {
     if (!installsAutomatically() || look_ || fetch_ || ready_) return;
     const auto now = wholeSeconds(now_());

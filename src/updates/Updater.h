@@ -49,7 +49,6 @@ class Updater {
 
     /// The setting "installUpdatesAutomatically": looks once a day and fetches what it finds.
     [[nodiscard]] bool installsAutomatically() const;
-    void setInstallsAutomatically(bool installs);
 
     /// What a look for updates found: a newer release, none, or a sentence that says what failed.
     struct Finding {

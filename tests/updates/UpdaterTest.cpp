@@ -38,6 +38,11 @@ class UpdaterTest : public testing::Test {
         updater_ = std::make_unique<Updater>(
             std::move(setup), settings_, loop_, [this] { return now_; }, downloads_);
     }
+    /// As the settings' window does it.
+    void installAutomatically() {
+        static_cast<void>(updater());
+        settings_.setBoolean("installUpdatesAutomatically", true);
+    }
     /// What a look finds when the server sends `document`.
     Updater::Finding find(const std::string& document, const std::string& failure = {}) {
         Updater::Finding finding{{}, "nothing was found"};
@@ -79,7 +84,7 @@ TEST_F(UpdaterTest, isOffWithoutAFeedWithoutKeysAndWhenHosted) {
     make(without);
     EXPECT_FALSE(updater().isEnabled());
     EXPECT_FALSE(updater().installsAutomatically());
-    updater().setInstallsAutomatically(true);
+    installAutomatically();
     EXPECT_TRUE(downloads_.asked.empty());
 }
 
@@ -87,11 +92,6 @@ TEST_F(UpdaterTest, asksForNothingUntilSomebodyWantsIt) {
     static_cast<void>(updater());
     EXPECT_TRUE(downloads_.asked.empty());
     EXPECT_FALSE(updater().installsAutomatically());
-}
-
-TEST_F(UpdaterTest, settingThePresentValueWritesNothing) {
-    updater().setInstallsAutomatically(false);
-    EXPECT_FALSE(settings_.contains("installUpdatesAutomatically"));
 }
 
 TEST_F(UpdaterTest, findsANewerRelease) {
@@ -199,7 +199,7 @@ TEST_F(UpdaterTest, aFolderThatCannotBeWrittenIsSaid) {
 }
 
 TEST_F(UpdaterTest, looksOnceADayAndFetchesWhenItIsToInstallAutomatically) {
-    updater().setInstallsAutomatically(true);
+    installAutomatically();
     ASSERT_EQ(downloads_.asked.size(), 1U);
     downloads_.answer(Signer().sign(appcast(item("0.2", "the new program"))));
     ASSERT_EQ(downloads_.asked.size(), 2U);
@@ -211,7 +211,7 @@ TEST_F(UpdaterTest, looksOnceADayAndFetchesWhenItIsToInstallAutomatically) {
 }
 
 TEST_F(UpdaterTest, looksAgainAfterADayOrWhenTheClockWasSetBack) {
-    updater().setInstallsAutomatically(true);
+    installAutomatically();
     downloads_.answer("", "The update server can't be reached.");
     const auto looks = [&](std::chrono::hours later) {
         now_ += later;
@@ -230,7 +230,7 @@ TEST_F(UpdaterTest, onlyTellsWhereAPackageManagerBroughtTheProgram) {
     auto packaged = setup();
     packaged.program.clear();
     make(packaged);
-    updater().setInstallsAutomatically(true);
+    installAutomatically();
     downloads_.answer(Signer().sign(appcast(item("0.2"))));
     EXPECT_EQ(downloads_.asked.size(), 1U);
     EXPECT_TRUE(updater().available());
