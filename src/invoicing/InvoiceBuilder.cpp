@@ -3,8 +3,10 @@
 
 #include "invoicing/InvoiceBuilder.h"
 
+#include <algorithm>
 #include <limits>
 #include <unordered_set>
+#include <utility>
 
 #include "platform/ISO8601.h"
 #include "platform/Text.h"
@@ -76,16 +78,19 @@ BuildError::BuildError(Code code) : std::runtime_error(message(code)), code_(cod
 std::vector<Ref<TimeEntry>> InvoiceBuilder::unbilledEntries(const Ref<Client>& client, Instant from,
                                                             Instant to) const {
     const CompleteReading reading(context);
-    auto entries = context.fetch(Query<TimeEntry>{
-        .predicate = key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent &&
-                     key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
-        .sortBy = {sortedBy<&TimeEntry::start>()},
-    });
-    std::erase_if(entries, [&](const auto& entry) {
-        const auto& project = entry->project.get();
-        return !project || project->client.get() != client;
-    });
+    std::vector<Ref<TimeEntry>> entries;
+    for (const auto& project : client->projects()) {
+        const auto some = context.fetch(Query<TimeEntry>{
+            .predicate = key<&TimeEntry::project>() == project &&
+                         key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent &&
+                         key<&TimeEntry::start>() >= from && key<&TimeEntry::start>() < to,
+        });
+        entries.insert(entries.end(), some.begin(), some.end());
+    }
     reading.check();
+    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+        return std::pair(a->start.get(), a->id()) < std::pair(b->start.get(), b->id());
+    });
     return entries;
 }
 

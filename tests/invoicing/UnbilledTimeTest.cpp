@@ -7,6 +7,7 @@
 
 #include <limits>
 
+#include "invoicing/FirstUnbilledStart.h"
 #include "records/TimeEntry.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -72,6 +73,26 @@ TEST_F(UnbilledTimeTest, projectsAreKeptApartAndHaveTheirOwnRates) {
     EXPECT_EQ(of(website_).cents, 10000);
     EXPECT_EQ(of(app).cents, 20000);
     EXPECT_EQ(unbilledTimeByProject(library_.context()).size(), 2U);
+}
+
+TEST_F(UnbilledTimeTest, theFirstStartIsThatOfWhatTheClientCanBeBilled) {
+    const auto first = [&] { return firstUnbilledStart(library_.context(), client_, start_ + 8h); };
+    const auto addAt = [&](Instant::duration before, const Ref<Project>& project) {
+        return library_.addEntry(project, start_ - before, start_ - before + 1h);
+    };
+    EXPECT_EQ(first(), std::nullopt);
+    addEntry(1h, website_);
+    addEntry(1h, library_.addProject("App", client_));
+    addAt(1h, website_)->invoice = library_.addInvoice("A", client_);
+    addAt(2h, library_.addProject("Site", library_.addClient("Globex")));
+    addAt(2h, nullptr);
+    library_.addEntry(website_, start_ - 3h, std::nullopt);
+    library_.addEntry(website_, start_ + 8h, start_ + 9h);
+    EXPECT_EQ(first(), start_);
+    library_.context().save();
+    EXPECT_EQ(first(), start_);
+    addAt(4h, website_);
+    EXPECT_EQ(first(), start_ - 4h) << "also what is not saved yet";
 }
 
 TEST_F(UnbilledTimeTest, figuresAddUp) {

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <utility>
 
+#include "invoicing/FirstUnbilledStart.h"
 #include "platform/DateFormatter.h"
 #include "platform/MoneyFormat.h"
 #include "platform/Text.h"
@@ -50,8 +51,7 @@ bool touchesTime(const RecordChanges& changes) {
 NewInvoiceModel::NewInvoiceModel(const AppServices& services)
     : services_(services),
       clients_(services_.context, {.none = QStringLiteral("Choose\u2026"), .label = &nameOf}),
-      from_(services_.calendar, services_.now),
-      through_(services_.calendar, services_.now),
+      period_(services_, services_.now(), services_.now()),
       figures_(services_) {
     connect(&clients_, &ChoiceModel::picked, this, [this] {
         wasClientLost_ = false;
@@ -62,7 +62,7 @@ NewInvoiceModel::NewInvoiceModel(const AppServices& services)
         clientChanged();
     });
     connect(&clients_, &ChoiceModel::changed, this, [this] { formChanged(); });
-    for (auto* day : {&from_, &through_}) {
+    for (auto* day : {from_, through_}) {
         connect(day, &DateTimeInput::changed, this, &NewInvoiceModel::formChanged);
     }
     connect(&tax_, &FormText::changed, this, &NewInvoiceModel::formChanged);
@@ -82,8 +82,8 @@ void NewInvoiceModel::open(const Ref<Client>& client) {
         wasClientLost_ = false;
         preset_ = DateRangePreset::lastWeek;
         const Instant now = services_.now();
-        from_.setValue(services_.calendar().adding(-30, CalendarUnit::day, now).value_or(now));
-        through_.setValue(now);
+        from_->setValue(services_.calendar().adding(-30, CalendarUnit::day, now).value_or(now));
+        through_->setValue(now);
         clients_.follow(client);
         if (!client && !clients_.records().empty()) {
             clients_.setRecord(clients_.records().front());
@@ -96,31 +96,40 @@ void NewInvoiceModel::open(const Ref<Client>& client) {
 }
 
 void NewInvoiceModel::choosePeriod(const Ref<Client>& initialClient) {
-    if (initialClient) {
-        if (const auto first = firstUnbilled()) {
-            preset_ = DateRangePreset::custom;
-            from_.setValue(*first);
-        }
-        return refresh();
-    }
-    for (const auto preset : usualPresets) {
-        preset_ = preset;
-        refresh();
-        if (figures_.entryCount() > 0) return;
-    }
-    preset_ = DateRangePreset::lastWeek;
-    refresh();
-}
-
-std::optional<Instant> NewInvoiceModel::firstUnbilled() const {
     try {
-        const auto entries =
-            service().unbilledEntries(clients_.record(), {Instant::min(), services_.now()});
-        if (!entries.empty()) return entries.front()->start;
+        if (initialClient) {
+            const auto first =
+                firstUnbilledStart(services_.context, initialClient, services_.now());
+            if (first) {
+                preset_ = DateRangePreset::custom;
+                from_->setValue(*first);
+            }
+        } else if (clients_.record()) {
+            preset_ = firstPresetWithTime().value_or(preset_);
+        }
     } catch (const StoreError&) {
         // The figures say so.
     }
-    return {};
+    refresh();
+}
+
+/// The first of the usual presets in which the chosen client has unbilled time. Throws StoreError.
+std::optional<DateRangePreset> NewInvoiceModel::firstPresetWithTime() const {
+    DateInterval all = period_.interval(usualPresets.front());
+    for (const auto preset : usualPresets) {
+        const auto [start, end] = period_.interval(preset);
+        all = {std::min(all.start, start), std::max(all.end, end)};
+    }
+    const auto entries = service().unbilledEntries(clients_.record(), all);
+    const auto hasTime = [&](DateRangePreset preset) {
+        const auto [start, end] = period_.interval(preset);
+        return std::any_of(entries.begin(), entries.end(),
+                           [start = start, end = end](const auto& entry) {
+                               return start <= entry->start.get() && entry->start.get() < end;
+                           });
+    };
+    const auto* const found = std::find_if(usualPresets.begin(), usualPresets.end(), hasTime);
+    return found == usualPresets.end() ? std::nullopt : std::optional(*found);
 }
 
 void NewInvoiceModel::follow() {
@@ -162,8 +171,9 @@ void NewInvoiceModel::refresh() {
 }
 
 void NewInvoiceModel::choosePreset(int position) {
-    if (position < 0 || static_cast<std::size_t>(position) >= allDateRangePresets.size()) return;
-    preset_ = allDateRangePresets[static_cast<std::size_t>(position)];
+    const auto preset = PeriodInput::presetAt(position);
+    if (!preset) return;
+    preset_ = *preset;
     formChanged();
 }
 
@@ -179,18 +189,6 @@ QString NewInvoiceModel::subtitle() const {
 QString NewInvoiceModel::notice() const {
     if (!wasClientLost_) return {};
     return QStringLiteral("The client was deleted elsewhere. Choose another one.");
-}
-
-QStringList NewInvoiceModel::presets() {
-    QStringList titles;
-    for (const auto preset : allDateRangePresets) titles.append(text(rawValue(preset)));
-    return titles;
-}
-
-DateInterval NewInvoiceModel::period() const {
-    const Calendar calendar = services_.calendar();
-    const auto span = interval(preset_, services_.now(), calendar);
-    return span ? *span : customInterval(from_.value(), through_.value(), calendar);
 }
 
 QString NewInvoiceModel::dates() const {
@@ -232,14 +230,14 @@ bool NewInvoiceModel::lacksBusinessName() const {
 }
 
 bool NewInvoiceModel::isComplete() const {
-    const bool hasDays = !isCustom() || (from_.isValid() && through_.isValid());
+    const bool hasDays = !isCustom() || (from_->isValid() && through_->isValid());
     return figures_.entryCount() > 0 && figures_.problem().isEmpty() && hasDays &&
            taxBasisPoints().has_value();
 }
 
 void NewInvoiceModel::endTyping() {
-    from_.finish();
-    through_.finish();
+    from_->finish();
+    through_->finish();
 }
 
 void NewInvoiceModel::catchUp() {

@@ -11,11 +11,10 @@
 
 #include "invoicing/InvoiceService.h"
 #include "records/Client.h"
-#include "records/DateRangePreset.h"
 #include "screens/AppServices.h"
+#include "screens/PeriodInput.h"
 #include "screens/RecordChoices.h"
 #include "screens/invoices/NewInvoiceFigures.h"
-#include "theme/DateTimeInput.h"
 #include "theme/FormFields.h"
 #include "theme/FormSheetModel.h"
 
@@ -66,12 +65,12 @@ class NewInvoiceModel final : public elmworth::FormSheetModel {  // so spelt for
     [[nodiscard]] QString notice() const override;
     [[nodiscard]] QString problem() const override { return figures_.problem(); }
     [[nodiscard]] ChoiceModel* clients() noexcept { return &clients_; }
-    [[nodiscard]] static QStringList presets();
+    [[nodiscard]] static QStringList presets() { return PeriodInput::titles(); }
     [[nodiscard]] int preset() const noexcept { return static_cast<int>(preset_); }
     [[nodiscard]] bool isCustom() const noexcept { return preset_ == DateRangePreset::custom; }
     [[nodiscard]] QString dates() const;
-    [[nodiscard]] DateTimeInput* from() noexcept { return &from_; }
-    [[nodiscard]] DateTimeInput* through() noexcept { return &through_; }
+    [[nodiscard]] DateTimeInput* from() noexcept { return from_; }
+    [[nodiscard]] DateTimeInput* through() noexcept { return through_; }
     [[nodiscard]] FormText* tax() noexcept { return &tax_; }
     [[nodiscard]] QString taxProblem() const;
     [[nodiscard]] QString taxNote() const;
@@ -88,10 +87,10 @@ class NewInvoiceModel final : public elmworth::FormSheetModel {  // so spelt for
 
  private:
     [[nodiscard]] InvoiceService service() const;
-    [[nodiscard]] DateInterval period() const;
+    [[nodiscard]] DateInterval period() const { return period_.interval(preset_); }
     [[nodiscard]] std::optional<std::int64_t> taxBasisPoints() const;
     [[nodiscard]] QString usualTax() const;
-    [[nodiscard]] std::optional<Instant> firstUnbilled() const;
+    [[nodiscard]] std::optional<DateRangePreset> firstPresetWithTime() const;
     void choosePeriod(const Ref<Client>& initialClient);
     void follow();
     void followLibrary(const RecordChanges& changes);
@@ -109,8 +108,9 @@ class NewInvoiceModel final : public elmworth::FormSheetModel {  // so spelt for
     AppServices services_;
     RecordChoices<Client> clients_;
     DateRangePreset preset_ = DateRangePreset::lastWeek;
-    DateTimeInput from_;
-    DateTimeInput through_;
+    PeriodInput period_;
+    DateTimeInput* from_ = &period_.from();
+    DateTimeInput* through_ = &period_.to();
     FormText tax_;
     NewInvoiceFigures figures_;
     bool isFilling_ = false;
