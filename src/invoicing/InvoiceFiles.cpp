@@ -100,11 +100,15 @@ std::filesystem::path exportInvoice(const InvoiceRenderModel& model, PaperSize p
                                     const std::filesystem::path& file, FileAccess access,
                                     InvoicePainter& painter) {
     auto stored = storedInvoiceFile(model.number);
-    if (!file.empty()) painter.render(model, paper, file, access);
-    try {
+    if (file.empty()) {
         painter.render(model, paper, stored, FileAccess::ownerOnly());
-    } catch (const std::runtime_error&) {
-        if (file.empty()) throw;
+        return stored;
+    }
+    painter.render(model, paper, file, access);
+    try {
+        // Drawing it once more would take as long again.
+        writeAtomically(stored, readFile(file));
+    } catch (const std::filesystem::filesystem_error&) {
         throw StoredFileError(file);
     }
     return stored;

@@ -163,8 +163,11 @@ class CountingPainter final : public InvoicePainter {
     LogoImage loadLogo() override { return nullptr; }
     void render(const InvoiceRenderModel& model, PaperSize /*paper*/,
                 const std::filesystem::path& file, FileAccess access) override {
+        ++count;
         writeAtomically(file, "%PDF " + model.number, access);
     }
+
+    int count = 0;
 };
 
 TEST_F(InvoiceFilesTest, anExportWritesTheFileAndTheStoredOne) {
@@ -176,6 +179,7 @@ TEST_F(InvoiceFilesTest, anExportWritesTheFileAndTheStoredOne) {
     EXPECT_EQ(stored, storedInvoiceFile("INV-1"));
     EXPECT_EQ(readFile(file), "%PDF INV-1");
     EXPECT_EQ(readFile(stored), "%PDF INV-1");
+    EXPECT_EQ(painter.count, 1) << "drawn once for both";
 }
 
 TEST_F(InvoiceFilesTest, anExportThatCannotBeStoredSaysThatTheFileWasWritten) {
