@@ -115,6 +115,10 @@ LogoImage loadLogo() try {
 }
 
 void storeLogo(const std::filesystem::path& file) {
+    storeLogoFile(makeLogoFile(file));
+}
+
+std::string makeLogoFile(const std::filesystem::path& file) {
     const QImage picture = readPicture(file);
     if (picture.isNull())
         throw LogoError(LogoError::Code::fileReadCorruptFile,
@@ -122,8 +126,12 @@ void storeLogo(const std::filesystem::path& file) {
     QByteArray png;
     QBuffer buffer(&png);
     if (!makeLogo(picture).save(&buffer, "PNG")) failToWrite();
+    return png.toStdString();
+}
+
+void storeLogoFile(std::string_view png) {
     try {
-        writeAtomically(logoFileURL(), {png.constData(), static_cast<std::size_t>(png.size())});
+        writeAtomically(logoFileURL(), png);
     } catch (const std::filesystem::filesystem_error&) {
         failToWrite();
     }

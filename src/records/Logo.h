@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 #include "records/LogoImage.h"
 
@@ -36,6 +38,13 @@ class LogoError : public std::runtime_error {
 /// (never enlarged, each side at least 1). Reads pictures of any size without decoding them whole
 /// where the format allows. Throws LogoError; the old logo then stays.
 void storeLogo(const std::filesystem::path& file);
+
+/// The PNG that `storeLogo` keeps of the picture in `file`, which takes seconds for a large one.
+/// May be called on any thread, by one at a time. Throws LogoError.
+[[nodiscard]] std::string makeLogoFile(const std::filesystem::path& file);
+
+/// Replaces the logo by what `makeLogoFile` gave. Throws LogoError; the old logo then stays.
+void storeLogoFile(std::string_view png);
 
 /// Deletes the logo; a missing file is no error.
 void removeLogo();

@@ -3,9 +3,11 @@
 
 #include "screens/settings/BusinessSettings.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <vector>
 
 #include "records/Logo.h"
@@ -42,6 +44,10 @@ BusinessSettings::BusinessSettings(const SettingsServices& services, SettingsKee
           }) {
     connect(&nextNumber_, &FormText::changed, this, &BusinessSettings::changed);
     observation_ = profiles_.observe([this] { Q_EMIT changed(); });
+}
+
+BusinessSettings::~BusinessSettings() {
+    if (reader_) reader_->wait();
 }
 
 void BusinessSettings::reload() {
@@ -93,27 +99,50 @@ QString BusinessSettings::nextInvoice() const {
     return QString::fromStdString(profile.formattedInvoiceNumber(year()));
 }
 
-QString BusinessSettings::storeLogoFrom(const QUrl& file) {
-    if (services_.isDemo) return QStringLiteral("The demo has no logo of its own.");
-    const auto path = file.toLocalFile();
+BusinessSettings::Picture BusinessSettings::readPicture(const QString& path) {
     auto unreadable = QStringLiteral("That image couldn't be read.");
-    if (!isLogoKind(path)) return unreadable;
+    // A pipe in a picture's place would never end.
+    if (!QFileInfo(path).isFile() || !isLogoKind(path)) return {{}, unreadable};
     try {
-        storeLogo(path.toStdString());
-        return {};
+        return {makeLogoFile(path.toStdString()), {}};
     } catch (const LogoError& error) {
         const bool isReadable = error.code() != LogoError::Code::fileReadCorruptFile;
-        return isReadable ? QString::fromUtf8(error.what()) : unreadable;
+        return {{}, isReadable ? QString::fromUtf8(error.what()) : unreadable};
+    } catch (const std::exception&) {  // too large for the memory
+        return {{}, unreadable};
     }
 }
 
 void BusinessSettings::chooseLogo(const QUrl& file) {
-    logoError_ = storeLogoFrom(file);
+    if (isReadingLogo()) return;
+    if (services_.isDemo) {
+        logoError_ = QStringLiteral("The demo has no logo of its own.");
+    } else {
+        const auto picture = std::make_shared<Picture>();
+        reader_.reset(QThread::create(
+            [picture, path = file.toLocalFile()] { *picture = readPicture(path); }));
+        connect(reader_.get(), &QThread::finished, this,
+                [this, picture] { takePicture(*picture); });
+        reader_->start();
+    }
+    Q_EMIT logoChanged();
+}
+
+void BusinessSettings::takePicture(const Picture& picture) {
+    reader_->wait();
+    reader_.release()->deleteLater();  // it is telling that it has finished
+    logoError_ = picture.failure;
+    try {
+        if (logoError_.isEmpty()) storeLogoFile(picture.png);
+    } catch (const LogoError& error) {
+        logoError_ = QString::fromUtf8(error.what());
+    }
     if (logoError_.isEmpty()) logo_ = loadLogo();
     Q_EMIT logoChanged();
 }
 
 void BusinessSettings::removeLogo() {
+    if (isReadingLogo()) return;
     if (!services_.isDemo) elmworth::removeLogo();
     logo_ = services_.isDemo ? nullptr : loadLogo();  // which is still there if it can't be removed
     Q_EMIT logoChanged();

@@ -5,8 +5,11 @@
 
 #include <QObject>
 #include <QString>
+#include <QThread>
 #include <QUrl>
 #include <QtQmlIntegration>
+#include <memory>
+#include <string>
 
 #include "records/LogoImage.h"
 #include "screens/settings/ProfileText.h"
@@ -31,10 +34,15 @@ class BusinessSettings final : public QObject {
     Q_PROPERTY(bool restartsYearly READ restartsYearly WRITE setRestartsYearly NOTIFY changed FINAL)
     Q_PROPERTY(QString nextInvoice READ nextInvoice NOTIFY changed FINAL)
     Q_PROPERTY(bool hasLogo READ hasLogo NOTIFY logoChanged FINAL)
+    /// A picture is being read, which takes a while for a large one.
+    Q_PROPERTY(bool isReadingLogo READ isReadingLogo NOTIFY logoChanged FINAL)
     Q_PROPERTY(QString logoError READ logoError NOTIFY logoChanged FINAL)
 
  public:
     BusinessSettings(const SettingsServices& services, SettingsKeeper& keeper);
+    BusinessSettings(const BusinessSettings&) = delete;
+    BusinessSettings& operator=(const BusinessSettings&) = delete;
+    ~BusinessSettings() override;
 
     [[nodiscard]] ProfileText* name() { return &name_; }
     [[nodiscard]] ProfileText* address() { return &address_; }
@@ -52,6 +60,7 @@ class BusinessSettings final : public QObject {
     [[nodiscard]] bool hasLogo() const { return logo_ != nullptr; }
     /// Null for none.
     [[nodiscard]] const LogoImage& logo() const { return logo_; }
+    [[nodiscard]] bool isReadingLogo() const { return reader_ != nullptr; }
     /// Why the last picture did not become the logo, as a sentence.
     [[nodiscard]] const QString& logoError() const { return logoError_; }
 
@@ -59,7 +68,10 @@ class BusinessSettings final : public QObject {
     void reload();
     /// The next number was left: one below 1 now reads as what it was taken for.
     Q_INVOKABLE void finishNumber();
+    /// Reads the picture beside the window's events, and tells how that went by `logoChanged`. Does
+    /// nothing while another one is read.
     Q_INVOKABLE void chooseLogo(const QUrl& file);
+    /// Does nothing while a picture is read.
     Q_INVOKABLE void removeLogo();
 
  Q_SIGNALS:
@@ -69,7 +81,12 @@ class BusinessSettings final : public QObject {
  private:
     [[nodiscard]] std::int64_t year() const;
     [[nodiscard]] static Parsed<std::int64_t> parseNumber(const QString& text);
-    [[nodiscard]] QString storeLogoFrom(const QUrl& file);
+    struct Picture {
+        std::string png;
+        QString failure;  ///< why there is none, as a sentence
+    };
+    [[nodiscard]] static Picture readPicture(const QString& path);
+    void takePicture(const Picture& picture);
 
     SettingsServices services_;
     SettingsKeeper& keeper_;
@@ -83,6 +100,7 @@ class BusinessSettings final : public QObject {
     ProfileText nextNumber_;
     LogoImage logo_;
     QString logoError_;
+    std::unique_ptr<QThread> reader_;  ///< while it reads a picture
     ProfileStore::Observation observation_;
 };
 

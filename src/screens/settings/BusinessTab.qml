@@ -40,10 +40,14 @@ ScrollPage {
                 }
             }
 
-            Item { Layout.fillWidth: true }
+            PlainText {
+                Layout.fillWidth: true
+                text: page.model.isReadingLogo ? "Reading…" : ""
+                color: Theme.secondaryText
+            }
 
             GlowButton {
-                visible: page.model.hasLogo
+                visible: page.model.hasLogo && !page.model.isReadingLogo
                 text: "Remove"
                 label: "Remove Logo"
                 onClicked: page.model.removeLogo()

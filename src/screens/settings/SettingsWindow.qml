@@ -57,13 +57,16 @@ Basic.ApplicationWindow {
         });
     }
 
+    /// Of a low or much enlarged screen the window leaves room for a title bar; what doesn't fit scrolls.
+    readonly property int fittingHeight: Math.max(320, Math.min(620, Screen.desktopAvailableHeight - 40))
+
     title: "Settings"
     width: 520
-    height: 620
+    height: fittingHeight
     minimumWidth: 520
     maximumWidth: 520
-    minimumHeight: 620
-    maximumHeight: 620
+    minimumHeight: fittingHeight
+    maximumHeight: fittingHeight
     color: Theme.backgroundTop
     background: AppBackground {}
     onVisibleChanged: {

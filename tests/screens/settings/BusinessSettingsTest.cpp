@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <sys/stat.h>
+
+#include <QCoreApplication>
 #include <QImage>
 #include <QImageWriter>
 #include <fstream>
@@ -23,6 +26,13 @@ class BusinessSettingsTest : public test::SettingsTest {
         QImageWriter writer(file, kind);
         EXPECT_TRUE(writer.write(image)) << writer.errorString().toStdString();
         return QUrl::fromLocalFile(file);
+    }
+
+    static void choose(BusinessSettings& settings, const QUrl& file) {
+        settings.chooseLogo(file);
+        while (settings.isReadingLogo()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
     }
 
     BusinessSettings business{settingsServices(), keeper};
@@ -124,7 +134,7 @@ TEST_F(BusinessSettingsTest, aTextThatCannotBeKeptStaysTypedAndTheProfileAsItWas
 
 TEST_F(BusinessSettingsTest, takesALogoOfEachKindThatCanBeRead) {
     for (const char* kind : {"png", "jpeg"}) {
-        business.chooseLogo(picture(QStringLiteral("logo.") + QLatin1String(kind), kind));
+        choose(business, picture(QStringLiteral("logo.") + QLatin1String(kind), kind));
         EXPECT_EQ(business.logoError(), QString()) << kind;
         ASSERT_TRUE(business.hasLogo());
         EXPECT_EQ(business.logo()->size(), QSize(200, 100));
@@ -135,38 +145,66 @@ TEST_F(BusinessSettingsTest, takesALogoOfEachKindThatCanBeRead) {
 }
 
 TEST_F(BusinessSettingsTest, aPictureThatCannotBeReadLeavesTheLogoAsItWas) {
-    business.chooseLogo(picture(QStringLiteral("logo.png"), "png"));
+    choose(business, picture(QStringLiteral("logo.png"), "png"));
     const auto logo = business.logo();
     const auto text = QUrl::fromLocalFile(
         QString::fromStdString((timer.library.folder.path() / "text.png").string()));
     std::ofstream(text.toLocalFile().toStdString()) << "no picture";
     for (const auto& file : {text, QUrl(QStringLiteral("file:///nowhere/logo.png")),
                              picture(QStringLiteral("bitmap.png"), "bmp")}) {
-        business.chooseLogo(file);
+        choose(business, file);
         EXPECT_EQ(business.logoError(), QStringLiteral("That image couldn't be read."));
         EXPECT_EQ(business.logo(), logo);
     }
     business.removeLogo();
     EXPECT_EQ(business.logoError(), QStringLiteral("That image couldn't be read."));
-    business.chooseLogo(picture(QStringLiteral("other.png"), "png"));
+    choose(business, picture(QStringLiteral("other.png"), "png"));
     EXPECT_EQ(business.logoError(), QString());
 }
 
+TEST_F(BusinessSettingsTest, theWindowGoesOnWhileAPictureIsRead) {
+    choose(business, picture(QStringLiteral("logo.png"), "png"));
+    const auto logo = business.logo();
+    business.chooseLogo(picture(QStringLiteral("large.png"), "png", {2000, 1000}));
+    ASSERT_TRUE(business.isReadingLogo());
+    EXPECT_EQ(business.logo(), logo);
+    business.removeLogo();
+    business.chooseLogo(picture(QStringLiteral("third.png"), "png", {30, 30}));
+    EXPECT_EQ(business.logo(), logo);
+    while (business.isReadingLogo()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(business.logo()->size(), QSize(600, 300));
+}
+
+TEST_F(BusinessSettingsTest, aPictureThatIsReadWhenTheProgramEndsIsWaitedFor) {
+    BusinessSettings ending{settingsServices(), keeper};
+    ending.chooseLogo(picture(QStringLiteral("large.png"), "png", {2000, 1000}));
+    EXPECT_TRUE(ending.isReadingLogo());
+}
+
+TEST_F(BusinessSettingsTest, aPipeInAPicturesPlaceKeepsNobodyWaiting) {
+    const auto pipe = timer.library.folder.path() / "pipe.png";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    choose(business, QUrl::fromLocalFile(QString::fromStdString(pipe.string())));
+    EXPECT_EQ(business.logoError(), QStringLiteral("That image couldn't be read."));
+}
+
 TEST_F(BusinessSettingsTest, aPictureOf200MegapixelsBecomesASmallLogo) {
-    business.chooseLogo(picture(QStringLiteral("large.jpg"), "jpeg", {20000, 10000}));
+    choose(business, picture(QStringLiteral("large.jpg"), "jpeg", {20000, 10000}));
     EXPECT_EQ(business.logoError(), QString());
     EXPECT_EQ(business.logo()->size(), QSize(600, 300));
 }
 
 TEST_F(BusinessSettingsTest, theDemoNeitherShowsNorTakesALogo) {
-    business.chooseLogo(picture(QStringLiteral("logo.png"), "png"));
+    choose(business, picture(QStringLiteral("logo.png"), "png"));
     auto services = settingsServices();
     services.isDemo = true;
     BusinessSettings demo(services, keeper);
     demo.reload();
     EXPECT_FALSE(demo.hasLogo());
     demo.removeLogo();
-    demo.chooseLogo(picture(QStringLiteral("other.png"), "png"));
+    choose(demo, picture(QStringLiteral("other.png"), "png"));
     EXPECT_EQ(demo.logoError(), QStringLiteral("The demo has no logo of its own."));
     EXPECT_EQ(loadLogo(), business.logo());
 }
