@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "store/sqlite/LibraryFile.h"
+#include "support/DamagedTable.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
@@ -49,6 +50,23 @@ TEST_F(LibraryLog, beginsAnewInALaterTurnOnceItIsLong) {
     EXPECT_EQ(size(), longest);
     library.reopen();
     EXPECT_TRUE(library.context().fetch<Client>().at(0)->address->ends_with("x99"));
+}
+
+TEST_F(LibraryLog, isNotMovedIntoALibraryThatIsDamaged) {
+    const auto client = library.addClient("Acme");
+    library.addProject("Website", client);
+    library.context().save();
+    library.close();
+    test::damageTable(library.file(), "Project");
+    library.open();
+    const auto bytes = readFile(library.file());
+    EXPECT_THROW(static_cast<void>(library.context().fetch<Project>()), StoreError);
+    addMuch();
+    library.context().save();
+    library.runLoop.turn();
+    library.close();
+    EXPECT_GT(size(), 2 * longestKeptLog);
+    EXPECT_EQ(readFile(library.file()), bytes);
 }
 
 TEST_F(LibraryLog, isCutBackInALaterTurnAfterAnImport) {

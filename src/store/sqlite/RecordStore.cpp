@@ -44,6 +44,7 @@ RecordStore::~RecordStore() {
 }
 
 bool RecordStore::hasLongLog() const noexcept {
+    if (isDamaged_) return false;
     return logPages_ >= 256 || logFileSize(database_) > longestKeptLog;
 }
 
@@ -58,6 +59,16 @@ void RecordStore::tidyLog() noexcept {
 void RecordStore::prepareLog() noexcept {
     if (hasLongLog()) tidyLog();
     syncLog(database_);
+}
+
+template <class Work>
+auto RecordStore::watched(const Work& work) {
+    try {
+        return work();
+    } catch (const StoreError& error) {
+        if (error.code() == StoreError::Code::corrupt) isDamaged_ = true;
+        throw;
+    }
 }
 
 Statement& RecordStore::prepared(const std::string& sql) {
@@ -83,7 +94,9 @@ void RecordStore::select(const RecordSchema& schema, const PredicateNode* predic
     for (const auto* value : where.values) statement->bind(parameter++, *value);
     if (limit) statement->bind(parameter, Value{static_cast<std::int64_t>(*limit)});
     const Row row(shared);
-    while (statement->step()) handler(row);
+    watched([&] {
+        while (statement->step()) handler(row);
+    });
 }
 
 void RecordStore::selectValues(const RecordSchema& schema, const PredicateNode* predicate,
@@ -94,13 +107,15 @@ void RecordStore::selectValues(const RecordSchema& schema, const PredicateNode* 
     int parameter = 0;
     for (const auto* value : where.values) statement->bind(parameter++, *value);
     std::vector<Value> values(fields.size());
-    while (statement->step()) {
-        int column = 1;
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            values[i] = fieldValue(shared, column++, schema.fields[fields[i]]);
+    watched([&] {
+        while (statement->step()) {
+            int column = 1;
+            for (std::size_t i = 0; i < fields.size(); ++i) {
+                values[i] = fieldValue(shared, column++, schema.fields[fields[i]]);
+            }
+            handler(statement->identity(0), values);
         }
-        handler(statement->identity(0), values);
-    }
+    });
 }
 
 void RecordStore::selectOne(const RecordSchema& schema, const PersistentID& id,
@@ -108,7 +123,9 @@ void RecordStore::selectOne(const RecordSchema& schema, const PersistentID& id,
     auto& shared = prepared(selectSQL(schema) + " WHERE \"id\" = ?");
     StatementUse statement(shared);
     statement->bind(0, id);
-    if (statement->step()) handler(Row(shared));
+    watched([&] {
+        if (statement->step()) handler(Row(shared));
+    });
 }
 
 std::size_t RecordStore::count(const RecordSchema& schema, const PredicateNode* predicate) {
@@ -117,14 +134,14 @@ std::size_t RecordStore::count(const RecordSchema& schema, const PredicateNode* 
         prepared("SELECT count(*) FROM \"" + std::string(schema.name) + '"' + where.text));
     int parameter = 0;
     for (const auto* value : where.values) statement->bind(parameter++, *value);
-    statement->step();
+    watched([&] { statement->step(); });
     return static_cast<std::size_t>(statement->integer(0));
 }
 
 double RecordStore::totalSpan(const SpanFields& fields, const PersistentID& owner) {
     StatementUse statement(prepared(totalSpanSQL(fields)));
     statement->bind(0, owner);
-    statement->step();
+    watched([&] { statement->step(); });
     return statement->real(0);
 }
 
@@ -137,10 +154,14 @@ bool RecordStore::rowMatches(const RecordSchema& schema, const PersistentID& id,
     int parameter = 0;
     for (const auto* value : where.values) statement->bind(parameter++, *value);
     statement->bind(parameter, id);
-    return statement->step();
+    return watched([&] { return statement->step(); });
 }
 
 void RecordStore::write(const ChangeSet& changes, Progress& progress) {
+    watched([&] { writeAll(changes, progress); });
+}
+
+void RecordStore::writeAll(const ChangeSet& changes, Progress& progress) {
     auto wrote = [&, done = std::size_t{0}]() mutable {
         progress.advance("Saving", ++done, changes.size());
     };
@@ -177,7 +198,9 @@ void RecordStore::beginTransaction() {
 void RecordStore::flush(const std::vector<const Record*>& inserted) {
     beginTransaction();
     try {
-        for (const auto* record : inserted) insertRow(*record);
+        watched([&] {
+            for (const auto* record : inserted) insertRow(*record);
+        });
     } catch (...) {
         dropFlushed();
         throw;

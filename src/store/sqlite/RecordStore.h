@@ -81,7 +81,8 @@ class RecordStore {
     void dropFlushed() noexcept;
 
     /// Whether the write-ahead log has grown so that moving it is worth the time, or its file is
-    /// larger than it stays.
+    /// larger than it stays. False once damage was met: the file of a damaged library stays as it
+    /// is, and the log keeps all changes.
     [[nodiscard]] bool hasLongLog() const noexcept;
     /// Moves the log into the library file. What cannot be moved stays in the log.
     void tidyLog() noexcept;
@@ -102,9 +103,13 @@ class RecordStore {
         }
     };
 
+    /// Does what reads or writes the library, and notes when that meets damage.
+    template <class Work>
+    auto watched(const Work& work);
     Statement& prepared(const std::string& sql);
     void run(const std::string& sql);
     void beginTransaction();
+    void writeAll(const ChangeSet& changes, Progress& progress);
     void insertRow(const Record& record);
     /// Takes from a row what its record gives up: links to other records, and unique values.
     void releaseRow(const ChangeSet::Update& update);
@@ -114,6 +119,7 @@ class RecordStore {
 
     Database database_;
     int logPages_ = 0;
+    bool isDamaged_ = false;
     std::unordered_map<std::string, Statement> statements_;
 };
 
