@@ -31,6 +31,10 @@ namespace {
 using namespace std::chrono_literals;
 using namespace elmworth;
 
+constexpr const char* wayOut =
+    "If the library is damaged, elmworth check names what is wrong with it, and elmworth recover "
+    "FOLDER writes what can be read, and the newest snapshot, into a new library.";
+
 void describeApplication() {
     QGuiApplication::setApplicationName(QStringLiteral("Elmworth"));
     QGuiApplication::setApplicationVersion(QStringLiteral(ELMWORTH_VERSION));
@@ -130,7 +134,7 @@ int main(int argc, char** argv) {
         }
         return runApplication(argc, argv, arguments);
     } catch (const LibraryError& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n%s\n", error.what(), wayOut);
     } catch (const std::filesystem::filesystem_error& error) {
         std::fprintf(stderr, "Could not create ModelContainer: %s: %s\n", error.path1().c_str(),
                      error.code().message().c_str());

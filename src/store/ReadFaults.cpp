@@ -22,7 +22,9 @@ ReadFaults::Observation ReadFaults::observe(std::function<void()> found) {
 
 std::string unreadableLibraryText() {
     return "Part of the library can't be read. Snapshots of it are in “" +
-           (dataFolder() / "Backups").string() + "”.";
+           (dataFolder() / "Backups").string() +
+           "”. In a terminal, elmworth check names what is damaged, and elmworth recover FOLDER "
+           "writes what can be read into a new library.";
 }
 
 }  // namespace elmworth

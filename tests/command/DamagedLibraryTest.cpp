@@ -57,7 +57,9 @@ class DamagedLibrary : public testing::Test {
         EXPECT_EQ(result.exitStatus, 0);
         EXPECT_EQ(result.errors,
                   "Part of the library can't be read. Snapshots of it are in "
-                  "“/home/ada/data/Elmworth/Backups”.\n");
+                  "“/home/ada/data/Elmworth/Backups”. In a terminal, elmworth check names what is "
+                  "damaged, and elmworth recover FOLDER writes what can be read into a new "
+                  "library.\n");
         return result.output;
     }
     void expectRefusal(const std::vector<std::string>& arguments) {

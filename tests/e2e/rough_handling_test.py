@@ -128,7 +128,9 @@ class LibraryOfItsOwn(unittest.TestCase):
             file.write(b"\xa5" * size)
 
     def expect_told(self, status, errors):
-        sentence = f"Part of the library can't be read. Snapshots of it are in “{self.data}/Elmworth/Backups”."
+        sentence = (f"Part of the library can't be read. Snapshots of it are in “{self.data}/Elmworth/Backups”. In a "
+                    "terminal, elmworth check names what is damaged, and elmworth recover FOLDER writes what can be read "
+                    "into a new library.")
         program = self.start()
         wait_until(lambda: find(sentence), "the line about the library")
         report = self.elmworth("report", "--period", "This Year", status=status)

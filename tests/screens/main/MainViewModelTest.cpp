@@ -178,7 +178,9 @@ TEST_F(MainViewOfADamagedLibrary, saysSoInOneLineOnceARecordCannotBeRead) {
     EXPECT_EQ(changed.size(), 1);
     EXPECT_EQ(model.libraryProblem(),
               QStringLiteral("Part of the library can't be read. Snapshots of it are in "
-                             "\u201C/home/ada/data/Elmworth/Backups\u201D."));
+                             "\u201C/home/ada/data/Elmworth/Backups\u201D. In a terminal, elmworth "
+                             "check names what is damaged, and elmworth recover FOLDER writes what "
+                             "can be read into a new library."));
 }
 
 }  // namespace
