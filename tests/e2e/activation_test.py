@@ -64,8 +64,8 @@ class Activation(unittest.TestCase):
         """The bus may start the application, as it may when the package is installed."""
         folder = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "dbus-1/services"
         folder.mkdir(parents=True)
-        service = (PACKAGING / f"{NAME}.service").read_text()
-        (folder / f"{NAME}.service").write_text(service.replace("/usr/bin", str(PROGRAMS)))
+        service = (PACKAGING / f"{NAME}.service.in").read_text()
+        (folder / f"{NAME}.service").write_text(service.replace("@ELMWORTH_PROGRAMS@", str(PROGRAMS)))
         cls.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         cls.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "ReloadConfig", "()")
         run("client", "add", "Acme Co")
