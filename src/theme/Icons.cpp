@@ -29,7 +29,6 @@ constexpr std::array images{
     Icon{u"check", 0xE5CA},
     Icon{u"check-circle", 0xE92D},
     Icon{u"check-circle-filled", 0xE86C},
-    Icon{u"chevron-down", 0xE5CF},
     Icon{u"chevron-left", 0xE5CB},
     Icon{u"chevron-right", 0xE5CC},
     Icon{u"chevrons-up-down", 0xE5D7},

@@ -56,8 +56,6 @@ GallerySection {
         States { button: CircleIconButton { iconName: "stop"; colors: Theme.coralGradient; size: 40; label: "Stop" } }
         States { button: IconButton { iconName: "plus"; label: "Add" } }
         States { button: LinkButton { text: "Open Settings" } }
-        States { button: CheckMark { text: "Check box" } }
-        States { button: CheckMark { text: "Ticked"; checked: true } }
         States { button: ToggleSwitch { text: "Off" } }
         States { button: ToggleSwitch { text: "On"; checked: true } }
         States { button: SegmentedPicker { options: ["1 min", "6 min"]; currentIndex: 1 } }
