@@ -26,6 +26,14 @@ Basic.Menu {
         return 0;
     }
 
+    /// Likewise the last; -1 when none can.
+    function lastEnabled(): int {
+        for (let i = count - 1; i >= 0; --i)
+            if (itemAt(i).enabled)
+                return i;
+        return -1;
+    }
+
     width: Math.min(360, Math.max(180, widest) + leftPadding + rightPadding)
     padding: 5
     margins: 8
@@ -36,6 +44,24 @@ Basic.Menu {
 
     // Nothing to see, but it keeps a click from what lies below.
     T.Overlay.modal: Item {}
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: menu.contentModel
+        interactive: Window.window ? contentHeight + menu.topPadding + menu.bottomPadding > Window.window.height : false
+        clip: true
+        currentIndex: menu.currentIndex
+        focus: true
+        keyNavigationEnabled: false
+        Basic.ScrollIndicator.vertical: Basic.ScrollIndicator {}
+
+        // Before any line is chosen, the arrow leads to the last one.
+        Keys.onUpPressed: event => {
+            event.accepted = menu.currentIndex < 0;
+            if (event.accepted)
+                menu.currentIndex = menu.lastEnabled();
+        }
+    }
 
     background: Rectangle {
         radius: Theme.rowRadius

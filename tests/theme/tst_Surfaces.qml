@@ -167,6 +167,18 @@ Item {
             compare(taps.count, 1);
         }
 
+        function test_the_arrows_walk_a_menu_from_either_end() {
+            const cover = createTemporaryObject(menuOverCover, stage);
+            for (const row of [{ key: Qt.Key_Up, line: 1 }, { key: Qt.Key_Down, line: 0 }]) {
+                cover.menu.popup(cover, 10, 10);
+                tryVerify(() => cover.menu.opened);
+                keyClick(row.key);
+                compare(cover.menu.currentIndex, row.line);
+                cover.menu.close();
+                tryVerify(() => !cover.menu.visible);
+            }
+        }
+
         function test_an_open_submenu_leaves_the_menu_and_its_own_lines_to_be_clicked() {
             const cover = createTemporaryObject(menuOverCover, stage);
             for (const line of [() => cover.menu.itemAt(1), () => cover.menu.itemAt(0).subMenu.itemAt(0)]) {
