@@ -4,12 +4,15 @@
 // What the sheet shows is what the invoice comes to, wherever it is looked at.
 
 #include <gtest/gtest.h>
+#include <rapidjson/document.h>
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <random>
+#include <sstream>
 
+#include "command/CommandLine.h"
 #include "invoicing/InvoiceFigures.h"
 #include "invoicing/InvoicePDFRenderer.h"
 #include "platform/MoneyFormat.h"
@@ -27,6 +30,7 @@ using test::at;
 constexpr unsigned librariesPerLocale = 167;
 /// Printing takes longer than all the rest.
 constexpr unsigned librariesPerPrint = 60;
+constexpr unsigned librariesPerCommand = 6;
 
 /// "95,00€" for "95,00 €", whatever blanks there are.
 std::string withoutBlanks(const std::string& text) {
@@ -186,6 +190,70 @@ class NewInvoiceTruth : public testing::Test {
         expect(model.total);
     }
 
+    /// What a command that must succeed prints.
+    [[nodiscard]] std::string output(RandomLibrary& library,
+                                     const std::vector<std::string>& arguments) const {
+        auto& timer = library.timer;
+        CommandEnvironment environment{timer.library.context(),
+                                       *timer.history,
+                                       *timer.service,
+                                       library.app.profiles,
+                                       [&timer] { return timer.now; },
+                                       locale_,
+                                       timer.calendar,
+                                       timer.library.folder.path()};
+        const auto result = runCommand(parseCommandLine(arguments), environment);
+        EXPECT_EQ(result.errors, "");
+        return result.output;
+    }
+    [[nodiscard]] rapidjson::Document json(RandomLibrary& library,
+                                           std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"--format", "json"});
+        rapidjson::Document document;
+        document.Parse(output(library, arguments).c_str());
+        return document;
+    }
+    static void expectCents(const rapidjson::Value& invoice,
+                            const InvoiceCalculator::Totals& totals) {
+        EXPECT_EQ(invoice["subtotalCents"].GetInt64(), totals.subtotalCents);
+        EXPECT_EQ(invoice["taxCents"].GetInt64(), totals.taxCents);
+        EXPECT_EQ(invoice["totalCents"].GetInt64(), totals.totalCents);
+    }
+    /// `invoice list` and `invoice show`, as people and as programs read them.
+    void expectInCommands(RandomLibrary& library, const std::string& number,
+                          const InvoiceCalculator::Totals& totals) const {
+        const auto list = json(library, {"invoice", "list"});
+        const auto listed = list.GetArray();
+        const auto* const found = std::find_if(listed.begin(), listed.end(), [&](const auto& one) {
+            return one["number"].GetString() == number;
+        });
+        ASSERT_NE(found, listed.end());
+        expectCents(*found, totals);
+        const auto show = json(library, {"invoice", "show", number});
+        expectCents(show, totals);
+        ASSERT_EQ(show["lines"].Size(), totals.lines.size());
+        for (unsigned i = 0; i < show["lines"].Size(); ++i) {
+            EXPECT_EQ(show["lines"][i]["amountCents"].GetInt64(), totals.lines[i].amountCents);
+        }
+        EXPECT_EQ(lastColumns(output(library, {"invoice", "list"}), number),
+                  std::vector{withoutBlanks(total_)});
+        const std::string shown = output(library, {"invoice", "show", number});
+        EXPECT_EQ(lastColumns(shown, "Subtotal"), std::vector{withoutBlanks(subtotal_)});
+        EXPECT_EQ(lastColumns(shown, "Tax"), std::vector{withoutBlanks(tax_)});
+        EXPECT_EQ(lastColumns(shown, "Total"), std::vector{withoutBlanks(total_)});
+    }
+    /// The last column of the lines of a table that begin with `first`; two blanks part columns.
+    static std::vector<std::string> lastColumns(const std::string& table,
+                                                const std::string& first) {
+        std::vector<std::string> columns;
+        std::istringstream lines(table);
+        for (std::string line; std::getline(lines, line);) {
+            if (!line.starts_with(first + ' ')) continue;
+            columns.push_back(withoutBlanks(line.substr(line.rfind("  "))));
+        }
+        return columns;
+    }
+
     void expectAgreement(unsigned first) {
         unsigned invoices = 0;
         for (unsigned i = 0; i < librariesPerLocale && !HasFailure(); ++i) {
@@ -206,6 +274,7 @@ class NewInvoiceTruth : public testing::Test {
             const auto model = printed(library, *invoice);
             expectSameTexts(model);
             expectCents(total_, totals.totalCents);
+            if (i % librariesPerCommand == 0) expectInCommands(library, invoice->number, totals);
             if (i % librariesPerPrint == 0) expectInPrint(model, library.timer.library.folder);
         }
         EXPECT_GT(invoices, librariesPerLocale / 2);
