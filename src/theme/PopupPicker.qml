@@ -23,6 +23,7 @@ Basic.ComboBox {
     font { family: Theme.textFamily; pixelSize: Theme.bodySize }
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
+    Accessible.description: currentIndex < 0 ? placeholder : displayText
     Accessible.onPressAction: if (enabled) popup.open()
 
     contentItem: PlainText {

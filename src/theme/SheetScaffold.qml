@@ -38,6 +38,7 @@ Rectangle {
             spacing: 12
 
             IconTile {
+                visible: sheet.icon.length > 0
                 icon: sheet.icon
                 colors: sheet.colors
                 size: 34
@@ -70,19 +71,21 @@ Rectangle {
         ColumnLayout {
             id: body
 
+            // While it is hidden, what comes into it later would have no height, and it stayed hidden.
+            readonly property bool isEmpty: implicitHeight <= 0
+
             Layout.fillWidth: true
             Layout.fillHeight: true
             Layout.leftMargin: 22
             Layout.rightMargin: 22
-            Layout.topMargin: 20
-            Layout.bottomMargin: 20
-            visible: implicitHeight > 0
+            Layout.topMargin: isEmpty ? 0 : 20
+            Layout.bottomMargin: isEmpty ? 0 : 20
             spacing: 12
         }
 
         Hairline {
             Layout.fillWidth: true
-            visible: body.visible
+            visible: !body.isEmpty
         }
 
         RowLayout {

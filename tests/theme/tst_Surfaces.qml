@@ -67,6 +67,22 @@ Item {
         }
     }
 
+    Component {
+        id: alert
+
+        SheetScaffold {
+            property alias message: message
+
+            title: "Looking for updates…"
+
+            PlainText {
+                id: message
+
+                visible: text.length > 0
+            }
+        }
+    }
+
     TestCase {
         name: "Surfaces"
         when: windowShown
@@ -293,6 +309,16 @@ Item {
             compare(item.width, 300);
             keyClick(Qt.Key_Escape);
             tryVerify(() => !item.visible);
+        }
+
+        function test_a_sheet_shows_what_it_has_to_say_only_later() {
+            const item = createTemporaryObject(alert, stage);
+            const low = item.implicitHeight;
+            item.message.text = "The update server takes too long.";
+            tryVerify(() => item.implicitHeight >= low + item.message.height + 40);
+            verify(item.message.visible);
+            item.message.text = "";
+            tryCompare(item, "implicitHeight", low);
         }
     }
 }

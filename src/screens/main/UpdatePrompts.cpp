@@ -39,7 +39,9 @@ QString withNotes(const Release& release, const QString& sentence) {
 
 void UpdatePrompts::look() {
     if (!updater_.isEnabled()) return;
-    confirmation_.tell({.title = looking(), .acceptText = QStringLiteral("Cancel")});
+    confirmation_.tell({.icon = QStringLiteral("arrow-clockwise"),
+                        .title = looking(),
+                        .acceptText = QStringLiteral("Cancel")});
     updater_.look([this](const auto& finding) {
         if (isWaiting(looking())) tellFound(finding);
     });
@@ -53,16 +55,19 @@ void UpdatePrompts::tellFound(const Updater::Finding& finding) {
                             .message = text(finding.failure)});
         return;
     }
-    confirmation_.tell({.title = QStringLiteral("You have the newest version"),
+    confirmation_.tell({.icon = QStringLiteral("check-circle"),
+                        .title = QStringLiteral("You have the newest version"),
                         .message = QStringLiteral("There is nothing newer than Elmworth %1.")
                                        .arg(text(updater_.present().text()))});
 }
 
 void UpdatePrompts::offer(const Release& release) {
+    const auto offerIcon = QStringLiteral("document-down");
     const auto title = named(release) + QStringLiteral(" is available");
     if (updater_.canInstall() && !release.archive.empty()) {
         const auto when = QStringLiteral("It takes the place of this version when you quit.");
-        confirmation_.ask({.title = title,
+        confirmation_.ask({.icon = offerIcon,
+                           .title = title,
                            .message = withNotes(release, when),
                            .acceptText = QStringLiteral("Install")},
                           [this, release] { install(release); });
@@ -70,17 +75,20 @@ void UpdatePrompts::offer(const Release& release) {
     }
     const auto how = QStringLiteral("Update it the way you installed it.");
     if (release.page.empty()) {
-        confirmation_.tell({.title = title, .message = withNotes(release, how)});
+        confirmation_.tell({.icon = offerIcon, .title = title, .message = withNotes(release, how)});
         return;
     }
-    confirmation_.ask({.title = title,
+    confirmation_.ask({.icon = offerIcon,
+                       .title = title,
                        .message = withNotes(release, how),
                        .acceptText = QStringLiteral("Open Web Page")},
                       [page = text(release.page)] { QDesktopServices::openUrl(QUrl(page)); });
 }
 
 void UpdatePrompts::install(const Release& release) {
-    confirmation_.tell({.title = fetching(release), .acceptText = QStringLiteral("Hide")});
+    confirmation_.tell({.icon = QStringLiteral("hourglass"),
+                        .title = fetching(release),
+                        .acceptText = QStringLiteral("Hide")});
     updater_.fetch(release, [this, release](const std::string& failure) {
         if (!failure.empty()) {
             confirmation_.tell({.icon = QStringLiteral("warning"),
@@ -88,7 +96,8 @@ void UpdatePrompts::install(const Release& release) {
                                 .message = text(failure)});
         } else if (isWaiting(fetching(release))) {
             confirmation_.tell(
-                {.title = named(release) + QStringLiteral(" is ready"),
+                {.icon = QStringLiteral("check-circle"),
+                 .title = named(release) + QStringLiteral(" is ready"),
                  .message = QStringLiteral("It takes the place of this version when you quit.")});
         }
     });
