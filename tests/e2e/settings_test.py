@@ -150,10 +150,19 @@ class Settings(SettingsWindow):
         wait_until(lambda: find("Due in 15 days"), "the due days")
         self.key("Control_L+3")
         wait_until(lambda: find("Appearance"), "the general tab")
+        self.tab_to("System")
+        self.key("Right")
+        wait_until(lambda: self.setting("appearance") == "dark", "the appearance")
+        self.tab_to("Tray while tracking")
+        self.key("Down")
+        wait_until(lambda: self.setting("menuBarStyle") == "timeAndProject", "the tray")
         self.tab_to("Weekly hours goal: off")
         self.key("Up")
         wait_until(lambda: find("Weekly hours goal: 5 h"), "the goal")
-        for name in ("Launch Elmworth at login", "Import CSV…", "Export Backup…", "Show in Files",
+        self.tab_to("Launch Elmworth at login")
+        self.key("space")
+        wait_until(lambda: self.is_on("Launch Elmworth at login"), "the login item")
+        for name in ("Import CSV…", "Export Backup…", "Show in Files",
                      "Restore Backup…"):
             self.tab_to(name)
         self.key("Escape")
@@ -161,17 +170,31 @@ class Settings(SettingsWindow):
         self.assertEqual((self.profile("name"), self.profile("nextInvoiceNumber"), self.profile("resetNumberingYearly"),
                           self.profile("roundingMinutes"), self.profile("defaultDueDays")), ("Mine", 1, True, 15, 15))
         self.assertEqual(self.setting("weeklyGoalHours"), "5")
+        self.stop()
+        self.start(cwd=self.home)
+        self.take_keyboard()
+        self.key("Control_L+comma")
+        wait_until(lambda: self.keyboard.focus("Settings"), "the settings on the display")
+        wait_until(lambda: find("Next invoice: INV-2026-001"), "the business")
+        self.assertEqual(self.value("Business name"), "Mine")
+        self.key("Control_L+3")
+        wait_until(lambda: find("Weekly hours goal: 5 h"), "the goal")
+        self.assertTrue(self.is_chosen("Appearance", "Dark"))
+        self.assertEqual(find("Tray while tracking", "combo box").description, "Time and project")
+        self.assertTrue(self.is_on("Launch Elmworth at login"))
 
     def test_commands_show_in_the_open_window(self):
         self.open_settings("General")
         self.elmworth("settings", "set", "appearance", "dark")
         wait_until(lambda: self.is_chosen("Appearance", "Dark"), "the appearance")
+        self.elmworth("settings", "set", "menuBarStyle", "icon")
+        wait_until(lambda: find("Tray while tracking", "combo box").description == "Icon only", "the tray")
         self.elmworth("settings", "set", "weeklyGoalHours", "40")
         wait_until(lambda: find("Weekly hours goal: 40 h"), "the goal")
         self.elmworth("settings", "set", "launchAtLogin", "true")
         wait_until(lambda: self.is_on("Launch Elmworth at login"), "the login item")
         self.assertEqual(self.as_json("settings"), {
-            "appearance": "dark", "menuBarStyle": "time", "weeklyGoalHours": 40, "installUpdatesAutomatically": False,
+            "appearance": "dark", "menuBarStyle": "icon", "weeklyGoalHours": 40, "installUpdatesAutomatically": False,
             "launchAtLogin": True})
 
     def test_the_login_item_starts_the_program(self):
