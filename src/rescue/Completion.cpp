@@ -68,7 +68,7 @@ bool Completion::needsSnapshot() const {
     const auto lacks = [&](const auto& item) {
         return isLost(item.second->client.id(), found_.clients);
     };
-    return found_.isIncomplete() ||
+    return found_.isIncomplete() || !found_.rebuilt.empty() ||
            std::any_of(found_.projects.begin(), found_.projects.end(), lacks) ||
            std::any_of(found_.invoices.begin(), found_.invoices.end(), lacks) ||
            std::any_of(found_.entries.begin(), found_.entries.end(), [&](const auto& item) {

@@ -49,7 +49,7 @@ class Salvager {
                       progress_);
         found_.pages = rows_.pages();
         found_.damagedPages = rows_.damagedPages();
-        if (found_.isIncomplete()) readIndexes();
+        readIndexes();
         return std::move(found_);
     }
 
@@ -99,6 +99,7 @@ class Salvager {
                       progress_);
         rebuildInvoices();
         rebuildEntries();
+        settleTimes();
         mendRelationships();
     }
 
@@ -106,6 +107,7 @@ class Salvager {
         const auto id = columns.back().identity();
         if (!id) return;
         if (columns.size() == 2) takePair(columns.front(), *id);
+        if (columns.size() == 3) takeTimes(columns, *id);
         if (columns.size() == 4) takeSpan(columns, *id);
     }
 
@@ -128,6 +130,31 @@ class Salvager {
             span.end = std::max(columns[1].number, columns[2].number);
         }
         found_.index.entries.insert_or_assign(id, span);
+    }
+
+    void takeTimes(std::span<const StoredColumn> columns, const PersistentID& id) {
+        using enum StoredColumn::Kind;
+        if (columns[0].kind != integer || columns[1].kind != integer) return;
+        times_[id] = {columns[1].number, columns[0].number};
+    }
+
+    /// A time that the disk gives back wrong is a time like any other, but for the two indexes that
+    /// still agree on the right one.
+    void settleTimes() {
+        for (const auto& [id, times] : times_) {
+            const auto span = found_.index.entries.find(id);
+            const auto entry = found_.entries.find(id);
+            if (span == found_.index.entries.end() || entry == found_.entries.end()) continue;
+            const Times stored = timesOf(*entry->second);
+            if (times == stored || times != Times{span->second.start, span->second.end} ||
+                !isUsable(span->second))
+                continue;
+            setField(*entry->second, "start", Value{times.first});
+            setField(*entry->second, "end", Value{*times.second});
+            found_.remarks.push_back("Entry of " + formatISO8601(entry->second->start) + " until " +
+                                     formatISO8601(*entry->second->end.get()) +
+                                     " was stored with other times, which its indexes belie.");
+        }
     }
 
     void rebuildInvoices() {
@@ -206,6 +233,15 @@ class Salvager {
         if (targets.contains(owner->second) || !target) setField(record, field, owner->second);
     }
 
+    /// Start and end, in microseconds since 1970.
+    using Times = std::pair<std::int64_t, std::optional<std::int64_t>>;
+    static Times timesOf(const TimeEntry& entry) {
+        Times times{entry.start->time_since_epoch().count(), std::nullopt};
+        if (entry.end.get()) times.second = entry.end.get()->time_since_epoch().count();
+        return times;
+    }
+
+    std::unordered_map<PersistentID, Times> times_;  ///< as the index by end has them
     const sqlite::LibraryImage& image_;
     sqlite::StoredRows rows_;
     Progress& progress_;

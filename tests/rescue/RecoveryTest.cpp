@@ -176,6 +176,31 @@ TEST_F(RecoveredLibrary, keepsAllTimeWhoseRowsAreLostByTheIndexes) {
     EXPECT_THAT(report.remarks, Contains(HasSubstr("the frozen rate could not be read")));
 }
 
+TEST_F(RecoveredLibrary, hasTheTimesOnWhichTheIndexesAgreeWhereARowHasOthers) {
+    const auto text = test::libraryText(library_.context());
+    const auto damaged = pages();
+    const auto start = at("2026-03-03T09:00Z").time_since_epoch().count();
+    const auto place = (damaged.of("TimeEntry").front() - 1) * damaged.pageSize();
+    const auto bytes = readFile(library_.file()).substr(place, damaged.pageSize());
+    std::string stored;  // an integer of eight bytes
+    for (int shift = 56; shift >= 0; shift -= 8) stored += static_cast<char>(start >> shift);
+    ASSERT_NE(bytes.find(stored), std::string::npos);
+    damaged.write(place + bytes.find(stored) + 4, "!");
+    EXPECT_THAT(recover().remarks,
+                ElementsAre("Entry of 2026-03-03T09:00:00Z until 2026-03-03T10:00:00Z was stored "
+                            "with other times, which its indexes belie."));
+    EXPECT_EQ(recoveredText(), text);
+}
+
+TEST_F(RecoveredLibrary, hasRowsThatAPageNoLongerCounts) {
+    takeSnapshot();
+    const auto text = test::libraryText(library_.context());
+    const auto damaged = pages();
+    damaged.write((damaged.of("TimeEntry").front() - 1) * damaged.pageSize() + 4, "\x01");
+    recover();
+    EXPECT_EQ(recoveredText(), text);
+}
+
 TEST_F(RecoveredLibrary, hasTheNotesAndRatesOfLostRowsFromTheSnapshot) {
     takeSnapshot();
     const auto text = test::libraryText(library_.context());
