@@ -130,6 +130,15 @@ class Activation(unittest.TestCase):
         self.assertEqual(run("panel", **NO_DISPLAY).returncode, 0)
         self.assertEqual(applications(), first)
 
+    def test_the_new_invoice_command_opens_its_sheet_in_the_one_application(self):
+        before = run("invoice", "list").stdout
+        for _ in range(2):
+            done = run("new-invoice")
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+            wait_until(lambda: find("Create Invoice"), "the sheet")
+            self.assertEqual(len(applications()), 1)
+        self.assertEqual(run("invoice", "list").stdout, before)
+
     def test_the_panel_command_reaches_an_application_without_windows(self):
         self.action("stop")
         self.assertEqual(run("panel").returncode, 0)
