@@ -5,9 +5,11 @@
 
 #include <QDBusConnection>
 #include <QGuiApplication>
+#include <QTimer>
 #include <QUrl>
 #include <QVariant>
 #include <QtQml/QQmlExtensionPlugin>
+#include <chrono>
 
 #include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
@@ -24,6 +26,8 @@ Q_IMPORT_QML_PLUGIN(Elmworth_ProjectsPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_InvoicesPlugin)
 
 namespace elmworth {
+
+using namespace std::chrono_literals;
 
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : services_(isDemo, currentInstant, runLoop_),
@@ -44,6 +48,13 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
                     showMainWindow();
                     mainViewModel_.checkForUpdates();
                 }),
+      notice_(QDBusConnection::sessionBus(), [this] { showMainWindow(); }),
+      closedWindowNotice_({[this] { return trayItem_->isShown(); },
+                           [this] { return services_.timer().running() != nullptr; },
+                           [this](const ClosedWindowNotice::Sentence& sentence) {
+                               notice_.show(QString::fromStdString(sentence.title),
+                                            QString::fromStdString(sentence.text));
+                           }}),
       lastSave_(services_.context(), services_.longWork()) {
     // A library in memory must not take the bus name of the application with the real library.
     const bool isInMemory = isDemo || isHostedRun();
@@ -61,8 +72,11 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
     const auto showMain = [this] { showMainWindow(); };
-    trayItem_.emplace(services_, runLoop_, engine_,
-                      TrayItem::Ways{showMain, [this] { showSettings(); }});
+    trayItem_.emplace(
+        services_, runLoop_, engine_,
+        TrayItem::Ways{showMain, [this] { showSettings(); },
+                       [this](bool isShown) { mainViewModel_.setTrayShown(isShown); }});
+    followTray();
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
     QObject::connect(&mainViewModel_, &MainViewModel::settingsRequested,
                      [this] { showSettings(); });
@@ -70,6 +84,11 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
     if (opening == Opening::newInvoice) showNewInvoice();
+}
+
+/// A tray tells when it shows the item; that there is none shows only in that nothing is told.
+void ElmworthApp::followTray() {
+    QTimer::singleShot(2s, qGuiApp, [this] { mainViewModel_.setTrayShown(trayItem_->isShown()); });
 }
 
 /// Save before sleep and at logout: the machine may not wake, and a logout may not wait.
@@ -110,6 +129,11 @@ void ElmworthApp::makeMainWindow() {
         QVariant::fromValue(&mainViewModel_));
     lowerLeastSize(*mainWindow_);
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
+    // At the end of the program all windows go, and the loop doesn't turn again.
+    QObject::connect(mainWindow_.get(), &QWindow::visibleChanged, qGuiApp, [this](bool isVisible) {
+        if (!isVisible)
+            QTimer::singleShot(0, qGuiApp, [this] { closedWindowNotice_.windowClosed(); });
+    });
     // show() would undo "maximized".
     mainWindow_->setVisible(true);
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/AppUpdates.h"
+#include "app/ClosedWindowNotice.h"
 #include "app/CommandService.h"
 #include "app/InputBlock.h"
 #include "app/LibraryServices.h"
@@ -19,6 +20,7 @@
 #include "app/SettingsItem.h"
 #include "app/TrayItem.h"
 #include "exchange/AutoBackup.h"
+#include "platform/linux/DesktopNotice.h"
 #include "platform/linux/FileWatch.h"
 #include "platform/linux/FreedesktopFiles.h"
 #include "platform/linux/LogindPowerEvents.h"
@@ -59,6 +61,7 @@ class ElmworthApp {
  private:
     void keepOthersOff();
     void makeMainWindow();
+    void followTray();
     void saveBeforeInterruptions();
 
     QtRunLoop runLoop_;
@@ -79,6 +82,8 @@ class ElmworthApp {
     QQmlEngine engine_;
     SettingsItem settings_;
     std::optional<TrayItem> trayItem_;
+    DesktopNotice notice_;
+    ClosedWindowNotice closedWindowNotice_;
     std::unique_ptr<QQuickWindow> mainWindow_;  ///< made when it is first shown
     std::optional<RememberedWindow> rememberedWindow_;
     std::optional<InputBlock> inputBlock_;  ///< during long work

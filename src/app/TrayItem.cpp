@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QQmlEngine>
 #include <QtQml/QQmlExtensionPlugin>
+#include <utility>
 
 #include "app/MakeWindow.h"
 #include "app/ScreenServices.h"
@@ -44,7 +45,7 @@ TrayItem::TrayItem(LibraryServices& services, RunLoop& runLoop, QQmlEngine& engi
       panel_(screenServices(services, runLoop)),
       tray_(iconStyle()) {
     leadOn(ways);
-    watchTray();
+    watchTray(ways.trayChanged);
     updateFace();
     updateMenu();
 }
@@ -56,7 +57,7 @@ void TrayItem::leadOn(const Ways& ways) {
     QObject::connect(&panel_, &PanelModel::quitRequested, [] { QGuiApplication::quit(); });
 }
 
-void TrayItem::watchTray() {
+void TrayItem::watchTray(std::function<void(bool)> changed) {
     QObject::connect(&label_, &TrayLabel::changed, [this] {
         updateFace();
         updateMenu();
@@ -68,7 +69,7 @@ void TrayItem::watchTray() {
         QMetaObject::invokeMethod(panelWindow(), "toggleAt",
                                   Q_ARG(QPointF, QPointF(place.x, place.y)));
     };
-    tray_.setEvents({press, press, [this] { updateMenu(); }, {}});
+    tray_.setEvents({press, press, [this] { updateMenu(); }, std::move(changed)});
 }
 
 void TrayItem::updateFace() {

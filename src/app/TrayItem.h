@@ -23,6 +23,7 @@ class TrayItem {
     struct Ways {
         std::function<void()> toMainWindow;
         std::function<void()> toSettings;
+        std::function<void(bool isShown)> trayChanged;  ///< a tray shows the item, or none does now
     };
 
     /// Shows the item. `engine` makes the panel when it is first opened, and outlives this object.
@@ -34,9 +35,12 @@ class TrayItem {
     /// or closes it.
     void showPanel();
 
+    /// Whether a tray shows the item now; false too in the moment before the desktop has answered.
+    [[nodiscard]] bool isShown() const { return tray_.isShown(); }
+
  private:
     void leadOn(const Ways& ways);
-    void watchTray();
+    void watchTray(std::function<void(bool)> changed);
     void updateFace();
     void updateMenu();
     [[nodiscard]] bool isBusy() const { return longWork_.isRunning(); }

@@ -55,6 +55,11 @@ int MainViewModel::section() const {
     return static_cast<int>(sidebarPosition(raw).value_or(0));
 }
 
+void MainViewModel::setTrayShown(bool isShown) {
+    welcome_.setTrayShown(isShown);
+    timesheet_.setTrayShown(isShown);
+}
+
 void MainViewModel::showSection(int position) {
     if (position < 0 || static_cast<std::size_t>(position) >= sidebarItems.size()) return;
     defaults_.setString(sectionKey, sidebarItems[static_cast<std::size_t>(position)].rawValue);

@@ -72,6 +72,9 @@ class MainViewModel final : public QObject {
     /// What is to be known about a library that can't be read in part; else empty.
     [[nodiscard]] QString libraryProblem() const;
 
+    /// Whether the desktop's tray shows the program: texts that lead to it lead to the panel else.
+    void setTrayShown(bool isShown);
+
     /// Shows the section at `position`; any other number does nothing.
     Q_INVOKABLE void showSection(int position);
     Q_INVOKABLE void stopTimer();

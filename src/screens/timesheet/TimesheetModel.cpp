@@ -85,6 +85,7 @@ void TimesheetModel::followLibrary(const RecordChanges& changes) {
     if (isEmpty() && libraryIsEmpty_ != isLibraryEmpty()) {
         libraryIsEmpty_ = !libraryIsEmpty_;
         Q_EMIT listed();
+        Q_EMIT emptyMessageChanged();
     }
 }
 
@@ -120,6 +121,7 @@ void TimesheetModel::show(const std::shared_ptr<const TimesheetListing>& listing
         trim_ = services_.runLoop.post([] { returnFreeMemory(); });
     }
     Q_EMIT listed();
+    Q_EMIT emptyMessageChanged();
 }
 
 void TimesheetModel::noteAwaited(const TimesheetListing& listing, Instant now) {
@@ -168,9 +170,19 @@ QString TimesheetModel::emptyTitle() const {
 
 QString TimesheetModel::emptyMessage() const {
     if (!libraryIsEmpty_) return QStringLiteral("No time matches this period and filter.");
+    if (!isTrayShown_) {
+        return QStringLiteral(
+            "Choose Open Panel in the menu and press play on a project — or add time by hand "
+            "with Ctrl+N.");
+    }
     return QStringLiteral(
         "Click the clock in your system tray and press play on a project — or add time by hand "
         "with Ctrl+N.");
+}
+
+void TimesheetModel::setTrayShown(bool isShown) {
+    isTrayShown_ = isShown;
+    Q_EMIT emptyMessageChanged();
 }
 
 Ref<TimeEntry> TimesheetModel::entryAt(int row) {

@@ -53,7 +53,7 @@ class TimesheetModel final : public QObject {
     /// As `isEmpty`, but also while older time is still being read.
     Q_PROPERTY(bool showsNothing READ showsNothing NOTIFY listed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY listed FINAL)
-    Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY listed FINAL)
+    Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY emptyMessageChanged FINAL)
     /// Whether older time is still being read, so that what shows may not be all.
     Q_PROPERTY(bool isReading READ isReading NOTIFY listed FINAL)
     /// Of entries, also where a filter hides them.
@@ -84,6 +84,9 @@ class TimesheetModel final : public QObject {
     [[nodiscard]] bool showsNothing() const noexcept { return entryCount_ == 0U; }
     [[nodiscard]] QString emptyTitle() const;
     [[nodiscard]] QString emptyMessage() const;
+    /// Where no tray shows the program, an empty library's message leads to the panel. One does
+    /// until this is called.
+    void setTrayShown(bool isShown);
     [[nodiscard]] bool isReading() const noexcept { return contents_.isReading(); }
 
     [[nodiscard]] TimesheetSelection* selection() noexcept { return &selection_; }
@@ -116,6 +119,7 @@ class TimesheetModel final : public QObject {
  Q_SIGNALS:
     void isShownChanged();
     void listed();
+    void emptyMessageChanged();
 
  private:
     void observe();
@@ -136,6 +140,7 @@ class TimesheetModel final : public QObject {
 
     AppServices services_;
     Confirmation& confirmation_;
+    bool isTrayShown_ = true;
     TimesheetFilterModel filter_;
     EntryCommandsModel commands_;
     RunningEntryModel running_;

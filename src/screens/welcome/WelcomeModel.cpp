@@ -31,9 +31,15 @@ constexpr std::array panels{
           "PDF."},
 };
 
+constexpr Panel withoutTray{
+    "window", "Track from the ", "panel",
+    "Choose Open Panel in the menu and press play on a project. The timer survives quits and "
+    "restarts."};
+
 constexpr int lastPage = static_cast<int>(panels.size()) - 1;
 
-const Panel& panelAt(int page) {
+const Panel& panelAt(int page, bool isTrayShown) {
+    if (page == 0 && !isTrayShown) return withoutTray;
     return panels.at(static_cast<std::size_t>(page));
 }
 
@@ -69,6 +75,11 @@ void WelcomeModel::setPage(int page) {
     Q_EMIT pageChanged();
 }
 
+void WelcomeModel::setTrayShown(bool isShown) {
+    isTrayShown_ = isShown;
+    Q_EMIT pageChanged();
+}
+
 int WelcomeModel::pageCount() noexcept {
     return lastPage + 1;
 }
@@ -86,19 +97,19 @@ QString WelcomeModel::kicker() const {
 }
 
 QString WelcomeModel::icon() const {
-    return QString::fromUtf8(panelAt(page_).icon);
+    return QString::fromUtf8(panelAt(page_, isTrayShown_).icon);
 }
 
 QString WelcomeModel::title() const {
-    return QString::fromUtf8(panelAt(page_).title);
+    return QString::fromUtf8(panelAt(page_, isTrayShown_).title);
 }
 
 QString WelcomeModel::accent() const {
-    return QString::fromUtf8(panelAt(page_).accent);
+    return QString::fromUtf8(panelAt(page_, isTrayShown_).accent);
 }
 
 QString WelcomeModel::text() const {
-    return QString::fromUtf8(panelAt(page_).text);
+    return QString::fromUtf8(panelAt(page_, isTrayShown_).text);
 }
 
 }  // namespace elmworth

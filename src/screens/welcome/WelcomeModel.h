@@ -42,6 +42,10 @@ class WelcomeModel final : public QObject {
     /// Closes it for good.
     Q_INVOKABLE void dismiss();
 
+    /// Where no tray shows the program, the first page leads to the panel. One does until this is
+    /// called.
+    void setTrayShown(bool isShown);
+
     [[nodiscard]] bool isOpen() const noexcept { return isOpen_; }
     [[nodiscard]] int page() const noexcept { return page_; }
     [[nodiscard]] static int pageCount() noexcept;
@@ -62,6 +66,7 @@ class WelcomeModel final : public QObject {
     void setPage(int page);
 
     Settings& defaults_;
+    bool isTrayShown_ = true;
     bool isOpen_ = false;
     int page_ = 0;
 };

@@ -413,6 +413,16 @@ TEST_F(Timesheet, thatIsEmptyTellsAnEmptyLibraryFromAnEmptyPeriod) {
     EXPECT_EQ(utf8(model->emptyTitle()), "Nothing tracked yet");
 }
 
+TEST_F(Timesheet, thatIsEmptyLeadsToThePanelWhereThereIsNoTray) {
+    EXPECT_THAT(utf8(model->emptyMessage()), HasSubstr("in your system tray"));
+    model->setTrayShown(false);
+    EXPECT_EQ(utf8(model->emptyMessage()),
+              "Choose Open Panel in the menu and press play on a project — or add time by hand "
+              "with Ctrl+N.");
+    add(website, "2020-03-02T07:00Z", "2020-03-02T08:00Z");
+    EXPECT_EQ(utf8(model->emptyMessage()), "No time matches this period and filter.");
+}
+
 struct ChartRow {
     const char* name;
     const char* from;

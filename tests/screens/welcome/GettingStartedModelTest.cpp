@@ -147,6 +147,15 @@ TEST_F(WelcomeModelTest, goesThroughItsPagesAndBack) {
     EXPECT_EQ(defaults.boolean("didOnboard"), true);
 }
 
+TEST_F(WelcomeModelTest, leadsToThePanelWhereThereIsNoTray) {
+    welcome.setTrayShown(false);
+    welcome.greet();
+    EXPECT_EQ(welcome.title() + welcome.accent(), QStringLiteral("Track from the panel"));
+    EXPECT_TRUE(welcome.text().startsWith(QStringLiteral("Choose Open Panel in the menu")));
+    welcome.setTrayShown(true);
+    EXPECT_EQ(welcome.title() + welcome.accent(), QStringLiteral("Track from the tray"));
+}
+
 TEST_F(WelcomeModelTest, skipLeavesFromTheFirstPage) {
     welcome.greet();
     welcome.back();
