@@ -17,10 +17,10 @@ SYNC = re.compile(r"\b(?:fsync|fdatasync|sync|syncfs|sync_file_range|msync)\((?:
 STEP = re.compile(r'\bwrite\(1<[^>]*>, "step (\w+)')
 
 
-def syncs_by_step(program, home):
+def syncs_by_step(program, home, folders=None):
     """The files that `program` syncs, by the step that it announced before."""
     log = home / "calls"
-    environment = os.environ | {"XDG_DATA_HOME": str(home), "XDG_CONFIG_HOME": str(home)}
+    environment = os.environ | (folders or {"XDG_DATA_HOME": str(home), "XDG_CONFIG_HOME": str(home)})
     subprocess.run(["strace", "-f", "-y", "-e", TRACED, "-o", log, *program], check=True,
                    env=environment, stdout=subprocess.PIPE)
     step = ""
@@ -63,6 +63,17 @@ class Sync(unittest.TestCase):
             with self.subTest(words):
                 synced = syncs_by_step([PROGRAMS / "elmworth", *words], self.home)
                 self.assertEqual(synced[""], ["library.sqlite-wal", "Elmworth"] * expected)
+
+    def test_the_first_command_of_all_syncs_the_names_of_the_folders_that_it_makes(self):
+        with tempfile.TemporaryDirectory() as name:
+            home = pathlib.Path(name)
+            for words, folder in ((("client", "add", "Key"), "data"),
+                                  (("settings", "set", "appearance", "dark"), "config")):
+                environment = {"XDG_DATA_HOME": str(home / "data"), "XDG_CONFIG_HOME": str(home / "config")}
+                synced = syncs_by_step([PROGRAMS / "elmworth", *words], home, environment)
+                with self.subTest(words):
+                    self.assertIn(home.name, synced[""])
+                    self.assertIn(folder, synced[""])
 
     def test_the_command_loads_neither_the_bus_nor_a_gui(self):
         libraries = subprocess.run(["ldd", PROGRAMS / "elmworth"], check=True,

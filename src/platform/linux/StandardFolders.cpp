@@ -3,6 +3,7 @@
 
 #include "platform/StandardFolders.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -36,6 +37,15 @@ std::filesystem::path baseFolder(const char* variable, const char* belowHome) {
 std::filesystem::path& temporaryDataFolder() {
     static std::filesystem::path folder;
     return folder;
+}
+
+/// What is synced in a new folder is lost with the folder's own name. Folders that can't be read,
+/// and file systems that know no sync of folders, leave it to the next journal.
+void syncQuietly(const std::filesystem::path& folder) noexcept {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
 }
 
 }  // namespace
@@ -77,6 +87,7 @@ std::filesystem::path createPrivateFolder(const std::filesystem::path& folder) {
     if (!made && !std::filesystem::is_directory(folder))
         throw std::filesystem::filesystem_error("cannot create the folder", folder,
                                                 std::error_code(error, std::generic_category()));
+    if (made) syncQuietly(folder.parent_path());
     return folder;
 }
 
