@@ -15,7 +15,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(__file__))
-from works import Finder, Work, names
+from works import Finder, Work, names, under_strace
 
 NAMED = ("ENOSPC", "EIO", "EACCES", "EROFS", "EMFILE")
 NEW = ("ENOSPC", "EIO", "EACCES", "EROFS")
@@ -30,16 +30,6 @@ WAYS = {"openat": NAMED, "mkdir": NEW, "mkdirat": NEW, "rename": NEW, "renameat"
         "fcntl": ("EIO", "EACCES"), "flock": ("EIO",), "utimensat": OLD, "fchown": OLD}
 LINE = re.compile(r"^(\d+) +(\w+)\(")
 OWN_TROUBLE = 3  # the status of a driver that can't say what it does
-
-
-def under_strace(work, process, log, *options):
-    """Lets strace take hold of a process that waits to begin, so that it counts from there."""
-    strace = subprocess.Popen(["strace", "-f", "-o", log, *options, "-p", str(process.pid)], stderr=subprocess.PIPE)
-    assert b"attached" in strace.stderr.readline()
-    try:
-        return work.finish(process)
-    finally:
-        strace.communicate()
 
 
 def cases(work, log):

@@ -108,3 +108,13 @@ class Work:
             return ""
         before = self.states[acknowledged].splitlines()
         return "\n".join(list(difflib.unified_diff(before, found.splitlines(), lineterm="", n=0))[:20])
+
+
+def under_strace(work, process, log, *options):
+    """Lets strace take hold of a process that waits to begin, so that it counts from there."""
+    strace = subprocess.Popen(["strace", "-f", "-o", log, *options, "-p", str(process.pid)], stderr=subprocess.PIPE)
+    assert b"attached" in strace.stderr.readline()
+    try:
+        return work.finish(process)
+    finally:
+        strace.communicate()
