@@ -90,21 +90,6 @@ class Review:
         self.see("Noon", "Late", "Wednesday", "Tuesday")
         self.assertEqual(self.times("Noon"), ("2026-11-19T12:00", "2026-11-19T12:30"))
 
-    def test_a_mistyped_day_of_an_own_period_is_told_beside_it(self):
-        self.choose_period("Custom")
-        for word in ("From", "To"):
-            self.assertTrue(find(word, "label"), word)
-        self.fill_in("To", self.place.date("2026-11-18"))
-        self.fill_in("From", self.place.date("2026-11-17"))
-        self.see("Wednesday", "Tuesday")
-        problem = f"This is not a date. Type one like {self.place.date('2026-11-17')}."
-        self.fill_in("From", "someday")
-        wait_until(lambda: find(problem, "label"), "what is wrong")
-        self.see("Wednesday", "Tuesday")
-        self.fill_in("From", self.place.date("2026-11-18"))
-        self.wait_for_end(problem)
-        self.see("Wednesday")
-
     def test_a_period_chosen_again_keeps_its_check_mark(self):
         def is_marked():
             press("Range: Today")

@@ -136,15 +136,6 @@ TEST_F(Clients, withInvoicesStayAndSayWhy) {
     EXPECT_EQ(clientCount(), 1U);
 }
 
-TEST_F(Clients, withTimeOnAnotherClientsInvoiceStayToo) {
-    const auto entry = addEntry(addProject("Website", addClient("Acme Co")), 60min);
-    entry->invoice = addInvoice("1", addClient("Globex"));
-    context().save();
-    model.remove(0);
-    EXPECT_EQ(title(), "Client has invoices");
-    EXPECT_EQ(message(), "Delete Acme Co's invoices first.");
-}
-
 TEST_F(Clients, areDeletedWithTheirTimeAfterAQuestion) {
     addEntry(addProject("Website", addClient("Acme Co")), 60min);
     QSignalSpy removed(&model, &ClientsModel::removed);
@@ -164,14 +155,6 @@ TEST_F(Clients, areDeletedWithTheirTimeAfterAQuestion) {
     EXPECT_EQ(text(0, "unbilled"), "1:00");
     timer.history->redo();
     EXPECT_EQ(names(), Names{});
-}
-
-TEST_F(Clients, whoseTimerRunsStopItBeforeTheyGo) {
-    timer.service->start(addProject("Website", addClient("Acme Co")));
-    model.remove(0);
-    agree();
-    EXPECT_EQ(timer.service->running(), nullptr);
-    EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
 TEST_F(Clients, thatAreGoneBeforeTheAnswerAreLeftAlone) {

@@ -29,13 +29,6 @@ TEST_F(ProjectCommands, startBeginsATimerWithoutNotes) {
     EXPECT_EQ(service().running()->notes.get(), "");
 }
 
-TEST_F(ProjectCommands, startSwitchesARunningTimer) {
-    service().start(appProject);
-    timer.setTime("10:00");
-    model.start(rowOf(website));
-    EXPECT_EQ(timer.spans(), (Lines{"09:00:00-10:00:00", "10:00:00-"}));
-}
-
 TEST_F(ProjectCommands, anArchivedOneIsNotStarted) {
     archive(website);
     model.setShowsArchived(true);
@@ -116,14 +109,6 @@ TEST_F(ProjectCommands, unarchiveBringsItBack) {
     model.menuArchive();
     EXPECT_FALSE(website->isArchived);
     EXPECT_EQ(told, "");
-}
-
-TEST_F(ProjectCommands, archivingLeavesTheTimerRunning) {
-    service().start(website);
-    ASSERT_TRUE(model.openMenu(rowOf(website)));
-    model.menuArchive();
-    ASSERT_TRUE(service().running());
-    EXPECT_EQ(service().running()->project.get(), website);
 }
 
 TEST_F(ProjectCommands, theMenuDoesWhatItSaidWhateverHappensMeanwhile) {
@@ -247,15 +232,6 @@ TEST_F(ProjectCommands, deletedElsewhereWhileTheQuestionStandsNothingIsLeftToDo)
     confirmation.accept();
     EXPECT_EQ(failure, "");
     EXPECT_EQ(told, "");
-}
-
-TEST_F(ProjectCommands, deletingTheRunningOneEndsTheTimer) {
-    service().start(website);
-    askToDelete(website);
-    EXPECT_EQ(question(), "Delete Website? | This deletes its 1 time entry. | Delete Project");
-    confirmation.accept();
-    EXPECT_FALSE(service().running());
-    EXPECT_EQ(entryCount(), 0U);
 }
 
 TEST_F(ProjectCommands, aDeletionThatCannotBeSavedIsNotDoneAndSaysSo) {

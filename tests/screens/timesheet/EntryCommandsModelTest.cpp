@@ -67,16 +67,6 @@ TEST_F(EntryCommands, deleteOfWhatIsGoneDoesNothingAndLeavesTheSelection) {
     EXPECT_FALSE(undoing.canUndo());
 }
 
-TEST_F(EntryCommands, deleteOfTheRunningEntryStopsTheTimer) {
-    service().start(website);
-    turn();
-    const auto running = service().running();
-    commands().deleteEntries(ids({running}));
-    EXPECT_EQ(service().running(), nullptr);
-    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 0U);
-    EXPECT_FALSE(model->running()->isRunning());
-}
-
 TEST_F(EntryCommands, deleteIsUndoneAndRedone) {
     commands().deleteEntries(ids({a, b}));
     EXPECT_EQ(utf8(undoing.undoText()), "Undo Delete 2 Entries");
@@ -99,13 +89,6 @@ TEST_F(EntryCommands, theNoticeOfADeletionGoesWhenItIsNoLongerTheNewestStep) {
     commands().deleteEntries(ids({billed}));
     EXPECT_EQ(utf8(undoing.notice()), "Deleted 1 entry.");
     EXPECT_TRUE(undoing.noticeOffersUndo());
-}
-
-TEST_F(EntryCommands, undoAndRedoOfNothingDoNothing) {
-    undoing.undo();
-    undoing.redo();
-    EXPECT_EQ(utf8(undoing.notice()), "");
-    EXPECT_EQ(rowCount(), 5);
 }
 
 TEST_F(EntryCommands, undoSaysWhatItHadToLeaveAlone) {
@@ -151,16 +134,6 @@ TEST_F(EntryCommands, duplicateNeverEndsInTheFuture) {
     EXPECT_EQ(made[0]->notes.get(), "long");
     EXPECT_EQ(made[0]->project.get(), shop);
     EXPECT_EQ(utf8(undoing.undoText()), "Undo Duplicate to Today");
-}
-
-TEST_F(EntryCommands, duplicateOfZeroLengthOrOfWhatRunsMakesNothingAndSaysNothing) {
-    const auto zero = add(shop, "2026-03-02T08:00Z", "2026-03-02T08:00Z");
-    service().start(website);
-    const auto count = entryCount();
-    commands().duplicateToToday(zero->id());
-    commands().duplicateToToday(service().running()->id());
-    EXPECT_EQ(entryCount(), count);
-    EXPECT_EQ(utf8(undoing.notice()), "");
 }
 
 TEST_F(EntryCommands, onAnEntryThatIsGoneNothingHappens) {
