@@ -6,31 +6,23 @@
 #include <gtest/gtest.h>
 
 #include "support/FileSizeLimit.h"
-#include "support/Instants.h"
-#include "support/TestLibrary.h"
+#include "support/LibraryTest.h"
 #include "tracking/EntryUndoGuard.h"
-#include "tracking/TimerService.h"
 
 namespace elmworth {
 namespace {
 
 using namespace std::chrono_literals;
-using test::at;
 
-class ClientServiceTest : public testing::Test {
+class ClientServiceTest : public test::LibraryTest {
  protected:
-    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
-
-    Instant now_ = at("2026-03-02T12:00Z");
-    test::TestLibrary library_;
-    Ref<Client> client_ = library_.addClient("Acme");
-    Ref<Project> website_ = library_.addProject("Website", client_);
-    Ref<TimeEntry> entry_ = library_.addEntry(website_, now_ - 2h, now_ - 1h);
-    Ref<Client> other_ = library_.addClient("Globex");
-    TimerService timer_{context(), [this] { return now_; }, library_.runLoop,
-                        [] { return Calendar(Locale("en_US"), "UTC"); }};
+    Ref<Client> client_ = timer.library.addClient("Acme");
+    Ref<Project> website_ = project("Website", client_);
+    Ref<TimeEntry> entry_ = entry(website_, "07:00", "08:00");
+    Ref<Client> other_ = timer.library.addClient("Globex");
     UndoHistory history_{context()};
-    ClientService clients_{context(), history_, TimerCalls::of(timer_), [this] { return now_; }};
+    ClientService clients_{context(), history_, TimerCalls::of(service()),
+                           [this] { return timer.now; }};
 };
 
 TEST_F(ClientServiceTest, aClientWithoutInvoicesMayGo) {
@@ -40,7 +32,7 @@ TEST_F(ClientServiceTest, aClientWithoutInvoicesMayGo) {
 }
 
 TEST_F(ClientServiceTest, anInvoiceKeepsItsClient) {
-    library_.addInvoice("A", client_);
+    timer.library.addInvoice("A", client_);
     EXPECT_TRUE(hasInvoices(*client_));
     EXPECT_FALSE(hasInvoices(*other_));
     context().save();
@@ -48,14 +40,14 @@ TEST_F(ClientServiceTest, anInvoiceKeepsItsClient) {
 }
 
 TEST_F(ClientServiceTest, timeOnTheInvoiceOfAnotherClientKeepsTheClientToo) {
-    entry_->invoice = library_.addInvoice("A", other_);
+    entry_->invoice = timer.library.addInvoice("A", other_);
     EXPECT_TRUE(hasInvoices(*client_));
 }
 
 TEST_F(ClientServiceTest, projectsAndTimeGoWithTheClient) {
     context().save();
     clients_.remove(client_);
-    library_.reopen();
+    timer.library.reopen();
     ASSERT_EQ(context().fetchCount<Client>(), 1U);
     EXPECT_EQ(context().fetch<Client>()[0]->name.get(), "Globex");
     EXPECT_EQ(context().fetchCount<Project>(), 0U);
@@ -63,39 +55,39 @@ TEST_F(ClientServiceTest, projectsAndTimeGoWithTheClient) {
 }
 
 TEST_F(ClientServiceTest, theTimerOnTheClientStopsAndItsEntryGoes) {
-    timer_.start(website_);
-    now_ += 1h;
+    service().start(website_);
+    timer.now += 1h;
     int stops = 0;
-    const auto observation = timer_.observe([&](TimerService::Property property) {
+    const auto observation = service().observe([&](TimerService::Property property) {
         if (property != TimerService::Property::running) return;
         ++stops;
         EXPECT_FALSE(client_->isDeleted()) << "it stops before the client goes";
     });
     clients_.remove(client_);
     EXPECT_EQ(stops, 1);
-    EXPECT_FALSE(timer_.running());
-    EXPECT_EQ(timer_.elapsedText(), "");
-    EXPECT_EQ(library_.runLoop.repeatingCount(), 0U);
+    EXPECT_FALSE(service().running());
+    EXPECT_EQ(service().elapsedText(), "");
+    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 0U);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
 TEST_F(ClientServiceTest, theTimerOnAnotherClientRunsOn) {
-    timer_.start(library_.addProject("App", other_));
+    service().start(timer.library.addProject("App", other_));
     clients_.remove(client_);
-    ASSERT_TRUE(timer_.running());
-    EXPECT_TRUE(timer_.running()->isRunning());
+    ASSERT_TRUE(service().running());
+    EXPECT_TRUE(service().running()->isRunning());
 }
 
 TEST_F(ClientServiceTest, aTimerWithoutAProjectRunsOn) {
-    timer_.start(nullptr);
+    service().start(nullptr);
     clients_.remove(client_);
-    EXPECT_TRUE(timer_.running());
+    EXPECT_TRUE(service().running());
 }
 
 TEST_F(ClientServiceTest, aClientWithInvoicesIsNotDeleted) {
-    library_.addInvoice("A", client_);
+    timer.library.addInvoice("A", client_);
     context().save();
-    timer_.start(website_);
+    service().start(website_);
     try {
         clients_.remove(client_);
         FAIL();
@@ -103,7 +95,7 @@ TEST_F(ClientServiceTest, aClientWithInvoicesIsNotDeleted) {
         EXPECT_STREQ(why.what(), "Delete Acme's invoices first.");
     }
     EXPECT_FALSE(client_->isDeleted());
-    EXPECT_TRUE(timer_.running()) << "nothing has changed";
+    EXPECT_TRUE(service().running()) << "nothing has changed";
 }
 
 TEST_F(ClientServiceTest, aDeletionThatCannotBeSavedIsNotDone) {
@@ -122,18 +114,19 @@ class ClientServiceStepsTest : public ClientServiceTest {
     ClientServiceStepsTest() {
         context().save();
         steps_.setGuard(guard_);
-        timer_.setHistory(steps_);
-        timer_.start(website_);
-        tracked_ = timer_.running()->id();
-        now_ += 1h;
+        service().setHistory(steps_);
+        service().start(website_);
+        tracked_ = service().running()->id();
+        timer.now += 1h;
     }
     [[nodiscard]] std::size_t runningCount() {
         return context().fetchCount<TimeEntry>({.predicate = key<&TimeEntry::end>() == absent});
     }
 
-    UndoHistory steps_{context(), [this] { return now_; }};
-    EntryUndoGuard guard_{timer_};
-    ClientService service_{context(), steps_, TimerCalls::of(timer_), [this] { return now_; }};
+    UndoHistory steps_{context(), [this] { return timer.now; }};
+    EntryUndoGuard guard_{service()};
+    ClientService service_{context(), steps_, TimerCalls::of(service()),
+                           [this] { return timer.now; }};
     PersistentID tracked_;
 };
 
@@ -145,15 +138,15 @@ TEST_F(ClientServiceStepsTest, aDeletionThatStopsTheTimerIsOneStep) {
 }
 
 TEST_F(ClientServiceStepsTest, itsUndoBringsTheEntryBackAsItWasStopped) {
-    const Instant stopped = now_;
+    const Instant stopped = timer.now;
     service_.remove(client_);
-    now_ += 1h;
+    timer.now += 1h;
     EXPECT_EQ(steps_.undo().notice(), "");
     EXPECT_EQ(context().fetchCount<Client>(), 2U);
     EXPECT_EQ(context().fetchCount<Project>(), 1U);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
     EXPECT_EQ(context().record<TimeEntry>(tracked_)->end.get(), stopped);
-    EXPECT_FALSE(timer_.running());
+    EXPECT_FALSE(service().running());
     EXPECT_EQ(runningCount(), 0U);
     steps_.redo();
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
@@ -161,12 +154,12 @@ TEST_F(ClientServiceStepsTest, itsUndoBringsTheEntryBackAsItWasStopped) {
 
 TEST_F(ClientServiceStepsTest, itsUndoLeavesANewerTimerRunning) {
     service_.remove(client_);
-    timer_.setHistory(history_);  // as somebody else starts it
-    timer_.start(nullptr);
-    const auto newer = timer_.running()->id();
-    now_ += 1h;
+    service().setHistory(history_);  // as somebody else starts it
+    service().start(nullptr);
+    const auto newer = service().running()->id();
+    timer.now += 1h;
     EXPECT_EQ(steps_.undo().notice(), "");
-    EXPECT_EQ(timer_.running()->id(), newer);
+    EXPECT_EQ(service().running()->id(), newer);
     EXPECT_EQ(runningCount(), 1U);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 3U);
 }
@@ -175,11 +168,11 @@ TEST_F(ClientServiceStepsTest, itsUndoLeavesANewerTimerRunning) {
 
 TEST_F(ClientServiceTest, aFormMakesAClientOfNow) {
     const auto client = clients_.add(ClientForm{.name = " Initech "});
-    library_.reopen();
+    timer.library.reopen();
     const auto stored = context().record<Client>(client->id());
     ASSERT_TRUE(stored);
     EXPECT_EQ(stored->name.get(), "Initech");
-    EXPECT_EQ(stored->createdAt.get(), now_);
+    EXPECT_EQ(stored->createdAt.get(), timer.now);
 }
 
 TEST_F(ClientServiceTest, aFormThatCannotBeSavedMakesNoClient) {

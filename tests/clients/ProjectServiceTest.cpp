@@ -6,37 +6,26 @@
 #include <gtest/gtest.h>
 
 #include "support/FileSizeLimit.h"
-#include "support/Instants.h"
-#include "support/TestLibrary.h"
-#include "tracking/TimerService.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
-using namespace std::chrono_literals;
-using test::at;
-
-class ProjectServiceTest : public testing::Test {
+class ProjectServiceTest : public test::LibraryTest {
  protected:
-    [[nodiscard]] UnitOfWork& context() { return library_.context(); }
-
-    Instant now_ = at("2026-03-02T12:00Z");
-    test::TestLibrary library_;
-    Ref<Client> client_ = library_.addClient("Acme");
-    Ref<Project> website_ = library_.addProject("Website", client_);
-    Ref<TimeEntry> first_ = library_.addEntry(website_, now_ - 2h, now_ - 1h);
-    Ref<TimeEntry> second_ = library_.addEntry(website_, now_ - 4h, now_ - 3h);
-    TimerService timer_{context(), [this] { return now_; }, library_.runLoop,
-                        [] { return Calendar(Locale("en_US"), "UTC"); }};
+    Ref<Client> client_ = timer.library.addClient("Acme");
+    Ref<Project> website_ = project("Website", client_);
+    Ref<TimeEntry> first_ = entry(website_, "07:00", "08:00");
+    Ref<TimeEntry> second_ = entry(website_, "05:00", "06:00");
     UndoHistory history_{context()};
-    ProjectService projects_{context(), history_, TimerCalls::of(timer_)};
+    ProjectService projects_{context(), history_, TimerCalls::of(service())};
 };
 
 TEST_F(ProjectServiceTest, oneBilledEntryMakesInvoicedTime) {
     EXPECT_FALSE(hasInvoicedTime(*website_));
-    first_->invoice = library_.addInvoice("A", client_);
+    first_->invoice = timer.library.addInvoice("A", client_);
     EXPECT_TRUE(hasInvoicedTime(*website_));
-    EXPECT_FALSE(hasInvoicedTime(*library_.addProject("App", client_)));
+    EXPECT_FALSE(hasInvoicedTime(*timer.library.addProject("App", client_)));
     context().save();
     EXPECT_TRUE(hasInvoicedTime(*website_));
 }
@@ -48,56 +37,56 @@ TEST_F(ProjectServiceTest, aProjectThatIsInNoLibraryHasNoInvoicedTime) {
 TEST_F(ProjectServiceTest, withoutInvoicedTimeEverythingGoes) {
     context().save();
     EXPECT_TRUE(projects_.remove(website_));
-    library_.reopen();
+    timer.library.reopen();
     EXPECT_EQ(context().fetchCount<Project>(), 0U);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
     EXPECT_EQ(context().fetchCount<Client>(), 1U);
 }
 
 TEST_F(ProjectServiceTest, withInvoicedTimeItIsArchivedAndNoEntryIsTouched) {
-    first_->invoice = library_.addInvoice("A", client_);
+    first_->invoice = timer.library.addInvoice("A", client_);
     EXPECT_FALSE(projects_.remove(website_));
-    library_.reopen();
+    timer.library.reopen();
     ASSERT_EQ(context().fetchCount<Project>(), 1U);
     EXPECT_TRUE(context().fetch<Project>()[0]->isArchived);
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 2U);
 }
 
 TEST_F(ProjectServiceTest, theTimerForgetsTheEntryThatWentWithIt) {
-    timer_.start(website_);
+    service().start(website_);
     projects_.remove(website_);
-    EXPECT_FALSE(timer_.running());
-    EXPECT_EQ(timer_.elapsedText(), "");
+    EXPECT_FALSE(service().running());
+    EXPECT_EQ(service().elapsedText(), "");
     EXPECT_EQ(context().fetchCount<TimeEntry>(), 0U);
 }
 
 TEST_F(ProjectServiceTest, archivingLeavesTheTimerRunning) {
-    first_->invoice = library_.addInvoice("A", client_);
-    timer_.start(website_);
+    first_->invoice = timer.library.addInvoice("A", client_);
+    service().start(website_);
     projects_.remove(website_);
-    EXPECT_TRUE(timer_.running());
+    EXPECT_TRUE(service().running());
 }
 
 TEST_F(ProjectServiceTest, aDeletionThatCannotBeSavedLeavesTheTimerRunning) {
-    timer_.start(website_);
+    service().start(website_);
     const test::FileSizeLimit fullDisk(0);
     EXPECT_THROW(projects_.remove(website_), StoreError);
     EXPECT_FALSE(website_->isDeleted());
-    EXPECT_TRUE(timer_.running());
+    EXPECT_TRUE(service().running());
 }
 
 // --- adding, editing, moving -------------------------------------------------------------------
 
 TEST_F(ProjectServiceTest, aFormMakesAProject) {
     const auto project = projects_.add(ProjectForm{.name = " App ", .client = client_});
-    library_.reopen();
+    timer.library.reopen();
     const auto stored = context().record<Project>(project->id());
     ASSERT_TRUE(stored);
     EXPECT_EQ(stored->name.get(), "App");
 }
 
 TEST_F(ProjectServiceTest, aProjectMovesToAnotherClient) {
-    const auto other = library_.addClient("Globex");
+    const auto other = timer.library.addClient("Globex");
     projects_.move(website_, other);
     EXPECT_EQ(website_->client.get(), other);
     auto form = ProjectForm::of(*website_);
@@ -108,8 +97,8 @@ TEST_F(ProjectServiceTest, aProjectMovesToAnotherClient) {
 }
 
 TEST_F(ProjectServiceTest, invoicedTimeKeepsAProjectWithItsClientWhateverElseIsEdited) {
-    first_->invoice = library_.addInvoice("A", client_);
-    const auto other = library_.addClient("Globex");
+    first_->invoice = timer.library.addInvoice("A", client_);
+    const auto other = timer.library.addClient("Globex");
     context().save();
     auto form = ProjectForm::of(*website_);
     form.name = "Site";

@@ -49,7 +49,7 @@ TEST_F(EntryHistoryConflictTest, aBilledEntryKeepsItsEdit) {
 TEST_F(EntryHistoryConflictTest, aBilledEntryIsNotRemovedThoughItWasAdded) {
     const auto added = edit(nullptr, "08:00", "08:30", "new");
     const auto duplicate = editing_.duplicateEntryToToday(first_);
-    duplicate->invoice = timer_.library.addInvoice("INV-1", acme_);
+    duplicate->invoice = timer.library.addInvoice("INV-1", acme_);
     added->invoice = duplicate->invoice;
     context().save();
     EXPECT_EQ(history().undo().notice(), billedNotice);
@@ -111,7 +111,7 @@ TEST_F(EntryHistoryConflictTest, theOthersOfAStepAreTakenBack) {
 
 TEST_F(EntryHistoryConflictTest, anUndoNeverReversesASpan) {
     edit(first_, "05:00", "06:30", "a");
-    first_->end = timer_.today("05:30");
+    first_->end = timer.today("05:30");
     EXPECT_EQ(history().undo().notice(), changedNotice);
     EXPECT_EQ(rows()[0], "05:00-05:30 Website a");
 }

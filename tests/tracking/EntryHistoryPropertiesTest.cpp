@@ -41,10 +41,10 @@ class EntryHistoryProperties : public test::HistoryTest,
     Ref<Project> anyProject() { return pick(2) == 0 ? website_ : app_; }
     /// Often no time passes at all, so that entries of less than a second are swept away.
     void passTime() {
-        if (pick(3) != 0) timer_.now += std::chrono::seconds(pick(1200));
+        if (pick(3) != 0) timer.now += std::chrono::seconds(pick(1200));
     }
     void saveForm(const Ref<TimeEntry>& entry) {
-        const Instant start = timer_.now - std::chrono::minutes(pick(600));
+        const Instant start = timer.now - std::chrono::minutes(pick(600));
         editing_.save({anyProject(), start, start + std::chrono::minutes(1 + pick(60)),
                        std::to_string(pick(1000)), entry && entry->isRunning()},
                       entry);
@@ -83,7 +83,7 @@ class EntryHistoryProperties : public test::HistoryTest,
             case 1:
                 return service().stop();
             case 2:
-                return service().stop(timer_.now - std::chrono::minutes(pick(20)));
+                return service().stop(timer.now - std::chrono::minutes(pick(20)));
             case 3:
                 service().continueEntry(entry);
                 return;
@@ -134,14 +134,14 @@ class EntryHistoryProperties : public test::HistoryTest,
             context().fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent});
         ASSERT_LE(open.size(), 1U);
         EXPECT_EQ(service().running(), open.empty() ? nullptr : open[0]);
-        EXPECT_EQ(timer_.library.runLoop.repeatingCount(), open.size());
+        EXPECT_EQ(timer.library.runLoop.repeatingCount(), open.size());
     }
     void expectNoneReversed() {
-        for (const auto& entry : entries()) EXPECT_GE(entry->duration(timer_.now), 0);
+        for (const auto& entry : entries()) EXPECT_GE(entry->duration(timer.now), 0);
     }
 
     std::mt19937 random_{GetParam()};
-    Ref<Invoice> invoice_ = timer_.library.addInvoice("INV-1", acme_);
+    Ref<Invoice> invoice_ = timer.library.addInvoice("INV-1", acme_);
 };
 
 TEST_P(EntryHistoryProperties, undoAndRedoWalkThroughTheSameStates) {

@@ -175,7 +175,7 @@ TEST_F(EntryHistoryTest, observersAreToldOfEachStepUndoAndRedo) {
 // --- limits ------------------------------------------------------------------------------------
 
 TEST_F(EntryHistoryTest, theOldestStepsAreForgottenBeyondTheLimit) {
-    UndoHistory history(context(), [this] { return timer_.now; }, {.steps = 3});
+    UndoHistory history(context(), [this] { return timer.now; }, {.steps = 3});
     for (const char* notes : {"1", "2", "3", "4", "5"}) {
         history.perform("Edit Entry", [&] { first_->notes = notes; });
     }
@@ -184,7 +184,7 @@ TEST_F(EntryHistoryTest, theOldestStepsAreForgottenBeyondTheLimit) {
 }
 
 TEST_F(EntryHistoryTest, longNotesLeaveRoomForFewerStepsButAlwaysForOne) {
-    UndoHistory history(context(), [this] { return timer_.now; }, {.bytes = 1000});
+    UndoHistory history(context(), [this] { return timer.now; }, {.bytes = 1000});
     const auto type = [&](std::size_t length) {
         history.perform("Edit Entry", [&] { first_->notes = std::string(length, 'x'); });
     };

@@ -19,29 +19,29 @@ struct EntryHistoryTimerTest : test::HistoryTest {
     }
     /// Starts a timer on "App" from the panel.
     Ref<TimeEntry> start(const std::string& time, const std::string& notes = "x") {
-        timer_.setTime(time);
+        timer.setTime(time);
         service().start(app_, notes);
         return service().running();
     }
     void stop(const std::string& time) {
-        timer_.setTime(time);
+        timer.setTime(time);
         service().stop();
     }
     void removeAt(const std::string& time, const Ref<TimeEntry>& entry) {
-        timer_.setTime(time);
+        timer.setTime(time);
         remove({entry});
     }
     /// "Continue" on the entry of "Website" with the notes "old".
     Ref<TimeEntry> continueAt(const std::string& time) {
-        timer_.setTime(time);
+        timer.setTime(time);
         return editing_.continueEntry(second_);
     }
     UndoResult undoAt(const std::string& time) {
-        timer_.setTime(time);
+        timer.setTime(time);
         return history().undo();
     }
     UndoResult redoAt(const std::string& time) {
-        timer_.setTime(time);
+        timer.setTime(time);
         return history().redo();
     }
     /// What runs by the timer's word: its notes and its time, or "nothing".
@@ -67,7 +67,7 @@ TEST_F(EntryHistoryTimerTest, aDeletedRunningEntryRunsOnWhenNothingWasTrackedSin
     EXPECT_EQ(undoAt("10:30").notice(), "");
     EXPECT_EQ(newRows(), (Rows{"09:00- App x"}));
     EXPECT_EQ(running(), "x 1:30");
-    EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 1U);
+    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 1U);
 }
 
 TEST_F(EntryHistoryTimerTest, aRevivedEntryIsStoppedLikeAnyOther) {
@@ -123,7 +123,7 @@ TEST_F(EntryHistoryTimerTest, anEntryOfLessThanASecondComesBackWithASecond) {
     remove({entry});
     start("10:00", "newer");
     undoAt("10:30");
-    EXPECT_EQ(timer_.spans()[1], "09:00:00-09:00:01");
+    EXPECT_EQ(timer.spans()[1], "09:00:00-09:00:01");
 }
 
 TEST_F(EntryHistoryTimerTest, whatWasEndedByAnUndoIsDeletedByTheRedoAndComesBackEnded) {
@@ -148,7 +148,7 @@ TEST_F(EntryHistoryTimerTest, aRevivedEntryThatWasStoppedSinceIsDeletedByTheRedo
 
 TEST_F(EntryHistoryTimerTest, anEditOfARunningEntryIsTakenBackWhileItRunsOn) {
     const auto entry = start("09:00");
-    timer_.setTime("10:00");
+    timer.setTime("10:00");
     edit(entry, "08:00", "08:00", "typed");
     EXPECT_EQ(running(), "typed 2:00");
     undoAt("10:00");
@@ -221,8 +221,8 @@ TEST_F(EntryHistoryTimerTest, aStopFromBeforeTheContinuationLeavesNothingToRedo)
     start("09:00");
     continueAt("10:00");
     undoAt("10:10");
-    timer_.setTime("10:30");
-    service().stop(timer_.today("09:45"));
+    timer.setTime("10:30");
+    service().stop(timer.today("09:45"));
     EXPECT_EQ(redoAt("12:00").notice(), "1 entry was changed since and stays as it is.");
     EXPECT_EQ(newRows(), (Rows{"09:00-09:45 App x"}));
     EXPECT_EQ(running(), "nothing");
@@ -285,7 +285,7 @@ TEST_F(EntryHistoryTimerTest, aBilledEntryIsNotOpenedAgain) {
 TEST_F(EntryHistoryTimerTest, undoneSleepsAreAskedAboutAfterTheStoppedEntryTookOver) {
     start("09:00");
     continueAt("10:00");
-    timer_.sleep("10:10", "10:40");
+    timer.sleep("10:10", "10:40");
     undoAt("10:45");
     ASSERT_EQ(service().awayIntervals().size(), 1U);
     service().discardAwayTime();
@@ -295,7 +295,7 @@ TEST_F(EntryHistoryTimerTest, undoneSleepsAreAskedAboutAfterTheStoppedEntryTookO
 TEST_F(EntryHistoryTimerTest, theRevivedEntryRunsOnAfterARestart) {
     removeAt("10:00", start("09:00"));
     undoAt("10:30");
-    timer_.restart();
+    timer.restart();
     EXPECT_EQ(running(), "x 1:30");
 }
 

@@ -6,17 +6,16 @@
 #include <gtest/gtest.h>
 
 #include "support/FileSizeLimit.h"
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
 using namespace std::chrono_literals;
 
-class EntryServiceTest : public testing::Test {
+class EntryServiceTest : public test::LibraryTest {
  protected:
     EntryServiceTest() { context().save(); }
-    [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     std::string refusal(const EntryForm& form) {
         try {
             entries_.add(form);
@@ -27,18 +26,16 @@ class EntryServiceTest : public testing::Test {
         }
     }
 
-    test::TestTimer timer_;
-    Ref<Project> website_ = timer_.library.addProject("Website", timer_.library.addClient("Acme"));
-    UndoHistory history_{context()};
-    EntryService entries_{context(), history_, *timer_.service, [this] { return timer_.now; },
-                          [this] { return timer_.calendar; }};
-    EntryForm form_{website_, timer_.now - 2h, timer_.now - 1h, "Landing page"};
+    Ref<Project> website_ = timer.library.addProject("Website", timer.library.addClient("Acme"));
+    EntryService entries_{context(), history(), service(), [this] { return timer.now; },
+                          [this] { return timer.calendar; }};
+    EntryForm form_{website_, timer.now - 2h, timer.now - 1h, "Landing page"};
 };
 
 TEST_F(EntryServiceTest, addedTimeIsSaved) {
     const auto entry = entries_.add(form_);
     EXPECT_FALSE(context().hasChanges());
-    EXPECT_EQ(EntryForm::of(*entry, timer_.now), form_);
+    EXPECT_EQ(EntryForm::of(*entry, timer.now), form_);
 }
 
 TEST_F(EntryServiceTest, whatTheFormRefusesIsNotAdded) {

@@ -5,8 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/StatementTrace.h"
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 #include "tracking/EntryService.h"
 
 namespace elmworth::test {
@@ -14,25 +13,18 @@ namespace elmworth::test {
 using Rows = std::vector<std::string>;
 
 /// A person's library on Monday, 2026-03-02, at 09:00, with two entries on "Website".
-class HistoryTest : public testing::Test {
+class HistoryTest : public LibraryTest {
  protected:
     HistoryTest() { context().save(); }
-    explicit HistoryTest(InMemory place) : timer_(place) { context().save(); }
-
-    [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
-    [[nodiscard]] TimerService& service() { return *timer_.service; }
-    [[nodiscard]] UndoHistory& history() { return *timer_.history; }
+    explicit HistoryTest(InMemory place) : LibraryTest(place) { context().save(); }
 
     Ref<TimeEntry> add(const std::string& from, const std::string& to, const std::string& notes) {
         const auto entry =
-            timer_.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
+            timer.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
         entry->notes = notes;
         return entry;
     }
-    void bill(const Ref<TimeEntry>& entry) {
-        entry->invoice = timer_.library.addInvoice("INV-1", acme_);
-        context().save();
-    }
+    void bill(const Ref<TimeEntry>& entry) { LibraryTest::bill(entry, "INV-1"); }
     EntryTally remove(const std::vector<Ref<TimeEntry>>& entries) {
         return editing_.deleteEntries(ids(entries));
     }
@@ -45,11 +37,6 @@ class HistoryTest : public testing::Test {
         const bool runs = entry && entry->isRunning();
         return editing_.save({website_, TestTimer::today(from), TestTimer::today(to), notes, runs},
                              entry);
-    }
-    [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
-        std::vector<PersistentID> ids;
-        for (const auto& entry : entries) ids.push_back(entry->id());
-        return ids;
     }
     /// The entry of an identity, which may be another object after an undo.
     [[nodiscard]] Ref<TimeEntry> again(const Ref<TimeEntry>& entry) {
@@ -68,28 +55,21 @@ class HistoryTest : public testing::Test {
     }
     /// The same of what is on disk. Ends the timer and the history.
     [[nodiscard]] Rows storedRows() {
-        timer_.restart();
+        timer.restart();
         return rows();
-    }
-    /// How many saves there were since the last call.
-    [[nodiscard]] static std::size_t commits() {
-        const auto statements = StatementTrace::take();
-        return static_cast<std::size_t>(std::count(statements.begin(), statements.end(), "COMMIT"));
     }
 
  private:
     static std::string time(Instant instant) { return iso(instant).substr(11, 5); }
 
  protected:
-    StatementTrace trace_;
-    TestTimer timer_;
-    Ref<Client> acme_ = timer_.library.addClient("Acme");
-    Ref<Project> website_ = timer_.library.addProject("Website", acme_);
-    Ref<Project> app_ = timer_.library.addProject("App", acme_);
+    Ref<Client> acme_ = timer.library.addClient("Acme");
+    Ref<Project> website_ = timer.library.addProject("Website", acme_);
+    Ref<Project> app_ = timer.library.addProject("App", acme_);
     Ref<TimeEntry> first_ = add("06:00", "06:30", "a");
     Ref<TimeEntry> second_ = add("07:00", "07:30", "b");
-    EntryService editing_{context(), history(), service(), [this] { return timer_.now; },
-                          [this] { return timer_.calendar; }};
+    EntryService editing_{context(), history(), service(), [this] { return timer.now; },
+                          [this] { return timer.calendar; }};
 };
 
 }  // namespace elmworth::test

@@ -35,7 +35,7 @@ class InvoiceUndoTest : public test::HistoryTest {
     [[nodiscard]] std::string text() { return test::libraryText(context()); }
 
     BusinessProfile profile_;
-    InvoiceBuilder builder_{context(), [this] { return timer_.now; }, timer_.calendar};
+    InvoiceBuilder builder_{context(), [this] { return timer.now; }, timer.calendar};
     std::string start_;
 };
 
@@ -86,7 +86,7 @@ TEST_F(InvoiceUndoTest, anInvoiceThatGotAnotherEntryStaysWithAllItsEntries) {
 
 TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackInPart) {
     deleteInvoice(create());
-    second_->invoice = timer_.library.addInvoice("Other", acme_);
+    second_->invoice = timer.library.addInvoice("Other", acme_);
     context().save();
     const auto before = text();
     EXPECT_EQ(history().undo().notice(),
@@ -109,7 +109,7 @@ TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackOnceItsNumberIsTakenHoweverItIsW
     made->number = "R\u00E9f 1";
     context().save();
     deleteInvoice(made);
-    timer_.library.addInvoice("Re\u0301f 1", acme_);
+    timer.library.addInvoice("Re\u0301f 1", acme_);
     context().save();
     const auto before = text();
     EXPECT_NE(history().undo().notice(), "");
@@ -118,7 +118,7 @@ TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackOnceItsNumberIsTakenHoweverItIsW
 
 TEST_F(InvoiceUndoTest, anInvoiceDoesNotComeBackWithoutItsClient) {
     const auto made = create();
-    made->client = timer_.library.addClient("Globex");
+    made->client = timer.library.addClient("Globex");
     context().save();
     deleteInvoice(made);
     const auto globex =

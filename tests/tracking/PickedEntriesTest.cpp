@@ -6,51 +6,20 @@
 #include <gtest/gtest.h>
 
 #include "support/FileSizeLimit.h"
-#include "support/StatementTrace.h"
-#include "support/TestTimer.h"
+#include "tracking/HistoryTest.h"
 
 namespace elmworth {
 namespace {
 
 using namespace std::chrono_literals;
-using test::TestTimer;
 
-class PickedEntriesTest : public testing::Test {
+class PickedEntriesTest : public test::HistoryTest {
  protected:
-    [[nodiscard]] UnitOfWork& context() { return timer_.library.context(); }
     Ref<TimeEntry> add(const std::string& from, const std::string& to) {
-        return timer_.library.addEntry(website_, TestTimer::today(from), TestTimer::today(to));
-    }
-    void bill(const Ref<TimeEntry>& entry) {
-        entry->invoice = timer_.library.addInvoice("INV-1", acme_);
-        context().save();
-    }
-    EntryTally remove(const std::vector<Ref<TimeEntry>>& entries) {
-        return entries_.deleteEntries(ids(entries));
-    }
-    EntryTally move(const std::vector<Ref<TimeEntry>>& entries, const Ref<Project>& project) {
-        return entries_.moveEntries(ids(entries), project);
-    }
-    [[nodiscard]] static std::vector<PersistentID> ids(const std::vector<Ref<TimeEntry>>& entries) {
-        std::vector<PersistentID> ids;
-        for (const auto& entry : entries) ids.push_back(entry->id());
-        return ids;
-    }
-    [[nodiscard]] static std::size_t commits() {
-        const auto statements = test::StatementTrace::take();
-        return static_cast<std::size_t>(std::count(statements.begin(), statements.end(), "COMMIT"));
+        return HistoryTest::add(from, to, "");
     }
 
-    test::StatementTrace trace_;
-    TestTimer timer_;
-    Ref<Client> acme_ = timer_.library.addClient("Acme");
-    Ref<Project> website_ = timer_.library.addProject("Website", acme_);
-    Ref<Project> app_ = timer_.library.addProject("App", acme_);
-    Ref<TimeEntry> first_ = add("06:00", "06:30");
-    Ref<TimeEntry> second_ = add("07:00", "07:30");
     Ref<TimeEntry> third_ = add("08:00", "08:30");
-    EntryService entries_{context(), *timer_.history, *timer_.service,
-                          [this] { return timer_.now; }, [this] { return timer_.calendar; }};
 };
 
 // --- delete ------------------------------------------------------------------------------------
@@ -58,14 +27,14 @@ class PickedEntriesTest : public testing::Test {
 TEST_F(PickedEntriesTest, deletedEntriesAreGoneFromTheDisk) {
     context().save();
     EXPECT_EQ(remove({first_, third_}), (EntryTally{2, 0}));
-    timer_.restart();
-    EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
+    timer.restart();
+    EXPECT_EQ(timer.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
 }
 
 TEST_F(PickedEntriesTest, aBilledEntryIsSkippedAndCountedAndTheOthersGo) {
     bill(second_);
     EXPECT_EQ(remove({first_, second_, third_}), (EntryTally{2, 1}));
-    EXPECT_EQ(timer_.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
+    EXPECT_EQ(timer.spans(), std::vector<std::string>{"07:00:00-07:30:00"});
     EXPECT_EQ(second_->invoice->number.get(), "INV-1");
 }
 
@@ -74,25 +43,25 @@ TEST_F(PickedEntriesTest, deletingEntriesThatAreAllGoneDoesNothingAndSavesNothin
     remove({first_});
     third_->notes = "typed elsewhere";
     EXPECT_EQ(remove({first_}), EntryTally{});
-    EXPECT_EQ(entries_.deleteEntries({}), EntryTally{});
+    EXPECT_EQ(editing_.deleteEntries({}), EntryTally{});
     EXPECT_TRUE(context().hasChanges());
 }
 
 TEST_F(PickedEntriesTest, deletingTheRunningEntryStopsTheTicker) {
-    timer_.service->start(website_);
-    timer_.setTime("10:00");
-    timer_.library.runLoop.fire();
-    remove({timer_.service->running()});
-    EXPECT_FALSE(timer_.service->running());
-    EXPECT_EQ(timer_.service->elapsedText(), "");
-    EXPECT_EQ(timer_.library.runLoop.repeatingCount(), 0U);
+    timer.service->start(website_);
+    timer.setTime("10:00");
+    timer.library.runLoop.fire();
+    remove({timer.service->running()});
+    EXPECT_FALSE(timer.service->running());
+    EXPECT_EQ(timer.service->elapsedText(), "");
+    EXPECT_EQ(timer.library.runLoop.repeatingCount(), 0U);
 }
 
 TEST_F(PickedEntriesTest, deletingAnotherEntryLeavesTheTimerRunning) {
-    timer_.service->start(website_);
-    const auto running = timer_.service->running();
+    timer.service->start(website_);
+    const auto running = timer.service->running();
     remove({first_});
-    EXPECT_EQ(timer_.service->running(), running);
+    EXPECT_EQ(timer.service->running(), running);
 }
 
 TEST_F(PickedEntriesTest, aDeletionThatCannotBeSavedStaysPending) {
@@ -103,8 +72,8 @@ TEST_F(PickedEntriesTest, aDeletionThatCannotBeSavedStaysPending) {
         EXPECT_TRUE(context().hasChanges());
     }
     context().save();
-    timer_.restart();
-    EXPECT_EQ(timer_.spans().size(), 2U);
+    timer.restart();
+    EXPECT_EQ(timer.spans().size(), 2U);
 }
 
 // --- move --------------------------------------------------------------------------------------
@@ -112,7 +81,7 @@ TEST_F(PickedEntriesTest, aDeletionThatCannotBeSavedStaysPending) {
 TEST_F(PickedEntriesTest, movedEntriesBelongToTheOtherProjectOnDisk) {
     EXPECT_EQ(move({first_, second_}, app_), (EntryTally{2, 0}));
     const auto app = app_->id();
-    timer_.restart();
+    timer.restart();
     EXPECT_EQ(context().fetchCount(
                   Query<TimeEntry>{.predicate = key<&TimeEntry::project>() == std::optional(app)}),
               2U);
@@ -133,10 +102,10 @@ TEST_F(PickedEntriesTest, movingToTheProjectThatItHasChangesNothing) {
 }
 
 TEST_F(PickedEntriesTest, theRunningEntryMovesAndRunsOn) {
-    timer_.service->start(website_);
-    const auto running = timer_.service->running();
+    timer.service->start(website_);
+    const auto running = timer.service->running();
     EXPECT_EQ(move({running}, app_), (EntryTally{1, 0}));
-    EXPECT_EQ(timer_.service->running(), running);
+    EXPECT_EQ(timer.service->running(), running);
     EXPECT_TRUE(running->isRunning());
 }
 
@@ -164,11 +133,11 @@ TEST_F(PickedEntriesTest, manyEntriesAreChangedInOneSave) {
     const auto picked = ids(entries);
     entries.clear();
     (void)commits();
-    EXPECT_EQ(entries_.moveEntries(picked, app_), (EntryTally{10'000, 0}));
+    EXPECT_EQ(editing_.moveEntries(picked, app_), (EntryTally{10'000, 0}));
     EXPECT_EQ(commits(), 1U);
-    EXPECT_EQ(entries_.deleteEntries(picked), (EntryTally{10'000, 0}));
+    EXPECT_EQ(editing_.deleteEntries(picked), (EntryTally{10'000, 0}));
     EXPECT_EQ(commits(), 1U);
-    EXPECT_EQ(timer_.spans().size(), 3U);
+    EXPECT_EQ(timer.spans().size(), 3U);
 }
 
 }  // namespace

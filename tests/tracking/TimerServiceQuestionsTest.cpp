@@ -3,19 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
 using namespace std::chrono_literals;
 using test::at;
-using test::TestTimer;
 using Names = std::vector<std::string>;
 
-class TimerServiceQuestions : public testing::Test {
+class TimerServiceQuestions : public test::LibraryTest {
  protected:
-    [[nodiscard]] TimerService& service() { return *timer.service; }
     Ref<Project> project(const std::string& name) {
         return timer.library.addProject(name, nullptr);
     }
@@ -32,7 +30,6 @@ class TimerServiceQuestions : public testing::Test {
         return names;
     }
 
-    TestTimer timer;
     const Instant yesterday = at("2026-03-01T09:00Z");
     const Instant longAgo = at("2025-01-01T09:00Z");
 };
@@ -47,7 +44,7 @@ TEST_F(TimerServiceQuestions, recentProjectsStandInTheOrderOfTheirLastUse) {
     EXPECT_EQ(recent(6), (Names{"B", "A"}));
     service().start(first);
     EXPECT_EQ(recent(6), (Names{"A", "B"}));
-    timer.library.context().save();
+    context().save();
     EXPECT_EQ(recent(6), (Names{"A", "B"}));
 }
 
@@ -57,7 +54,7 @@ TEST_F(TimerServiceQuestions, projectsWithoutEntriesFollowByName) {
     project("Item 9");
     const auto used = project("Zoo");
     addHourly(used, yesterday, 1);
-    timer.library.context().save();
+    context().save();
     EXPECT_EQ(recent(6), (Names{"Zoo", "\xC3\x84rzte", "Item 9", "item 10"}));
     EXPECT_EQ(recent(2), (Names{"Zoo", "\xC3\x84rzte"}));
     EXPECT_EQ(recent(1), Names{"Zoo"});
@@ -78,11 +75,11 @@ TEST_F(TimerServiceQuestions, recentProjectsLookAtTheLatest200Entries) {
     const auto busy = project("Busy");
     addHourly(project("Zoo"), longAgo, 1);
     addHourly(busy, longAgo + 24h, 199);
-    timer.library.context().save();
+    context().save();
     EXPECT_EQ(recent(6), (Names{"Busy", "Zoo", "Alpha"}));
     addHourly(busy, yesterday, 1);
     EXPECT_EQ(recent(6), (Names{"Busy", "Alpha", "Zoo"}));
-    timer.library.context().save();
+    context().save();
     EXPECT_EQ(recent(6), (Names{"Busy", "Alpha", "Zoo"}));
 }
 
@@ -114,11 +111,11 @@ TEST_F(TimerServiceQuestions, anEntryOfAnArchivedOrOfNoProjectIsNotContinuable) 
 TEST_F(TimerServiceQuestions, theEntryToContinueIsAmongTheLast20) {
     const auto continuable = timer.library.addEntry(project("A"), longAgo, longAgo + 1h);
     addHourly(nullptr, yesterday, 19);
-    timer.library.context().save();
+    context().save();
     EXPECT_EQ(service().lastContinuableEntry(), continuable);
     addHourly(nullptr, yesterday - 24h, 1);
     EXPECT_FALSE(service().lastContinuableEntry());
-    timer.library.context().save();
+    context().save();
     EXPECT_FALSE(service().lastContinuableEntry());
 }
 
@@ -147,7 +144,7 @@ TEST_F(TimerServiceQuestions, trackedSecondsCutsEntriesAtTheRange) {
     timer.library.addEntry(nullptr, to, to + 1h);
     timer.library.addEntry(nullptr, from + 30min, from + 20min);  // reversed: nothing
     EXPECT_DOUBLE_EQ(service().trackedSeconds(from, to), 18 * 60);
-    timer.library.context().save();
+    context().save();
     EXPECT_DOUBLE_EQ(service().trackedSeconds(from, to), 18 * 60);
 }
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
@@ -12,14 +12,13 @@ using test::TestTimer;
 using Spans = std::vector<std::string>;
 
 /// A timer that runs on "Website" since 09:00.
-class TimerServiceSleep : public testing::Test {
+class TimerServiceSleep : public test::LibraryTest {
  protected:
     TimerServiceSleep() {
         website = timer.library.addProject("Website", nullptr);
         service().start(website);
         service().running()->notes = "Landing page";
     }
-    [[nodiscard]] TimerService& service() { return *timer.service; }
     [[nodiscard]] Spans intervals() {
         Spans texts;
         for (const auto& interval : service().awayIntervals())
@@ -28,7 +27,6 @@ class TimerServiceSleep : public testing::Test {
         return texts;
     }
 
-    TestTimer timer;
     Ref<Project> website;
 };
 
@@ -43,9 +41,9 @@ TEST_F(TimerServiceSleep, ofTenMinutesIsNoted) {
 }
 
 TEST_F(TimerServiceSleep, changesNoRecord) {
-    timer.library.context().save();
+    context().save();
     timer.sleep("10:00", "12:00");
-    EXPECT_FALSE(timer.library.context().hasChanges());
+    EXPECT_FALSE(context().hasChanges());
     EXPECT_EQ(timer.spans(), Spans{"09:00:00-"});
 }
 
@@ -134,7 +132,7 @@ TEST_F(TimerServiceSleep, thatNobodyDecidedAboutStaysInTheEntryAtASwitch) {
 }
 
 TEST_F(TimerServiceSleep, thatNobodyDecidedAboutStaysInTheEntryAtAQuit) {
-    timer.library.context().save();
+    context().save();
     timer.sleep("10:00", "11:00");
     timer.restart();
     EXPECT_TRUE(service().awayIntervals().empty());
@@ -153,9 +151,9 @@ TEST_F(TimerServiceSleep, discardedLeavesAChainOfTheTimeAwake) {
     EXPECT_TRUE(service().awayIntervals().empty());
     EXPECT_EQ(service().running()->start.get(), TestTimer::today("13:00"));
     EXPECT_EQ(service().elapsedText(), "0:05");
-    EXPECT_FALSE(timer.library.context().hasChanges());
+    EXPECT_FALSE(context().hasChanges());
     EXPECT_EQ(timer.library.runLoop.repeatingCount(), 1U);
-    for (const auto& entry : timer.library.context().fetch<TimeEntry>()) {
+    for (const auto& entry : context().fetch<TimeEntry>()) {
         EXPECT_EQ(entry->project.get(), website);
         EXPECT_EQ(entry->notes.get(), "Landing page");
     }
@@ -210,7 +208,7 @@ TEST_F(TimerServiceSleep, discardedRightAfterTheStartLeavesOneSecond) {
 
 TEST_F(TimerServiceSleep, discardedWithoutATimerChangesNothing) {
     timer.sleep("10:00", "11:00");
-    timer.library.context().deleteRecord(service().running());
+    context().deleteRecord(service().running());
     service().refresh();
     service().discardAwayTime();
     EXPECT_TRUE(timer.spans().empty());

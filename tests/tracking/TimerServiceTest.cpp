@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
@@ -13,18 +13,16 @@ namespace {
 using test::TestTimer;
 using Spans = std::vector<std::string>;
 
-class TimerServiceTest : public testing::Test {
+class TimerServiceTest : public test::LibraryTest {
  protected:
     TimerServiceTest() {
         acme = timer.library.addClient("Acme");
         website = timer.library.addProject("Website", acme);
         app = timer.library.addProject("App", acme);
-        timer.library.context().save();
+        context().save();
     }
-    [[nodiscard]] TimerService& service() { return *timer.service; }
-    [[nodiscard]] bool hasUnsavedChanges() { return timer.library.context().hasChanges(); }
+    [[nodiscard]] bool hasUnsavedChanges() { return context().hasChanges(); }
 
-    TestTimer timer;
     Ref<Client> acme;
     Ref<Project> website, app;
 };
@@ -68,11 +66,11 @@ TEST_F(TimerServiceTest, stopWithoutATimerStillSavesWhatIsPending) {
 
 TEST_F(TimerServiceTest, switchingLeavesNoGapAlsoWhenTheClockRunsOn) {
     TimerService running(
-        timer.library.context(), [this] { return timer.now += std::chrono::seconds(5); },
-        timer.library.runLoop, [this] { return timer.calendar; });
+        context(), [this] { return timer.now += std::chrono::seconds(5); }, timer.library.runLoop,
+        [this] { return timer.calendar; });
     running.start(website);
     running.start(app);
-    const auto entries = timer.library.context().fetch<TimeEntry>();
+    const auto entries = context().fetch<TimeEntry>();
     ASSERT_EQ(entries.size(), 2U);
     EXPECT_EQ(entries[0]->end.get(), entries[1]->start.get());
     EXPECT_EQ(entries[1]->project.get(), app);
@@ -83,7 +81,7 @@ TEST_F(TimerServiceTest, aSwitchWithinTheSameSecondLeavesNoTraceOfTheFirst) {
     service().start(website);
     timer.now += std::chrono::milliseconds(999);
     service().start(app);
-    const auto entries = timer.library.context().fetch<TimeEntry>();
+    const auto entries = context().fetch<TimeEntry>();
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0]->project.get(), app);
 }
@@ -198,7 +196,7 @@ TEST_F(TimerServiceTest, restoreLetsTheNewestOfSeveralOpenEntriesRunOn) {
     timer.library.addEntry(app, TestTimer::today("10:00"), std::nullopt);
     timer.library.addEntry(website, TestTimer::today("09:00"), std::nullopt);
     timer.library.addEntry(website, TestTimer::today("08:00"), std::nullopt);
-    timer.library.context().save();
+    context().save();
     timer.setTime("12:00");
     timer.restart();
     EXPECT_EQ(service().running()->project->name.get(), "App");
@@ -227,7 +225,7 @@ class RefreshAfter : public TimerServiceTest, public testing::WithParamInterface
 TEST_P(RefreshAfter, stopsTheTickerAndClearsTheTexts) {
     service().start(website);
     timer.setTime("10:00");
-    GetParam().perform(timer.library.context(), service().running());
+    GetParam().perform(context(), service().running());
     service().refresh();
     EXPECT_FALSE(service().running());
     EXPECT_EQ(service().elapsedText(), "");
@@ -260,11 +258,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(TimerServiceTest, refreshGivesUpAnEntryThatWasRolledBack) {
     timer.library.addInvoice("1", acme);
-    timer.library.context().save();
+    context().save();
     timer.library.addInvoice("1", acme);  // keeps the next save from succeeding
     service().start(website);
     EXPECT_TRUE(hasUnsavedChanges());
-    timer.library.context().rollback();
+    context().rollback();
     service().refresh();
     EXPECT_FALSE(service().running());
 }
@@ -272,7 +270,7 @@ TEST_F(TimerServiceTest, refreshGivesUpAnEntryThatWasRolledBack) {
 TEST_F(TimerServiceTest, stoppingADeletedEntryLeavesItDeleted) {
     service().start(website);
     timer.setTime("10:00");
-    timer.library.context().deleteRecord(service().running());
+    context().deleteRecord(service().running());
     service().stop();
     EXPECT_TRUE(timer.spans().empty());
     EXPECT_FALSE(service().running());

@@ -5,34 +5,22 @@
 
 #include <map>
 
-#include "support/StatementTrace.h"
-#include "support/TestTimer.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
 using test::StatementTrace;
-using test::TestTimer;
 using Property = TimerService::Property;
 
-class TimerServiceTicker : public testing::Test {
+class TimerServiceTicker : public test::LibraryTest {
  protected:
     TimerServiceTicker() {
         website = timer.library.addProject("Website", nullptr);
-        timer.library.context().save();
+        context().save();
     }
-    [[nodiscard]] TimerService& service() { return *timer.service; }
     [[nodiscard]] std::size_t tickers() const { return timer.library.runLoop.repeatingCount(); }
-    /// Lets `seconds` pass, with a tick in each.
-    void pass(int seconds) {
-        for (int i = 0; i < seconds; ++i) {
-            timer.now += std::chrono::seconds(1);
-            timer.library.runLoop.fire();
-        }
-    }
 
-    const StatementTrace trace;
-    TestTimer timer;
     Ref<Project> website;
 };
 
@@ -104,7 +92,7 @@ TEST_F(TimerServiceTicker, neverTouchesTheStore) {
     (void)StatementTrace::take();
     pass(3600);
     EXPECT_TRUE(StatementTrace::take().empty());
-    EXPECT_FALSE(timer.library.context().hasChanges());
+    EXPECT_FALSE(context().hasChanges());
 }
 
 TEST_F(TimerServiceTicker, endsWithTheService) {

@@ -17,11 +17,11 @@ struct TimerStepsTest : test::HistoryTest {
         service().setHistory(history());
     }
     void startAt(const std::string& time, const std::string& notes = "x") {
-        timer_.setTime(time);
+        timer.setTime(time);
         service().start(app_, notes);
     }
     void stopAt(const std::string& time) {
-        timer_.setTime(time);
+        timer.setTime(time);
         service().stop();
     }
     [[nodiscard]] std::string running() {
@@ -33,7 +33,7 @@ struct TimerStepsTest : test::HistoryTest {
 TEST_F(TimerStepsTest, aStartedTimerGoesAndComesBack) {
     startAt("09:00");
     EXPECT_EQ(history().undoText(), "Undo Start Timer");
-    timer_.setTime("10:00");
+    timer.setTime("10:00");
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows(), Rows{});
     EXPECT_EQ(running(), "nothing");
@@ -45,7 +45,7 @@ TEST_F(TimerStepsTest, aStoppedTimerRunsOn) {
     startAt("09:00");
     stopAt("10:00");
     EXPECT_EQ(history().undoText(), "Undo Stop Timer");
-    timer_.setTime("10:30");
+    timer.setTime("10:30");
     EXPECT_EQ(history().undo().notice(), "");
     EXPECT_EQ(rows(), (Rows{"09:00- App x"}));
     EXPECT_EQ(running(), "x 1:30");
@@ -59,7 +59,7 @@ TEST_F(TimerStepsTest, aStoppedTimerStaysStoppedWhenTimeWasTrackedSince) {
     stopAt("10:00");
     const auto since = add("10:10", "10:20", "since");
     context().save();
-    timer_.setTime("10:30");
+    timer.setTime("10:30");
     EXPECT_EQ(history().undo().notice(),
               "The timer was not started again, because time was tracked since.");
     EXPECT_EQ(rows(), (Rows{"09:00-10:00 App x", "10:10-10:20 Website since"}));
@@ -76,13 +76,13 @@ TEST_F(TimerStepsTest, aSwitchIsOneStep) {
 
 TEST_F(TimerStepsTest, aStopOfNothingIsNoStep) {
     service().stop();
-    service().stop(timer_.now);
+    service().stop(timer.now);
     EXPECT_FALSE(history().canUndo());
 }
 
 TEST_F(TimerStepsTest, aSleepThatWasTakenOutIsPutBack) {
     startAt("09:00");
-    timer_.sleep("09:30", "10:00");
+    timer.sleep("09:30", "10:00");
     service().discardAwayTime();
     EXPECT_EQ(rows(), (Rows{"09:00-09:30 App x", "10:00- App x"}));
     EXPECT_EQ(history().undoText(), "Undo Discard Time Away");

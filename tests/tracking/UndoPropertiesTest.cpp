@@ -32,13 +32,13 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         return entry && !entry->invoice ? entry : nullptr;
     }
     void passTime() {
-        if (pick(3) != 0) timer_.now += std::chrono::seconds(pick(1200));
+        if (pick(3) != 0) timer.now += std::chrono::seconds(pick(1200));
     }
 
     // --- what can be done, each as one step
 
     void addClient() {
-        const auto client = timer_.library.addClient(word());
+        const auto client = timer.library.addClient(word());
         client->currencyCode = "EUR";
     }
     void editClient() {
@@ -48,7 +48,7 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         client->hourlyRateCents = pick(20'000);
         client->dueDays = pick(2) == 0 ? std::nullopt : std::optional<std::int64_t>(pick(60));
     }
-    void addProject() { timer_.library.addProject(word(), any<Client>()); }
+    void addProject() { timer.library.addProject(word(), any<Client>()); }
     void editProject() {
         const auto project = any<Project>();
         if (!project) return;
@@ -58,9 +58,9 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         if (pick(2) == 0) project->budgetHours = pick(100);
     }
     void addEntry() {
-        const Instant start = timer_.now - std::chrono::minutes(pick(6000) + 60);
+        const Instant start = timer.now - std::chrono::minutes(pick(6000) + 60);
         const auto entry =
-            timer_.library.addEntry(any<Project>(), start, start + std::chrono::minutes(pick(60)));
+            timer.library.addEntry(any<Project>(), start, start + std::chrono::minutes(pick(60)));
         entry->notes = word();
     }
     void editEntry() {
@@ -69,7 +69,7 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         entry->notes = word();
         entry->project = any<Project>();
         if (entry->isRunning()) return;
-        entry->start = timer_.now - std::chrono::minutes(pick(6000) + 60);
+        entry->start = timer.now - std::chrono::minutes(pick(6000) + 60);
         entry->end = entry->start.get() + std::chrono::minutes(pick(60));
     }
     void deleteEntries() {
@@ -90,7 +90,7 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         const auto client = any<Client>();
         if (!client) return;
         try {
-            (void)builder_.createInvoice(client, timer_.now - std::chrono::hours(200), timer_.now,
+            (void)builder_.createInvoice(client, timer.now - std::chrono::hours(200), timer.now,
                                          pick(2000), profile_);
         } catch (const BuildError&) {
             return;  // no time to bill
@@ -103,17 +103,17 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
         const auto invoice = any<Invoice>();
         if (!invoice) return;
         invoice->notes = word();
-        invoice->setStatus(pick(2) == 0 ? InvoiceStatus::paid : InvoiceStatus::draft, timer_.now);
+        invoice->setStatus(pick(2) == 0 ? InvoiceStatus::paid : InvoiceStatus::draft, timer.now);
     }
     void startOrStop() {
         if (service().running() && pick(2) == 0) return service().stop();
         if (const auto project = any<Project>()) service().start(project, word());
     }
     void importSome() {
-        const auto project = timer_.library.addProject(word(), timer_.library.addClient(word()));
+        const auto project = timer.library.addProject(word(), timer.library.addClient(word()));
         for (int i = pick(4); i >= 0; --i) {
-            const Instant start = timer_.now - std::chrono::hours(100 + i);
-            timer_.library.addEntry(project, start, start + std::chrono::minutes(30));
+            const Instant start = timer.now - std::chrono::hours(100 + i);
+            timer.library.addEntry(project, start, start + std::chrono::minutes(30));
         }
     }
     void doAnything() {
@@ -140,10 +140,10 @@ class UndoProperties : public test::HistoryTest, public testing::WithParamInterf
 
     std::mt19937 random_{GetParam()};
     BusinessProfile profile_;
-    InvoiceBuilder builder_{context(), [this] { return timer_.now; }, timer_.calendar};
+    InvoiceBuilder builder_{context(), [this] { return timer.now; }, timer.calendar};
     ProjectService projects_{context(), history(), TimerCalls::of(service())};
     ClientService clients_{context(), history(), TimerCalls::of(service()),
-                           [this] { return timer_.now; }};
+                           [this] { return timer.now; }};
 };
 
 TEST_P(UndoProperties, allUndoneGivesTheFirstDocumentAndAllRedoneTheLast) {

@@ -135,14 +135,14 @@ TEST_F(ClientCard, isReadWhenItFirstShowsAndNotBefore) {
     const auto globex = addClient("Globex");
     addEntry(addProject("App", globex), 60min);
     model.setShown(false);
-    (void)trace.take();
+    (void)statements();
     model.setShown(true);
-    const auto toList = trace.take().size();
+    const auto toList = statements().size();
     EXPECT_LE(toList, 1U) << "the clients";
     EXPECT_EQ(text(0, "unbilled"), "1:00");
-    EXPECT_LE(trace.take().size(), 4U) << "its projects, their time, its invoices";
+    EXPECT_LE(statements().size(), 4U) << "its projects, their time, its invoices";
     EXPECT_EQ(text(0, "value"), "$100.00");
-    EXPECT_TRUE(trace.take().empty()) << "once";
+    EXPECT_TRUE(statements().empty()) << "once";
 }
 
 TEST_F(ClientCard, isReadAgainWhenItsOwnTimeChangedAlone) {
@@ -157,9 +157,9 @@ TEST_F(ClientCard, isReadAgainWhenItsOwnTimeChangedAlone) {
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 1);
     EXPECT_EQ(changed[0][1].toModelIndex().row(), 1);
-    (void)trace.take();
+    (void)statements();
     EXPECT_EQ(text(0, "unbilled"), "1:00");
-    EXPECT_TRUE(trace.take().empty());
+    EXPECT_TRUE(statements().empty());
     EXPECT_EQ(text(1, "unbilled"), "2:00");
 }
 

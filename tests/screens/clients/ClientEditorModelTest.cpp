@@ -15,11 +15,11 @@ class ClientEditor : public test::ClientsTest {
     static void type(FormText* field, const char* text) { field->setText(QString::fromUtf8(text)); }
     static std::string said(const QString& text) { return text.toStdString(); }
     void setProfile(std::int64_t dueDays, std::int64_t taxBasisPoints) {
-        BusinessProfile profile = app.profiles.profile();
+        BusinessProfile profile = profiles.profile();
         profile.defaultDueDays = dueDays;
         profile.defaultTaxBasisPoints = taxBasisPoints;
         profile.taxLabel = "VAT";
-        app.profiles.setProfile(profile);
+        profiles.setProfile(profile);
     }
     void choose(const char* search, int row = 0) {
         editor.currencies()->setSearch(QString::fromUtf8(search));
@@ -104,11 +104,10 @@ TEST_F(ClientEditor, offersTheCurrenciesInUseByCode) {
 }
 
 TEST_F(ClientEditor, namesCurrenciesInTheUsersLanguage) {
-    auto services = app.services();
-    services.locale = Locale("de_DE");
-    ClientService clients(services.context, services.history, TimerCalls::of(services.timer),
-                          services.now);
-    ClientEditorModel german(services, clients);
+    auto all = services();
+    all.locale = Locale("de_DE");
+    ClientService clients(all.context, all.history, TimerCalls::of(all.timer), all.now);
+    ClientEditorModel german(all, clients);
     german.open(nullptr);
     EXPECT_EQ(said(german.currencies()->title()), "USD — US-Dollar");
 }

@@ -116,11 +116,11 @@ TEST_F(Clients, ofAnyNumberCostNothingToSearchOnceTheirNamesAreRead) {
     addClients(2000);
     search("c");
     EXPECT_EQ(model.cards().size(), 2000U);
-    (void)trace.take();
+    (void)statements();
     search("cl");
     search("client 19");
     EXPECT_EQ(model.cards().size(), 111U);
-    EXPECT_TRUE(trace.take().empty());
+    EXPECT_TRUE(statements().empty());
 }
 
 // --- deletion ------------------------------------------------------------------------------------

@@ -12,32 +12,19 @@
 #include <vector>
 
 #include "screens/clients/ClientsModel.h"
-#include "support/ScopedEnvironment.h"
-#include "support/StatementTrace.h"
-#include "support/TestServices.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth::test {
 
 /// The section of the clients, shown, over a library without any; in America and UTC, on Monday,
 /// 2026-03-02, at 09:00.
-class ClientsTest : public testing::Test {
+class ClientsTest : public LibraryTest {
  protected:
     ClientsTest() { model.setShown(true); }
 
-    [[nodiscard]] static AppServices inAmerica(AppServices services) {
-        services.locale = Locale("en_US");
-        return services;
-    }
-    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
-    Ref<Client> addClient(const std::string& name) {
-        const auto client = timer.library.addClient(name);
-        context().save();
-        return client;
-    }
     Ref<Project> addProject(const std::string& name, const Ref<Client>& client) {
-        const auto project = timer.library.addProject(name, client);
-        context().save();
-        return project;
+        return project(name, client);
     }
     Ref<TimeEntry> addEntry(const Ref<Project>& project, std::chrono::minutes length) {
         const auto entry =
@@ -70,12 +57,8 @@ class ClientsTest : public testing::Test {
     [[nodiscard]] std::string title() { return confirmation.title().toStdString(); }
     [[nodiscard]] std::string message() { return confirmation.message().toStdString(); }
 
-    const ScopedEnvironment locale{"LC_ALL", "en_US.UTF-8"};
-    const StatementTrace trace;
-    TestTimer timer;
-    TestServices app{timer};
     Confirmation confirmation;
-    ClientsModel model{inAmerica(app.services()), confirmation};
+    ClientsModel model{services(), confirmation};
 };
 
 }  // namespace elmworth::test

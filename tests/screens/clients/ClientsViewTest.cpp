@@ -89,8 +89,8 @@ class ClientsView : public test::ClientsTest {
     [[nodiscard]] int current() { return model.selection()->currentRow(); }
     /// How many cards have asked the library since the last call.
     [[nodiscard]] std::size_t cardsRead() {
-        const auto statements = trace.take();
-        return static_cast<std::size_t>(std::ranges::count_if(statements, [](const auto& sql) {
+        const auto all = statements();
+        return static_cast<std::size_t>(std::ranges::count_if(all, [](const auto& sql) {
             return sql.find("FROM \"Invoice\"") != std::string::npos;
         }));
     }
