@@ -41,7 +41,7 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.leftMargin: 40
         Layout.rightMargin: 40
-        Layout.maximumWidth: 380
+        Layout.maximumWidth: 420
         Layout.alignment: Qt.AlignHCenter
         horizontalAlignment: Text.AlignHCenter
         text: hero.message

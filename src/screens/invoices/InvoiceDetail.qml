@@ -12,6 +12,9 @@ ScrollPage {
 
     required property InvoiceDetailModel model
 
+    /// Too narrow for three figures of a size beside each other.
+    readonly property bool isNarrow: width < 560
+
     signal exportRequested()
     /// The keyboard goes back to where the invoice was chosen.
     signal leaveRequested()
@@ -52,7 +55,7 @@ ScrollPage {
         StatCard {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            Layout.preferredWidth: 1
+            Layout.preferredWidth: page.isNarrow ? 130 : 100
             detailLines: 2
             icon: "sum"
             title: "Total"
@@ -63,7 +66,7 @@ ScrollPage {
         StatCard {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            Layout.preferredWidth: 1
+            Layout.preferredWidth: 100
             detailLines: 2
             icon: "clock-filled"
             colors: Theme.mintGradient
@@ -75,7 +78,7 @@ ScrollPage {
         StatCard {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            Layout.preferredWidth: 1
+            Layout.preferredWidth: 100
             detailLines: 2
             icon: "calendar"
             colors: page.model.facts.isOverdue ? Theme.coralGradient : Theme.skyGradient

@@ -100,6 +100,8 @@ Item {
                 PlainText {
                     Layout.fillWidth: true
                     text: row.caption
+                    // A long name leaves the day in sight.
+                    elide: Text.ElideMiddle
                     size: Theme.captionSize
                     color: Theme.secondaryText
                     Accessible.ignored: true

@@ -45,8 +45,10 @@ GlassCard {
         }
 
         PlainText {
+            id: sum
+
             Layout.fillWidth: true
-            text: card.value
+            text: room.advanceWidth <= width ? card.value : card.value.split(" · ").join("\n")
             size: 17
             color: card.tint
             wrapMode: Text.WordWrap
@@ -54,6 +56,15 @@ GlassCard {
             maximumLineCount: 4
             font.family: Theme.tabularFamily
             font.weight: Font.DemiBold
+            Accessible.name: card.value
+
+            // Each currency has a line of its own where they don't fit beside each other.
+            TextMetrics {
+                id: room
+
+                font: sum.font
+                text: card.value
+            }
         }
 
         PlainText {

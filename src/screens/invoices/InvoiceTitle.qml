@@ -92,7 +92,7 @@ RowLayout {
             Layout.fillWidth: true
             text: head.model.facts.subtitle
             wrapMode: Text.Wrap
-            maximumLineCount: 2
+            maximumLineCount: 3
             color: Theme.secondaryText
         }
     }

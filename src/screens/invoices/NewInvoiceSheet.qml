@@ -39,11 +39,15 @@ FormSheet {
 
         PlainText {
             Layout.fillWidth: true
+            // Two lines of about the same length.
+            Layout.maximumWidth: 280
             text: "Your business name is empty, so the invoice header will be blank."
             size: Theme.calloutSize
             color: Theme.warningText
             wrapMode: Text.Wrap
         }
+
+        Item { Layout.fillWidth: true }
 
         LinkButton {
             visible: sheet.model.canOpenSettings
