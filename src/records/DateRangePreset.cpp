@@ -88,12 +88,4 @@ DateInterval customInterval(Instant from, Instant to, const Calendar& calendar) 
     return {calendar.startOfDay(lower), endOfDay(upper, calendar)};
 }
 
-std::vector<DaySlice> splitByDay(Instant start, Instant end, const Calendar& calendar) {
-    std::vector<DaySlice> slices;
-    DayCutter(calendar).cut(start, end, [&](const DateInterval& day, double seconds) {
-        slices.push_back({day.start, seconds});
-    });
-    return slices;
-}
-
 }  // namespace elmworth

@@ -45,32 +45,20 @@ inline constexpr std::array allDateRangePresets{
 /// From the start of the day of the earlier of `from` and `to` to the end of the day of the later.
 [[nodiscard]] DateInterval customInterval(Instant from, Instant to, const Calendar& calendar);
 
-/// What a span of time contributes to one day.
-struct DaySlice {
-    Instant day;  ///< the start of the day
-    double seconds = 0;
-
-    friend bool operator==(const DaySlice&, const DaySlice&) = default;
-};
-
-/// Cuts the span from `start` to `end` at the calendar's day boundaries, in order of the days.
-/// Empty when `end` is not after `start`. The seconds of the slices add up to the span's.
-[[nodiscard]] std::vector<DaySlice> splitByDay(Instant start, Instant end,
-                                               const Calendar& calendar);
-
 /// How much of the span from `start` to `end` lies in `period`, in seconds.
 [[nodiscard]] inline double secondsWithin(const DateInterval& period, Instant start, Instant end) {
     return std::max(0.0, secondsBetween(std::max(start, period.start), std::min(end, period.end)));
 }
 
-/// Cuts many spans as `splitByDay` does. While they come day by day, the calendar is asked once for
-/// each day.
+/// Cuts spans at the calendar's day boundaries. While they come day by day, the calendar is asked
+/// once for each day.
 class DayCutter {
  public:
     /// `calendar` outlives this.
     explicit DayCutter(const Calendar& calendar) : calendar_(calendar) {}
 
-    /// Calls `visit(day, seconds)` for each day of the span, with the whole day as an interval.
+    /// Calls `visit(day, seconds)` for each day of the span in their order, with the whole day as
+    /// an interval; for none when `end` is not after `start`. The seconds add up to the span's.
     template <class Visit>
     void cut(Instant start, Instant end, const Visit& visit) {
         if (end <= start) return;

@@ -12,6 +12,7 @@
 
 #include "platform/LocalizedSearch.h"
 #include "platform/Text.h"
+#include "support/DaySlices.h"
 #include "support/Instants.h"
 #include "tracking/TimesheetDays.h"
 

@@ -163,11 +163,6 @@ std::span<const StackedBar> DailyStacks::barsOf(std::size_t column) const {
     return {first, last};
 }
 
-double DailyStacks::hoursOf(std::size_t column) const {
-    const auto stack = barsOf(column);
-    return stack.empty() ? 0 : stack.back().top;
-}
-
 DailyStacks dailyStacks(std::vector<DateInterval> days, std::span<const DailyBar> bars) {
     DailyStacks stacks{std::move(days), colorScale(bars), {}, {}};
     std::vector<double> heights(stacks.days.size(), 0);

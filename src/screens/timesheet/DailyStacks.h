@@ -96,8 +96,6 @@ struct DailyStacks {
 
     /// The bars of a column. Empty beyond the last one.
     [[nodiscard]] std::span<const StackedBar> barsOf(std::size_t column) const;
-    /// The hours of a column.
-    [[nodiscard]] double hoursOf(std::size_t column) const;
 };
 
 /// Stacks `bars`, which are in the order of `dailyBars`, on `days`.

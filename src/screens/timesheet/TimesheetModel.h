@@ -36,7 +36,6 @@ class TimesheetModel final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The main window's model has it")
     Q_PROPERTY(elmworth::TimesheetFilterModel* filter READ filter CONSTANT FINAL)
-    Q_PROPERTY(elmworth::EntryCommandsModel* commands READ commands CONSTANT FINAL)
     Q_PROPERTY(elmworth::GettingStartedModel* gettingStarted READ gettingStarted CONSTANT FINAL)
     Q_PROPERTY(elmworth::StatsRowModel* stats READ stats CONSTANT FINAL)
     Q_PROPERTY(elmworth::DailyChartModel* chart READ chart CONSTANT FINAL)
@@ -112,7 +111,7 @@ class TimesheetModel final : public QObject {
     /// "Elmworth Timesheet.csv" in the user's documents, or at home where there are none.
     [[nodiscard]] Q_INVOKABLE static QUrl exportFile();
     /// Writes what is shown as CSV, and tells of a failure.
-    Q_INVOKABLE void exportTo(const QUrl& file);
+    void exportTo(const QUrl& file);
     /// The same, but asks before it replaces a file.
     Q_INVOKABLE void requestExport(const QUrl& file);
 

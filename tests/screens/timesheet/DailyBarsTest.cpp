@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <random>
 
-#include "records/DateRangePreset.h"
 #include "screens/timesheet/Listed.h"
+#include "support/DaySlices.h"
 
 namespace elmworth {
 namespace {
@@ -18,6 +18,7 @@ using test::at;
 using test::clientNamed;
 using test::listed;
 using test::projectNamed;
+using test::splitByDay;
 
 const Calendar utc(Locale("en_US"), "UTC");
 const DateInterval week{at("2026-03-02T00:00Z"), at("2026-03-09T00:00Z")};

@@ -29,7 +29,7 @@ TEST(DailyStacks, ofNoBarsKeepTheirColumns) {
     const auto stacks = dailyStacks(days, {});
     EXPECT_EQ(stacks.days.size(), 3U);
     EXPECT_TRUE(stacks.bars.empty());
-    EXPECT_EQ(stacks.hoursOf(1), 0);
+    EXPECT_TRUE(stacks.barsOf(1).empty());
     EXPECT_TRUE(stacks.barsOf(99).empty());
     EXPECT_EQ(stacks.hourMarks.back().hours, 1);
 }
@@ -47,7 +47,7 @@ TEST(DailyStacks, standOnEachOtherInTheOrderOfTheLabels) {
     EXPECT_EQ(monday[1].bottom, 1);
     EXPECT_EQ(monday[1].top, 4);
     EXPECT_TRUE(stacks.barsOf(1).empty());
-    EXPECT_EQ(stacks.hoursOf(2), 2);
+    EXPECT_EQ(stacks.barsOf(2).back().top, 2);
     EXPECT_EQ(stacks.hourMarks.back().hours, 4);
 }
 

@@ -294,7 +294,7 @@ TEST_F(Timesheet, theBarOfTheRunningEntryGrowsWithTheFigures) {
     EXPECT_EQ(changed.size(), 0) << "the minute is the same";
     pass(1);
     EXPECT_EQ(changed.size(), 1);
-    EXPECT_NEAR(model->chart()->stacks().hoursOf(1), 2.0 / 60, 1e-9);
+    EXPECT_NEAR(model->chart()->stacks().barsOf(1).back().top, 2.0 / 60, 1e-9);
 }
 
 TEST_F(Timesheet, aTickWhileItIsNotShownChangesNothing) {
