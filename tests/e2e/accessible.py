@@ -50,7 +50,9 @@ def focused():
     innermost = None
     for node in walk(application()):
         try:
-            if node.getState().contains(pyatspi.STATE_FOCUSED):
+            state = node.getState()
+            # A window that was closed still knows where the keyboard was in it.
+            if state.contains(pyatspi.STATE_FOCUSED) and state.contains(pyatspi.STATE_VISIBLE):
                 innermost = node
         except GLib.Error:
             continue
