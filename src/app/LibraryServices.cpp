@@ -25,7 +25,8 @@ Settings& preparedForDemo(Settings& defaults, UnitOfWork& context, const Clock& 
 }
 
 std::unique_ptr<TemporaryDataFolder> makeDemoFolder(bool isDemo) {
-    return isDemo ? std::make_unique<TemporaryDataFolder>() : nullptr;
+    if (!isDemo) return nullptr;
+    return std::make_unique<TemporaryDataFolder>();
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(bool isDemo) {

@@ -57,6 +57,12 @@ TEST(StandardFolders, aTemporaryDataFolderStandsInAndGoes) {
     EXPECT_EQ(dataFolder(), "/data/Elmworth");
 }
 
+TEST(StandardFolders, aTemporaryDataFolderNeedsNoVariable) {
+    const ScopedEnvironment temporary("TMPDIR", "/nowhere");
+    const TemporaryDataFolder folder;
+    EXPECT_TRUE(std::filesystem::is_directory(dataFolder()));
+}
+
 TEST(StandardFolders, createdFoldersAreForTheUserAlone) {
     const test::TemporaryFolder folder;
     const auto created = createPrivateFolder(folder.path() / "a" / "b");

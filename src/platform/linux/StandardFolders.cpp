@@ -60,7 +60,10 @@ std::filesystem::path settingsFolder() {
 }
 
 TemporaryDataFolder::TemporaryDataFolder() {
-    std::string name = std::filesystem::temp_directory_path() / "elmworth-XXXXXX";
+    std::error_code error;
+    auto folder = std::filesystem::temp_directory_path(error);
+    if (error) folder = "/tmp";  // TMPDIR names no folder
+    std::string name = folder / "elmworth-XXXXXX";
     if (::mkdtemp(name.data()) == nullptr) {
         throw std::filesystem::filesystem_error("cannot create the folder", name,
                                                 std::error_code(errno, std::generic_category()));
