@@ -30,7 +30,8 @@ namespace elmworth {
 using namespace std::chrono_literals;
 
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
-    : services_(isDemo, currentInstant, runLoop_),
+    : isInMemory_(isDemo || isHostedRun()),
+      services_(isDemo, currentInstant, runLoop_),
       settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
       activation_(
           {[this] { showMainWindow(); }, [this] { showPanel(); }, [this] { showNewInvoice(); }},
@@ -39,7 +40,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
-      updates_(services_.defaults(), runLoop_, services_.clock(), isDemo || isHostedRun()),
+      updates_(services_.defaults(), runLoop_, services_.clock(), isInMemory_),
       desktopFiles_(QDBusConnection::sessionBus()),
       mainViewModel_(screenServices(services_, runLoop_), {painter_, desktopFiles_},
                      &updates_.updater()),
@@ -56,17 +57,15 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
                                             QString::fromStdString(sentence.text));
                            }}),
       lastSave_(services_.context(), services_.longWork()) {
-    // A library in memory must not take the bus name of the application with the real library.
-    const bool isInMemory = isDemo || isHostedRun();
     if (!isHostedRun()) {
         services_.timer().installSleepObservers(powerEvents_);
         saveBeforeInterruptions();
     }
-    if (!isInMemory) {
+    if (!isInMemory_) {
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
     }
-    if (!isInMemory) commandService_.publish(QDBusConnection::sessionBus());
+    if (!isInMemory_) commandService_.publish(QDBusConnection::sessionBus());
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
@@ -131,11 +130,17 @@ void ElmworthApp::makeMainWindow() {
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     // At the end of the program all windows go, and the loop doesn't turn again.
     QObject::connect(mainWindow_.get(), &QWindow::visibleChanged, qGuiApp, [this](bool isVisible) {
-        if (!isVisible)
-            QTimer::singleShot(0, qGuiApp, [this] { closedWindowNotice_.windowClosed(); });
+        if (!isVisible) QTimer::singleShot(0, qGuiApp, [this] { mainWindowClosed(); });
     });
     // show() would undo "maximized".
     mainWindow_->setVisible(true);
+}
+
+/// Another start reaches only the application with the real library: without a tray nothing would
+/// bring back the window of one in memory.
+void ElmworthApp::mainWindowClosed() {
+    if (isInMemory_ && !trayItem_->isShown()) return QGuiApplication::quit();
+    closedWindowNotice_.windowClosed();
 }
 
 void ElmworthApp::showMainWindow() {

@@ -62,8 +62,11 @@ class ElmworthApp {
     void keepOthersOff();
     void makeMainWindow();
     void followTray();
+    void mainWindowClosed();
     void saveBeforeInterruptions();
 
+    /// A library in memory must not take the bus name of the application with the real library.
+    bool isInMemory_;
     QtRunLoop runLoop_;
     LibraryServices services_;
     FileWatch settingsWatch_;

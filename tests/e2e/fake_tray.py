@@ -29,11 +29,12 @@ class FakeTray:
 
     def __init__(self, has_host=True, other_names=()):
         self.items = []
+        self.was_asked = False
         self.has_host = has_host
         self.bus = connect()
         self.bus.register_object("/StatusNotifierWatcher",
                                  Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0],
-                                 self.called, lambda *_: GLib.Variant("b", self.has_host), None)
+                                 self.called, self.asked, None)
         for name in (WATCHER, *other_names):
             self.take_name(name)
 
@@ -44,6 +45,15 @@ class FakeTray:
     def called(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         self.items.append(arguments[0])
         invocation.return_value(None)
+
+    def asked(self, *_):
+        self.was_asked = True
+        return GLib.Variant("b", self.has_host)
+
+    def settle(self):
+        """The item has had the answer to all that it asked: the bus keeps the order of one sender's messages."""
+        self.bus.call_sync(self.items[0], "/StatusNotifierItem", "org.freedesktop.DBus.Peer", "Ping",
+                           None, None, 0, -1, None)
 
     def host_came(self):
         self.has_host = True

@@ -63,11 +63,18 @@ class ClosedWindow(unittest.TestCase):
         self.notifications = FakeNotifications()
         self.addCleanup(self.notifications.close)
 
-    def start(self):
-        self.program = subprocess.Popen([PROGRAMS / "elmworth-app"])
+    def start(self, *arguments):
+        self.program = subprocess.Popen([PROGRAMS / "elmworth-app", *arguments])
         self.addCleanup(self.program.wait)
         self.addCleanup(self.program.kill)
         wait_until(lambda: find("Timesheet", "heading"), "the window")
+
+    def start_in_tray(self, *arguments):
+        tray = FakeTray()
+        self.addCleanup(tray.close)
+        self.start(*arguments)
+        wait_until(lambda: tray.items and tray.was_asked, "the item in the tray")
+        tray.settle()
 
     def close_window(self):
         keyboard = Keyboard()
@@ -99,11 +106,19 @@ class ClosedWindow(unittest.TestCase):
         wait_until(lambda: self.notifications.shown, "the sentence")
         self.assertEqual(len(self.notifications.shown), 1)
 
+    def test_a_demo_which_nothing_could_reach_ends_with_its_window(self):
+        self.start("-demo")
+        self.close_window()
+        self.assertEqual(self.program.wait(timeout=20), 0)
+
+    def test_a_demo_in_a_tray_goes_on(self):
+        self.start_in_tray("-demo")
+        self.close_window()
+        elmworth("status")
+        self.assertIsNone(self.program.poll())
+
     def test_with_a_tray_nothing_is_said(self):
-        tray = FakeTray()
-        self.addCleanup(tray.close)
-        self.start()
-        wait_until(lambda: tray.items, "the item in the tray")
+        self.start_in_tray()
         self.close_window()
         elmworth("status")
         self.assertEqual(self.notifications.shown, [])
