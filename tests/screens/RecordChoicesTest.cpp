@@ -6,7 +6,8 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 using test::utf8;
 using Texts = std::vector<std::string>;
 
-class RecordChoicesTest : public test::PanelTest {
+class RecordChoicesTest : public test::LibraryTest {
  protected:
     [[nodiscard]] Texts labels() const {
         Texts texts;

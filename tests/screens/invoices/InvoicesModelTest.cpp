@@ -192,7 +192,7 @@ TEST_F(Invoices, theNewInvoiceSheetOpensWithoutAClient) {
 
 // --- what it costs -------------------------------------------------------------------------------
 
-class InvoicesAtWork : public test::PanelTest {
+class InvoicesAtWork : public test::LibraryTest {
  protected:
     /// How often the time of an invoice was looked up since the last call.
     static std::size_t lookUps() {

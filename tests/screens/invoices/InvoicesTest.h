@@ -10,14 +10,15 @@
 
 #include "invoicing/InvoiceFiles.h"
 #include "screens/invoices/InvoicesModel.h"
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TestOutlets.h"
 
 namespace elmworth::test {
 
 /// The shown section of the invoices of an American in UTC on Monday, 2026-03-02, at 09:00.
-class InvoicesTest : public PanelTest {
+class InvoicesTest : public LibraryTest {
  protected:
     InvoicesTest() {
         acme()->hourlyRateCents = 10000;
@@ -55,11 +56,6 @@ class InvoicesTest : public PanelTest {
         context().save();
         turn();
     }
-    void save() {
-        context().save();
-        turn();
-    }
-
     [[nodiscard]] std::vector<std::string> shown(int role) const {
         std::vector<std::string> texts;
         for (int row = 0; row < model.rows().rowCount(); ++row) {
@@ -78,7 +74,6 @@ class InvoicesTest : public PanelTest {
     [[nodiscard]] const InvoiceFacts& facts() { return detail().facts(); }
     [[nodiscard]] std::string problem() { return utf8(delivery().problem()); }
 
-    ScopedEnvironment language{"LC_ALL", "en_US.UTF-8"};
     ScopedEnvironment data{"XDG_DATA_HOME", timer.library.folder.path().string()};
     NumberPainter painter;
     NotingFiles files;

@@ -120,7 +120,7 @@ TEST_F(NewInvoice, saysWhichNumberComesNext) {
     sheet.open();
     EXPECT_EQ(utf8(sheet.title()), "New Invoice");
     EXPECT_EQ(utf8(sheet.subtitle()), "Next number INV-2026-001");
-    EXPECT_EQ(profiles().profile().nextInvoiceNumber, 42) << "looking changes nothing";
+    EXPECT_EQ(profiles.profile().nextInvoiceNumber, 42) << "looking changes nothing";
 }
 
 TEST_F(NewInvoice, offersTheEightPeriods) {
@@ -361,7 +361,7 @@ TEST_F(NewInvoice, createsTheInvoiceTellsAndCloses) {
     EXPECT_EQ(invoice->taxRateBasisPoints.get(), 825);
     EXPECT_EQ(invoice->periodStart.get(), at("2026-02-22T00:00Z"));
     EXPECT_EQ(invoice->periodEnd.get(), at("2026-03-01T00:00Z"));
-    EXPECT_EQ(profiles().profile().nextInvoiceNumber, 2);
+    EXPECT_EQ(profiles.profile().nextInvoiceNumber, 2);
     EXPECT_FALSE(context().hasChanges());
 }
 
@@ -385,18 +385,18 @@ TEST_F(NewInvoice, aNumberThatWasTakenMeanwhileIsSkipped) {
     EXPECT_EQ(utf8(sheet.subtitle()), "Next number INV-2026-001");
     sheet.save();
     EXPECT_EQ(context().record<Invoice>(created.at(0))->number.get(), "INV-2026-002");
-    EXPECT_EQ(profiles().profile().nextInvoiceNumber, 3);
+    EXPECT_EQ(profiles.profile().nextInvoiceNumber, 3);
 }
 
 TEST_F(NewInvoice, cancelChangesNothing) {
     work("2026-02-24T09:00Z");
     sheet.open();
     typeTax("8.25");
-    const auto before = profiles().profile();
+    const auto before = profiles.profile();
     sheet.dismiss();
     EXPECT_TRUE(invoices().empty());
     EXPECT_TRUE(created.empty());
-    EXPECT_EQ(profiles().profile(), before);
+    EXPECT_EQ(profiles.profile(), before);
     EXPECT_FALSE(context().hasChanges());
 }
 

@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "screens/invoices/NewInvoiceModel.h"
-#include "screens/panel/PanelTest.h"
-#include "support/ScopedEnvironment.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth::test {
 
 /// The sheet over a library with the project "Website" of "Acme Co", 100 dollars an hour. It is
 /// Monday, 2026-03-02, 09:00 in UTC, for people in America: the week began on the day before.
-class NewInvoiceTest : public PanelTest {
+class NewInvoiceTest : public LibraryTest {
  protected:
     NewInvoiceTest() {
         acme()->hourlyRateCents = 100'00;
@@ -23,17 +23,6 @@ class NewInvoiceTest : public PanelTest {
                          [this](const PersistentID& id) { created.push_back(id); });
     }
 
-    [[nodiscard]] AppServices sheetServices() {
-        AppServices all = services();
-        all.locale = Locale("en_US");
-        return all;
-    }
-    [[nodiscard]] ProfileStore& profiles() { return sheetServices().profiles; }
-    void setProfile(const std::function<void(BusinessProfile&)>& change) {
-        auto profile = profiles().profile();
-        change(profile);
-        profiles().setProfile(profile);
-    }
     /// A saved client with an hourly rate of 100, and a project "Work" of it.
     Ref<Client> client(const std::string& name) {
         const auto made = timer.library.addClient(name);
@@ -81,9 +70,8 @@ class NewInvoiceTest : public PanelTest {
     }
     [[nodiscard]] std::vector<Ref<Invoice>> invoices() { return context().fetch<Invoice>(); }
 
-    ScopedEnvironment money{"LC_ALL", "en_US.UTF-8"};
     Ref<Project> website = project("Website");
-    NewInvoiceModel sheet{sheetServices()};
+    NewInvoiceModel sheet{services()};
     std::vector<PersistentID> created;
 };
 

@@ -9,25 +9,20 @@
 #include <QSignalSpy>
 
 #include "support/FailingReads.h"
+#include "support/LibraryTest.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TestOutlets.h"
-#include "support/TestServices.h"
 
 namespace elmworth {
 namespace {
 
-class MainView : public testing::Test {
+class MainView : public test::LibraryTest {
  protected:
-    [[nodiscard]] TimerService& service() { return *timer.service; }
-    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
     [[nodiscard]] std::string stored() { return defaults.string("mainSection").value_or("none"); }
 
-    test::TestTimer timer;
-    test::TestServices app{timer};
-    Settings& defaults = app.defaults;
     test::NumberPainter painter;
     test::NotingFiles files;
-    MainViewModel model{app.services(), {painter, files}};
+    MainViewModel model{services(), {painter, files}};
 };
 
 TEST_F(MainView, showsTheTimesheetAtFirst) {

@@ -226,7 +226,7 @@ TEST_F(EntryEditor, aFullDiskLosesNothing) {
 TEST_F(EntryEditor, somebodyElseCanCarryOutTheSaving) {
     EntryForm asked;
     Ref<TimeEntry> on;
-    EntryEditorModel other(editorServices(), [&](const EntryForm& form, const Ref<TimeEntry>& it) {
+    EntryEditorModel other(services(), [&](const EntryForm& form, const Ref<TimeEntry>& it) {
         asked = form;
         on = it;
         return form.save(it, context(), service());

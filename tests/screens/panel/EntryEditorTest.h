@@ -6,21 +6,17 @@
 #include <string>
 
 #include "screens/panel/EntryEditorModel.h"
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth::test {
 
 /// An editor over a library with the project "Website" of "Acme Co". It is Monday, 2026-03-02,
 /// 15:00 in UTC, for people in America.
-class EntryEditorTest : public PanelTest {
+class EntryEditorTest : public LibraryTest {
  protected:
     EntryEditorTest() { timer.setTime("15:00"); }
 
-    [[nodiscard]] AppServices editorServices() {
-        AppServices all = services();
-        all.locale = Locale("en_US");
-        return all;
-    }
     /// Types into a field and leaves it.
     static void type(DateTextField* field, const char* text) {
         field->edit(QString::fromUtf8(text));
@@ -48,15 +44,10 @@ class EntryEditorTest : public PanelTest {
         }
         FAIL() << label;
     }
-    Ref<Invoice> bill(const Ref<TimeEntry>& entry) {
-        const auto invoice = timer.library.addInvoice("2026-001", acme());
-        entry->invoice = invoice;
-        context().save();
-        return invoice;
-    }
+    Ref<Invoice> bill(const Ref<TimeEntry>& entry) { return LibraryTest::bill(entry, "2026-001"); }
 
     Ref<Project> website = project("Website");
-    EntryEditorModel editor{editorServices()};
+    EntryEditorModel editor{services()};
 };
 
 }  // namespace elmworth::test

@@ -4,7 +4,8 @@
 #include <algorithm>
 
 #include "screens/panel/PanelModel.h"
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "support/Rows.h"
 
 namespace elmworth {
@@ -15,7 +16,7 @@ using test::utf8;
 
 // --- today ---------------------------------------------------------------------------------------
 
-class TodayChipTest : public test::PanelTest {
+class TodayChipTest : public test::LibraryTest {
  protected:
     [[nodiscard]] std::string today() { return utf8(panel.today()->text()); }
     PanelModel panel{services()};
@@ -69,7 +70,7 @@ TEST_F(TodayChipTest, isRightAgainWhenThePanelIsShownTheNextDay) {
 
 // --- the weekly goal -----------------------------------------------------------------------------
 
-class WeeklyGoalBarTest : public test::PanelTest {
+class WeeklyGoalBarTest : public test::LibraryTest {
  protected:
     void addHours(int hours) {
         const auto made =
@@ -158,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Fractions, BudgetText,
                                          Budget{"more", 12.5, "Over budget"}),
                          test::rowName);
 
-class BudgetChipTest : public test::PanelTest {
+class BudgetChipTest : public test::LibraryTest {
  protected:
     BudgetChipTest() { panel.refresh(); }
     /// How often the library was asked for a sum since the last call.

@@ -3,7 +3,8 @@
 
 #include "screens/panel/PanelModel.h"
 
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "theme/HexColor.h"
 
 namespace elmworth {
@@ -12,7 +13,7 @@ namespace {
 using test::utf8;
 using Texts = std::vector<std::string>;
 
-class PanelTest : public test::PanelTest {
+class PanelTest : public test::LibraryTest {
  protected:
     PanelModel panel{services()};
     RunningCardModel& card = *panel.running();

@@ -6,7 +6,8 @@
 #include <QAbstractItemModelTester>
 
 #include "screens/panel/PanelModel.h"
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 using test::utf8;
 using Texts = std::vector<std::string>;
 
-class ProjectSectionTest : public test::PanelTest {
+class ProjectSectionTest : public test::LibraryTest {
  protected:
     /// Projects "A", "B" and so on.
     void addProjects(int count) {

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "screens/panel/PanelModel.h"
-#include "screens/panel/PanelTest.h"
 #include "screens/panel/RunningCardModel.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "support/StatementTrace.h"
 
 namespace elmworth {
@@ -14,7 +15,7 @@ using test::utf8;
 using Spans = std::vector<std::string>;
 
 /// The prompts as they stand in the running card, over a timer on "Website" that began at 09:00.
-class PromptTest : public test::PanelTest {
+class PromptTest : public test::LibraryTest {
  protected:
     PromptTest() { service().start(project("Website")); }
 

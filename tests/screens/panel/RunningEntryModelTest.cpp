@@ -7,20 +7,16 @@
 
 #include <QSignalSpy>
 
-#include "support/TestServices.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
-class RunningEntry : public testing::Test {
+class RunningEntry : public test::LibraryTest {
  protected:
-    [[nodiscard]] TimerService& service() { return *timer.service; }
-
-    test::TestTimer timer;
     Ref<Client> client = timer.library.addClient("Acme Co");
     Ref<Project> project = timer.library.addProject("<b>Website</b> & more", client);
-    test::TestServices app{timer};
-    RunningEntryModel model{app.services()};
+    RunningEntryModel model{services()};
 };
 
 TEST_F(RunningEntry, isEmptyWhileNothingRuns) {

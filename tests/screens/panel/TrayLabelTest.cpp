@@ -3,7 +3,8 @@
 
 #include "screens/panel/TrayLabel.h"
 
-#include "screens/panel/PanelTest.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "support/Rows.h"
 
 namespace elmworth {
@@ -11,7 +12,7 @@ namespace {
 
 using test::utf8;
 
-class TrayLabelTest : public test::PanelTest {
+class TrayLabelTest : public test::LibraryTest {
  protected:
     void setStyle(const char* style) { defaults.setString("menuBarStyle", style); }
     [[nodiscard]] std::string shown() {

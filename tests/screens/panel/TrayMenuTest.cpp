@@ -4,15 +4,16 @@
 #include "screens/panel/TrayMenu.h"
 
 #include "screens/panel/PanelModel.h"
-#include "screens/panel/PanelTest.h"
 #include "screens/panel/TrayLabel.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-class TrayMenuTest : public test::PanelTest {
+class TrayMenuTest : public test::LibraryTest {
  protected:
     /// The lines of a menu: "---" for a separator, in brackets when they cannot be chosen, with ">"
     /// when a submenu opens.

@@ -47,7 +47,7 @@ TEST_F(ProjectEditor, aNewProjectHasTheFirstClientAndADrawnColor) {
 
 TEST_F(ProjectEditor, everyColorCanBeDrawn) {
     for (std::size_t drawn = 0; drawn < projectColors.size(); ++drawn) {
-        ProjectEditorModel other(app.services(), [&](std::size_t count) {
+        ProjectEditorModel other(services(), [&](std::size_t count) {
             EXPECT_EQ(count, projectColors.size());
             return drawn;
         });

@@ -126,7 +126,7 @@ TEST_F(Projects, withoutClientsTheWayLeadsThere) {
     model.add();
     EXPECT_FALSE(editor.isOpen());
     model.goToClients();
-    EXPECT_EQ(app.defaults.string("mainSection").value_or("none"), "Clients");
+    EXPECT_EQ(defaults.string("mainSection").value_or("none"), "Clients");
 }
 
 TEST_F(Projects, withClientsAloneTheFirstProjectIsAsked) {
@@ -152,7 +152,7 @@ TEST_F(Projects, withAllOfThemArchivedNothingMatches) {
 
 TEST_F(Projects, readNothingBeforeTheyAreShown) {
     (void)test::StatementTrace::take();
-    ProjectsModel other{app.services(), confirmation};
+    ProjectsModel other{services(), confirmation};
     turn();
     EXPECT_EQ(test::StatementTrace::take(), Lines{});
     EXPECT_FALSE(other.needsClient());

@@ -10,21 +10,16 @@
 #include <vector>
 
 #include "screens/projects/ProjectsModel.h"
-#include "support/ScopedEnvironment.h"
-#include "support/StatementTrace.h"
-#include "support/TestServices.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 
 namespace elmworth::test {
 
 using Lines = std::vector<std::string>;
 
-inline std::string utf8(const QString& text) {
-    return text.toStdString();
-}
-
 /// The shown projects of an American in UTC on Monday, 2026-03-02, at 09:00: "Website" and "App" of
 /// "Acme Co", who pays $120 an hour. A new project gets the third color.
-class ProjectsTest : public testing::Test {
+class ProjectsTest : public LibraryTest {
  protected:
     using Rows = ProjectRowsModel;
 
@@ -41,48 +36,19 @@ class ProjectsTest : public testing::Test {
         turn();
     }
 
-    [[nodiscard]] UnitOfWork& context() { return timer.library.context(); }
-    [[nodiscard]] TimerService& service() { return *timer.service; }
-    /// Lets the run loop deliver what waits, and what that brings about.
-    void turn() {
-        timer.library.runLoop.turn();
-        timer.library.runLoop.turn();
-    }
-    void passTo(const std::string& time) {
-        timer.setTime(time);
-        timer.library.runLoop.fire();
-        turn();
-    }
-    void save() {
-        context().save();
-        turn();
-    }
-    Ref<Client> client(const std::string& name) {
-        const auto made = timer.library.addClient(name);
-        save();
-        return made;
-    }
+    Ref<Client> client(const std::string& name) { return turned(addClient(name)); }
     Ref<Project> project(const std::string& name, const Ref<Client>& owner) {
-        const auto made = timer.library.addProject(name, owner);
-        save();
-        return made;
+        return turned(LibraryTest::project(name, owner));
     }
     void archive(const Ref<Project>& project) {
         project->isArchived = true;
         save();
     }
-    /// A saved entry of today.
     Ref<TimeEntry> entry(const Ref<Project>& project, const std::string& from,
                          const std::string& to) {
-        const auto made =
-            timer.library.addEntry(project, TestTimer::today(from), TestTimer::today(to));
-        save();
-        return made;
+        return turned(LibraryTest::entry(project, from, to));
     }
-    void bill(const Ref<TimeEntry>& entry) {
-        entry->invoice = timer.library.addInvoice("INV-2026-001", acme);
-        save();
-    }
+    void bill(const Ref<TimeEntry>& entry) { turned(LibraryTest::bill(entry)); }
     void remove(const Ref<Record>& record) {
         context().deleteRecord(record);
         save();
@@ -121,20 +87,21 @@ class ProjectsTest : public testing::Test {
                           QStringLiteral(" | ") + confirmation.acceptText())
                    : "";
     }
-    [[nodiscard]] std::size_t entryCount() { return context().fetchCount<TimeEntry>(); }
 
  private:
-    const StatementTrace trace_;  // before the library is opened
-    ScopedEnvironment environment_{"LC_ALL", "en_US.UTF-8"};
+    /// The models have heard of `record`.
+    template <class Made>
+    Made turned(Made record) {
+        turn();
+        return record;
+    }
 
  protected:
-    TestTimer timer;
-    TestServices app{timer};
     Ref<Client> acme = timer.library.addClient("Acme Co");
     Ref<Project> website = timer.library.addProject("Website", acme);
     Ref<Project> appProject = timer.library.addProject("App", acme);
     Confirmation confirmation;
-    ProjectsModel model{app.services(), confirmation, [](std::size_t /*count*/) { return 2U; }};
+    ProjectsModel model{services(), confirmation, [](std::size_t /*count*/) { return 2U; }};
     ProjectEditorModel& editor = *model.editor();
     std::string told;     ///< what was said last, that something was taken away
     std::string failure;  ///< or could not be done

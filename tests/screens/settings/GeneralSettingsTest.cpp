@@ -29,7 +29,7 @@ TEST_F(GeneralSettingsTest, keepsWhatIsChosen) {
     general.setAppearance(1);
     general.setTrayStyle(2);
     general.setGoalHours(40);
-    const Settings stored(app_.defaults.file());
+    const Settings stored(defaults.file());
     EXPECT_EQ(stored.string("appearance"), "dark");
     EXPECT_EQ(stored.string("menuBarStyle"), "icon");
     EXPECT_EQ(stored.integer("weeklyGoalHours"), 40);
@@ -38,8 +38,8 @@ TEST_F(GeneralSettingsTest, keepsWhatIsChosen) {
 TEST_F(GeneralSettingsTest, showsTheDefaultsOfAnEmptyFileAndOfUnknownTexts) {
     EXPECT_EQ(general.appearance(), 0);
     EXPECT_EQ(general.trayStyle(), 0);
-    app_.defaults.setString("appearance", "sepia");
-    app_.defaults.setString("menuBarStyle", "big");
+    defaults.setString("appearance", "sepia");
+    defaults.setString("menuBarStyle", "big");
     EXPECT_EQ(general.appearance(), 0);
     EXPECT_EQ(general.trayStyle(), 0);
 }
@@ -57,7 +57,7 @@ TEST_F(GeneralSettingsTest, aGoalOfZeroIsOffAndOneStepUpIsFive) {
 TEST_F(GeneralSettingsTest, followsWhatCommandsSet) {
     int changes = 0;
     QObject::connect(&general, &GeneralSettings::changed, [&] { ++changes; });
-    setPreference(app_.defaults, preferences::weeklyGoal, "12");
+    setPreference(defaults, preferences::weeklyGoal, "12");
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(general.goalHours(), 12);
     loginItem.setEnabled(true);
@@ -119,7 +119,7 @@ TEST_F(GeneralSettingsTest, warnsOfASnapshotDatedInTheFuture) {
 }
 
 TEST_F(GeneralSettingsTest, warnsOfASnapshotThatFailedItsCheck) {
-    app_.defaults.setString("failedSnapshotCheck", "2026-03-01T09:00:00Z It ends early.");
+    defaults.setString("failedSnapshotCheck", "2026-03-01T09:00:00Z It ends early.");
     general.refresh();
     EXPECT_TRUE(general.isSnapshotWorrying());
     EXPECT_EQ(status(),
@@ -151,7 +151,7 @@ class UpdateSettingsTest : public test::SettingsTest {
         updater = std::make_unique<Updater>(
             Updater::Setup{
                 feed, test::Signer().keys(), ReleaseVersion::parse("0.9").value(), {}, false},
-            app_.defaults, loop_, [] { return test::at("2026-03-02T09:00Z"); }, downloads_);
+            defaults, loop_, [] { return test::at("2026-03-02T09:00Z"); }, downloads_);
         general = std::make_unique<GeneralSettings>(settingsServices(), keeper);
     }
 
@@ -174,14 +174,14 @@ TEST_F(UpdateSettingsTest, keepWhetherUpdatesAreInstalledAndLookAtOnce) {
     EXPECT_FALSE(general->installsUpdates());
     general->setInstallsUpdates(true);
     EXPECT_TRUE(general->installsUpdates());
-    EXPECT_EQ(Settings(app_.defaults.file()).boolean("installUpdatesAutomatically"), true);
+    EXPECT_EQ(Settings(defaults.file()).boolean("installUpdatesAutomatically"), true);
     EXPECT_EQ(downloads_.asked.size(), 1U);
     general->setInstallsUpdates(false);
     EXPECT_FALSE(general->installsUpdates());
 }
 
 TEST_F(UpdateSettingsTest, followWhatACommandSets) {
-    setPreference(app_.defaults, preferences::automaticUpdates, "true");
+    setPreference(defaults, preferences::automaticUpdates, "true");
     EXPECT_TRUE(general->installsUpdates());
 }
 

@@ -10,7 +10,7 @@ class InvoiceSettingsTest : public test::SettingsTest {
  protected:
     void type(const char* text) { invoices.tax()->setText(QString::fromUtf8(text)); }
 
-    InvoiceSettings invoices{app_.profiles, keeper};
+    InvoiceSettings invoices{profiles, keeper};
 };
 
 TEST_F(InvoiceSettingsTest, keepsEachChoice) {

@@ -11,17 +11,16 @@
 #include "platform/StandardFolders.h"
 #include "screens/settings/SettingsModel.h"
 #include "support/FileSizeLimit.h"
-#include "support/ScopedEnvironment.h"
+#include "support/LibraryTest.h"
 #include "support/TestLoginItem.h"
-#include "support/TestServices.h"
 
 namespace elmworth::test {
 
 /// The settings over a library, a clock and folders of their own. It is Monday, 2026-03-02, 09:00.
-class SettingsTest : public testing::Test {
+class SettingsTest : public LibraryTest {
  protected:
     [[nodiscard]] SettingsServices settingsServices() {
-        return {.app = app_.services(),
+        return {.app = services(),
                 .loginItem = loginItem,
                 .longWork = longWork,
                 .version = "0.9",
@@ -32,21 +31,14 @@ class SettingsTest : public testing::Test {
                 .lookForUpdates = [this] { ++looks; },
                 .showFolder = [this](const auto& folder) { shown = folder; }};
     }
-    [[nodiscard]] const BusinessProfile& profile() { return app_.profiles.profile(); }
-    void setProfile(const std::function<void(BusinessProfile&)>& change) {
-        auto changed = profile();
-        change(changed);
-        app_.profiles.setProfile(changed);
-    }
+    [[nodiscard]] const BusinessProfile& profile() { return profiles.profile(); }
     /// What the settings file holds, as the next start reads it.
     [[nodiscard]] BusinessProfile storedProfile() {
-        Settings defaults(app_.defaults.file());
-        return ProfileStore(defaults).profile();
+        Settings stored(defaults.file());
+        return ProfileStore(stored).profile();
     }
 
-    TestTimer timer;
     ScopedEnvironment data{"XDG_DATA_HOME", timer.library.folder.path().string()};
-    TestServices app_{timer};
     TestLoginItem loginItem;
     LongWork longWork;
     std::filesystem::path shown;

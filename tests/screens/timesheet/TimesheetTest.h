@@ -8,8 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "screens/panel/PanelTest.h"
 #include "screens/timesheet/TimesheetModel.h"
+#include "support/LibraryTest.h"
+#include "support/QtTesting.h"
 #include "support/ScopedEnvironment.h"
 
 namespace elmworth::test {
@@ -18,7 +19,7 @@ using Lines = std::vector<std::string>;
 
 /// The shown timesheet of an American in UTC on Monday, 2026-03-02, at 09:00, with the projects
 /// "Website" of "Acme Co" and "Shop" of "Globex".
-class TimesheetTest : public PanelTest {
+class TimesheetTest : public LibraryTest {
  protected:
     TimesheetTest() {
         context().save();
@@ -46,10 +47,6 @@ class TimesheetTest : public PanelTest {
         made->notes = notes;
         context().save();
         return made;
-    }
-    void bill(const Ref<TimeEntry>& entry, const std::string& number = "INV-2026-001") {
-        entry->invoice = timer.library.addInvoice(number, acme);
-        context().save();
     }
     void deleteElsewhere(const Ref<Record>& record) {
         context().deleteRecord(record);
@@ -113,14 +110,12 @@ class TimesheetTest : public PanelTest {
     [[nodiscard]] bool isSelected(const Ref<TimeEntry>& entry) const {
         return model->selection()->keys().contains(entry->id());
     }
-    [[nodiscard]] std::size_t entryCount() { return context().fetchCount<TimeEntry>(); }
 
  private:
-    std::unique_ptr<ScopedEnvironment> environment_ =
-        std::make_unique<ScopedEnvironment>("LC_ALL", "en_US.UTF-8");
+    std::unique_ptr<ScopedEnvironment> environment_;  ///< of another language
 
  protected:
-    Ref<Client> acme = PanelTest::acme();
+    Ref<Client> acme = LibraryTest::acme();
     Ref<Client> globex = timer.library.addClient("Globex");
     Ref<Project> website = timer.library.addProject("Website", acme);
     Ref<Project> shop = timer.library.addProject("Shop", globex);

@@ -7,19 +7,17 @@
 #include <gtest/gtest.h>
 
 #include "screens/welcome/WelcomeModel.h"
-#include "support/TestServices.h"
+#include "support/LibraryTest.h"
 
 namespace elmworth {
 namespace {
 
 using testing::ElementsAre;
 
-class GettingStartedModelTest : public testing::Test {
+class GettingStartedModelTest : public test::LibraryTest {
  protected:
     void setName(const std::string& name) {
-        auto profile = app_.profiles.profile();
-        profile.name = name;
-        app_.profiles.setProfile(profile);
+        setProfile([&](auto& profile) { profile.name = name; });
     }
     /// Everything but the name of the business.
     void fill() {
@@ -31,11 +29,9 @@ class GettingStartedModelTest : public testing::Test {
         timer.library.context().save();
     }
 
-    test::TestTimer timer;
-    test::TestServices app_{timer};
     Ref<Client> acme;
     Ref<Project> website;
-    GettingStartedModel model{app_.services()};
+    GettingStartedModel model{services()};
 };
 
 TEST_F(GettingStartedModelTest, nothingIsDoneInAnEmptyLibrary) {
@@ -87,7 +83,7 @@ TEST_F(GettingStartedModelTest, deletingTheOnlyClientBringsItBackUnlessItWasHidd
     EXPECT_TRUE(model.isShown());
     model.hide();
     EXPECT_FALSE(model.isShown());
-    EXPECT_FALSE(GettingStartedModel(app_.services()).isShown());
+    EXPECT_FALSE(GettingStartedModel(services()).isShown());
 }
 
 TEST_F(GettingStartedModelTest, stepsLeadToTheirSections) {
@@ -101,7 +97,7 @@ TEST_F(GettingStartedModelTest, stepsLeadToTheirSections) {
           std::pair{GettingStartedModel::invoice, "Invoices"},
           std::pair{GettingStartedModel::time, "Invoices"}}) {  // nowhere: as it was
         model.act(step);
-        EXPECT_EQ(app_.defaults.string("mainSection"), section);
+        EXPECT_EQ(defaults.string("mainSection"), section);
     }
 }
 
