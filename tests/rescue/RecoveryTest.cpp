@@ -3,124 +3,24 @@
 
 #include "rescue/Recovery.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <fstream>
 
-#include "exchange/AutoBackup.h"
-#include "exchange/BackupDecoder.h"
-#include "rescue/LibraryCheck.h"
-#include "support/DamagedPages.h"
-#include "support/Instants.h"
-#include "support/LibraryText.h"
+#include "rescue/RecoveredLibrary.h"
 #include "support/Rows.h"
-#include "support/TestLibrary.h"
 
 namespace elmworth {
 namespace {
 
 namespace fs = std::filesystem;
+using test::allEntries;
 using test::at;
-using test::DamagedPages;
+using test::RecoveredLibrary;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-
-/// A library with two hours that are billed, one that is not, and a timer.
-class RecoveredLibrary : public testing::Test {
- protected:
-    RecoveredLibrary() {
-        acme_->hourlyRateCents = 12000;
-        for (const char* start : {"2026-03-02T09:00:00Z", "2026-03-02T11:00:00Z"}) {
-            const auto billed =
-                library_.addEntry(website_, at(start), at(start) + std::chrono::hours(1));
-            billed->notes = std::string("Work of ") + start;
-            billed->invoice = invoice_;
-            billed->billedRateCents = 11000;
-        }
-        invoice_->issueDate = invoice_->dueDate = at("2026-03-05T00:00Z");
-        invoice_->periodStart = at("2026-03-01T00:00Z");
-        invoice_->periodEnd = at("2026-04-01T00:00Z");
-        invoice_->taxRateBasisPoints = 825;
-        invoice_->currencyCode = "USD";
-        library_.addEntry(website_, at("2026-03-03T09:00Z"), at("2026-03-03T10:00Z"))->notes =
-            "Landing page";
-        library_.addEntry(website_, at("2026-03-31T11:00Z"), std::nullopt);
-        library_.context().save();
-    }
-
-    void takeSnapshot(const char* when = "2026-03-31T11:30:00Z") {
-        fs::create_directories(snapshots_);
-        ASSERT_TRUE(AutoBackup::runIfDue(library_.context(), profile_, at(when), snapshots_));
-    }
-    /// The closed library for damage.
-    DamagedPages pages() {
-        library_.close();
-        return DamagedPages(library_.file());
-    }
-    void damage(const std::string& table) {
-        const auto damaged = pages();
-        for (const auto page : damaged.of(table)) damaged.overwrite(page);
-    }
-    /// Recovers the closed library; the result passes the check, and the source stays as it is.
-    RecoveryReport recover() {
-        library_.close();
-        const bool isThere = fs::exists(library_.file());
-        const auto before = isThere ? readFile(library_.file()) : "";
-        const auto names = library_.folder.names();
-        auto report = recoverLibrary({library_.file(), snapshots_, profile_}, target(), now_);
-        EXPECT_EQ(isThere ? readFile(library_.file()) : "", before);
-        EXPECT_EQ(library_.folder.names().size(), names.size() + 1);
-        for (const auto& finding : checkLibrary(sqlite::LibraryImage(report.library)).findings)
-            ADD_FAILURE() << finding.line();
-        EXPECT_EQ(decodeBackup(readFile(report.backup)).profile, profile_);
-        return report;
-    }
-    [[nodiscard]] fs::path target() const { return library_.folder.path() / "recovered"; }
-
-    /// What `read` says of the recovered library.
-    template <class Read>
-    auto recovered(const Read& read) {
-        Library result({target() / "library.sqlite"}, library_.runLoop);
-        return read(result.mainContext());
-    }
-    std::string recoveredText() {
-        return recovered([](UnitOfWork& context) { return test::libraryText(context); });
-    }
-    /// Start, length in minutes, project, invoice and notes of each finished entry.
-    std::vector<std::string> recoveredEntries() {
-        return recovered([](UnitOfWork& context) {
-            std::vector<std::string> lines;
-            for (const auto& entry : context.fetch<TimeEntry>()) {
-                if (entry->isRunning()) continue;
-                lines.push_back(formatISO8601(entry->start) + ' ' +
-                                std::to_string(static_cast<int>(entry->duration() / 60)) + ' ' +
-                                entry->project->name.get() + ' ' +
-                                (entry->invoice ? entry->invoice->number.get() : "unbilled") + ' ' +
-                                entry->notes.get());
-            }
-            return lines;
-        });
-    }
-
-    const Instant now_ = at("2026-03-31T12:00Z");
-    BusinessProfile profile_{.name = "Jane Doe Design"};
-    test::TestLibrary library_;
-    const fs::path snapshots_ = library_.folder.path() / "Backups";
-    Ref<Client> acme_ = library_.addClient("Acme");
-    Ref<Client> globex_ = library_.addClient("Globex");
-    Ref<Project> website_ = library_.addProject("Website", acme_);
-    Ref<Project> shop_ = library_.addProject("Shop", globex_);
-    Ref<Invoice> invoice_ = library_.addInvoice("INV-1", acme_);
-};
-
-constexpr const char* allEntries[] = {
-    "2026-03-02T09:00:00Z 60 Website INV-1 Work of 2026-03-02T09:00:00Z",
-    "2026-03-02T11:00:00Z 60 Website INV-1 Work of 2026-03-02T11:00:00Z",
-    "2026-03-03T09:00:00Z 60 Website unbilled Landing page"};
+using testing::UnorderedElementsAreArray;
 
 TEST_F(RecoveredLibrary, isTheSameWhereNothingIsDamaged) {
     takeSnapshot();
@@ -192,38 +92,6 @@ TEST_F(RecoveredLibrary, hasTheTimesOnWhichTheIndexesAgreeWhereARowHasOthers) {
     EXPECT_EQ(recoveredText(), text);
 }
 
-TEST_F(RecoveredLibrary, hasRowsThatAPageNoLongerCounts) {
-    takeSnapshot();
-    const auto text = test::libraryText(library_.context());
-    const auto damaged = pages();
-    damaged.write((damaged.of("TimeEntry").front() - 1) * damaged.pageSize() + 4, "\x01");
-    recover();
-    EXPECT_EQ(recoveredText(), text);
-}
-
-TEST_F(RecoveredLibrary, hasTheNotesAndRatesOfLostRowsFromTheSnapshot) {
-    takeSnapshot();
-    const auto text = test::libraryText(library_.context());
-    damage("TimeEntry");
-    const auto report = recover();
-    EXPECT_EQ(report.snapshot, at("2026-03-31T11:30:00Z"));
-    EXPECT_THAT(recoveredEntries(), testing::UnorderedElementsAreArray(allEntries));
-    EXPECT_EQ(recoveredText(), text);
-}
-
-TEST_F(RecoveredLibrary, hasLostProjectsFromTheSnapshotUnderTheirIdentities) {
-    takeSnapshot();
-    website_->name = "Web site";  // since then
-    library_.context().save();
-    damage("Project");
-    const auto report = recover();
-    EXPECT_EQ(report.counts[1].fromSnapshot, 2U);
-    EXPECT_THAT(recoveredEntries(), testing::UnorderedElementsAreArray(allEntries));
-    recovered([&](UnitOfWork& context) {
-        EXPECT_EQ(context.record<Project>(website_->id())->client->name.get(), "Acme");
-    });
-}
-
 TEST_F(RecoveredLibrary, keepsTheTimeOfLostProjectsApart) {
     library_.addEntry(shop_, at("2026-03-04T09:00Z"), at("2026-03-04T10:00Z"));
     library_.context().save();
@@ -241,17 +109,6 @@ TEST_F(RecoveredLibrary, keepsTheTimeOfLostProjectsApart) {
     });
 }
 
-TEST_F(RecoveredLibrary, hasLostClientsFromTheSnapshot) {
-    takeSnapshot();
-    damage("Client");
-    const auto report = recover();
-    EXPECT_EQ(report.counts[0].fromSnapshot, 2U);
-    recovered([&](UnitOfWork& context) {
-        EXPECT_EQ(context.record<Client>(acme_->id())->name.get(), "Acme");
-        EXPECT_EQ(context.record<Client>(acme_->id())->hourlyRateCents.get(), 12000);
-    });
-}
-
 TEST_F(RecoveredLibrary, billsNothingAtARateThatNobodyKnows) {
     damage("Client");
     EXPECT_EQ(recover().counts[0].unknown, 2U);
@@ -263,7 +120,7 @@ TEST_F(RecoveredLibrary, billsNothingAtARateThatNobodyKnows) {
 TEST_F(RecoveredLibrary, keepsBilledTimeBilledWhereTheInvoiceIsLost) {
     damage("Invoice");
     const auto report = recover();
-    EXPECT_THAT(recoveredEntries(), testing::UnorderedElementsAreArray(allEntries));
+    EXPECT_THAT(recoveredEntries(), UnorderedElementsAreArray(allEntries));
     EXPECT_THAT(report.remarks, Contains(HasSubstr("Invoice INV-1 could not be read")));
     recovered([&](UnitOfWork& context) {
         const auto invoice = context.record<Invoice>(invoice_->id());
@@ -271,71 +128,6 @@ TEST_F(RecoveredLibrary, keepsBilledTimeBilledWhereTheInvoiceIsLost) {
         EXPECT_EQ(invoice->issueDate.get(), at("2026-03-05T00:00Z"));
         EXPECT_EQ(invoice->periodEnd.get(), at("2026-03-02T12:00Z"));
     });
-}
-
-TEST_F(RecoveredLibrary, hasALostInvoiceFromTheSnapshot) {
-    takeSnapshot();
-    const auto text = test::libraryText(library_.context());
-    damage("Invoice");
-    EXPECT_EQ(recover().counts[3], (RecoveredCounts{0, 0, 1, 0}));
-    EXPECT_EQ(recoveredText(), text);
-}
-
-TEST_F(RecoveredLibrary, bringsBackNothingThatWasDeletedWhereAllPagesCanBeRead) {
-    takeSnapshot();
-    library_.context().deleteRecord(website_);
-    library_.context().save();
-    const auto text = test::libraryText(library_.context());
-    recover();
-    EXPECT_EQ(recoveredText(), text);
-}
-
-TEST_F(RecoveredLibrary, countsNoTimeTwiceThatWasCorrectedSinceTheSnapshot) {
-    takeSnapshot();
-    for (const auto& entry : library_.context().fetch<TimeEntry>())
-        entry->start = entry->start.get() + std::chrono::minutes(10);
-    website_->name = "Web site";
-    acme_->name = "Acme Co";
-    library_.context().save();
-    damage("TimeEntryByEnd");
-    const auto report = recover();
-    EXPECT_EQ(recoveredEntries().size(), 3U);
-    EXPECT_THAT(report.remarks,
-                Contains("4 entries of the snapshot overlap time that the library has, and were "
-                         "left out."));
-    EXPECT_THAT(report.remarks,
-                Contains("Project “Website” comes from the snapshot: look whether you "
-                         "had renamed or deleted it since."));
-}
-
-TEST_F(RecoveredLibrary, hasWhatADamagedPageMayHaveHeldFromTheSnapshot) {
-    takeSnapshot();
-    const auto damaged = pages();
-    for (std::size_t page = 2; page <= damaged.count(); ++page) damaged.overwrite(page);
-    const auto report = recover();
-    EXPECT_EQ(report.counts[2].fromSnapshot, 4U);
-    EXPECT_THAT(recoveredEntries(), testing::IsSupersetOf(allEntries));
-    EXPECT_THAT(report.remarks, Contains("Entry of 2026-03-03T09:00:00Z comes from the snapshot: "
-                                         "look whether you had renamed or deleted it since."));
-}
-
-TEST_F(RecoveredLibrary, isTheSnapshotWhereThereIsNoLibrary) {
-    takeSnapshot();
-    library_.close();
-    fs::remove(library_.file());
-    const auto report = recover();
-    EXPECT_EQ(report.counts[2].fromSnapshot, 4U);
-    EXPECT_THAT(report.remarks, Contains(HasSubstr("No such file or directory")));
-}
-
-TEST_F(RecoveredLibrary, comesFromAnOlderSnapshotWhereTheNewestIsDamaged) {
-    takeSnapshot("2026-03-29T11:00:00Z");
-    std::ofstream(snapshots_ / "Elmworth-2026-03-31T11-30-00.json") << "{\"clients\": [";
-    damage("Client");
-    const auto report = recover();
-    EXPECT_EQ(report.snapshot, at("2026-03-29T11:00:00Z"));
-    EXPECT_THAT(report.remarks,
-                Contains(HasSubstr("Elmworth-2026-03-31T11-30-00.json could not be used: ")));
 }
 
 TEST_F(RecoveredLibrary, holdsNoDeletedRecordsThatFreePagesStillShow) {
