@@ -55,6 +55,7 @@ void requireSaved(UnitOfWork& context) {
 }
 
 void requireReadable(CommandEnvironment& environment) {
+    environment.timer.restoreUnread();
     if (environment.timer.running()) return;
     std::ignore =
         environment.context.fetch(Query<TimeEntry>{.predicate = key<&TimeEntry::end>() == absent});

@@ -8,6 +8,7 @@
 #include "platform/DurationFormat.h"
 #include "platform/SystemLog.h"
 #include "records/DateRangePreset.h"
+#include "store/StepRule.h"
 
 namespace elmworth {
 
@@ -36,10 +37,12 @@ TimerService::TimerService(UnitOfWork& context, Clock now, RunLoop& runLoop,
 // --- control -----------------------------------------------------------------------------------
 
 void TimerService::restore() {
+    const auto faults = context_.readFaults().count();
     const auto open = context_.fetchQuietly(Query<TimeEntry>{
         .predicate = key<&TimeEntry::end>() == absent,
         .sortBy = {sortedBy<&TimeEntry::start>(SortOrder::reverse)},
     });
+    isUnread_ = open.empty() && context_.readFaults().count() != faults;
     for (std::size_t i = 1; i < open.size(); ++i) {
         open[i]->end = open[i]->start.get() + minimumLength;
     }
@@ -52,6 +55,14 @@ void TimerService::restore() {
     }
 }
 
+/// An entry that nobody knows of would go on beside the next one, and lose its time at the next
+/// start.
+void TimerService::restoreUnread() {
+    if (!isUnread_) return;
+    const OutsideSteps noPersonDidIt;
+    restore();
+}
+
 void TimerService::step(const char* name, const std::function<void()>& change) {
     if (history_) return history_->performQuietly(name, change);
     change();
@@ -59,6 +70,7 @@ void TimerService::step(const char* name, const std::function<void()>& change) {
 
 // By value: both may refer to fields of the running entry, which closing may delete.
 void TimerService::start(Ref<Project> project, std::string notes) {  // NOLINT
+    restoreUnread();
     step(running_ ? "Switch Timer" : "Start Timer", [&] {
         const Instant t = now_();  // read once, so that there is no gap between the two entries
         closeRunning(t);
@@ -97,6 +109,7 @@ void TimerService::open(const Ref<Project>& project, Instant t, const std::strin
 }
 
 void TimerService::stop() {
+    restoreUnread();
     step("Stop Timer", [&] {
         closeRunning(now_());
         save();
@@ -105,6 +118,7 @@ void TimerService::stop() {
 }
 
 void TimerService::stop(Instant at) {
+    restoreUnread();
     setAwayIntervals({});
     if (!running_) return;
     step("Stop Timer", [&] {

@@ -38,8 +38,12 @@ class TimerService {
     void setHistory(UndoHistory& history) noexcept { history_ = &history; }
 
     /// Resumes the timer that the last run left open. Of several open entries the newest keeps
-    /// running, and the others end one second after their start. Called once, at start.
+    /// running, and the others end one second after their start. Called once, at start. Where the
+    /// library can't be read then, this is made up for before the timer starts or stops, and by
+    /// `restoreUnread`.
     void restore();
+    /// Resumes what `restore` couldn't read, if anything.
+    void restoreUnread();
 
     /// Begins to note sleeps. A second call does nothing.
     void installSleepObservers(PowerEvents& powerEvents);
@@ -131,6 +135,7 @@ class TimerService {
     std::function<Calendar()> calendar_;
     UndoHistory* history_ = nullptr;
     Ref<TimeEntry> running_;
+    bool isUnread_ = false;  ///< whether an entry runs
     std::string elapsedText_;
     std::string elapsedLongText_;
     RunLoop::Handle ticker_;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/FailingReads.h"
 #include "support/LibraryTest.h"
 
 namespace elmworth {
@@ -274,6 +275,55 @@ TEST_F(TimerServiceTest, stoppingADeletedEntryLeavesItDeleted) {
     service().stop();
     EXPECT_TRUE(timer.spans().empty());
     EXPECT_FALSE(service().running());
+}
+
+// --- a library that can't be read at the start
+// ----------------------------------------------------
+
+/// An entry runs since nine, and the start at ten doesn't find it.
+class UnreadTimerTest : public testing::Test {
+ protected:
+    UnreadTimerTest() {
+        website = timer.library.addProject("Website", timer.library.addClient("Acme"));
+        timer.service->start(website);
+        timer.setTime("10:00");
+        timer.service->stop();
+        timer.library.context().fetch<TimeEntry>().front()->end = std::nullopt;
+        timer.library.context().save();
+        test::FailingReads::fail();
+        timer.service->restore();
+        test::FailingReads::heal();
+        EXPECT_FALSE(timer.service->running());
+    }
+
+    const test::FailingReads reads;
+    TestTimer timer;
+    Ref<Project> website;
+};
+
+TEST_F(UnreadTimerTest, anEntryThatCouldNotBeReadIsStopped) {
+    timer.service->stop();
+    EXPECT_EQ(timer.spans(), Spans{"09:00:00-10:00:00"});
+}
+
+TEST_F(UnreadTimerTest, anEntryThatCouldNotBeReadIsStoppedAtAGivenTime) {
+    timer.service->stop(TestTimer::today("09:30"));
+    EXPECT_EQ(timer.spans(), Spans{"09:00:00-09:30:00"});
+}
+
+TEST_F(UnreadTimerTest, anEntryThatCouldNotBeReadEndsWhereTheNextBegins) {
+    timer.service->start(website);
+    EXPECT_EQ(timer.spans(), (Spans{"09:00:00-10:00:00", "10:00:00-"}));
+}
+
+TEST_F(UnreadTimerTest, whatCouldNotBeReadIsResumedOnce) {
+    timer.service->restoreUnread();
+    ASSERT_TRUE(timer.service->running());
+    EXPECT_EQ(timer.service->elapsedText(), "1:00");
+    timer.library.addEntry(website, TestTimer::today("09:30"), std::nullopt);
+    timer.library.context().save();
+    timer.service->restoreUnread();
+    EXPECT_EQ(timer.spans(), (Spans{"09:00:00-", "09:30:00-"}));
 }
 
 }  // namespace
