@@ -3,6 +3,7 @@
 
 #include "command/TimerOutput.h"
 
+#include <algorithm>
 #include <tuple>
 
 #include "command/JSONOutput.h"
@@ -22,7 +23,8 @@ std::string timerJSON(CommandEnvironment& environment, const std::string& snapsh
     json.beginObject();
     if (const auto& running = timer.running()) {
         const auto& project = running->project.get();
-        const double seconds = secondsBetween(running->start, environment.now());
+        // The clock may have been set back.
+        const double seconds = std::max(0.0, secondsBetween(running->start, environment.now()));
         json.key("running");
         json.beginObject();
         if (project) json.field("project", project->name.get());

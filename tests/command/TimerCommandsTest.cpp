@@ -45,6 +45,14 @@ TEST_F(TimerCommands, statusOfARunningTimer) {
         "1:05:09  Design — Acme Co\nSince 12:00\u202FPM · Logo\nToday 1:05 · This week 2:05\n");
 }
 
+TEST_F(TimerCommands, aTimerUnderAClockThatWasSetBackHasRunForNoTime) {
+    timer_.start(design_);
+    now_ -= 1h;
+    const auto status = json({"status"});
+    EXPECT_EQ(status["running"]["seconds"].GetInt(), 0);
+    EXPECT_STREQ(status["running"]["elapsed"].GetString(), "0:00:00");
+}
+
 TEST_F(TimerCommands, statusCountsTheDayOfWhoeverAsks) {
     addEntry(design_, "2026-03-31T09:00+02:00", 60);  // yesterday evening in Honolulu
     EXPECT_EQ(json({"status"})["todaySeconds"].GetInt(), 3600);
