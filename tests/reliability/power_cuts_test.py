@@ -81,8 +81,7 @@ def main():
                 if wrong:
                     print(f"{word}: cut before call {moment}, {acknowledged} acknowledged: {wrong}\n", file=sys.stderr,
                           flush=True)
-                done = 3 if wrong else (0, 2, 1)[(found != work.states[0]) + (found == work.states[-1])]
-                results[done] += 1
+                results[3 if wrong else 1 if found == work.states[-1] else 0 if found == work.states[0] else 2] += 1
             undone, whole, part, bad = results
             row = word, len(recorded), sum(results), undone, whole, part, bad
             print("|", " | ".join(map(str, row)), "|", flush=True)

@@ -41,7 +41,7 @@ class Cycles(power_test.Machine):
                 before = handles(program.pid), kilobytes(program.pid)
         after = handles(program.pid), kilobytes(program.pid)
         print(f"after {WARM_UP} sleeps {before[0]} handles and {before[1]} kB, after {COUNT} {after[0]} and {after[1]}")
-        self.assertEqual(after[0], before[0])
+        self.assertLessEqual(after[0], before[0] + 1)
         self.assertLess(after[1] - before[1], 2048)
         asked, = wait_until(questions, "the question")
         hours, minutes = map(int, re.search(r"slept for (\d+):(\d\d)\.", asked).groups())
