@@ -9,11 +9,13 @@
 #include <QPdfWriter>
 #include <QSizeF>
 
+#include "invoicing/InvoiceFiles.h"
 #include "invoicing/InvoicePDFRenderer.h"
 #include "invoicing/InvoicePageView.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/AtomicFile.h"
 #include "support/Invoices.h"
+#include "support/ScopedEnvironment.h"
 #include "support/TemporaryFolder.h"
 
 namespace elmworth::bench {
@@ -50,6 +52,51 @@ void renderEmptyPage(benchmark::State& state) {
     }
 }
 BENCHMARK(renderEmptyPage)->Name("limit/pdf")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+constexpr int rowsOfTwentyPages = 22 + 18 * 34 + 26;
+
+class Painter final : public InvoicePainter {
+ public:
+    LogoImage loadLogo() override { return nullptr; }
+    void render(const InvoiceRenderModel& model, PaperSize paper, const std::filesystem::path& file,
+                FileAccess access) override {
+        InvoicePDFRenderer::render(model, paper, file, access);
+    }
+};
+
+/// Twenty pages as the file that somebody chose and as the stored one, both durable.
+void exportTwentyPages(benchmark::State& state) {
+    const test::TemporaryFolder folder;
+    const test::ScopedEnvironment data("XDG_DATA_HOME", folder.path().string());
+    const auto model = test::plainInvoice(rowsOfTwentyPages);
+    Painter painter;
+    for (auto _ : state) {
+        exportInvoice(model, PaperSize::letter, folder.path() / "invoice.pdf",
+                      FileAccess::ownerOnly(), painter);
+    }
+}
+BENCHMARK(exportTwentyPages)->Name("export/20 pages")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The same pages painted as a PDF that is written nowhere.
+void paintTwentyPages(benchmark::State& state) {
+    const auto model = test::plainInvoice(rowsOfTwentyPages);
+    for (auto _ : state) {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setResolution(1200);
+        QPainter painter(&writer);
+        painter.scale(1200 / 72.0, 1200 / 72.0);
+        for (const auto& page : pages(model)) {
+            if (page.index > 0) writer.newPage();
+            InvoicePageView(page, model, PaperSize::letter).paint(painter);
+        }
+        painter.end();
+        benchmark::DoNotOptimize(bytes);
+    }
+}
+BENCHMARK(paintTwentyPages)->Name("limit/export")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// One page as the preview shows it.
 void paintPreview(benchmark::State& state) {

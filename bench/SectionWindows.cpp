@@ -15,14 +15,17 @@
 #include "Frames.h"
 #include "platform/Settings.h"
 #include "screens/clients/ClientsModel.h"
+#include "screens/invoices/InvoicesModel.h"
 #include "screens/projects/ProjectsModel.h"
 #include "screens/timesheet/TimesheetModel.h"
+#include "support/TestOutlets.h"
 
 Q_IMPORT_QML_PLUGIN(Elmworth_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_PanelPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_TimesheetPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_ClientsPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_ProjectsPlugin)
+Q_IMPORT_QML_PLUGIN(Elmworth_InvoicesPlugin)
 Q_IMPORT_QML_PLUGIN(Elmworth_WelcomePlugin)
 
 namespace elmworth::bench {
@@ -53,6 +56,12 @@ class Sections {
         return std::make_unique<ProjectsModel>(services(), confirmation_);
     }
 
+    [[nodiscard]] std::unique_ptr<InvoicesModel> invoices() {
+        if (!newInvoice_) newInvoice_ = std::make_unique<NewInvoiceModel>(services());
+        return std::make_unique<InvoicesModel>(services(), InvoiceOutlets{painter_, files_},
+                                               confirmation_, *newInvoice_);
+    }
+
     TurningLoop loop;
 
  private:
@@ -75,6 +84,9 @@ class Sections {
     std::unique_ptr<TimerService> timer_;
     Confirmation confirmation_;
     std::unique_ptr<HistoryModel> historyModel_;
+    test::NumberPainter painter_;
+    test::NotingFiles files_;
+    std::unique_ptr<NewInvoiceModel> newInvoice_;
 };
 
 /// From nothing but the library and the compiled views to a complete frame, with a model of its
@@ -98,6 +110,7 @@ void firstFrames(std::int64_t entries) {
     std::vector<double> timesheet;
     std::vector<double> clients;
     std::vector<double> projects;
+    std::vector<double> invoices;
     for (int i = 0; i < 16; ++i) {
         timesheet.push_back(firstFrame(
             engine, sections, "Elmworth.Timesheet", "TimesheetView",
@@ -110,13 +123,19 @@ void firstFrames(std::int64_t entries) {
             engine, sections, "Elmworth.Projects", "ProjectsView",
             [&] { return sections.projects(); },
             [](const ProjectsModel& /*model*/) { return true; }));
+        // Complete with the sums, which are read in steps.
+        invoices.push_back(firstFrame(
+            engine, sections, "Elmworth.Invoices", "InvoicesView",
+            [&] { return sections.invoices(); },
+            [](InvoicesModel& model) { return model.summary()->outstanding() != u"…"; }));
     }
-    for (auto* times : {&timesheet, &clients, &projects}) {
+    for (auto* times : {&timesheet, &clients, &projects, &invoices}) {
         times->erase(times->begin());  // what compiles
     }
     report("first frame, timesheet of a week", entries, timesheet);
     report("first frame, clients", entries, clients);
     report("first frame, projects", entries, projects);
+    report("first frame, invoices", entries, invoices);
 }
 
 /// Moves a list or a grid down by steps of 120 pixels.
