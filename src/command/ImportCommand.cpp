@@ -5,6 +5,7 @@
 #include "command/JSONOutput.h"
 #include "exchange/CSVImporter.h"
 #include "exchange/FileSource.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 
@@ -18,7 +19,7 @@ void importCSV(FileSource& file, CommandEnvironment& environment, CommandOutput&
         result = CSVImporter::apply(rows, environment.context, environment.progress);
     });
     const std::string message = CSVImporter::message(result);
-    if (!output.isJSON()) return output.line(message);
+    if (!output.isJSON()) return output.line(oneLine(message));  // names come from outside
     JSONOutput json;
     json.beginObject();
     json.field("imported", result.imported);

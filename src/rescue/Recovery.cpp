@@ -50,7 +50,7 @@ class Recovery {
     RecoveryReport run() {
         refuseUsedFolder();
         auto found = readLibrary();
-        Completion completion(found);
+        SnapshotCompletion completion(found);
         if (completion.needsSnapshot()) addSnapshot(completion);
         completion.finish();
         report_.counts = completion.counts();
@@ -105,7 +105,7 @@ class Recovery {
     }
 
     /// An older snapshot is better than none.
-    void addSnapshot(Completion& completion) {
+    void addSnapshot(SnapshotCompletion& completion) {
         for (const auto& snapshot : AutoBackup::snapshots(source_.snapshots)) {
             try {
                 FileSource file(snapshot.url);

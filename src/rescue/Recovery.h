@@ -13,7 +13,7 @@
 
 #include "platform/Progress.h"
 #include "records/BusinessProfile.h"
-#include "rescue/Completion.h"
+#include "rescue/SnapshotCompletion.h"
 
 namespace elmworth {
 
@@ -43,9 +43,9 @@ struct RecoveryReport {
 };
 
 /// Writes what can be read of a library, completed from the newest snapshot by the law of
-/// `Completion`, into the new folder `folder`, which may be there when it is empty: a library, the
-/// same as a backup document, and the remarks. Whatever is recovered from stays as it is. All of it
-/// is in memory before the first file is written.
+/// `SnapshotCompletion`, into the new folder `folder`, which may be there when it is empty: a
+/// library, the same as a backup document, and the remarks. Whatever is recovered from stays as it
+/// is. All of it is in memory before the first file is written.
 ///
 /// Throws RecoveryError, StoreError, Cancelled, or std::filesystem::filesystem_error; of the files
 /// that were written then each is whole.

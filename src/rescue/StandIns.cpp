@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The last part of Completion: what nothing tells of, and what records have to keep with each
-// other.
+// The last part of SnapshotCompletion: what nothing tells of, and what records have to keep with
+// each other.
 
 #include <algorithm>
 #include <set>
 
-#include "rescue/Completion.h"
 #include "rescue/DetachedFields.h"
 #include "rescue/RecordRules.h"
+#include "rescue/SnapshotCompletion.h"
 
 namespace elmworth {
 
@@ -26,7 +26,7 @@ std::string numbered(const char* what, std::size_t number) {
 
 }  // namespace
 
-void Completion::finish() {
+void SnapshotCompletion::finish() {
     standInForProjects();
     standInForInvoices();
     standInForClients();
@@ -40,7 +40,7 @@ void Completion::finish() {
     keepNumbersApart();
 }
 
-void Completion::standInForProjects() {
+void SnapshotCompletion::standInForProjects() {
     for (const auto& [entryID, entry] : found_.entries) {
         const auto id = entry->project.id();
         if (!id || found_.projects.contains(*id)) continue;
@@ -54,7 +54,7 @@ void Completion::standInForProjects() {
     }
 }
 
-Ref<Client> Completion::unknownClient(const PersistentID& id) {
+Ref<Client> SnapshotCompletion::unknownClient(const PersistentID& id) {
     const auto client = std::make_shared<Client>(id);
     setField(*client, "name", numbered("Recovered client", ++counts_[0].unknown));
     // Rather nothing than a wrong amount.
@@ -66,7 +66,7 @@ Ref<Client> Completion::unknownClient(const PersistentID& id) {
     return client;
 }
 
-void Completion::standInForClients() {
+void SnapshotCompletion::standInForClients() {
     for (const auto& [id, project] : found_.projects) {
         const auto client = project->client.id();
         if (client && !found_.clients.contains(*client)) unknownClient(*client);
@@ -83,7 +83,7 @@ void Completion::standInForClients() {
     }
 }
 
-void Completion::standInForInvoices() {
+void SnapshotCompletion::standInForInvoices() {
     for (const auto& [entryID, entry] : found_.entries) {
         const auto id = entry->invoice.id();
         if (!id || found_.invoices.contains(*id)) continue;
@@ -95,7 +95,7 @@ void Completion::standInForInvoices() {
 }
 
 /// The client and the period of an invoice whose row is lost are those of its time.
-void Completion::describeInvoices() {
+void SnapshotCompletion::describeInvoices() {
     for (const auto& [entryID, entry] : found_.entries) {
         const auto id = entry->invoice.id();
         if (!id || !found_.rebuilt.contains(*id)) continue;
@@ -121,7 +121,7 @@ void Completion::describeInvoices() {
     }
 }
 
-void Completion::tellOfLostRates() {
+void SnapshotCompletion::tellOfLostRates() {
     std::size_t count = 0;
     for (const auto& [id, entry] : found_.entries) {
         if (found_.rebuilt.contains(id) && entry->invoice && !entry->billedRateCents.get()) ++count;
@@ -133,7 +133,7 @@ void Completion::tellOfLostRates() {
 }
 
 /// What comes from a snapshot may break the rules, too.
-void Completion::keepRules(const RecordSchema& schema, Record& record) {
+void SnapshotCompletion::keepRules(const RecordSchema& schema, Record& record) {
     std::vector<Value> values;
     for (const auto& field : schema.fields) values.push_back(field.read(record));
     const auto correct = [&](std::size_t field, const Correction& correction) {
@@ -149,7 +149,7 @@ void Completion::keepRules(const RecordSchema& schema, Record& record) {
     if (const auto entry = entryCorrectionOf(values)) correct(entry->field, entry->correction);
 }
 
-void Completion::keepOneTimer() {
+void SnapshotCompletion::keepOneTimer() {
     std::vector<TimeEntry*> running;
     for (const auto& [id, entry] : found_.entries) {
         if (entry->isRunning()) running.push_back(entry.get());
@@ -163,7 +163,7 @@ void Completion::keepOneTimer() {
     }
 }
 
-void Completion::keepNumbersApart() {
+void SnapshotCompletion::keepNumbersApart() {
     std::set<std::string> numbers;
     for (const auto& [id, invoice] : found_.invoices) {
         std::string number = invoice->number;

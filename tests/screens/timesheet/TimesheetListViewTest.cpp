@@ -147,7 +147,7 @@ TEST_F(TimesheetListView, movesWhenTheBannerComesAndDoesNotJump) {
     QCoreApplication::processEvents();
     EXPECT_LT(head()->height(), before + 40) << "not all of it at once";
     ASSERT_TRUE(QTest::qWaitFor([&] { return head()->height() >= before + 80; }));
-    EXPECT_GT(moved.size(), 3);
+    EXPECT_GT(moved.size(), 1);
     AppAppearance::instance().setReducedMotion(true);
     service().stop();
     settle();

@@ -34,9 +34,9 @@ struct RecoveredCounts {
 /// begins in the same second as one of the library is that one, and one that overlaps time of the
 /// library stays away, so that no time counts twice. What nothing tells of gets a stand-in, so that
 /// time keeps its project, and billed time is not billed again.
-class Completion {
+class SnapshotCompletion {
  public:
-    explicit Completion(Salvaged& found);
+    explicit SnapshotCompletion(Salvaged& found);
 
     /// `snapshot` is a library that holds the snapshot.
     void addSnapshot(UnitOfWork& snapshot);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Elmworth authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "rescue/Completion.h"
+#include "rescue/SnapshotCompletion.h"
 
 #include <algorithm>
 #include <map>
@@ -55,7 +55,7 @@ bool isLost(const std::optional<PersistentID>& id, const RecordsByID<T>& records
 
 }  // namespace
 
-Completion::Completion(Salvaged& found) : found_(found) {
+SnapshotCompletion::SnapshotCompletion(Salvaged& found) : found_(found) {
     counts_[0].fromLibrary = found.clients.size();
     counts_[1].fromLibrary = found.projects.size();
     counts_[2].fromIndexes = rebuiltAmong(found.entries, found);
@@ -64,7 +64,7 @@ Completion::Completion(Salvaged& found) : found_(found) {
     counts_[3].fromLibrary = found.invoices.size() - counts_[3].fromIndexes;
 }
 
-bool Completion::needsSnapshot() const {
+bool SnapshotCompletion::needsSnapshot() const {
     const auto lacks = [&](const auto& item) {
         return isLost(item.second->client.id(), found_.clients);
     };
@@ -77,7 +77,7 @@ bool Completion::needsSnapshot() const {
            });
 }
 
-void Completion::addSnapshot(UnitOfWork& snapshot) {
+void SnapshotCompletion::addSnapshot(UnitOfWork& snapshot) {
     indexEntries();
     for (auto& entry : snapshot.fetch<TimeEntry>({.sortBy = {sortedBy<&TimeEntry::start>()}})) {
         if (const auto project = entry->project.id())
@@ -94,7 +94,7 @@ void Completion::addSnapshot(UnitOfWork& snapshot) {
     addEntries(snapshot);
 }
 
-void Completion::indexEntries() {
+void SnapshotCompletion::indexEntries() {
     for (const auto& [id, entry] : found_.entries) {
         entriesByStart_.emplace(secondOf(entry->start), entry.get());
         busy_.emplace_back(entry->start, entry->end->value_or(latestISO8601));
@@ -106,21 +106,21 @@ void Completion::indexEntries() {
     for (auto& [start, end] : busy_) end = latest = std::max(latest, end);
 }
 
-bool Completion::overlapsTime(Instant start, Instant end) const {
+bool SnapshotCompletion::overlapsTime(Instant start, Instant end) const {
     const auto next = std::partition_point(busy_.begin(), busy_.end(),
                                            [&](const auto& span) { return span.first < end; });
     return next != busy_.begin() && std::prev(next)->second > start;
 }
 
-std::vector<TimeEntry*> Completion::entriesOf(Instant start) const {
+std::vector<TimeEntry*> SnapshotCompletion::entriesOf(Instant start) const {
     std::vector<TimeEntry*> entries;
     const auto [begin, end] = entriesByStart_.equal_range(secondOf(start));
     for (auto item = begin; item != end; ++item) entries.push_back(item->second);
     return entries;
 }
 
-PersistentID Completion::matchProject(const Project& project,
-                                      const std::vector<Ref<TimeEntry>>& entries) const {
+PersistentID SnapshotCompletion::matchProject(const Project& project,
+                                              const std::vector<Ref<TimeEntry>>& entries) const {
     std::map<PersistentID, std::size_t> votes;
     for (const auto& entry : entries) {
         for (const auto* same : entriesOf(entry->start)) {
@@ -137,7 +137,7 @@ PersistentID Completion::matchProject(const Project& project,
     return {};
 }
 
-PersistentID Completion::matchClient(const Client& client) const {
+PersistentID SnapshotCompletion::matchClient(const Client& client) const {
     std::map<PersistentID, std::size_t> votes;
     const auto vote = [&](const auto& records, const PersistentID& id) {
         const auto record = records.find(id);
@@ -156,7 +156,7 @@ PersistentID Completion::matchClient(const Client& client) const {
     return {};
 }
 
-PersistentID Completion::matchInvoice(const Invoice& invoice) const {
+PersistentID SnapshotCompletion::matchInvoice(const Invoice& invoice) const {
     const auto known = invoicesByNumber_.find(canonical(invoice.number.get()));
     if (known != invoicesByNumber_.end()) return known->second;
     std::map<PersistentID, std::size_t> votes;
@@ -168,7 +168,7 @@ PersistentID Completion::matchInvoice(const Invoice& invoice) const {
     return winner(votes);
 }
 
-void Completion::addClients(UnitOfWork& snapshot) {
+void SnapshotCompletion::addClients(UnitOfWork& snapshot) {
     for (const auto& client : snapshot.fetch<Client>()) {
         const auto id = matchClient(*client);
         if (id.isNil() && !found_.isIncomplete()) continue;
@@ -184,7 +184,7 @@ void Completion::addClients(UnitOfWork& snapshot) {
     }
 }
 
-void Completion::addProjects(UnitOfWork& snapshot) {
+void SnapshotCompletion::addProjects(UnitOfWork& snapshot) {
     for (const auto& project : snapshot.fetch<Project>()) {
         const auto match = projects_.find(project->id());
         const auto id = match == projects_.end() ? PersistentID{} : match->second;
@@ -199,7 +199,7 @@ void Completion::addProjects(UnitOfWork& snapshot) {
     }
 }
 
-void Completion::addInvoices(UnitOfWork& snapshot) {
+void SnapshotCompletion::addInvoices(UnitOfWork& snapshot) {
     for (const auto& invoice : snapshot.fetch<Invoice>()) {
         const auto id = matchInvoice(*invoice);
         const bool isRebuilt = found_.rebuilt.contains(id);
@@ -221,7 +221,7 @@ void Completion::addInvoices(UnitOfWork& snapshot) {
     }
 }
 
-void Completion::addEntries(UnitOfWork& snapshot) {
+void SnapshotCompletion::addEntries(UnitOfWork& snapshot) {
     for (const auto& project : snapshot.fetch<Project>()) {
         for (const auto& entry : snapshotEntries_[project->id()]) addEntry(*entry);
     }
@@ -231,7 +231,7 @@ void Completion::addEntries(UnitOfWork& snapshot) {
                              "left out.");
 }
 
-void Completion::addEntry(const TimeEntry& entry) {
+void SnapshotCompletion::addEntry(const TimeEntry& entry) {
     if (addTo(entriesOf(entry.start), entry) || !found_.isIncomplete()) return;
     const auto project = projects_.find(*entry.project.id());
     if (project == projects_.end()) return;
@@ -248,7 +248,7 @@ void Completion::addEntry(const TimeEntry& entry) {
     tellOfAddition(*copy);
 }
 
-void Completion::tellOfAddition(const Record& record) {
+void SnapshotCompletion::tellOfAddition(const Record& record) {
     const auto& schema = record.recordSchema();
     std::vector<Value> values;
     for (const auto& field : schema.fields) values.push_back(field.read(record));
@@ -258,7 +258,7 @@ void Completion::tellOfAddition(const Record& record) {
 }
 
 /// Whether the library has the entry. Of what only the indexes know, the snapshot has the rest.
-bool Completion::addTo(const std::vector<TimeEntry*>& same, const TimeEntry& entry) {
+bool SnapshotCompletion::addTo(const std::vector<TimeEntry*>& same, const TimeEntry& entry) {
     for (auto* known : same) {
         if (!found_.rebuilt.contains(known->id()) || !known->notes->empty()) continue;
         setField(*known, "notes", entry.notes.get());
