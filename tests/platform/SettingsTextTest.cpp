@@ -9,6 +9,7 @@
 #include <random>
 
 #include "platform/AtomicFile.h"
+#include "platform/Text.h"
 #include "support/Rows.h"
 #include "support/TemporaryFolder.h"
 
@@ -160,11 +161,20 @@ INSTANTIATE_TEST_SUITE_P(
                     Spelling{"noValueAtAll", "[General]\nkey=@Invalid()\n", nullptr},
                     Spelling{"anotherSection", "[Other]\nkey=dark\n", nullptr},
                     Spelling{"noSign", "[General]\nkey\n", nullptr, false},
+                    Spelling{"aControlInTheKey", "[General]\nk\x01ey=dark\n", nullptr, false},
                     Spelling{"noKey", "[General]\n=dark\n", nullptr, false},
                     Spelling{"anOpenQuote", "[General]\nkey=\"dark\n", nullptr, false},
                     Spelling{"anOpenSection", "[General\nkey=dark\n", "dark", false},
                     Spelling{"aBackslashAtTheEnd", "[General]\nkey=dark\\", "dark"}),
     test::rowName);
+
+TEST(SettingsText, whatIsKeptOfAnotherEncodingIsWrittenAsUTF8) {
+    const auto [values, isSound] = parseSettings("[General]\nn\xFCme=Z\xFCrich, Bern\nkey=dark\n");
+    EXPECT_FALSE(isSound);
+    const auto written = formatSettings(values);
+    EXPECT_EQ(validUTF8(written), written);
+    EXPECT_TRUE(parseSettings(written).isSound);
+}
 
 }  // namespace
 }  // namespace elmworth

@@ -38,6 +38,12 @@ std::string_view trimmedLine(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(space) - begin + 1);
 }
 
+bool isKey(std::string_view text) {
+    return !text.empty() && std::none_of(text.begin(), text.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
+    });
+}
+
 /// One line of the file; quotes and backslashes carry it over line breaks.
 struct Line {
     std::string_view text;
@@ -198,9 +204,11 @@ std::string spelled(const SettingsValue& value) {
 
 }  // namespace
 
-SettingsText parseSettings(std::string_view text) {
+SettingsText parseSettings(std::string_view given) {
     SettingsText result;
-    result.isSound = text.find('\0') == std::string_view::npos && validUTF8(text) == text;
+    const std::string valid = validUTF8(given);
+    std::string_view text = valid;
+    result.isSound = text.find('\0') == std::string_view::npos && text == given;
     if (text.starts_with("\xef\xbb\xbf")) text.remove_prefix(3);
     std::string section;
     for (skipToText(text); !text.empty(); skipToText(text)) {
@@ -209,7 +217,8 @@ SettingsText parseSettings(std::string_view text) {
         if (trimmed.starts_with('[') && trimmed.ends_with(']')) {
             const auto name = trimmedLine(trimmed.substr(1, trimmed.size() - 2));
             section = name == rootSection ? std::string() : std::string(name) + '/';
-        } else if (line.equals != std::string_view::npos && line.equals > 0 && line.isClosed) {
+        } else if (line.equals != std::string_view::npos && line.isClosed &&
+                   isKey(trimmedLine(line.text.substr(0, line.equals)))) {
             const auto key = trimmedLine(line.text.substr(0, line.equals));
             result.values.insert_or_assign(
                 section + std::string(key),

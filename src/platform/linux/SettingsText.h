@@ -36,7 +36,7 @@ struct SettingsText {
 /// Reads the text of a settings file, in the INI format of Qt's QSettings: UTF-8, ";" before a
 /// comment, values quoted where they need it, "\n", "\"" and "\x1f" in them, and "@ByteArray(…)"
 /// round bytes.
-[[nodiscard]] SettingsText parseSettings(std::string_view text);
+[[nodiscard]] SettingsText parseSettings(std::string_view given);
 
 /// The text of a settings file that holds `values`, which QSettings reads alike.
 [[nodiscard]] std::string formatSettings(const SettingsValues& values);
