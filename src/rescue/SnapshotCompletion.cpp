@@ -34,7 +34,7 @@ PersistentID winner(const std::map<PersistentID, std::size_t>& votes) {
 /// The record of `source` as one of the identity `id`, its relationships still to be set.
 template <class T>
 Ref<T> copyAs(const PersistentID& id, const T& source) {
-    const auto record = std::make_shared<T>(id.isNil() ? PersistentID::make() : id);
+    auto record = std::make_shared<T>(id.isNil() ? PersistentID::make() : id);
     for (const auto& field : T::schema().fields) {
         if (!field.target) field.write(*record, field.read(source));
     }

@@ -55,7 +55,7 @@ void SnapshotCompletion::standInForProjects() {
 }
 
 Ref<Client> SnapshotCompletion::unknownClient(const PersistentID& id) {
-    const auto client = std::make_shared<Client>(id);
+    auto client = std::make_shared<Client>(id);
     setField(*client, "name", numbered("Recovered client", ++counts_[0].unknown));
     // Rather nothing than a wrong amount.
     setField(*client, "hourlyRateCents", std::int64_t{0});
