@@ -5,7 +5,6 @@
 
 #include <QDBusConnection>
 #include <QGuiApplication>
-#include <QTimer>
 #include <QUrl>
 #include <QVariant>
 #include <QtQml/QQmlExtensionPlugin>
@@ -87,7 +86,10 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
 
 /// A tray tells when it shows the item; that there is none shows only in that nothing is told.
 void ElmworthApp::followTray() {
-    QTimer::singleShot(2s, qGuiApp, [this] { mainViewModel_.setTrayShown(trayItem_->isShown()); });
+    trayWait_.setSingleShot(true);
+    QObject::connect(&trayWait_, &QTimer::timeout, qGuiApp,
+                     [this] { mainViewModel_.setTrayShown(trayItem_->isShown()); });
+    trayWait_.start(2s);
 }
 
 /// Save before sleep and at logout: the machine may not wake, and a logout may not wait.
@@ -129,9 +131,12 @@ void ElmworthApp::makeMainWindow() {
     lowerLeastSize(*mainWindow_);
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     // At the end of the program all windows go, and the loop doesn't turn again.
-    QObject::connect(mainWindow_.get(), &QWindow::visibleChanged, qGuiApp, [this](bool isVisible) {
-        if (!isVisible) QTimer::singleShot(0, qGuiApp, [this] { mainWindowClosed(); });
-    });
+    afterClose_.setSingleShot(true);
+    QObject::connect(&afterClose_, &QTimer::timeout, qGuiApp, [this] { mainWindowClosed(); });
+    QObject::connect(mainWindow_.get(), &QWindow::visibleChanged, &afterClose_,
+                     [this](bool isVisible) {
+                         if (!isVisible) afterClose_.start(0);
+                     });
     // show() would undo "maximized".
     mainWindow_->setVisible(true);
 }

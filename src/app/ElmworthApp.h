@@ -5,6 +5,7 @@
 
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QTimer>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -67,6 +68,8 @@ class ElmworthApp {
 
     /// A library in memory must not take the bus name of the application with the real library.
     bool isInMemory_;
+    QTimer afterClose_;
+    QTimer trayWait_;  ///< for a tray to take the item up
     QtRunLoop runLoop_;
     LibraryServices services_;
     FileWatch settingsWatch_;

@@ -84,8 +84,9 @@ class Reader {
 
     [[nodiscard]] Completion options() const {
         Completion completion;
-        for (auto command = path_.rbegin(); command != path_.rend(); ++command) {
-            for (const auto& value : (*command)->values) {
+        const std::vector innermostFirst(path_.rbegin(), path_.rend());
+        for (const auto* command : innermostFirst) {
+            for (const auto& value : command->values) {
                 const bool isKnown =
                     std::any_of(completion.words.begin(), completion.words.end(),
                                 [&](const auto& known) { return known.word == value.name; });
