@@ -109,6 +109,14 @@ class FirstTimer(TimesheetWindow):
         invoice, = self.as_json("invoice", "list")
         self.assertEqual((invoice["number"], invoice["totalCents"]), (NEXT, 15000))
 
+    def change_the_logo(self):
+        self.change_logo()
+        self.show_the_file(2)
+        self.assertEqual(self.pictures(RENAMED), 0)
+        self.mark("Draft")
+        self.show_the_file(3)
+        self.assertEqual(self.pictures(RENAMED), 1)
+
 
 class FirstTimerByKeyboard(FirstTimer):
     def test_the_whole_road(self):
@@ -200,14 +208,6 @@ class FirstTimerByKeyboard(FirstTimer):
         self.key("space")
         self.wait_for_status("paid")
         self.mark("Sent")
-
-    def change_the_logo(self):
-        self.change_logo()
-        self.show_the_file(2)
-        self.assertEqual(self.pictures(RENAMED), 0)
-        self.mark("Draft")
-        self.show_the_file(3)
-        self.assertEqual(self.pictures(RENAMED), 1)
 
     def invoice_again(self):
         self.tab_to("More actions")
@@ -319,14 +319,6 @@ class FirstTimerByPointer(FirstTimer):
 
     def scroll(self, wheel):
         self.pointer.click(self.wait_for_name("Invoice " + RENAMED), button=wheel, times=20)
-
-    def change_the_logo(self):
-        self.change_logo()
-        self.show_the_file(2)
-        self.assertEqual(self.pictures(RENAMED), 0)
-        self.mark("Draft")
-        self.show_the_file(3)
-        self.assertEqual(self.pictures(RENAMED), 1)
 
     def invoice_again(self):
         self.choose("More actions", "Delete Invoice…")

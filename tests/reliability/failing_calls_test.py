@@ -15,7 +15,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(__file__))
-from works import Finder, Work, names, under_strace
+from works import StartReader, Work, names, under_strace
 
 NAMED = ("ENOSPC", "EIO", "EACCES", "EROFS", "EMFILE")
 NEW = ("ENOSPC", "EIO", "EACCES", "EROFS")
@@ -93,11 +93,11 @@ def main():
     chosen = random.Random(20261122)
     wrong_at_all = 0
     print("| work | calls that failed | whole | refused | refused, but durable | wrong |\n|---|---|---|---|---|---|")
-    with tempfile.TemporaryDirectory() as name, Finder() as finder:
+    with tempfile.TemporaryDirectory() as name, StartReader() as reader:
         folder = pathlib.Path(name)
         log = folder / "calls"
         for work in sys.argv[1:] or names():
-            tried = cases(Work(work, folder, finder), log)
+            tried = cases(Work(work, folder, reader), log)
             words = collections.Counter()
             for case in chosen.sample(tried, -(-len(tried) // int(share))):
                 word, wrong = outcome(*case, log)

@@ -15,7 +15,7 @@ import tempfile
 
 sys.path.insert(0, os.path.dirname(__file__))
 from recorded_disk import CALLS, Disk, calls
-from works import Finder, Work, names, under_strace
+from works import StartReader, Work, names, under_strace
 
 
 def record(work, log):
@@ -68,10 +68,10 @@ def main():
     chance = random.Random(20261122)
     at_all = 0
     print("| work | recorded calls | disks | undone | all done | some steps done | wrong |\n" + "|---" * 7 + "|")
-    with tempfile.TemporaryDirectory() as name, Finder() as finder:
+    with tempfile.TemporaryDirectory() as name, StartReader() as reader:
         folder = pathlib.Path(name)
         for word in sys.argv[1:] or names():
-            work = Work(word, folder, finder)
+            work = Work(word, folder, reader)
             recorded = record(work, folder / "calls")
             results = [0, 0, 0, 0]
             for contents, acknowledged, moment in disks(work, recorded, count, chance):

@@ -23,7 +23,7 @@ def names():
         return process.communicate()[0].split()
 
 
-class Finder:
+class StartReader:
     """What starts of the program find in a home, told by a process that does nothing else."""
 
     def __init__(self):
@@ -54,8 +54,8 @@ class Finder:
 class Work:
     """A work that is ready to be done, again and again from the same beginning."""
 
-    def __init__(self, name, folder, finder):
-        self.name, self.folder, self.finder = name, folder, finder
+    def __init__(self, name, folder, reader):
+        self.name, self.folder, self.reader = name, folder, reader
         self.home = folder / "home"
         self.prepared = folder / ("prepared-" + name)
         with driver("prepare", name, self.prepared, ROWS) as process:
@@ -81,7 +81,7 @@ class Work:
         return self.home
 
     def found(self):
-        return self.finder.found(self.home)
+        return self.reader.found(self.home)
 
     def begin(self, first=0, count=100):
         """A process that has loaded all it needs and waits for a line before it begins."""
