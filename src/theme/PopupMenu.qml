@@ -74,10 +74,8 @@ Basic.Menu {
         }
     }
 
+    // It goes at once: while a menu fades out, the window behind it gets no keys.
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.easing }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.easing }
     }
 }

@@ -31,10 +31,8 @@ Basic.Popup {
         Behavior on opacity { NumberAnimation { duration: Theme.easing } }
     }
 
+    // It goes at once: while a sheet fades out, the window behind it gets no keys.
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.easing }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.easing }
     }
 }

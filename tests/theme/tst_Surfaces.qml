@@ -25,12 +25,15 @@ Item {
         id: menuOverCover
 
         Rectangle {
+            id: cover
+
             readonly property alias menu: coverMenu
 
             signal tapped()
 
             anchors.fill: parent
-            TapHandler { onTapped: parent.tapped() }
+            TapHandler { onTapped: cover.tapped() }
+            Shortcut { sequence: "Ctrl+W"; onActivated: cover.tapped() }
 
             PopupMenu {
                 id: coverMenu
@@ -195,6 +198,18 @@ Item {
             }
         }
 
+        function test_the_key_after_a_line_of_a_menu_is_for_the_window() {
+            const cover = createTemporaryObject(menuOverCover, stage);
+            const taps = createTemporaryObject(spy, stage, { target: cover, signalName: "tapped" });
+            cover.menu.popup(cover, 10, 10);
+            tryVerify(() => cover.menu.opened);
+            keyClick(Qt.Key_Up);
+            keyClick(Qt.Key_Return);
+            keyClick(Qt.Key_W, Qt.ControlModifier);
+            compare(taps.count, 1);
+            compare(cover.menu.exit, null, "and here, where motion is reduced, a fade would take no time");
+        }
+
         function test_an_open_submenu_leaves_the_menu_and_its_own_lines_to_be_clicked() {
             const cover = createTemporaryObject(menuOverCover, stage);
             for (const line of [() => cover.menu.itemAt(1), () => cover.menu.itemAt(0).subMenu.itemAt(0)]) {
@@ -302,13 +317,14 @@ Item {
             tryVerify(() => !item.visible);
         }
 
-        function test_escape_closes_a_sheet() {
+        function test_escape_closes_a_sheet_at_once() {
             const item = createTemporaryObject(sheet, stage);
             item.open();
             tryVerify(() => item.opened);
             compare(item.width, 300);
             keyClick(Qt.Key_Escape);
-            tryVerify(() => !item.visible);
+            verify(!item.visible);
+            compare(item.exit, null, "so that the next key is for the window, where motion is not reduced too");
         }
 
         function test_a_sheet_shows_what_it_has_to_say_only_later() {

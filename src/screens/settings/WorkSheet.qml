@@ -17,7 +17,6 @@ SheetPopup {
     onAboutToHide: exchange.cancel()
     // It may be over before it has come.
     enter: null
-    exit: null
 
     // qmllint disable deferred-property-id
     contentItem: SheetScaffold {
