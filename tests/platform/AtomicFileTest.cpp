@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <fstream>
@@ -18,6 +19,22 @@ namespace {
 using std::filesystem::filesystem_error;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
+
+/// No file can be opened, as when a process has all that it may.
+class NoMoreFiles {
+ public:
+    NoMoreFiles() {
+        ::getrlimit(RLIMIT_NOFILE, &old_);
+        const rlimit limit{0, old_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &old_); }
+
+ private:
+    rlimit old_{};
+};
 
 class AtomicFileTest : public testing::Test {
  protected:
@@ -163,6 +180,17 @@ TEST_F(AtomicFileTest, aFolderThatVanishesBeforeTheCommitIsReported) {
     file.write("new");
     std::filesystem::remove_all(doomed);
     EXPECT_THROW(file.commit(), filesystem_error);
+}
+
+TEST_F(AtomicFileTest, aFolderThatCannotBeOpenedAtTheCommitLeavesTheOldContent) {
+    writeAtomically(target_, "old");
+    AtomicFile file(target_);
+    file.write("new");
+    {
+        const NoMoreFiles limit;
+        EXPECT_THROW(file.commit(), filesystem_error);
+    }
+    EXPECT_EQ(readFile(target_), "old");
 }
 
 TEST_F(AtomicFileTest, otherCodeMayWriteToTheTemporaryPath) {

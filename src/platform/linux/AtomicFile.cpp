@@ -46,15 +46,6 @@ std::filesystem::path folderOf(const std::filesystem::path& file) {
     return parent.empty() ? "." : parent;
 }
 
-/// A rename is only durable once the folder that holds the name is.
-void syncFolder(const std::filesystem::path& target) {
-    const Descriptor folder(folderOf(target), O_RDONLY | O_DIRECTORY);
-    if (folder.number() < 0) fail("cannot open the folder of", target, errno);
-    // Some network file systems know no sync of folders.
-    if (::fsync(folder.number()) != 0 && errno != EINVAL)
-        fail("cannot sync the folder of", target, errno);
-}
-
 /// The file that a name means: a link stays, and what it leads to is replaced.
 std::filesystem::path resolved(std::filesystem::path target) {
     std::error_code error;
@@ -130,10 +121,16 @@ void AtomicFile::commit() {
     // A file system without modes keeps none, which must not cost the content.
     [[maybe_unused]] const int ignored = ::fchmod(descriptor_, access_.mode(target_));
     sync();
+    // A rename is only durable once the folder that holds the name is. It is opened before, so that
+    // a folder that can't be read, or one file too many, refuses while the target is as it was.
+    const Descriptor folder(folderOf(target_), O_RDONLY | O_DIRECTORY);
+    if (folder.number() < 0) fail("cannot open the folder of", target_, errno);
     if (::close(std::exchange(descriptor_, -1)) != 0) fail("cannot close", target_, errno);
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("cannot replace", target_, errno);
     temporary_.clear();
-    syncFolder(target_);
+    // Some network file systems know no sync of folders.
+    if (::fsync(folder.number()) != 0 && errno != EINVAL)
+        fail("cannot sync the folder of", target_, errno);
 }
 
 void writeAtomically(const std::filesystem::path& target, std::string_view bytes,
