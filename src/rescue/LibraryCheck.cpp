@@ -109,7 +109,8 @@ class RecordCheck {
     std::vector<Running> running_;
 };
 
-void checkFile(const sqlite::LibraryImage& image, std::vector<Finding>& findings) {
+void checkFile(const sqlite::LibraryImage& image, std::vector<Finding>& findings,
+               Progress& progress) {
     const auto found = [&](std::string problem) {
         findings.push_back({"The file", std::nullopt, std::move(problem)});
     };
@@ -127,7 +128,7 @@ void checkFile(const sqlite::LibraryImage& image, std::vector<Finding>& findings
     }
     try {
         auto database = image.open();
-        for (auto& fault : sqlite::integrityFaults(database)) found(std::move(fault));
+        for (auto& fault : sqlite::integrityFaults(database, progress)) found(std::move(fault));
         if (image.version() != static_cast<std::uint32_t>(librarySchema().version)) return;
         for (auto& fault : sqlite::shapeFaults(database, librarySchema())) found(std::move(fault));
     } catch (const StoreError& error) {
@@ -182,7 +183,7 @@ LibraryReport checkLibrary(const sqlite::LibraryImage& image, Progress& progress
                          "The library has version " + sqlite::versionText(report.version) +
                              ", which needs a newer Elmworth than this one.");
     }
-    checkFile(image, report.findings);
+    checkFile(image, report.findings, progress);
     RecordCheck(image, report, progress).run();
     checkInvoices(image, report.findings, progress);
     return report;

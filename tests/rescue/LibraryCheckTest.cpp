@@ -6,11 +6,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <string_view>
 
 #include "support/DamagedPages.h"
 #include "support/Instants.h"
 #include "support/Rows.h"
+#include "support/StoppingProgress.h"
 #include "support/TestLibrary.h"
 
 namespace elmworth {
@@ -200,6 +203,49 @@ TEST_F(CheckedLibrary, tellsOfChangesThatAreBehindADamagedPlaceOfTheLog) {
     bytes << "damage";
     bytes.close();
     EXPECT_THAT(findings(), Contains(HasSubstr("its log is damaged, and hides the last")));
+}
+
+/// The library's entries again and again, so that the check of its file takes a while.
+class LargeCheckedLibrary : public CheckedLibrary {
+ protected:
+    LargeCheckedLibrary() {
+        library_.close();
+        run(R"(WITH RECURSIVE number(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM number
+                                                WHERE value < 5000)
+               INSERT INTO "TimeEntry"("id", "start", "end", "notes", "project")
+               SELECT randomblob(16), value * 3600000000, value * 3600000000 + 60000000, 'Work',
+                      (SELECT "id" FROM "Project") FROM number)");
+    }
+
+    [[nodiscard]] LibraryReport check(Progress& progress) const {
+        return checkLibrary(sqlite::LibraryImage(library_.file()), progress);
+    }
+};
+
+TEST_F(LargeCheckedLibrary, tellsHowFarTheCheckOfItsFileIs) {
+    class Told final : public Progress {
+     public:
+        std::vector<std::size_t> percents;
+
+     protected:
+        void report(const char* step, std::size_t done, std::size_t total) override {
+            if (std::string_view(step) == "Checking the file")
+                percents.push_back(100 * done / total);
+        }
+    };
+    Told told;
+    EXPECT_THAT(check(told).findings, IsEmpty());
+    ASSERT_GE(told.percents.size(), 3U);
+    EXPECT_TRUE(std::is_sorted(told.percents.begin(), told.percents.end()));
+    EXPECT_LT(told.percents.front(), 30U);
+    // How much SQLite has to do is only estimated.
+    EXPECT_GT(told.percents.back(), 70U);
+    EXPECT_LE(told.percents.back(), 100U);
+}
+
+TEST_F(LargeCheckedLibrary, isLeftWhenSomebodyStopsTheCheckOfItsFile) {
+    test::StoppingProgress progress(2);
+    EXPECT_THROW(static_cast<void>(check(progress)), Cancelled);
 }
 
 TEST(LibraryCheck, isForLibrariesAlone) {

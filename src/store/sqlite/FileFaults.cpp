@@ -4,6 +4,7 @@
 #include "store/sqlite/FileFaults.h"
 
 #include <algorithm>
+#include <exception>
 #include <set>
 
 #include "store/sqlite/LibraryFile.h"
@@ -41,14 +42,71 @@ SELECT 'column ' || t.name || '.' || c.name || ' ' || c.type || iif(c."notnull",
     return shape;
 }
 
+/// How many rows all tables have; 0 when a damaged one can't be counted.
+std::size_t rowCount(Database& database) try {
+    Statement tables(database.handle(), "SELECT name FROM sqlite_schema WHERE type = 'table'");
+    std::size_t rows = 0;
+    while (tables.step()) {
+        Statement count(database.handle(),
+                        "SELECT count(*) FROM \"" + std::string(tables.text(0)) + '"');
+        if (count.step()) rows += static_cast<std::size_t>(count.integer(0));
+    }
+    return rows;
+} catch (const StoreError&) {
+    return 0;
+}
+
+/// Tells a Progress while it lives how far SQLite is with the check of all tables of `database`.
+class CheckProgress {
+ public:
+    CheckProgress(Database& database, Progress& progress)
+        : database_(database), progress_(progress), rows_(rowCount(database)) {
+        sqlite3_progress_handler(database.handle(), stepsBetweenCalls, &advance, this);
+    }
+    CheckProgress(const CheckProgress&) = delete;
+    CheckProgress& operator=(const CheckProgress&) = delete;
+    ~CheckProgress() { sqlite3_progress_handler(database_.handle(), 0, nullptr, nullptr); }
+
+    /// Throws Cancelled when that is why SQLite stopped.
+    void rethrow() const {
+        if (stopped_) std::rethrow_exception(stopped_);
+    }
+
+ private:
+    static constexpr int stepsBetweenCalls = 1000;
+    /// Of SQLite's machine, for a row with its indexes: measured, and the same in libraries of any
+    /// size.
+    static constexpr std::size_t stepsPerRow = 51;
+
+    static int advance(void* self) noexcept {
+        auto& check = *static_cast<CheckProgress*>(self);
+        check.steps_ += stepsBetweenCalls;
+        try {
+            check.progress_.advance("Checking the file",
+                                    std::min(check.steps_ / stepsPerRow, check.rows_), check.rows_);
+        } catch (...) {
+            check.stopped_ = std::current_exception();
+        }
+        return check.stopped_ ? 1 : 0;
+    }
+
+    Database& database_;
+    Progress& progress_;
+    std::size_t rows_;
+    std::size_t steps_ = 0;
+    std::exception_ptr stopped_;  ///< exceptions can't go through SQLite
+};
+
 }  // namespace
 
-std::vector<std::string> integrityFaults(Database& database) {
+std::vector<std::string> integrityFaults(Database& database, Progress& progress) {
     std::vector<std::string> faults;
+    const CheckProgress told(database, progress);
     try {
         Statement check(database.handle(), "PRAGMA integrity_check(100)");
         while (check.step()) addLines(check.text(0), faults);
     } catch (const StoreError& error) {
+        told.rethrow();
         faults.emplace_back(error.what());
     }
     std::erase(faults, "ok");

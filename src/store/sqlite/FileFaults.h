@@ -6,14 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/Progress.h"
 #include "store/LibraryModel.h"
 #include "store/sqlite/Database.h"
 
 namespace elmworth::sqlite {
 
 /// What SQLite finds wrong with the pages, tables and indexes of a library, in its own words; at
-/// most a hundred lines.
-[[nodiscard]] std::vector<std::string> integrityFaults(Database& database);
+/// most a hundred lines. Throws Cancelled.
+[[nodiscard]] std::vector<std::string> integrityFaults(Database& database, Progress& progress);
 
 /// What the tables, columns and indexes of a library of the current version lack, or have beside
 /// those of `model`. The order of columns is free.
