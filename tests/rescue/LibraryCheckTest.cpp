@@ -163,7 +163,9 @@ INSTANTIATE_TEST_SUITE_P(
         DamageRow{"NoIndex", "DROP INDEX InvoiceByClient",
                   "The file: lacks the index "
                   "\"InvoiceByClient\"ON\"Invoice\"(\"client\")WHERE\"client\"ISNOTNULL."},
-        DamageRow{"ForeignTable", "CREATE TABLE Other(a)", "The file: has a foreign table Other."}),
+        DamageRow{"ForeignTable", "CREATE TABLE Other(a)", "The file: has a foreign table Other."},
+        DamageRow{"ForeignTableOfAnyName", R"(CREATE TABLE "a"" UNION b"(c))",
+                  "The file: has a foreign table a\" UNION b."}),
     test::rowName);
 
 TEST_F(CheckedLibrary, isDamagedWhereAPageCannotBeRead) {

@@ -118,6 +118,21 @@ TEST_F(LibraryFile, isSoundAndCarriesItsVersion) {
     EXPECT_EQ(raw.rows("PRAGMA journal_mode"), std::vector<std::string>{"wal"});
 }
 
+TEST_F(LibraryFile, ofAnybodyRunsNothingThatIsDefinedInIt) {
+    makeLibrary();
+    ASSERT_EQ(RawDatabase(file()).run(R"(CREATE TRIGGER Dear AFTER UPDATE ON "Client"
+        BEGIN UPDATE "Client" SET "hourlyRateCents" = 1; END)"),
+              SQLITE_OK);
+    {
+        Library container({file()}, runLoop);
+        const auto client = container.mainContext().fetch<Client>().front();
+        client->hourlyRateCents = 12000;
+        container.mainContext().save();
+    }
+    EXPECT_EQ(RawDatabase(file()).rows(R"(SELECT "hourlyRateCents" FROM "Client")"),
+              std::vector<std::string>{"12000"});
+}
+
 TEST_F(LibraryFile, isReadTogetherWithALeftOverLog) {
     makeLibrary();
     const auto copy = folder.path() / "copy" / "library.sqlite";

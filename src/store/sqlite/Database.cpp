@@ -143,6 +143,10 @@ Database::Database(const std::string& path) {
     // Otherwise a column that a table lacks would read as its own name in every row.
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    // A library may come from anybody: nothing that is defined in it runs by itself.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_collation_needed(database, nullptr, &provideCollation);
 }
 

@@ -44,11 +44,13 @@ SELECT 'column ' || t.name || '.' || c.name || ' ' || c.type || iif(c."notnull",
 
 /// How many rows all tables have; 0 when a damaged one can't be counted.
 std::size_t rowCount(Database& database) try {
-    Statement tables(database.handle(), "SELECT name FROM sqlite_schema WHERE type = 'table'");
+    // A table of a foreign file may be called anything.
+    Statement counts(database.handle(),
+                     "SELECT 'SELECT count(*) FROM \"' || replace(name, '\"', '\"\"') || '\"' "
+                     "FROM sqlite_schema WHERE type = 'table'");
     std::size_t rows = 0;
-    while (tables.step()) {
-        Statement count(database.handle(),
-                        "SELECT count(*) FROM \"" + std::string(tables.text(0)) + '"');
+    while (counts.step()) {
+        Statement count(database.handle(), counts.text(0));
         if (count.step()) rows += static_cast<std::size_t>(count.integer(0));
     }
     return rows;

@@ -216,7 +216,7 @@ Database LibraryImage::open() const {
     const int code = sqlite3_deserialize(database.handle(), "main", bytes, size, size,
                                          SQLITE_DESERIALIZE_READONLY);
     if (code != SQLITE_OK) fail(code, sqlite3_errmsg(database.handle()));
-    database.execute("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
+    database.execute("PRAGMA cell_size_check = ON");
     return database;
 }
 
