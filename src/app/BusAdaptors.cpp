@@ -3,6 +3,7 @@
 
 #include "app/BusAdaptors.h"
 
+#include "platform/ActivationToken.h"
 #include "platform/LibraryLock.h"
 #include "platform/StandardFolders.h"
 
@@ -13,10 +14,9 @@ namespace {
 constexpr const char* notTheLibrarys =
     "Only programs that may write this library can give it commands.";
 
-/// The caller's leave to come to the front; Qt reads it when a window asks to be activated.
-void takeActivationToken(const QVariantMap& platformData) {
-    const auto token = platformData.value(QStringLiteral("activation-token")).toString();
-    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+void takeToken(const QVariantMap& platformData) {
+    takeActivationToken(
+        platformData.value(QStringLiteral("activation-token")).toString().toStdString());
 }
 
 }  // namespace
@@ -43,18 +43,18 @@ QByteArray CommandsAdaptor::Run(const QStringList& arguments, const QString& wor
 }
 
 void ApplicationAdaptor::Activate(const QVariantMap& platformData) {
-    takeActivationToken(platformData);
+    takeToken(platformData);
     service_.activation().activate();
 }
 
 void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData) {
-    takeActivationToken(platformData);
+    takeToken(platformData);
     service_.activation().activate();
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
                                         const QVariantMap& platformData) {
-    takeActivationToken(platformData);
+    takeToken(platformData);
     service_.activation().run(name.toStdString());
 }
 

@@ -10,6 +10,8 @@
 #include <QVariantMap>
 #include <utility>
 
+#include "platform/ActivationToken.h"
+
 namespace elmworth {
 
 namespace {
@@ -52,7 +54,7 @@ void DesktopNotice::actionInvoked(uint number, const QString& action) {
 
 /// The desktop's leave to come to the front; it is told before the action.
 void DesktopNotice::tokenGiven(uint number, const QString& token) {
-    if (number != 0 && number == number_) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    if (number != 0 && number == number_) takeActivationToken(token.toStdString());
 }
 
 }  // namespace elmworth

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "platform/ActivationToken.h"
+
 namespace elmworth {
 
 NotifierObject::NotifierObject(const QString& menuPath) : menu_(menuPath) {
@@ -75,7 +77,7 @@ void NotifierObject::ContextMenu(int /*x*/, int /*y*/) {}
 void NotifierObject::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
 void NotifierObject::ProvideXdgActivationToken(const QString& token) {
-    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    takeActivationToken(token.toStdString());
 }
 
 }  // namespace elmworth
