@@ -157,7 +157,7 @@ class Kills : public testing::TestWithParam<Work> {
         if (GetParam().opensOlder) states_.push_back(states_.front());
     }
     void calibrate() {
-        std::vector<Time::duration> durations(5);
+        std::vector<Time::duration> durations(9);
         for (auto& duration : durations) {
             const Home home = again();
             WorkingProcess process(GetParam(), home);
@@ -166,7 +166,10 @@ class Kills : public testing::TestWithParam<Work> {
             ASSERT_EQ(process.announced(wholeCount(), start + 60s), wholeCount());
             duration = Time::now() - start;
         }
-        duration_ = *std::min_element(durations.begin(), durations.end());
+        // The fastest would end most kills of a busy machine before the work has come far.
+        const auto middle = durations.begin() + static_cast<std::ptrdiff_t>(durations.size() / 2);
+        std::nth_element(durations.begin(), middle, durations.end());
+        duration_ = *middle;
     }
 };
 
