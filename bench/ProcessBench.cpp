@@ -9,7 +9,9 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <time.h>
 
+#include <chrono>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -201,6 +203,8 @@ class RunningApplication {
             lock.release();
             std::this_thread::sleep_for(10ms);
         }
+        home.elmworth({"status"});  // waits until the application answers on the bus
+        waitUntilIdle();
     }
     RunningApplication(const RunningApplication&) = delete;
     RunningApplication& operator=(const RunningApplication&) = delete;
@@ -212,6 +216,25 @@ class RunningApplication {
     }
 
  private:
+    /// It answers while it still draws its window for the first time.
+    void waitUntilIdle() const {
+        constexpr auto worked = 2ms;  // more than the running time on the screen takes
+        auto before = processorTime();
+        for (int quiet = 0; quiet < 3;) {
+            std::this_thread::sleep_for(100ms);
+            const auto now = processorTime();
+            quiet = now - before < worked ? quiet + 1 : 0;
+            before = now;
+        }
+    }
+    [[nodiscard]] std::chrono::nanoseconds processorTime() const {
+        clockid_t clock{};
+        timespec time{};
+        if (::clock_getcpuclockid(application_, &clock) != 0 || ::clock_gettime(clock, &time) != 0)
+            throw std::runtime_error("the application has ended");
+        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+    }
+
     pid_t bus_ = 0;
     pid_t application_ = 0;
 };

@@ -31,6 +31,13 @@ elmworth_library(icu "${ICU_I18N_ARCHIVE};${ICU_UC_ARCHIVE}" "ICU::i18n;ICU::uc"
 elmworth_library(sqlite "${SQLITE_ARCHIVE};m;${CMAKE_DL_LIBS}" SQLite::SQLite3)
 elmworth_library(sodium "${SODIUM_ARCHIVE}" PkgConfig::sodium)
 
+# elmworth_hold_cxx_library(<target>)
+function(elmworth_hold_cxx_library target)
+    if(ELMWORTH_HOLDS_LIBRARIES)
+        target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc LINKER:--gc-sections,--exclude-libs,ALL)
+    endif()
+endfunction()
+
 # elmworth_hold_libraries(<executable>)
 function(elmworth_hold_libraries target)
     if(NOT ELMWORTH_HOLDS_LIBRARIES)
@@ -38,7 +45,8 @@ function(elmworth_hold_libraries target)
     endif()
     set_target_properties(${target} PROPERTIES ELMWORTH_HOLDS_LIBRARIES TRUE)
     target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src/platform/linux/SharedICUData.cpp)
+    elmworth_hold_cxx_library(${target})
     # ICU's data are needed without a name of theirs being used.
-    target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc LINKER:--gc-sections
+    target_link_options(${target} PRIVATE
         LINKER:--push-state,--no-as-needed ${ICU_DATA_LIBRARY} LINKER:--pop-state)
 endfunction()
