@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "command/CommandLine.h"
+#include "records/LibrarySchema.h"
+#include "store/sqlite/LibraryMigration.h"
 #include "support/DamagedTable.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
@@ -56,8 +58,9 @@ TEST_F(LibraryFileCommand, checkNamesWhatIsWrongAndHowToGoOn) {
 }
 
 TEST_F(LibraryFileCommand, checkPrintsOneJSONDocument) {
+    const auto version = sqlite::versionText(librarySchema().version);
     EXPECT_EQ(run({"check", "--format", "json"}).output, R"({
-  "version": "1.2.0",
+  "version": ")" + version + R"(",
   "clients": 1,
   "projects": 1,
   "entries": 1,

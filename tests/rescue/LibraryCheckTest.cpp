@@ -10,6 +10,7 @@
 #include <fstream>
 #include <string_view>
 
+#include "records/LibrarySchema.h"
 #include "support/DamagedPages.h"
 #include "support/Instants.h"
 #include "support/Rows.h"
@@ -69,7 +70,7 @@ TEST_F(CheckedLibrary, isSoundAsTheProgramWritesIt) {
     const auto report = checkLibrary(sqlite::LibraryImage(library_.file()));
     EXPECT_THAT(report.findings, IsEmpty());
     EXPECT_THAT(report.records, ElementsAre(1, 1, 3, 1));
-    EXPECT_EQ(report.version, 1'02'00U);
+    EXPECT_EQ(report.version, static_cast<std::uint32_t>(librarySchema().version));
 }
 
 TEST_F(CheckedLibrary, isReadWithWhatOnlyItsLogHoldsWhileItIsOpen) {
