@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "invoicing/InvoiceFigures.h"
+#include "platform/Counted.h"
 #include "records/LibrarySchema.h"
 #include "records/TimeEntry.h"
 #include "rescue/RecordRules.h"
@@ -20,10 +21,6 @@
 namespace elmworth {
 
 namespace {
-
-std::string counted(std::size_t count, const char* one, const char* many) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
 
 /// The rules that the records of a library keep, one by one and with each other.
 class RecordCheck {

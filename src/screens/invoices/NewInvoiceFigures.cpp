@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "platform/Counted.h"
 #include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 
@@ -75,7 +76,7 @@ void NewInvoiceFigures::showLines() {
 }
 
 QString NewInvoiceFigures::entriesText() const {
-    return QStringLiteral("%1 entries").arg(entries_.size());
+    return QString::fromStdString(counted(entries_.size(), "entry", "entries"));
 }
 
 QString NewInvoiceFigures::money(std::int64_t cents) const {

@@ -90,7 +90,9 @@ void InvoiceSettings::setDueDays(int days) {
 }
 
 QString InvoiceSettings::dueText() const {
-    return QStringLiteral("Due in %1 days").arg(profiles_.profile().defaultDueDays);
+    return (profiles_.profile().defaultDueDays == 1 ? QStringLiteral("Due in %1 day")
+                                                    : QStringLiteral("Due in %1 days"))
+        .arg(profiles_.profile().defaultDueDays);
 }
 
 }  // namespace elmworth

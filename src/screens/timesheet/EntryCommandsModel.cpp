@@ -3,6 +3,8 @@
 
 #include "screens/timesheet/EntryCommandsModel.h"
 
+#include "platform/Counted.h"
+
 namespace elmworth {
 
 namespace {
@@ -12,7 +14,7 @@ constexpr const char* projectIsGone =
     "The project was deleted meanwhile. Nothing was moved: choose another one.";
 
 QString countOfEntries(std::size_t count) {
-    return count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count);
+    return QString::fromStdString(counted(count, "entry", "entries"));
 }
 
 }  // namespace
