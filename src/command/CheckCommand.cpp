@@ -3,6 +3,7 @@
 
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
+#include "platform/Counted.h"
 #include "records/LibrarySchema.h"
 #include "rescue/LibraryCheck.h"
 #include "store/sqlite/LibraryMigration.h"
@@ -10,10 +11,6 @@
 namespace elmworth {
 
 namespace {
-
-std::string counted(std::size_t count, const char* one, const char* many) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
 
 std::string summary(const LibraryReport& report) {
     return "The library is sound: " + counted(report.records[0], "client", "clients") + ", " +
@@ -68,8 +65,8 @@ int check(FileCommandEnvironment& environment, CommandOutput& output) {
 void addCheckCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "check",
-        "Verifies the library without changing it, also while the application runs: prints a line "
-        "for each fault, and exits with 1 when there are any");
+        "Verifies the library without changing it, also while the application runs\n"
+        "Prints a line for each fault, and exits with 1 when there are any.");
     syntax.runsOnFile(command, &check);
 }
 

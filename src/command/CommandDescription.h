@@ -24,10 +24,11 @@ struct CommandDescription {
     };
 
     std::string name;
-    std::string help;
+    std::string help;           ///< in one line
     std::vector<Value> values;  ///< in the order in which they were declared
     std::vector<CommandDescription> commands;
     bool needsSubcommand = false;
+    std::string details = {};  ///< further sentences; empty for most
 
     /// The subcommand called `wanted`; null when there is none.
     [[nodiscard]] const CommandDescription* command(std::string_view wanted) const;

@@ -114,6 +114,7 @@ void addValues(std::string& page, const CommandDescription& command) {
 void addCommand(std::string& page, const std::string& path, const CommandDescription& command) {
     if (!command.needsSubcommand) {
         page += ".SS " + usage(path, command) + '\n' + sentence(command.help);
+        if (!command.details.empty()) page += sentence(command.details);
         addValues(page, command);
     }
     for (const auto& subcommand : command.commands)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 
 #include "command/Choice.h"
 #include "command/CommandDescription.h"
@@ -49,12 +50,23 @@ void addCommands(CommandSyntax& syntax, const std::vector<std::string>& argument
     for (const auto& command : commands) command.add(syntax);
 }
 
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
 /// Names say what a positional is, and the usage line whether it may be left out.
 class HelpFormatter final : public CLI::Formatter {
  public:
     HelpFormatter() {
         label("Positionals", "Arguments");
         label("SUBCOMMAND", "COMMAND");
+    }
+
+    std::string make_subcommand(const CLI::App* command) const override {
+        std::ostringstream line;
+        CLI::detail::format_help(line, command->get_name(),
+                                 firstLine(command->get_description()), column_width_);
+        return line.str();
     }
 
     std::string make_option_opts(const CLI::Option* option) const override {
@@ -79,7 +91,10 @@ CommandDescription::Value describe(const CLI::Option& option, const ValueWords& 
 }
 
 CommandDescription describe(const CLI::App& command, const ValueWords& words) {
-    CommandDescription description{command.get_name(), command.get_description(), {}, {}, false};
+    const auto help = command.get_description();
+    CommandDescription description{command.get_name(), firstLine(help), {}, {}, false};
+    if (description.help.size() < help.size())
+        description.details = help.substr(description.help.size() + 1);
     description.needsSubcommand = command.get_require_subcommand_min() > 0;
     for (const auto* option : command.get_options())
         description.values.push_back(describe(*option, words));

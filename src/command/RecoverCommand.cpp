@@ -109,8 +109,13 @@ int recover(const std::string& folder, FileCommandEnvironment& environment, Comm
 void addRecoverCommand(CommandSyntax& syntax) {
     auto command = syntax.program.subcommand(
         "recover",
-        "Writes what can be read of a damaged library into a new one, and leaves the damaged one "
-        "as it is. What it lacks comes from the newest snapshot");
+        "Writes what can be read of a damaged library, completed from the newest snapshot, into a "
+        "new one\n"
+        "The damaged library stays as it is, and what it still has, holds. From the newest "
+        "snapshot that can be read comes what the library points to and lacks; where pages of it "
+        "are damaged, also what it does not show at all, and so perhaps what was deleted since "
+        "that snapshot. An entry of the snapshot that overlaps time of the library stays away, so "
+        "that no time counts twice. Each addition is named.");
     auto folder = std::make_shared<std::string>();
     command.option("FOLDER", *folder, "A new folder for the library and a backup of it").required();
     syntax.runsOnFile(command,

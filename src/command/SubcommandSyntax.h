@@ -42,6 +42,8 @@ class SubcommandSyntax {
     /// `words` notes what values can be; it outlives this, as does `command`.
     SubcommandSyntax(CLI::App& command, ValueWords& words) : command_(&command), words_(&words) {}
 
+    /// The first line of `help` stands in the list of commands, the rest only where the command
+    /// itself is told of.
     [[nodiscard]] SubcommandSyntax subcommand(const std::string& name, const std::string& help);
 
     /// Whether one of the subcommands must be given; otherwise at most one may.

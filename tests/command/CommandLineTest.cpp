@@ -92,6 +92,12 @@ INSTANTIATE_TEST_SUITE_P(
                     "invoice delete", "profile", "profile set", "check", "recover"),
     test::textName);
 
+TEST(CommandLine, theHelpTellsDetailsOnlyOfTheCommandItself) {
+    const char* detail = "no time counts twice";
+    EXPECT_THAT(parseCommandLine({"recover", "--help"}).answer->output, HasSubstr(detail));
+    EXPECT_THAT(parseCommandLine({"--help"}).answer->output, Not(HasSubstr(detail)));
+}
+
 TEST(CommandLine, theHelpNamesAllCommands) {
     const auto help = parseCommandLine({"--help"}).answer->output;
     for (const char* name :

@@ -41,6 +41,11 @@ TEST(ManualPage, tellsWhatMayBeLeftOut) {
                           "[\\fB\\-\\-notes\\fR \\fITEXT\\fR]\n"));
 }
 
+TEST(ManualPage, tellsByWhichLawALibraryIsRecovered) {
+    EXPECT_THAT(manualPage(describeProgram()),
+                HasSubstr("into a new one.\nThe damaged library stays as it is, and what it still"));
+}
+
 TEST(ManualPage, textThatTroffWouldReadAsItsOwnIsSpeltOut) {
     CommandDescription program{"elmworth", ".so /etc/passwd \\n(x", {}, {}, false};
     EXPECT_THAT(manualPage(program), HasSubstr("\n\\&.so /etc/passwd \\en(x.\n"));
