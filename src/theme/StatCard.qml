@@ -60,7 +60,9 @@ GlassCard {
         PlainText {
             Layout.fillWidth: true
             visible: text.length > 0
-            text: card.detail
+            // "6-min" stays in one line.
+            text: card.detail.replace(/-/g, "\u2011")
+            Accessible.name: card.detail
             wrapMode: card.detailLines > 1 ? Text.Wrap : Text.NoWrap
             maximumLineCount: card.detailLines
             size: Theme.captionSize
