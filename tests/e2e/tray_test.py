@@ -117,10 +117,13 @@ class Registration(TrayTest):
         driver.expect("shown")
         self.assertEqual(second.items, first.items)
 
+    def test_that_there_is_no_tray_is_told_at_once(self):
+        self.driver().expect("hidden")
+
     def test_a_watcher_without_a_host_shows_nothing_until_a_host_comes(self):
         tray = self.tray(has_host=False)
         driver = self.driver()
-        wait_until(lambda: tray.items, "the registration")
+        driver.expect("hidden")
         self.assertNotIn("shown", driver.lines)
         tray.host_came()
         driver.expect("shown")
@@ -131,7 +134,7 @@ class Registration(TrayTest):
         driver.say("face running 1:05|1:05|Website")
         driver.say("menu Open;Quit")
         self.assertEqual(driver.close(), "")
-        self.assertEqual((driver.lines, driver.process.returncode), ([], 0))
+        self.assertEqual((driver.lines, driver.process.returncode), (["hidden"], 0))
 
     def test_a_bus_that_goes_away_takes_the_tray_and_not_the_program(self):
         bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"],

@@ -60,16 +60,21 @@ QDBusMessage propertyQuestion(const QString& property) {
     return call;
 }
 
-/// Calls `answered` on the main thread with the first value of an answer without error.
+/// Calls `answered` on the main thread with the first value of an answer without error, `refused`
+/// after an error.
 void ask(QObject* receiver, const QDBusConnection& connection, const QDBusMessage& call,
-         const std::function<void(const QVariant&)>& answered) {
+         const std::function<void(const QVariant&)>& answered,
+         const std::function<void()>& refused = {}) {
     auto* const pending = new QDBusPendingCallWatcher(connection.asyncCall(call), receiver);
     QObject::connect(pending, &QDBusPendingCallWatcher::finished, receiver,
-                     [pending, answered](QDBusPendingCallWatcher* /*same*/) {
+                     [pending, answered, refused](QDBusPendingCallWatcher* /*same*/) {
                          const QDBusMessage answer = pending->reply();
                          pending->deleteLater();
-                         if (answer.type() != QDBusMessage::ReplyMessage) return;
-                         answered(answer.arguments().value(0));
+                         if (answer.type() == QDBusMessage::ReplyMessage) {
+                             answered(answer.arguments().value(0));
+                         } else if (refused) {
+                             refused();
+                         }
                      });
 }
 
@@ -113,9 +118,13 @@ void StatusNotifierItem::watchOwners() {
                 if (service == watcherService) return setTray(owner);
                 if (!owner.isEmpty()) findLabelHost(service);
             });
-    ask(this, connection_, busQuestion(QStringLiteral("GetNameOwner"), watcherService),
+    ask(
+        this, connection_, busQuestion(QStringLiteral("GetNameOwner"), watcherService),
         [this](const QVariant& owner) {
             if (tray_.isEmpty()) setTray(owner.toString());
+        },
+        [this] {
+            if (tray_.isEmpty()) setShown(false);
         });
 }
 
@@ -123,7 +132,7 @@ void StatusNotifierItem::watchOwners() {
 /// before the tray looks at it.
 void StatusNotifierItem::setTray(const QString& owner) {
     tray_ = owner;
-    setShown(false);
+    if (isShown_ || tray_.isEmpty()) setShown(false);
     if (std::exchange(labelHost_, nullptr)) draw();
     if (tray_.isEmpty()) return;
     ask(this, connection_, processQuestion(watcherService),
@@ -191,6 +200,7 @@ void StatusNotifierItem::setEvents(Events events) {
     events_ = std::move(events);
     notifier_.setEvents(events_);
     menu_.onAboutToShow(events_.menuAboutToShow);
+    if (!connection_.isConnected()) setShown(false);
 }
 
 void StatusNotifierItem::setShown(bool isShown) {

@@ -30,7 +30,7 @@ class StatusNotifierItem final : public QObject, public Tray {
 
     void setFace(const TrayFace& face) override;
     void setMenu(std::vector<TrayMenuItem> items) override;
-    [[nodiscard]] bool isShown() const override { return isShown_; }
+    [[nodiscard]] bool isShown() const override { return isShown_.value_or(false); }
     void setEvents(Events events) override;
 
     /// A tray that shows labels. It is a part of a program that has this name too; the protocol has
@@ -64,7 +64,7 @@ class StatusNotifierItem final : public QObject, public Tray {
     const LabelHost* labelHost_ = nullptr;  ///< the tray, if it is one that shows labels
     TrayFace face_;
     Events events_;
-    bool isShown_ = false;
+    std::optional<bool> isShown_;  ///< absent before the desktop has answered
 };
 
 }  // namespace elmworth

@@ -58,6 +58,7 @@ int MainViewModel::section() const {
 void MainViewModel::setTrayShown(bool isShown) {
     welcome_.setTrayShown(isShown);
     timesheet_.setTrayShown(isShown);
+    projects_.setTrayShown(isShown);
 }
 
 void MainViewModel::showSection(int position) {

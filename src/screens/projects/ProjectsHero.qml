@@ -29,7 +29,7 @@ Item {
         icon: "folder-filled"
         title: place.model.needsClient ? "Add a client first" : "No projects yet"
         message: place.model.needsClient ? "Every project belongs to a client, which sets its default rate and currency."
-                                   : "Create a project to start tracking time against it from the system tray."
+                                   : place.model.emptyMessage
 
         GlowButton {
             id: next

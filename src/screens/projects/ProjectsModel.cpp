@@ -162,6 +162,16 @@ bool ProjectsModel::hasNoMatches() const noexcept {
     return canAdd() && !projects_.empty() && visibleCount_ == 0;
 }
 
+QString ProjectsModel::emptyMessage() const {
+    return QStringLiteral("Create a project to start tracking time against it from the %1.")
+        .arg(isTrayShown_ ? QStringLiteral("system tray") : QStringLiteral("panel"));
+}
+
+void ProjectsModel::setTrayShown(bool isShown) {
+    isTrayShown_ = isShown;
+    Q_EMIT emptyMessageChanged();
+}
+
 QString ProjectsModel::noMatchesText() const {
     return QStringLiteral("No projects match “%1”.").arg(search_);
 }

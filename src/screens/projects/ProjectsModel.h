@@ -52,6 +52,8 @@ class ProjectsModel final : public QObject {
     /// What stands in the section once it was read: one of these, or the list.
     Q_PROPERTY(bool needsClient READ needsClient NOTIFY listed FINAL)
     Q_PROPERTY(bool needsProject READ needsProject NOTIFY listed FINAL)
+    /// What a project is good for, while there is none.
+    Q_PROPERTY(QString emptyMessage READ emptyMessage NOTIFY emptyMessageChanged FINAL)
     Q_PROPERTY(bool hasNoMatches READ hasNoMatches NOTIFY listed FINAL)
     Q_PROPERTY(QString noMatchesText READ noMatchesText NOTIFY listed FINAL)
     Q_PROPERTY(bool showsList READ showsList NOTIFY listed FINAL)
@@ -82,6 +84,9 @@ class ProjectsModel final : public QObject {
     [[nodiscard]] bool canAdd() const noexcept { return !clients_.empty(); }
     [[nodiscard]] bool needsClient() const noexcept { return isRead_ && clients_.empty(); }
     [[nodiscard]] bool needsProject() const noexcept { return canAdd() && projects_.empty(); }
+    [[nodiscard]] QString emptyMessage() const;
+    /// Whether a tray shows the program's item; without one, the message leads to the panel.
+    void setTrayShown(bool isShown);
     [[nodiscard]] bool hasNoMatches() const noexcept;
     [[nodiscard]] bool showsList() const noexcept { return canAdd() && visibleCount_ > 0; }
     [[nodiscard]] QString noMatchesText() const;
@@ -109,6 +114,7 @@ class ProjectsModel final : public QObject {
  Q_SIGNALS:
     void isShownChanged();
     void listed();
+    void emptyMessageChanged();
     void menuChanged();
     /// The line at `row` is a new project's, to be brought into view.
     void revealRequested(int row);
@@ -144,6 +150,7 @@ class ProjectsModel final : public QObject {
     QString search_;
     bool showsArchived_ = false;
     bool isShown_ = false;
+    bool isTrayShown_ = true;
     bool isRead_ = false;
     bool isStale_ = true;  ///< something changed while it was not shown
     std::size_t visibleCount_ = 0;

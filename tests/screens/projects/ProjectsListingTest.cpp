@@ -140,6 +140,14 @@ TEST_F(Projects, withClientsAloneTheFirstProjectIsAsked) {
     EXPECT_TRUE(editor.isOpen());
 }
 
+TEST_F(Projects, leadToThePanelWhereThereIsNoTray) {
+    EXPECT_EQ(utf8(model.emptyMessage()),
+              "Create a project to start tracking time against it from the system tray.");
+    model.setTrayShown(false);
+    EXPECT_EQ(utf8(model.emptyMessage()),
+              "Create a project to start tracking time against it from the panel.");
+}
+
 TEST_F(Projects, withAllOfThemArchivedNothingMatches) {
     archive(website);
     archive(appProject);
