@@ -72,8 +72,9 @@ std::string periodNames() {
 
 Instant parseTime(const std::string& text, const CommandEnvironment& environment) {
     std::optional<Instant> instant = parseISO8601(withSeconds(text));
-    if (!instant && text.size() == 5) {
-        instant = localTime(today(environment) + 'T' + text + ":00", environment);
+    const std::string clock = text.size() == 4 ? '0' + text : text;  // 9:30
+    if (!instant && clock.size() == 5) {
+        instant = localTime(today(environment) + 'T' + clock + ":00", environment);
     }
     if (!instant && text.size() == 16) instant = localTime(text + ":00", environment);
     if (!instant && text.size() == 19) instant = localTime(text, environment);

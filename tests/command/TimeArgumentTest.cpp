@@ -58,9 +58,10 @@ INSTANTIATE_TEST_SUITE_P(
         // Clocks went from 2:00 to 3:00 on March 29, and went back from 3:00 on October 26.
         TimeRow{"SkippedHour", "2026-03-29T02:30", "2026-03-29T03:00+02:00"},
         TimeRow{"RepeatedHour", "2025-10-26T02:30", "2025-10-26T02:30+02:00"},
-        TimeRow{"Empty", "", nullptr}, TimeRow{"OneDigitHour", "9:30", nullptr},
-        TimeRow{"HourTwentyFour", "24:00", nullptr}, TimeRow{"MinuteSixty", "09:60", nullptr},
-        TimeRow{"DayAlone", "2026-03-01", nullptr},
+        TimeRow{"OneDigitHour", "9:30", "2026-03-31T09:30+02:00"}, TimeRow{"Empty", "", nullptr},
+        TimeRow{"OneDigitMinute", "9:3", nullptr}, TimeRow{"NoColon", "0930", nullptr},
+        TimeRow{"SignedHour", "-9:30", nullptr}, TimeRow{"HourTwentyFour", "24:00", nullptr},
+        TimeRow{"MinuteSixty", "09:60", nullptr}, TimeRow{"DayAlone", "2026-03-01", nullptr},
         TimeRow{"NoSuchDay", "2026-02-30T10:00", nullptr},
         TimeRow{"BlankForT", "2026-03-01 14:30", nullptr},
         TimeRow{"Fraction", "2026-03-01T14:30:00.5Z", nullptr},
