@@ -82,7 +82,12 @@ void add(const ClientArguments& arguments, CommandEnvironment& environment, Comm
     if (!arguments.rate.empty()) setField(*client, "rate", arguments.rate);
     if (!arguments.dueDays.empty()) setField(*client, "due-days", arguments.dueDays);
     if (!arguments.tax.empty()) setField(*client, "tax", arguments.tax);
+    const bool isSecond = hasClient(environment.context, client->name);
     environment.clients().add(client);
+    if (isSecond) {
+        output.notice("There is another client “" + client->name.get() +
+                      "”. Commands can't tell the two apart until one is renamed in the window.");
+    }
     if (!output.isJSON()) return output.line("Added the client “" + client->name.get() + "”.");
     printJSON(client, environment, output);
 }

@@ -64,8 +64,8 @@ class HelpFormatter final : public CLI::Formatter {
 
     std::string make_subcommand(const CLI::App* command) const override {
         std::ostringstream line;
-        CLI::detail::format_help(line, command->get_name(),
-                                 firstLine(command->get_description()), column_width_);
+        CLI::detail::format_help(line, command->get_name(), firstLine(command->get_description()),
+                                 column_width_);
         return line.str();
     }
 

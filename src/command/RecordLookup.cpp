@@ -74,8 +74,16 @@ std::vector<Ref<T>> allByName(UnitOfWork& context) {
 
 Ref<Client> findClient(UnitOfWork& context, const std::string& name) {
     return findByName<Client>(allByName<Client, &Client::name>(context), name, "client",
-                              " Rename one of them first.",
+                              " Rename one of them in the window first.",
                               [](const Client& client) { return client.name.get(); });
+}
+
+bool hasClient(UnitOfWork& context, const std::string& name) {
+    const auto clients = context.fetch<Client>();
+    return std::any_of(clients.begin(), clients.end(),
+                       [wanted = caseFolded(name)](const auto& client) {
+                           return caseFolded(client->name.get()) == wanted;
+                       });
 }
 
 Ref<Project> findProject(UnitOfWork& context, const std::string& name,

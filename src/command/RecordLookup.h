@@ -13,9 +13,10 @@
 namespace elmworth {
 
 /// Finds records by the names that people type, without regard to case and to how characters are
-/// composed. A name that fits none or
-/// several throws CommandError with the candidates.
+/// composed. A name that fits none or several throws CommandError with the candidates.
 [[nodiscard]] Ref<Client> findClient(UnitOfWork& context, const std::string& name);
+/// Whether there is a client of that name, or several.
+[[nodiscard]] bool hasClient(UnitOfWork& context, const std::string& name);
 
 /// The project called `name`; `clientName` narrows the search unless it is empty.
 [[nodiscard]] Ref<Project> findProject(UnitOfWork& context, const std::string& name,

@@ -107,11 +107,21 @@ TEST_F(ClientCommand, aChangeThatCannotBeSavedIsTakenBack) {
     EXPECT_FALSE(library_.context().hasChanges());
 }
 
+TEST_F(ClientCommand, addSaysThatThereIsOneOfThatName) {
+    const auto result = run({"client", "add", "GLOBEX"});
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_EQ(result.errors,
+              "There is another client “GLOBEX”. Commands can't tell the two apart "
+              "until one is renamed in the window.\n");
+    EXPECT_EQ(run({"client", "add", "Initech"}).errors, "");
+}
+
 TEST_F(ClientCommand, twoClientsOfOneNameCannotBeToldApart) {
     library_.addClient("GLOBEX");
     library_.context().save();
-    expectRefusal({"client", "set", "globex", "rate", "1"}, 1,
-                  "There are 2 clients “globex”: Globex, GLOBEX. Rename one of them first.");
+    expectRefusal(
+        {"client", "set", "globex", "rate", "1"}, 1,
+        "There are 2 clients “globex”: Globex, GLOBEX. Rename one of them in the window first.");
 }
 
 TEST_F(ClientCommand, deleteTakesProjectsAndTimeAlong) {
