@@ -42,8 +42,9 @@ TEST(ManualPage, tellsWhatMayBeLeftOut) {
 }
 
 TEST(ManualPage, tellsByWhichLawALibraryIsRecovered) {
-    EXPECT_THAT(manualPage(describeProgram()),
-                HasSubstr("into a new one.\nThe damaged library stays as it is, and what it still"));
+    EXPECT_THAT(
+        manualPage(describeProgram()),
+        HasSubstr("into a new one.\nThe damaged library stays as it is, and what it still"));
 }
 
 TEST(ManualPage, textThatTroffWouldReadAsItsOwnIsSpeltOut) {
