@@ -3,7 +3,6 @@
 
 #include "invoicing/InvoiceDue.h"
 
-#include "platform/Counted.h"
 #include "platform/DateFormatter.h"
 
 namespace elmworth {
@@ -17,9 +16,9 @@ std::string dueText(const Invoice& invoice, Instant now, const Calendar& calenda
         return "Paid " + dates.string(*paidAt);
     }
     const int days = calendar.daysBetween(now, invoice.dueDate);
-    if (days < 0) return counted(static_cast<std::uint64_t>(-days), "day", "days") + " late";
+    if (days < 0) return std::to_string(-days) + " days late";
     if (days == 0) return "Due today";
-    return "In " + counted(static_cast<std::uint64_t>(days), "day", "days");
+    return "In " + std::to_string(days) + " days";
 }
 
 }  // namespace elmworth

@@ -183,7 +183,7 @@ class InvoicesByKeyboard(InvoicesWindow):
         self.to("INV-2026-002")
         self.key("Delete")
         wait_until(lambda: find("Delete INV-2026-002?"), "the question")
-        self.assertTrue(find("Its 1 time entry becomes unbilled again."))
+        self.assertTrue(find("Its 1 time entries become unbilled again."))
         self.key("Escape")
         self.wait_for_end("Delete INV-2026-002?")
         self.key("Delete")

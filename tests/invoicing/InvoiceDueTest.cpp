@@ -39,8 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
     , InvoiceDueTest,
     testing::Values(
         DueRow{"SentDueToday", "sent", "2026-04-15T00:00-04:00", "", "Due today"},
-        DueRow{"SentDueMinutesAgoYesterday", "sent", "2026-04-14T23:59-04:00", "", "1 day late"},
-        DueRow{"SentDueTomorrowInMinutes", "sent", "2026-04-16T00:10-04:00", "", "In 1 day"},
+        DueRow{"SentDueMinutesAgoYesterday", "sent", "2026-04-14T23:59-04:00", "", "1 days late"},
+        DueRow{"SentDueTomorrowInMinutes", "sent", "2026-04-16T00:10-04:00", "", "In 1 days"},
         DueRow{"DraftIsLateToo", "draft", "2026-03-16T12:00-04:00", "", "30 days late"},
         DueRow{"OverAChangeOfClocks", "sent", "2026-11-02T12:00-05:00", "", "In 201 days"},
         DueRow{"Paid", "paid", "2026-03-01T12:00-05:00", "2026-04-02T23:00-04:00", "Paid Apr 2"},

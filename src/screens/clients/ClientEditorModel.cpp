@@ -18,8 +18,7 @@ QString text(std::string_view utf8) {
 }
 
 QString dueInDays(std::int64_t days) {
-    return (days == 1 ? QStringLiteral("Due in %1 day") : QStringLiteral("Due in %1 days"))
-        .arg(days);
+    return QStringLiteral("Due in %1 days").arg(days);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/Counted.h"
 #include "platform/Text.h"
 #include "records/Client.h"
 #include "records/Project.h"
@@ -19,11 +18,6 @@ constexpr std::chrono::seconds typingPause{1};
 
 QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
-}
-
-QString releaseText(std::size_t entries) {
-    return text("Its " + counted(entries, "time entry becomes", "time entries become") +
-                " unbilled again.");
 }
 
 bool changesOnlyNotes(const RecordChange& change) {
@@ -228,14 +222,16 @@ void InvoiceDetailModel::showNotesOnPage() {
 
 void InvoiceDetailModel::askToDelete() {
     if (!invoice_) return;
-    confirmation_.ask({.icon = QStringLiteral("trash"),
-                       .title = QStringLiteral("Delete %1?").arg(facts_.number),
-                       .message = releaseText(facts_.entryCount),
-                       .acceptText = QStringLiteral("Delete Invoice"),
-                       .isDestructive = true},
-                      [this, asked = invoice_] {
-                          if (asked == invoice_) remove();
-                      });
+    confirmation_.ask(
+        {.icon = QStringLiteral("trash"),
+         .title = QStringLiteral("Delete %1?").arg(facts_.number),
+         .message =
+             QStringLiteral("Its %1 time entries become unbilled again.").arg(facts_.entryCount),
+         .acceptText = QStringLiteral("Delete Invoice"),
+         .isDestructive = true},
+        [this, asked = invoice_] {
+            if (asked == invoice_) remove();
+        });
 }
 
 void InvoiceDetailModel::remove() {

@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "invoicing/InvoiceDue.h"
-#include "platform/Counted.h"
 #include "platform/DateFormatter.h"
 #include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
@@ -60,8 +59,9 @@ InvoiceFacts factsOf(const Invoice& invoice, std::size_t entryCount, const Invoi
     facts.total = totals ? text(head.total) : QStringLiteral("—");
     facts.totalCaption = taxCaption(invoice);
     facts.hours = totals ? text(hoursOf(*totals)) : QStringLiteral("—");
-    facts.hoursCaption = text(counted(entryCount, "entry", "entries")) +
-                         QStringLiteral(" · %1-min rounding").arg(invoice.roundingMinutes.get());
+    facts.hoursCaption = QStringLiteral("%1 entries · %2-min rounding")
+                             .arg(entryCount)
+                             .arg(invoice.roundingMinutes.get());
     facts.dueDate = text(dates.string(invoice.dueDate));
     facts.dueCaption = text(dueText(invoice, services.now(), calendar, services.locale));
     facts.nextStep = nextStepOf(invoice.status());

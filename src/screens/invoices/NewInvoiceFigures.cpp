@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "platform/Counted.h"
 #include "platform/DurationFormat.h"
 #include "platform/MoneyFormat.h"
 
@@ -76,7 +75,7 @@ void NewInvoiceFigures::showLines() {
 }
 
 QString NewInvoiceFigures::entriesText() const {
-    return QString::fromStdString(counted(entries_.size(), "entry", "entries"));
+    return QStringLiteral("%1 entries").arg(entries_.size());
 }
 
 QString NewInvoiceFigures::money(std::int64_t cents) const {

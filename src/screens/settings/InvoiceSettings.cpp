@@ -90,9 +90,7 @@ void InvoiceSettings::setDueDays(int days) {
 }
 
 QString InvoiceSettings::dueText() const {
-    return (profiles_.profile().defaultDueDays == 1 ? QStringLiteral("Due in %1 day")
-                                                    : QStringLiteral("Due in %1 days"))
-        .arg(profiles_.profile().defaultDueDays);
+    return QStringLiteral("Due in %1 days").arg(profiles_.profile().defaultDueDays);
 }
 
 }  // namespace elmworth

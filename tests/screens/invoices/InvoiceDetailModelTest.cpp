@@ -41,7 +41,7 @@ TEST_F(InvoiceDetail, showsTheFigures) {
     EXPECT_EQ(utf8(facts().total), "$100.00");
     EXPECT_EQ(utf8(facts().totalCaption), "No tax");
     EXPECT_EQ(utf8(facts().hours), "1.00");
-    EXPECT_EQ(utf8(facts().hoursCaption), "1 entry · 6-min rounding");
+    EXPECT_EQ(utf8(facts().hoursCaption), "1 entries · 6-min rounding");
     EXPECT_EQ(utf8(facts().dueDate), "Mar 6");
     EXPECT_EQ(utf8(facts().dueCaption), "In 4 days");
     EXPECT_EQ(detail().preview()->rows().size(), 1U);

