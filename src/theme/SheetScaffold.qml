@@ -51,6 +51,9 @@ Rectangle {
                 PlainText {
                     Layout.fillWidth: true
                     text: sheet.title
+                    // "Delete …?" must tell names apart that differ at their end.
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 3
                     size: 19
                     font.weight: Font.Medium
                     Accessible.role: Accessible.Heading

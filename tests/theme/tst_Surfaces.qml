@@ -336,5 +336,12 @@ Item {
             item.message.text = "";
             tryCompare(item, "implicitHeight", low);
         }
+
+        function test_a_long_title_of_a_sheet_is_not_cut() {
+            const item = createTemporaryObject(alert, stage, { sheetWidth: 300 });
+            const low = item.implicitHeight;
+            item.title = "Delete Relaunch of the customer portal, phase 2?";
+            tryVerify(() => item.implicitHeight >= low + 19);
+        }
     }
 }
