@@ -80,6 +80,12 @@ TEST_F(CheckedLibrary, isReadWithWhatOnlyItsLogHoldsWhileItIsOpen) {
                 ElementsAre(2, 1, 3, 1));
 }
 
+TEST_F(CheckedLibrary, isSoundWithAnEntryWithoutLength) {
+    library_.close();
+    run("UPDATE TimeEntry SET end = start WHERE end IS NOT NULL");
+    EXPECT_THAT(findings(), IsEmpty());
+}
+
 TEST_F(CheckedLibrary, staysAsItIs) {
     library_.close();
     const auto before = readFile(library_.file());

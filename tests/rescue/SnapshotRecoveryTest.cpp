@@ -97,6 +97,61 @@ TEST_F(RecoveredLibrary, countsNoTimeTwiceThatWasCorrectedSinceTheSnapshot) {
                          "had renamed or deleted it since."));
 }
 
+/// A library from which an entry was deleted after its snapshot, and whose damaged index may have
+/// held more.
+class RecoveredFromSnapshot : public RecoveredLibrary {
+ protected:
+    RecoveredFromSnapshot() {
+        for (const auto& entry : library_.context().fetch<TimeEntry>())
+            if (entry->notes.get() == "Landing page") landing_ = entry;
+        globex_->name = "Cafe\u0301";
+        takeSnapshot();
+    }
+    [[nodiscard]] RecoveryReport recoverWithoutIndex() {
+        library_.context().save();
+        damage("TimeEntryByEnd");
+        return recover();
+    }
+
+    Ref<TimeEntry> landing_;
+};
+
+TEST_F(RecoveredFromSnapshot, hasTimeThatOnlyTouchesOtherTime) {
+    landing_->start = at("2026-03-03T08:00Z");
+    landing_->end = at("2026-03-03T09:00Z");
+    library_.addEntry(website_, at("2026-03-03T10:00Z"), at("2026-03-03T11:00Z"));
+    EXPECT_EQ(recoverWithoutIndex().counts[2].fromSnapshot, 1U);
+    EXPECT_THAT(recoveredEntries(), IsSupersetOf(allEntries));
+}
+
+TEST_F(RecoveredFromSnapshot, tellsAProjectByItsTimeBeforeItsName) {
+    library_.context().deleteRecord(landing_);
+    website_->name = "Old site";
+    library_.addProject("Website", acme_);
+    EXPECT_EQ(recoverWithoutIndex().counts[2].fromSnapshot, 1U);
+    EXPECT_THAT(recoveredEntries(),
+                Contains("2026-03-03T09:00:00Z 60 Old site unbilled Landing page"));
+}
+
+TEST_F(RecoveredFromSnapshot, tellsAProjectByMostOfItsTime) {
+    library_.context().deleteRecord(landing_);
+    for (const auto& entry : library_.context().fetch<TimeEntry>())
+        if (entry->isRunning()) entry->project = shop_;
+    EXPECT_EQ(recoverWithoutIndex().counts[2].fromSnapshot, 1U);
+    EXPECT_THAT(recoveredEntries(), IsSupersetOf(allEntries));
+}
+
+TEST_F(RecoveredFromSnapshot, keepsTheNotesThatWereDeletedSince) {
+    landing_->notes = "";
+    (void)recoverWithoutIndex();
+    EXPECT_THAT(recoveredEntries(), Contains("2026-03-03T09:00:00Z 60 Website unbilled "));
+}
+
+TEST_F(RecoveredFromSnapshot, tellsAClientByItsNameHoweverThatIsWritten) {
+    globex_->name = "Caf\u00e9";
+    EXPECT_EQ(recoverWithoutIndex().counts[0].fromSnapshot, 0U);
+}
+
 TEST_F(RecoveredLibrary, hasWhatADamagedPageMayHaveHeldFromTheSnapshot) {
     takeSnapshot();
     const auto damaged = pages();
