@@ -20,12 +20,23 @@ struct DesktopManner {
     /// tile: what lies there can't be seen.
     [[nodiscard]] bool honoursLeastSize() const;
 
+    /// A screen as Qt has it from the desktop.
+    struct Screen {
+        QSize available;
+        double scale = 1;  ///< device pixels in a pixel of a window
+    };
+
+    /// The part of `screen` that a window may cover for sure, in pixels of a window. GNOME tells a
+    /// screen's size in device pixels, unless it is set up for scales between 100 and 200 %; which
+    /// of both can't be seen.
+    [[nodiscard]] QSize roomOn(const Screen& screen) const;
+
     [[nodiscard]] static DesktopManner current();
 };
 
 /// The least size to ask for, for a window that has room from `roomy` on and scrolls below that: no
 /// larger than any of `screens`, and none where asking does harm.
-[[nodiscard]] QSize leastSize(QSize roomy, const QList<QSize>& screens,
+[[nodiscard]] QSize leastSize(QSize roomy, const QList<DesktopManner::Screen>& screens,
                               const DesktopManner& manner);
 
 /// Lowers the least size of `window`, to be called before it shows.

@@ -14,14 +14,15 @@ namespace elmworth {
 namespace {
 
 const QSize roomy{1020, 600};
-const QSize wide{1920, 1080};
+const DesktopManner::Screen wide{{1920, 1080}};
+const DesktopManner::Screen dense{{1920, 1080}, 2};
 const QSize none{0, 0};
 const DesktopManner stacking{QStringLiteral("xcb"), QStringLiteral("XFCE")};
 
 struct Asked {
     const char* name;
     DesktopManner manner;
-    QList<QSize> screens;
+    QList<DesktopManner::Screen> screens;
     QSize least;
 };
 
@@ -54,12 +55,25 @@ INSTANTIATE_TEST_SUITE_P(
               {QStringLiteral("wayland"), QStringLiteral("")},
               {wide},
               none},
-        Asked{"aSmallScreen", stacking, {{960, 510}}, {960, 510}},
-        Asked{"aLowScreen", stacking, {{1366, 560}}, {1020, 560}},
+        Asked{"aSmallScreen", stacking, {{{960, 510}}}, {960, 510}},
+        Asked{"aLowScreen", stacking, {{{1366, 560}}}, {1020, 560}},
         Asked{"aSmallScreenBesideALargeOne",
               {QStringLiteral("wayland"), QStringLiteral("GNOME")},
-              {wide, {960, 510}},
-              {960, 510}},
+              {wide, {{960, 510}}},
+              {880, 410}},
+        // The window would be cut where the desktop told the screen's own pixels.
+        Asked{"gnomeAt200Percent",
+              {QStringLiteral("wayland"), QStringLiteral("GNOME")},
+              {dense},
+              {880, 440}},
+        Asked{"plasmaAt200Percent",
+              {QStringLiteral("wayland"), QStringLiteral("KDE")},
+              {dense},
+              roomy},
+        Asked{"gnomeOnX11At200Percent",
+              {QStringLiteral("xcb"), QStringLiteral("GNOME")},
+              {dense},
+              roomy},
         Asked{"noScreen", stacking, {}, roomy}),
     test::rowName);
 
