@@ -32,9 +32,9 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : isInMemory_(isDemo || isHostedRun()),
       services_(isDemo, currentInstant, runLoop_),
       settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
-      activation_(
-          {[this] { showMainWindow(); }, [this] { showPanel(); }, [this] { showNewInvoice(); }},
-          services_.timer(), services_.longWork()),
+      activation_({[this] { showMainWindowForOthers(); }, [this] { showPanel(); },
+                   [this] { showNewInvoice(); }},
+                  services_.timer(), services_.longWork()),
       commandService_(services_, painter_, activation_),
       terminationSignals_([] { QGuiApplication::quit(); }),
       colorScheme_(QDBusConnection::sessionBus()),
@@ -130,6 +130,13 @@ void ElmworthApp::makeMainWindow() {
         QVariant::fromValue(&mainViewModel_));
     lowerLeastSize(*mainWindow_);
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
+    inFront_.setSingleShot(true);
+    QObject::connect(&inFront_, &QTimer::timeout, mainWindow_.get(), [this] {
+        if (mainWindow_->isActive()) return;
+        notice_.show(QStringLiteral("Elmworth is open already"),
+                     QStringLiteral("This desktop lets no program come to the front by itself. "
+                                    "Press here to go to its window."));
+    });
     // At the end of the program all windows go, and the loop doesn't turn again.
     afterClose_.setSingleShot(true);
     QObject::connect(&afterClose_, &QTimer::timeout, qGuiApp, [this] { mainWindowClosed(); });
@@ -146,6 +153,15 @@ void ElmworthApp::makeMainWindow() {
 void ElmworthApp::mainWindowClosed() {
     if (isInMemory_ && !trayItem_->isShown()) return QGuiApplication::quit();
     closedWindowNotice_.windowClosed();
+}
+
+/// Under Wayland a program comes to the front by the leave of another one alone, and a start from a
+/// terminal has none to give.
+void ElmworthApp::showMainWindowForOthers() {
+    const bool wasVisible = mainWindow_ && mainWindow_->isVisible();
+    showMainWindow();
+    if (wasVisible && QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        inFront_.start(1s);
 }
 
 void ElmworthApp::showMainWindow() {

@@ -60,6 +60,7 @@ class ElmworthApp {
     void showSettings();
 
  private:
+    void showMainWindowForOthers();
     void keepOthersOff();
     void makeMainWindow();
     void followTray();
@@ -69,6 +70,7 @@ class ElmworthApp {
     /// A library in memory must not take the bus name of the application with the real library.
     bool isInMemory_;
     QTimer afterClose_;
+    QTimer inFront_;   ///< for the desktop to bring the window to the front
     QTimer trayWait_;  ///< for a tray to take the item up
     QtRunLoop runLoop_;
     LibraryServices services_;
