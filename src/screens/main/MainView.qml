@@ -25,12 +25,17 @@ Basic.SplitView {
 
     signal closeRequested()
 
+    function makeSections(): void {
+        isDrawn = true;
+    }
+
     Connections {
         target: view.Window.window
         enabled: !view.isDrawn
 
+        // Not at once: the frame counts as drawn only when this returns.
         function onFrameSwapped(): void {
-            view.isDrawn = true;
+            Qt.callLater(view.makeSections); // qmllint disable
         }
     }
 
