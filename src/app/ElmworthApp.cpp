@@ -28,6 +28,13 @@ namespace elmworth {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// After the window's first frame: its section comes before what stands beside the window.
+constexpr auto sectionIsMade = 200ms;
+
+}  // namespace
+
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : isInMemory_(isDemo || isHostedRun()),
       services_(isDemo, currentInstant, runLoop_),
@@ -49,7 +56,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
                     mainViewModel_.checkForUpdates();
                 }),
       notice_(QDBusConnection::sessionBus(), [this] { showMainWindow(); }),
-      closedWindowNotice_({[this] { return trayItem_->isShown(); },
+      closedWindowNotice_({[this] { return tray().isShown(); },
                            [this] { return services_.timer().running() != nullptr; },
                            [this](const ClosedWindowNotice::Sentence& sentence) {
                                notice_.show(QString::fromStdString(sentence.title),
@@ -64,31 +71,55 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
     }
-    if (!isInMemory_) commandService_.publish(QDBusConnection::sessionBus());
     loadEmbeddedFonts();
-    QGuiApplication::setWindowIcon(appIcon());
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
-    const auto showMain = [this] { showMainWindow(); };
-    trayItem_.emplace(
-        services_, runLoop_, engine_,
-        TrayItem::Ways{showMain, [this] { showSettings(); },
-                       [this](bool isShown) { mainViewModel_.setTrayShown(isShown); }});
-    followTray();
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
     QObject::connect(&mainViewModel_, &MainViewModel::settingsRequested,
                      [this] { showSettings(); });
     workObservation_ = services_.longWork().observe([this] { keepOthersOff(); });
+    open(opening);
+}
+
+/// A window first: what stands beside it waits until the window has been drawn. That may never be,
+/// as where it starts minimized.
+void ElmworthApp::open(Opening opening) {
+    standBeside_.setSingleShot(true);
+    QObject::connect(&standBeside_, &QTimer::timeout, qGuiApp, [this] { standBesideWindow(); });
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
     if (opening == Opening::newInvoice) showNewInvoice();
+    if (opening == Opening::nothing) standBesideWindow();
+    if (!mainWindow_) return;
+    standBeside_.start(1s);
+    QObject::connect(
+        mainWindow_.get(), &QQuickWindow::frameSwapped, &standBeside_,
+        [this] { standBeside_.start(sectionIsMade); }, Qt::SingleShotConnection);
+}
+
+/// The item in the tray, the way for commands, and the icon of the windows.
+void ElmworthApp::standBesideWindow() {
+    standBeside_.stop();
+    if (trayItem_) return;
+    if (!isInMemory_) commandService_.publish(QDBusConnection::sessionBus());
+    QGuiApplication::setWindowIcon(appIcon());
+    trayItem_.emplace(
+        services_, runLoop_, engine_,
+        TrayItem::Ways{[this] { showMainWindow(); }, [this] { showSettings(); },
+                       [this](bool isShown) { mainViewModel_.setTrayShown(isShown); }});
+    followTray();
+}
+
+TrayItem& ElmworthApp::tray() {
+    standBesideWindow();
+    return *trayItem_;
 }
 
 /// A tray tells when it shows the item; that there is none shows only in that nothing is told.
 void ElmworthApp::followTray() {
     trayWait_.setSingleShot(true);
     QObject::connect(&trayWait_, &QTimer::timeout, qGuiApp,
-                     [this] { mainViewModel_.setTrayShown(trayItem_->isShown()); });
+                     [this] { mainViewModel_.setTrayShown(tray().isShown()); });
     trayWait_.start(2s);
 }
 
@@ -116,7 +147,7 @@ void ElmworthApp::keepOthersOff() {
 }
 
 void ElmworthApp::showPanel() {
-    trayItem_->showPanel();
+    tray().showPanel();
 }
 
 void ElmworthApp::showNewInvoice() {
@@ -151,7 +182,7 @@ void ElmworthApp::makeMainWindow() {
 /// Another start reaches only the application with the real library: without a tray nothing would
 /// bring back the window of one in memory.
 void ElmworthApp::mainWindowClosed() {
-    if (isInMemory_ && !trayItem_->isShown()) return QGuiApplication::quit();
+    if (isInMemory_ && !tray().isShown()) return QGuiApplication::quit();
     closedWindowNotice_.windowClosed();
 }
 

@@ -62,6 +62,9 @@ class ElmworthApp {
  private:
     void showMainWindowForOthers();
     void keepOthersOff();
+    void open(Opening opening);
+    void standBesideWindow();
+    [[nodiscard]] TrayItem& tray();
     void makeMainWindow();
     void followTray();
     void mainWindowClosed();
@@ -70,8 +73,9 @@ class ElmworthApp {
     /// A library in memory must not take the bus name of the application with the real library.
     bool isInMemory_;
     QTimer afterClose_;
-    QTimer inFront_;   ///< for the desktop to bring the window to the front
-    QTimer trayWait_;  ///< for a tray to take the item up
+    QTimer inFront_;      ///< for the desktop to bring the window to the front
+    QTimer trayWait_;     ///< for a tray to take the item up
+    QTimer standBeside_;  ///< until what is not the window may take its time
     QtRunLoop runLoop_;
     LibraryServices services_;
     FileWatch settingsWatch_;
@@ -89,7 +93,7 @@ class ElmworthApp {
     MainViewModel mainViewModel_;
     QQmlEngine engine_;
     SettingsItem settings_;
-    std::optional<TrayItem> trayItem_;
+    std::optional<TrayItem> trayItem_;  ///< none before the window has been drawn
     DesktopNotice notice_;
     ClosedWindowNotice closedWindowNotice_;
     std::unique_ptr<QQuickWindow> mainWindow_;  ///< made when it is first shown
