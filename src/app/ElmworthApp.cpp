@@ -72,6 +72,10 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
                             powerEvents_);
     }
     loadEmbeddedFonts();
+    // Controls ask for the default font before their own is set; the system's would be read for it.
+    QFont font(textFontFamily());
+    font.setPixelSize(13);
+    QGuiApplication::setFont(font);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });

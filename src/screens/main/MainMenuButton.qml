@@ -77,15 +77,11 @@ IconButton {
     OnDemand {
         id: menu
 
-        // The menu doesn't outlive its button.
-        // qmllint disable unqualified
-        sourceComponent: MainMenu {
-            parent: button
-            model: button.model
-            stopKeys: stopShortcut.nativeText
-            resumeKeys: resumeShortcut.nativeText
-            onCloseRequested: button.closeRequested()
-        }
-        // qmllint enable unqualified
+        onLoaded: (item as MainMenu).closeRequested.connect(button.closeRequested)
+
+        // What the menu is made of is read when it first opens.
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Main/MainMenu.qml", {
+            parent: button, model: button.model, stopKeys: stopShortcut.nativeText, resumeKeys: resumeShortcut.nativeText
+        })
     }
 }

@@ -37,11 +37,7 @@ Basic.ApplicationWindow {
 
     OnDemand {
         wanted: window.model.confirmation.isOpen
-
-        // What is made on demand doesn't outlive its window.
-        // qmllint disable unqualified
-        sourceComponent: ConfirmSheet { question: window.model.confirmation }
-        // qmllint enable unqualified
+        Component.onCompleted: setSource("qrc:/qt-project.org/imports/Elmworth/Theme/ConfirmSheet.qml", { question: window.model.confirmation })
     }
 
     OnDemand {

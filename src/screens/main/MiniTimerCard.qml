@@ -64,6 +64,8 @@ GlassCard {
 
             PlainText {
                 Layout.fillWidth: true
+                // No sidebar leaves less. While one is laid out there would be less, and each smaller size be tried.
+                Layout.minimumWidth: 100
                 text: card.entry.elapsed
                 size: 20
                 fontSizeMode: Text.HorizontalFit
