@@ -28,6 +28,8 @@ class PrivateSessionBus {
         daemon_.waitForFinished();
     }
 
+    [[nodiscard]] const QString& address() const noexcept { return address_; }
+
     /// A connection of its own for each name.
     [[nodiscard]] QDBusConnection connect(const QString& name) const {
         return QDBusConnection::connectToBus(address_, name);
