@@ -165,19 +165,6 @@ void AutoBackup::drop() noexcept {
     snapshot_.reset();
 }
 
-std::optional<fs::path> AutoBackup::runIfDue(UnitOfWork& context, const BusinessProfile& profile,
-                                             Instant now, const std::optional<fs::path>& given,
-                                             const Check& check) {
-    const fs::path target = given ? *given : folder();
-    auto file = dueFile(context, now, target);
-    if (!file) return std::nullopt;
-    SnapshotJob job(context, profile, now, *file, check);
-    job.complete();
-    tellOfRepairs(*file, job.repairedTexts());
-    tidy(target, now);
-    return file;
-}
-
 fs::path AutoBackup::folder() {
     return createPrivateFolder(dataFolder() / "Backups");
 }

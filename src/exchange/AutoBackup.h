@@ -14,7 +14,6 @@
 #include "platform/PowerEvents.h"
 #include "platform/RunLoop.h"
 #include "platform/Settings.h"
-#include "records/BusinessProfile.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
@@ -45,25 +44,15 @@ class AutoBackup {
     using Check =
         std::function<void(const std::filesystem::path& file, const BackupCounts& written)>;
 
-    /// Arranges a snapshot, when one is due, 20 seconds from now, every six hours, and after each
-    /// wake. One that does not verify goes into the system log and into `defaults` until a later
-    /// one does; other failures are dropped. `check` is for tests; absent means what runs
-    /// otherwise.
+    /// Takes a snapshot, when one is due, 20 seconds from now, every six hours, and after each
+    /// wake: unless the newest is younger than 20 hours or there are no entries. It is read back;
+    /// then all but the newest `snapshotsKept` go, and what a killed process began to write more
+    /// than a day ago. Texts that are damaged in the library go into the system log. A snapshot
+    /// that does not verify is gone, and goes into the log and into `defaults` until a later one
+    /// does; other failures are dropped. `check` is for tests; absent means what runs otherwise.
     AutoBackup(UnitOfWork& context, Settings& defaults, Clock now, RunLoop& runLoop,
                PowerEvents& powerEvents, Check check = nullptr);
     ~AutoBackup();
-
-    /// Writes a snapshot unless the newest is younger than 20 hours or there are no entries, reads
-    /// it back, and removes all but the newest `snapshotsKept`, and what a killed process began to
-    /// write more than a day ago. Texts that are damaged in the library go into the system log.
-    /// Gives the new file, or absent when none was written. `folder` and `check` are for tests;
-    /// absent means `AutoBackup::folder()` and what runs otherwise. Throws StoreError,
-    /// BackupDecodeError (the snapshot did not verify, and is gone) or
-    /// std::filesystem::filesystem_error; older snapshots are then all there.
-    static std::optional<std::filesystem::path> runIfDue(
-        UnitOfWork& context, const BusinessProfile& profile, Instant now,
-        const std::optional<std::filesystem::path>& folder = std::nullopt,
-        const Check& check = nullptr);
 
     /// The last snapshot, when it did not verify.
     [[nodiscard]] static std::optional<FailedCheck> failedCheck(const Settings& defaults);

@@ -251,19 +251,6 @@ BackupObject read(const std::function<std::string_view()>& nextPiece, BackupCoun
     throw BackupDecodeError(fault + " (line " + std::to_string(stream.line()) + ").");
 }
 
-Backup decode(const std::function<std::string_view()>& nextPiece) {
-    BackupObject document = read(nextPiece, nullptr);
-    Backup backup;
-    backup.version = std::get<std::int64_t>(document["version"]);
-    backup.exportedAt = FieldTraits<Instant>::fromValue(document["exportedAt"]);
-    backup.profile = decodeProfile(std::get<Blob>(document["profile"]).bytes).value();
-    for (auto& item : document.items) {
-        auto& list = item.shape == &backupShapes().client ? backup.clients : backup.invoices;
-        list.push_back(std::move(item));
-    }
-    return backup;
-}
-
 std::function<std::string_view()> piecesOf(FileSource& source, Progress& progress) {
     return [&] {
         progress.advance("Reading", source.bytesRead(), source.size());
@@ -273,12 +260,17 @@ std::function<std::string_view()> piecesOf(FileSource& source, Progress& progres
 
 }  // namespace
 
-Backup decodeBackup(std::string_view json) {
-    return decode([&] { return std::exchange(json, {}); });
-}
-
 Backup decodeBackup(FileSource& source, Progress& progress) {
-    return decode(piecesOf(source, progress));
+    BackupObject document = read(piecesOf(source, progress), nullptr);
+    Backup backup;
+    backup.version = std::get<std::int64_t>(document["version"]);
+    backup.exportedAt = FieldTraits<Instant>::fromValue(document["exportedAt"]);
+    backup.profile = decodeProfile(std::get<Blob>(document["profile"]).bytes).value();
+    for (auto& item : document.items) {
+        auto& list = item.shape == &backupShapes().client ? backup.clients : backup.invoices;
+        list.push_back(std::move(item));
+    }
+    return backup;
 }
 
 BackupCounts countBackup(FileSource& source, Progress& progress) {

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
 #include "exchange/Backup.h"
 #include "exchange/FileSource.h"
@@ -21,13 +20,10 @@ class BackupDecodeError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Reads a backup document. Kinds, 64-bit ranges and required keys are strict; optional keys may be
-/// missing or null; unknown keys are passed over, however deep they go; of two equal keys the last
-/// counts. Throws BackupDecodeError.
-[[nodiscard]] Backup decodeBackup(std::string_view json);
-
-/// The same from a regular file, read piece by piece. Also throws
-/// std::filesystem::filesystem_error, and Cancelled.
+/// Reads a backup document piece by piece. Kinds, 64-bit ranges and required keys are strict;
+/// optional keys may be missing or null; unknown keys are passed over, however deep they go; of two
+/// equal keys the last counts. Throws BackupDecodeError, std::filesystem::filesystem_error or
+/// Cancelled.
 [[nodiscard]] Backup decodeBackup(FileSource& source, Progress& progress = noProgress());
 
 /// How much a document holds that decodeBackup would take: it is read in the same way, but nothing

@@ -50,11 +50,6 @@ bool SnapshotJob::advance() {
     return false;
 }
 
-void SnapshotJob::complete() {
-    while (!check_.valid()) advance();
-    finish();
-}
-
 void SnapshotJob::beginCheck() {
     BackupCounts written = walk_.counts();
     written.repairedTexts = 0;  // they are read as good ones

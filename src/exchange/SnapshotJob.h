@@ -39,9 +39,6 @@ class SnapshotJob {
     /// std::filesystem::filesystem_error; there is no snapshot then.
     bool advance();
 
-    /// All steps that are left. Throws the same.
-    void complete();
-
     /// How many texts of the library were damaged, once all is written.
     [[nodiscard]] std::size_t repairedTexts() const noexcept { return writer_.repairedTexts(); }
 

@@ -56,9 +56,6 @@ class Settings {
     void setData(std::string_view key, std::string_view bytes, std::string_view obsoleteKey = {});
     void remove(std::string_view key);
 
-    /// Removes all keys and the file.
-    void removeAll();
-
     /// Takes over what somebody else has written to the file. One that is missing, empty,
     /// unreadable or damaged leaves all values as they are.
     void reload();

@@ -114,10 +114,6 @@ LogoImage loadLogo() try {
     return nullptr;
 }
 
-void storeLogo(const std::filesystem::path& file) {
-    storeLogoFile(makeLogoFile(file));
-}
-
 std::string makeLogoFile(const std::filesystem::path& file) {
     const QImage picture = readPicture(file);
     if (picture.isNull())

@@ -34,13 +34,10 @@ class LogoError : public std::runtime_error {
 /// file's modification date changes.
 [[nodiscard]] LogoImage loadLogo();
 
-/// Replaces the logo by the picture in `file`, as a PNG whose longer side is at most 600 pixels
-/// (never enlarged, each side at least 1). Reads pictures of any size without decoding them whole
-/// where the format allows. Throws LogoError; the old logo then stays.
-void storeLogo(const std::filesystem::path& file);
-
-/// The PNG that `storeLogo` keeps of the picture in `file`, which takes seconds for a large one.
-/// May be called on any thread, by one at a time. Throws LogoError.
+/// A logo of the picture in `file`: a PNG whose longer side is at most 600 pixels (never enlarged,
+/// each side at least 1). Reads pictures of any size without decoding them whole where the format
+/// allows; takes seconds for a large one. May be called on any thread, by one at a time. Throws
+/// LogoError.
 [[nodiscard]] std::string makeLogoFile(const std::filesystem::path& file);
 
 /// Replaces the logo by what `makeLogoFile` gave. Throws LogoError; the old logo then stays.

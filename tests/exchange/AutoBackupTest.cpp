@@ -16,8 +16,8 @@
 #include "records/ProfileStore.h"
 #include "support/Instants.h"
 #include "support/ScopedEnvironment.h"
+#include "support/Snapshots.h"
 #include "support/SystemLogCapture.h"
-#include "support/TestTimer.h"
 
 namespace elmworth {
 namespace {
@@ -41,21 +41,26 @@ class AutoBackupTest : public testing::Test {
         library_.addEntry(project, at("2026-03-01T09:00Z"), at("2026-03-01T10:00Z"));
         library_.context().save();
     }
-    auto run(Instant instant) {
-        return AutoBackup::runIfDue(library_.context(), {}, instant, folder_.path());
+    auto run(Instant instant) { return test::takeSnapshot(library_.context(), defaults_, instant); }
+    [[nodiscard]] static std::filesystem::path file(const std::string& name) {
+        return AutoBackup::folder() / name;
     }
-    void put(const std::string& name) { writeAtomically(folder_.path() / name, "{}"); }
-    [[nodiscard]] std::size_t count() const { return AutoBackup::snapshots(folder_.path()).size(); }
+    static void put(const std::string& name) { writeAtomically(file(name), "{}"); }
+    [[nodiscard]] static std::size_t count() {
+        return AutoBackup::snapshots(AutoBackup::folder()).size();
+    }
 
     TestLibrary library_;
     TemporaryFolder folder_;
+    test::ScopedEnvironment data_{"XDG_DATA_HOME", folder_.path().string()};
+    Settings defaults_{folder_.path() / "Elmworth.ini"};
 };
 
 TEST_F(AutoBackupTest, aSnapshotIsNamedByItsInstantInUTC) {
-    const auto file = run(now);
-    ASSERT_TRUE(file);
-    EXPECT_EQ(file->filename(), "Elmworth-2026-03-10T12-00-00.json");
-    EXPECT_EQ(test::readBackup(*file).clients.size(), 1U);
+    const auto taken = run(now);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->filename(), "Elmworth-2026-03-10T12-00-00.json");
+    EXPECT_EQ(test::readBackup(*taken).clients.size(), 1U);
 }
 
 TEST_F(AutoBackupTest, onlyTheUserCanReadASnapshot) {
@@ -82,27 +87,26 @@ TEST_F(AutoBackupTest, afterTwentyHoursToTheSecondOneIsWritten) {
 TEST_F(AutoBackupTest, theNameIsInUTCWhateverTheTimeZone) {
     const test::ScopedEnvironment tokyo("TZ", "Asia/Tokyo");
     EXPECT_EQ(run(now)->filename(), "Elmworth-2026-03-10T12-00-00.json");
-    EXPECT_EQ(AutoBackup::snapshots(folder_.path()).at(0).date, now);
+    EXPECT_EQ(AutoBackup::snapshots(AutoBackup::folder()).at(0).date, now);
 }
 
 TEST_F(AutoBackupTest, aSnapshotThatCannotBeReadBackIsRemovedAndPrunesNothing) {
     for (int day = 10; day <= 27; ++day) {
         put("Elmworth-2026-02-" + std::to_string(day) + "T00-00-00.json");
     }
-    EXPECT_THROW(AutoBackup::runIfDue(library_.context(), {}, now, folder_.path(), &refuse),
-                 BackupDecodeError);
+    const test::SystemLogCapture log;
+    EXPECT_FALSE(test::takeSnapshot(library_.context(), defaults_, now, &refuse));
     EXPECT_EQ(count(), 18U);
-    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-03-10T12-00-00.json"));
 }
 
 TEST_F(AutoBackupTest, aSnapshotOfADamagedTextCanBeReadAndIsToldOf) {
     library_.context().fetch<TimeEntry>().at(0)->notes = "no UTF-8: \xFF";
     const test::SystemLogCapture log;
-    const auto file = run(now);
-    ASSERT_TRUE(file);
-    EXPECT_EQ(test::readBackup(*file).clients.at(0).items.at(0).items.at(0)["notes"],
+    const auto taken = run(now);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(test::readBackup(*taken).clients.at(0).items.at(0).items.at(0)["notes"],
               Value("no UTF-8: �"));
-    EXPECT_EQ(log.take(), "Elmworth: " + file->string() +
+    EXPECT_EQ(log.take(), "Elmworth: " + taken->string() +
                               ": 1 text of the library held damaged bytes, which stand as � in "
                               "the document.\n");
 }
@@ -120,7 +124,7 @@ TEST_F(AutoBackupTest, aSnapshotOfAnyExtensionIsPruned) {
     }
     run(now);
     EXPECT_EQ(count(), AutoBackup::snapshotsKept);
-    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-01-01T00-00-00.txt"));
+    EXPECT_FALSE(std::filesystem::exists(file("Elmworth-2026-01-01T00-00-00.txt")));
 }
 
 TEST_F(AutoBackupTest, aSnapshotFromTheFutureCountsAsRecent) {
@@ -135,21 +139,23 @@ TEST_F(AutoBackupTest, theFifteenthPushesTheOldestOut) {
     }
     EXPECT_TRUE(run(now));
     EXPECT_EQ(count(), AutoBackup::snapshotsKept);
-    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "Elmworth-2026-02-01T00-00-00.json"));
+    EXPECT_FALSE(std::filesystem::exists(file("Elmworth-2026-02-01T00-00-00.json")));
 }
 
 TEST_F(AutoBackupTest, whatAKilledProcessBeganToWriteGoesAfterADay) {
     const auto putWritten = [&](const std::string& name, Instant written) {
         put(name);
-        std::filesystem::last_write_time(folder_.path() / name,
-                                         std::chrono::file_clock::from_sys(written));
+        std::filesystem::last_write_time(file(name), std::chrono::file_clock::from_sys(written));
     };
     putWritten(".elmworth-a1b2c3", now - 24h - 1s);
     putWritten(".elmworth-d4e5f6", now - 24h);
     putWritten(".elmworth-notes.txt", now - 48h);
     putWritten("notes.txt", now - 48h);
     EXPECT_TRUE(run(now));
-    EXPECT_THAT(folder_.names(),
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(AutoBackup::folder()))
+        names.push_back(entry.path().filename());
+    EXPECT_THAT(names,
                 testing::UnorderedElementsAre(".elmworth-d4e5f6", ".elmworth-notes.txt",
                                               "Elmworth-2026-03-10T12-00-00.json", "notes.txt"));
 }
@@ -159,7 +165,7 @@ TEST_F(AutoBackupTest, anEmptyLibraryWritesAndPrunesNothing) {
     for (int day = 10; day <= 25; ++day) {
         put("Elmworth-2026-02-" + std::to_string(day) + "T00-00-00.json");
     }
-    EXPECT_FALSE(AutoBackup::runIfDue(empty.context(), {}, now, folder_.path()));
+    EXPECT_FALSE(test::takeSnapshot(empty.context(), defaults_, now));
     EXPECT_EQ(count(), 16U);
 }
 
@@ -178,7 +184,7 @@ TEST_F(AutoBackupTest, snapshotsComeNewestFirst) {
     put("Elmworth-2026-01-01T00-00-00.json");
     put("Elmworth-2026-01-03T00-00-00.json");
     put("Elmworth-2026-01-02T00-00-00.json");
-    const auto found = AutoBackup::snapshots(folder_.path());
+    const auto found = AutoBackup::snapshots(AutoBackup::folder());
     EXPECT_EQ(found.at(0).date, at("2026-01-03T00:00Z"));
     EXPECT_EQ(found.at(2).date, at("2026-01-01T00:00Z"));
 }
@@ -216,25 +222,20 @@ class AutoBackupTriggers : public AutoBackupTest {
         const auto file = AutoBackup::snapshots(AutoBackup::folder()).at(0).url;
         return test::readBackup(file).clients.at(0).items.at(0).items;
     }
-    [[nodiscard]] static std::size_t taken() {
-        return AutoBackup::snapshots(AutoBackup::folder()).size();
-    }
 
-    test::ScopedEnvironment data_{"XDG_DATA_HOME", folder_.path().string()};
-    Settings defaults_{folder_.path() / "Elmworth.ini"};
     test::ManualPowerEvents power_;
     Instant clock_ = now;
     std::unique_ptr<AutoBackup> backup_;
 };
 
 TEST_F(AutoBackupTriggers, nothingIsWrittenAtTheStartItself) {
-    EXPECT_EQ(taken(), 0U);
+    EXPECT_EQ(count(), 0U);
 }
 
 TEST_F(AutoBackupTriggers, theFirstTurnOfTheClockTakesOneAndEndsTheFirstDelay) {
     EXPECT_EQ(library_.runLoop.repeatingCount(), 2U);
     fireAndFinish();
-    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(count(), 1U);
     EXPECT_EQ(library_.runLoop.repeatingCount(), 1U);
 }
 
@@ -243,7 +244,7 @@ TEST_F(AutoBackupTriggers, aWakeFiveHoursAfterASnapshotWritesNothing) {
     clock_ += 5h;
     power_.wake();
     EXPECT_FALSE(isWorking());
-    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(AutoBackupTriggers, aWakeADayLaterTakesOne) {
@@ -251,7 +252,7 @@ TEST_F(AutoBackupTriggers, aWakeADayLaterTakesOne) {
     clock_ += 24h;
     power_.wake();
     finish();
-    EXPECT_EQ(taken(), 2U);
+    EXPECT_EQ(count(), 2U);
 }
 
 TEST_F(AutoBackupTriggers, theProfileOfTheMomentIsInIt) {
@@ -282,12 +283,12 @@ TEST_F(AutoBackupTriggers, aSnapshotThatCannotBeReadBackIsToldOfUntilOneCan) {
     ASSERT_TRUE(failed);
     EXPECT_EQ(failed->date, now);
     EXPECT_EQ(failed->reason, "clients[0]: not an object (line 3).");
-    EXPECT_EQ(taken(), 0U);
+    EXPECT_EQ(count(), 0U);
 
     isRefused = false;
     clock_ += 6h;
     fireAndFinish();
-    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(count(), 1U);
     EXPECT_FALSE(AutoBackup::failedCheck(defaults_));
 }
 
@@ -297,7 +298,7 @@ TEST_F(AutoBackupTriggers, aFailureIsDroppedAndTheNextTriggerTriesAgain) {
     EXPECT_FALSE(isWorking());
     std::filesystem::remove(folder_.path() / "Elmworth");
     fireAndFinish();
-    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(AutoBackupTriggers, aSnapshotIsMadeInSmallStepsAndHasItsNameAtTheEndAlone) {
@@ -305,11 +306,11 @@ TEST_F(AutoBackupTriggers, aSnapshotIsMadeInSmallStepsAndHasItsNameAtTheEndAlone
     library_.runLoop.fire();
     std::size_t steps = 0;
     for (; isWorking(); ++steps) {
-        EXPECT_EQ(taken(), 0U);
+        EXPECT_EQ(count(), 0U);
         library_.runLoop.fire();
     }
     EXPECT_GE(steps, 3000 / BackupWalk::entriesPerStep);
-    EXPECT_EQ(taken(), 1U);
+    EXPECT_EQ(count(), 1U);
     EXPECT_EQ(entriesTaken().size(), 3001U);
 }
 
@@ -334,7 +335,7 @@ TEST_F(AutoBackupTriggers, aChangeMeanwhileBeginsItAnewSoThatItShowsOneState) {
         library_.context().save();
         clock_ += 24h;
     }
-    EXPECT_EQ(taken(), 2U);
+    EXPECT_EQ(count(), 2U);
 }
 
 TEST_F(AutoBackupTriggers, theEndOfTheProgramInBetweenLeavesNothing) {

@@ -63,7 +63,7 @@ TEST(Backup, emptyLibraryGivesADocumentWithEmptyLists) {
     const std::string json = test::encode(backupOf(library));
     EXPECT_THAT(json, HasSubstr("\"clients\": []"));
     EXPECT_THAT(json, HasSubstr("\"invoices\": []"));
-    EXPECT_EQ(decodeBackup(json), backupOf(library));
+    EXPECT_EQ(test::decode(json), backupOf(library));
 }
 
 TEST(Backup, aLibraryWithEveryKeyGivesThisDocument) {
@@ -87,7 +87,7 @@ TEST(Backup, aLibraryWithEveryKeyGivesThisDocument) {
     BackupExporter::write(library.context(), {.name = "Jane", .paperSize = PaperSize::a4},
                           exportedAt, [&](std::string_view piece) { json += piece; });
     test::expectGolden(json, "exchange/backup.json");
-    EXPECT_EQ(test::encode(decodeBackup(json)), json);
+    EXPECT_EQ(test::encode(test::decode(json)), json);
 }
 
 TEST(Backup, thePublishedSchemaHasTheKeysOfTheRecords) {
@@ -122,7 +122,7 @@ TEST(Backup, thePublishedSchemaHasTheKeysOfTheRecords) {
 TEST(Backup, whatIsEncodedDecodesToTheSame) {
     TestLibrary library;
     fill(library);
-    EXPECT_EQ(decodeBackup(test::encode(backupOf(library))), backupOf(library));
+    EXPECT_EQ(test::decode(test::encode(backupOf(library))), backupOf(library));
 }
 
 TEST(Backup, writingPieceByPieceGivesTheEncodedDocument) {
@@ -254,12 +254,12 @@ TEST(Backup, anyPrefixOfADocumentIsRefused) {
     const std::string json = test::encode(backupOf(library));
     const std::size_t last = json.rfind('}');
     for (std::size_t length = 0; length <= last; length += 7) {
-        EXPECT_THROW((void)decodeBackup(json.substr(0, length)), BackupDecodeError) << length;
+        EXPECT_THROW((void)test::decode(json.substr(0, length)), BackupDecodeError) << length;
     }
 }
 
 TEST(BackupDecoder, aWholeNumberMayHaveAFractionOfZeros) {
-    auto backup = decodeBackup(
+    auto backup = test::decode(
         R"({"version":1.0,"exportedAt":"2026-03-10T12:00:00Z","clients":[],"invoices":[],)"
         R"("profile":{"roundingMinutes":6.0}})");
     EXPECT_EQ(backup.version, 1);
@@ -293,14 +293,14 @@ TEST(Backup, aDamagedByteInAnInvoicesOwnProfileCostsOneCharacter) {
     const auto counts = BackupExporter::write(library.context(), {}, exportedAt,
                                               [&](std::string_view piece) { document += piece; });
     EXPECT_EQ(counts.repairedTexts, 1U);
-    EXPECT_EQ(decodeBackup(document).invoices.at(0)["business"],
+    EXPECT_EQ(test::decode(document).invoices.at(0)["business"],
               valueOf({.name = "�ane", .taxLabel = "VAT"}));
 }
 
 TEST(Backup, aDateThatNoDocumentCanHoldStandsAsTheNearestOne) {
     Backup backup;
     backup.exportedAt = Instant::max();
-    EXPECT_EQ(decodeBackup(test::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
+    EXPECT_EQ(test::decode(test::encode(backup)).exportedAt, at("9999-12-31T23:59:59Z"));
 }
 
 TEST(Backup, theMessageOfDamagedTextsCountsThem) {
@@ -327,7 +327,7 @@ TEST_P(BadBackup, isRefusedWithThePlaceOfTheFault) {
     ASSERT_NE(place, std::string::npos);
     json.replace(place, std::string(GetParam().from).size(), GetParam().to);
     try {
-        (void)decodeBackup(json);
+        (void)test::decode(json);
         FAIL() << "was read";
     } catch (const BackupDecodeError& error) {
         EXPECT_THAT(error.what(), HasSubstr(GetParam().message));
@@ -373,7 +373,7 @@ TEST(Backup, unknownKeysArePassedOverHoweverDeepTheyAre) {
     TestLibrary library;
     std::string json = test::encode(backupOf(library));
     json.insert(1, "\"unknown\": " + deep + ", ");
-    EXPECT_EQ(decodeBackup(json), backupOf(library));
+    EXPECT_EQ(test::decode(json), backupOf(library));
 }
 
 TEST(Backup, optionalKeysMayBeNull) {
@@ -381,7 +381,7 @@ TEST(Backup, optionalKeysMayBeNull) {
     fill(library);
     std::string json = test::encode(backupOf(library));
     json.insert(json.find("\"address\""), "\"dueDays\": null, ");
-    EXPECT_EQ(decodeBackup(json), backupOf(library));
+    EXPECT_EQ(test::decode(json), backupOf(library));
 }
 
 /// An empty library's document with these keys of a client before the others.
@@ -393,26 +393,26 @@ std::string withClient(const std::string& keys) {
 }
 
 TEST(Backup, ofTwoEqualKeysTheLastCountsAlsoWhenItIsNull) {
-    EXPECT_EQ(decodeBackup(withClient(R"("dueDays": 1, "dueDays": 2,)")).clients.at(0)["dueDays"],
+    EXPECT_EQ(test::decode(withClient(R"("dueDays": 1, "dueDays": 2,)")).clients.at(0)["dueDays"],
               Value(2));
     EXPECT_EQ(
-        decodeBackup(withClient(R"("dueDays": 1, "dueDays": null,)")).clients.at(0)["dueDays"],
+        test::decode(withClient(R"("dueDays": 1, "dueDays": null,)")).clients.at(0)["dueDays"],
         Value());
     std::string json = withClient("");
     json.replace(json.find("{}"), 2, R"({"taxLabel": "VAT", "taxLabel": null})");
-    EXPECT_EQ(decodeBackup(json).profile, BusinessProfile{});
+    EXPECT_EQ(test::decode(json).profile, BusinessProfile{});
 }
 
 TEST(Backup, whatFollowsANulByteIsNotOverlooked) {
     using namespace std::string_literals;
-    EXPECT_THROW((void)decodeBackup(withClient("") + "\0"s), BackupDecodeError);
-    EXPECT_THROW((void)decodeBackup(withClient("") + "\0{}"s), BackupDecodeError);
+    EXPECT_THROW((void)test::decode(withClient("") + "\0"s), BackupDecodeError);
+    EXPECT_THROW((void)test::decode(withClient("") + "\0{}"s), BackupDecodeError);
 }
 
 TEST(Backup, lone64BitNumbersStayExact) {
     TestLibrary library;
     library.addClient("Acme")->hourlyRateCents = std::numeric_limits<std::int64_t>::max() - 1;
-    EXPECT_EQ(decodeBackup(test::encode(backupOf(library))).clients.at(0)["hourlyRateCents"],
+    EXPECT_EQ(test::decode(test::encode(backupOf(library))).clients.at(0)["hourlyRateCents"],
               Value(std::numeric_limits<std::int64_t>::max() - 1));
 }
 

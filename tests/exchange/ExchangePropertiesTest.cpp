@@ -36,7 +36,7 @@ std::string backupOf(TestLibrary& library, Instant now = exportedAt) {
 /// A library of its own into which `json` is restored.
 struct RestoredLibrary {
     explicit RestoredLibrary(const std::string& json) : library(TestLibrary::emptyFile()) {
-        restore(decodeBackup(json), library.context());
+        restore(test::decode(json), library.context());
         library.reopen();
     }
     TestLibrary library;
@@ -68,10 +68,10 @@ TEST_P(ExchangeProperties, backupRestoreBackupGivesTheSameDocument) {
     const std::string document = backupOf(library_);
     RestoredLibrary restored(document);
     EXPECT_EQ(backupOf(restored.library), document);
-    auto later = decodeBackup(backupOf(restored.library, exportedAt + std::chrono::hours(1)));
+    auto later = test::decode(backupOf(restored.library, exportedAt + std::chrono::hours(1)));
     EXPECT_EQ(later.exportedAt, exportedAt + std::chrono::hours(1));
     later.exportedAt = exportedAt;
-    EXPECT_EQ(later, decodeBackup(document));
+    EXPECT_EQ(later, test::decode(document));
 }
 
 TEST_P(ExchangeProperties, whateverARestoreClosesOrDropsASecondRestoreChangesNothing) {
@@ -92,10 +92,10 @@ TEST_P(ExchangeProperties, anyPrefixOfADocumentIsRefused) {
     const std::size_t last = document.rfind('}');
     const std::size_t step = document.size() / 500 + 1;
     for (std::size_t length = 0; length <= last; length += step) {
-        ASSERT_THROW((void)decodeBackup(document.substr(0, length)), BackupDecodeError) << length;
+        ASSERT_THROW((void)test::decode(document.substr(0, length)), BackupDecodeError) << length;
     }
-    ASSERT_THROW((void)decodeBackup(document.substr(0, last)), BackupDecodeError);
-    EXPECT_NO_THROW((void)decodeBackup(document.substr(0, last + 1)));
+    ASSERT_THROW((void)test::decode(document.substr(0, last)), BackupDecodeError);
+    EXPECT_NO_THROW((void)test::decode(document.substr(0, last + 1)));
 }
 
 TEST_P(ExchangeProperties, exportImportExportGivesTheSameRows) {

@@ -119,7 +119,7 @@ TEST(Restore, anEntryThatRanInTheLastSecondOfAllEndsInIt) {
     EXPECT_GT(onlyEntry(library)->end.get(), onlyEntry(library)->start.get());
     backup.clients.at(0).items.at(0).items.at(0)["end"] = test::valueOf(at("9999-12-31T23:59:59Z"));
     EXPECT_EQ(
-        decodeBackup(test::encode(test::makeBackup(library.context(), {}, backup.exportedAt))),
+        test::decode(test::encode(test::makeBackup(library.context(), {}, backup.exportedAt))),
         backup);
 }
 

@@ -25,7 +25,7 @@ void checkSentence(const std::string& sentence) {
 
 std::optional<Backup> decode(std::string_view json) {
     try {
-        return decodeBackup(json);
+        return test::decode(json);
     } catch (const BackupDecodeError& error) {
         checkSentence(error.what());
         return std::nullopt;

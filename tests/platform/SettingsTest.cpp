@@ -200,19 +200,6 @@ TEST_F(SettingsTest, anObserverMayEndItselfAndSetValues) {
     EXPECT_EQ(defaults.string("b"), "2");
 }
 
-TEST_F(SettingsTest, removeAllTakesTheFileToo) {
-    Settings defaults(file_);
-    defaults.setString("a", "1");
-    defaults.setString("b", "2");
-    std::vector<std::string> heard;
-    const auto observation =
-        defaults.observe([&](std::string_view key) { heard.emplace_back(key); });
-    defaults.removeAll();
-    EXPECT_FALSE(std::filesystem::exists(file_));
-    EXPECT_EQ(defaults.string("a"), std::nullopt);
-    EXPECT_THAT(heard, ElementsAre("a", "b"));
-}
-
 TEST_F(SettingsTest, theUsersSettingsAreInTheFolderOfSettings) {
     const test::ScopedEnvironment config("XDG_CONFIG_HOME", "/config");
     EXPECT_EQ(Settings::standardFile(), "/config/Elmworth/Elmworth.ini");

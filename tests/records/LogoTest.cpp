@@ -22,6 +22,10 @@ namespace {
 
 using test::rowName;
 
+void storeLogo(const std::filesystem::path& file) {
+    storeLogoFile(makeLogoFile(file));
+}
+
 class LogoTest : public testing::Test {
  protected:
     ~LogoTest() override { removeLogo(); }

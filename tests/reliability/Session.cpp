@@ -19,6 +19,7 @@
 #include "records/Logo.h"
 #include "records/Preferences.h"
 #include "support/Instants.h"
+#include "support/Snapshots.h"
 
 namespace elmworth::test {
 
@@ -63,9 +64,10 @@ std::string Session::run(const std::vector<std::string>& step) {
     now_ += 24h;
     try {
         if (step.front() == "logo") {
-            storeLogo(workingFolder_ / step.at(1));
+            storeLogoFile(makeLogoFile(workingFolder_ / step.at(1)));
         } else if (step.front() == "snapshot") {
-            AutoBackup::runIfDue(services_.context(), services_.profiles().profile(), now_);
+            if (!takeSnapshot(services_.context(), services_.defaults(), now_))
+                return "No snapshot was taken.\n";
         } else {
             return runCommandLine(step);
         }

@@ -10,7 +10,7 @@
 #include <random>
 #include <set>
 
-#include "exchange/AutoBackup.h"
+#include "exchange/BackupExporter.h"
 #include "exchange/RandomLibrary.h"
 #include "rescue/LibraryCheck.h"
 #include "rescue/Recovery.h"
@@ -60,7 +60,8 @@ class RandomDamage : public testing::TestWithParam<unsigned> {
         text_ = test::libraryText(library_.context());
         if (below(2) == 0) {
             fs::create_directories(snapshots_);
-            AutoBackup::runIfDue(library_.context(), {}, now_, snapshots_);
+            BackupExporter::writeFile(library_.context(), {}, now_,
+                                      snapshots_ / "Elmworth-2026-12-31T12-00-00.json");
         }
         library_.close();
     }

@@ -6,13 +6,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "exchange/AutoBackup.h"
-#include "exchange/BackupDecoder.h"
+#include "exchange/BackupDocuments.h"
 #include "rescue/LibraryCheck.h"
 #include "rescue/Recovery.h"
 #include "support/DamagedPages.h"
@@ -45,9 +45,13 @@ class RecoveredLibrary : public testing::Test {
         library_.context().save();
     }
 
-    void takeSnapshot(const char* when = "2026-03-31T11:30:00Z") {
+    void takeSnapshot(std::string when = "2026-03-31T11:30:00Z") {
+        const Instant now = at(when);
+        std::replace(when.begin(), when.end(), ':', '-');
+        when.pop_back();
         std::filesystem::create_directories(snapshots_);
-        ASSERT_TRUE(AutoBackup::runIfDue(library_.context(), profile_, at(when), snapshots_));
+        BackupExporter::writeFile(library_.context(), profile_, now,
+                                  snapshots_ / ("Elmworth-" + when + ".json"));
     }
     /// The closed library for damage.
     DamagedPages pages() {
@@ -69,7 +73,7 @@ class RecoveredLibrary : public testing::Test {
         EXPECT_EQ(library_.folder.names().size(), names.size() + 1);
         for (const auto& finding : checkLibrary(sqlite::LibraryImage(report.library)).findings)
             ADD_FAILURE() << finding.line();
-        EXPECT_EQ(decodeBackup(readFile(report.backup)).profile, profile_);
+        EXPECT_EQ(readBackup(report.backup).profile, profile_);
         return report;
     }
     [[nodiscard]] std::filesystem::path target() const {

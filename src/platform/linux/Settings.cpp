@@ -230,15 +230,6 @@ void Settings::remove(std::string_view key) {
     impl_->make({{std::string(key), {}}});
 }
 
-void Settings::removeAll() {
-    const SettingsValues removed = std::exchange(impl_->values, {});
-    impl_->unwritten.clear();
-    std::error_code error;
-    fs::remove(impl_->file, error);
-    impl_->lastWriteFailed = static_cast<bool>(error);
-    for (const auto& [key, value] : removed) impl_->observers.notify(key);
-}
-
 void Settings::reload() {
     for (const std::string& key : impl_->adopt(readContent(impl_->file)))
         impl_->observers.notify(key);
