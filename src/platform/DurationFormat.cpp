@@ -9,7 +9,6 @@
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 
 #include "platform/SystemLog.h"
 
@@ -19,10 +18,7 @@ namespace {
 std::int64_t wholeTotal(double seconds) {
     constexpr double limit = 9223372036854775808.0;  // 2^63, the first value that does not fit
     const bool fits = seconds >= -limit && seconds < limit;
-    if (!fits) {  // not a number comes here too
-        writeSystemLog("Elmworth: a duration is not a number of seconds");
-        std::abort();
-    }
+    if (!fits) fatalError("a duration is not a number of seconds");  // not a number comes here too
     return std::max<std::int64_t>(0, static_cast<std::int64_t>(seconds));
 }
 

@@ -11,4 +11,8 @@ namespace elmworth {
 /// standard error.
 void writeSystemLog(std::string_view line);
 
+/// Ends the process at once over a programming error: `reason` goes to the system log, and the
+/// process aborts. What the library has saved stays saved.
+[[noreturn]] void fatalError(std::string_view reason);
+
 }  // namespace elmworth

@@ -3,8 +3,6 @@
 
 #include "records/DateRangePreset.h"
 
-#include <cstdlib>
-
 #include "platform/SystemLog.h"
 
 namespace elmworth {
@@ -41,8 +39,7 @@ std::optional<Period> periodOf(DateRangePreset preset) {
 Instant endOfDay(Instant instant, const Calendar& calendar) {
     const auto day = calendar.interval(CalendarUnit::day, instant);
     if (day) return day->end;
-    writeSystemLog("Elmworth: the calendar has no day after a date in use");
-    std::abort();
+    fatalError("the calendar has no day after a date in use");
 }
 
 }  // namespace

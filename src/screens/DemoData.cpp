@@ -10,7 +10,7 @@
 #include <string>
 
 #include "invoicing/InvoiceBuilder.h"
-#include "platform/FatalError.h"
+#include "platform/SystemLog.h"
 #include "records/ProfileStore.h"
 #include "records/Project.h"
 
