@@ -73,6 +73,17 @@ class FakeTray final : public QObject {
     bool hasHost_;
 };
 
+/// What the menu tells the trays.
+class MenuSignals final : public QObject {
+    Q_OBJECT
+
+ public:
+    QList<QDBusMessage> all;
+
+ public Q_SLOTS:
+    void note(const QDBusMessage& message) { all.append(message); }
+};
+
 class StatusNotifierItemTest : public testing::Test {
  protected:
     // One for all, as the process looks its address up once.
@@ -139,6 +150,7 @@ class StatusNotifierItemTest : public testing::Test {
     static inline std::unique_ptr<test::PrivateSessionBus> daemon_;
     QDBusConnection bus_ = daemon_->connect(QStringLiteral("tray"));
     std::unique_ptr<FakeTray> tray_;
+    MenuSignals menuSignals_;
     std::unique_ptr<StatusNotifierItem> item_;
     std::vector<TrayPoint> pressed_;
     std::vector<bool> shown_;
@@ -248,6 +260,29 @@ TEST_F(StatusNotifierItemTest, theMenuIsBroughtUpToDateBeforeItShows) {
     EXPECT_EQ(callMenu("AboutToShow", {0}).arguments(), QVariantList{false});
     const auto group = callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0, 99})});
     EXPECT_THAT(qdbus_cast<QList<int>>(group.arguments().value(1)), ElementsAre(99));
+}
+
+TEST_F(StatusNotifierItemTest, anOpenMenuChangesInPlace) {
+    item_->setMenu({{.text = "Stop", .isEnabled = false, .identity = "timer"}});
+    const int id = layout().at(0).id;
+    const auto heard = [&](const char* signal) {
+        return bus_.connect(QString(), QStringLiteral("/MenuBar"),
+                            QStringLiteral("com.canonical.dbusmenu"), QString::fromLatin1(signal),
+                            &menuSignals_, SLOT(note(QDBusMessage)));
+    };
+    ASSERT_TRUE(heard("ItemsPropertiesUpdated") && heard("LayoutUpdated"));
+    item_->setMenu({{.text = "Start", .identity = "timer"}});
+    ASSERT_TRUE(comesTrue([this] { return !menuSignals_.all.isEmpty(); }));
+    ASSERT_EQ(menuSignals_.all.size(), 1);
+    const auto arguments = menuSignals_.all[0].arguments();
+    const auto updated = qdbus_cast<MenuItemPropertiesList>(arguments.value(0));
+    const auto removed = qdbus_cast<MenuItemPropertyNamesList>(arguments.value(1));
+    ASSERT_EQ(updated.size(), 1);
+    EXPECT_EQ(updated[0].id, id);
+    EXPECT_EQ(updated[0].properties.value(QStringLiteral("label")), QStringLiteral("Start"));
+    ASSERT_EQ(removed.size(), 1);
+    EXPECT_EQ(removed[0].names, QStringList{QStringLiteral("enabled")});
+    EXPECT_EQ(layout().at(0).id, id);
 }
 
 TEST_F(StatusNotifierItemTest, whatIsNotInTheMenuIsRefused) {
