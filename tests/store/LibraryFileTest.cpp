@@ -12,6 +12,7 @@
 #include "platform/AtomicFile.h"
 #include "records/Library.h"
 #include "records/LibrarySchema.h"
+#include "store/sqlite/LibraryMigration.h"
 #include "support/Instants.h"
 #include "support/RawDatabase.h"
 #include "support/Rows.h"
@@ -225,7 +226,7 @@ constexpr const char* foreign =
 struct Refusal {
     const char* name;
     std::string (*content)();
-    const char* reason;
+    std::string reason;
 };
 class RefusedFile : public LibraryFile, public testing::WithParamInterface<Refusal> {};
 
@@ -247,8 +248,9 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"textFile", [] { return std::string("Dear diary,\n").append(5000, '.'); }, foreign},
         Refusal{"shortHeader", [] { return std::string("SQLite format 3\0", 16); }, foreign},
         Refusal{"otherDatabase", &otherDatabase, foreign},
-        Refusal{"newerVersion", [] { return libraryOfVersion(2'00'00); },
-                " has version 2.0.0, which needs a newer Elmworth than this one."},
+        Refusal{"nextVersion", [] { return libraryOfVersion(librarySchema().version + 1); },
+                " has version " + sqlite::versionText(librarySchema().version + 1) +
+                    ", which needs a newer Elmworth than this one."},
         Refusal{"negativeVersion", [] { return libraryOfVersion(-10000); },
                 " has version 429495.72.96, which needs a newer Elmworth than this one."},
         Refusal{"noVersion", [] { return libraryOfVersion(0); },

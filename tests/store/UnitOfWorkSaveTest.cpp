@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "store/UnitOfWork.h"
+#include "support/FaultyVfs.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"
 
@@ -12,6 +13,14 @@ namespace {
 
 using test::at;
 using test::TestLibrary;
+
+TEST(Save, isOnTheDiskWhenItReturns) {
+    const test::FaultyVfs disk;
+    TestLibrary library;
+    library.addClient("Acme");
+    library.context().save();
+    EXPECT_TRUE(test::FaultyVfs::isSynced());
+}
 
 TEST(Rollback, restoresTheValuesOfTheLastSave) {
     TestLibrary library;

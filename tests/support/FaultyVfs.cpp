@@ -32,6 +32,7 @@ struct Fault {
 Fault fault;
 sqlite3_vfs* disk = nullptr;
 int operationsUntilKill = 0;  ///< 0: nothing kills the process
+bool isAllSynced = true;
 
 bool isKilledNow() {
     return operationsUntilKill > 0 && --operationsUntilKill == 0;
@@ -65,6 +66,7 @@ int writeFile(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 of
         killProcess();
     }
     const int code = fault.next();
+    isAllSynced = false;
     const int written = code == SQLITE_OK ? count : count / 2;
     const int result = File::methods(file)->xWrite(File::real(file), bytes, written, offset);
     return code == SQLITE_OK ? result : code;
@@ -78,6 +80,7 @@ int truncateFile(sqlite3_file* file, sqlite3_int64 size) {
 
 int syncFile(sqlite3_file* /*file*/, int /*flags*/) {
     if (isKilledNow()) killProcess();
+    isAllSynced = true;
     return fault.next();
 }
 
@@ -178,6 +181,10 @@ void FaultyVfs::heal() {
 
 bool FaultyVfs::hasFailed() const {
     return fault.hasFailed;
+}
+
+bool FaultyVfs::isSynced() {
+    return isAllSynced;
 }
 
 }  // namespace elmworth::test

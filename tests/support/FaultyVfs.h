@@ -34,6 +34,9 @@ class FaultyVfs {
     /// Whether an operation has failed since `failAt`.
     [[nodiscard]] bool hasFailed() const;
 
+    /// Whether nothing was written since the last sync of any file.
+    [[nodiscard]] static bool isSynced();
+
  private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
