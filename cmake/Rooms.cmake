@@ -22,6 +22,10 @@ if(ELMWORTH_SANITIZE)
         -fno-omit-frame-pointer -g1 -O0)
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(ELMWORTH_COVERAGE)
+    target_compile_options(elmworth_options INTERFACE -fprofile-instr-generate -fcoverage-mapping -g0 -O0)
+    target_link_options(elmworth_options INTERFACE -fprofile-instr-generate)
+endif()
 if(ELMWORTH_FUZZ)
     target_compile_options(elmworth_options INTERFACE
         -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
@@ -58,7 +62,7 @@ endfunction()
 
 # The preset dev compiles each file with what it includes itself, and so does tests/checks/tidy: a missing include is found.
 set(share_headers FALSE)
-if(ELMWORTH_SANITIZE OR ELMWORTH_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Release")
+if(ELMWORTH_SANITIZE OR ELMWORTH_COVERAGE OR ELMWORTH_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Release")
     set(share_headers TRUE)
 endif()
 if(share_headers)
@@ -111,7 +115,8 @@ endfunction()
 
 # elmworth_test(NAME <target> SOURCES <file>... LINKS <target>... [TIMEOUT <seconds>] [OUTSIDE])
 # Every test case becomes a test of CTest's, in a fixed time zone and locale unless it sets its own. Under the
-# sanitizers the whole program is one test: they make its start dear, and there are thousands of cases.
+# sanitizers, and where lines are counted, the whole program is one test: its start is dear, and there are thousands of
+# cases.
 function(elmworth_test)
     cmake_parse_arguments(PARSE_ARGV 0 TEST "OUTSIDE" "NAME;TIMEOUT" "SOURCES;LINKS")
     if(NOT TEST_TIMEOUT)
@@ -131,7 +136,7 @@ function(elmworth_test)
     endif()
     set_target_properties(${TEST_NAME} PROPERTIES AUTOMOC OFF)  # few declare meta objects: those turn it on
     set(environment "LC_ALL=en_US.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
-    if(ELMWORTH_SANITIZE)
+    if(ELMWORTH_SANITIZE OR ELMWORTH_COVERAGE)
         add_test(NAME ${TEST_NAME} COMMAND ${TEST_NAME} --gtest_brief=1)
         set_tests_properties(${TEST_NAME} PROPERTIES TIMEOUT 900 ENVIRONMENT "${environment}")
         return()
