@@ -23,7 +23,7 @@ namespace {
 
 TrayIconStyle iconStyle() {
     TrayIconStyle style;
-    style.iconFamily = QStringLiteral("Material Icons");
+    style.iconFamily = QStringLiteral("Elmworth Icons");
     style.idleGlyph = iconGlyph(u"clock");
     style.runningGlyph = iconGlyph(u"record");
     style.textFamily = tabularFontFamily();

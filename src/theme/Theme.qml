@@ -51,7 +51,7 @@ QtObject {
 
     readonly property string textFamily: "Elmworth Inter"
     readonly property string tabularFamily: "Elmworth Inter Tabular"
-    readonly property string iconFamily: "Material Icons"
+    readonly property string iconFamily: "Elmworth Icons"
     readonly property int bodySize: 13
     readonly property int calloutSize: 12
     readonly property int captionSize: 11

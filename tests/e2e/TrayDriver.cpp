@@ -59,7 +59,7 @@ TrayFace parseFace(const QString& text) {
 class Driver {
  public:
     Driver()
-        : tray_({QStringLiteral("Material Icons"), QChar(0xe8b5), QChar(0xe837),
+        : tray_({QStringLiteral("Elmworth Icons"), QChar(0xe8b5), QChar(0xe837),
                  tabularFontFamily()}),
           input_(0, QSocketNotifier::Read) {
         tray_.setEvents({.activated = [](TrayPoint at) { tell("activated " + textOf(at)); },

@@ -22,7 +22,7 @@ class TrayIconPainterTest : public testing::Test {
         return count;
     }
 
-    TrayIconStyle style_{QStringLiteral("Material Icons"), QChar(0xe8b5), QChar(0xe837),
+    TrayIconStyle style_{QStringLiteral("Elmworth Icons"), QChar(0xe8b5), QChar(0xe837),
                          tabularFontFamily()};
     TrayFace running_{.icon = TrayFace::Icon::running, .iconText = "1:05"};
 };

@@ -14,8 +14,8 @@ namespace {
 
 TEST(Icons, eachNameHasAGlyphOfTheIconFont) {
     loadEmbeddedFonts();
-    const QRawFont font = QRawFont::fromFont(QFont(QStringLiteral("Material Icons")));
-    ASSERT_EQ(font.familyName(), QStringLiteral("Material Icons"));
+    const QRawFont font = QRawFont::fromFont(QFont(QStringLiteral("Elmworth Icons")));
+    ASSERT_EQ(font.familyName(), QStringLiteral("Elmworth Icons"));
     for (const QString& name : iconNames()) {
         EXPECT_TRUE(font.supportsCharacter(iconGlyph(name))) << name.toStdString();
     }
@@ -25,7 +25,7 @@ TEST(Icons, anUnknownNameGivesAnEmptySquareThatNoOtherHas) {
     loadEmbeddedFonts();
     const QChar square = iconGlyph(u"no.such.image");
     EXPECT_TRUE(
-        QRawFont::fromFont(QFont(QStringLiteral("Material Icons"))).supportsCharacter(square));
+        QRawFont::fromFont(QFont(QStringLiteral("Elmworth Icons"))).supportsCharacter(square));
     EXPECT_EQ(iconGlyph(u""), square);
     EXPECT_EQ(iconGlyph(u"clock.fil"), square);
     for (const QString& name : iconNames()) EXPECT_NE(iconGlyph(name), square);

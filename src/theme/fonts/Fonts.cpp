@@ -18,9 +18,9 @@ namespace elmworth {
 namespace {
 
 constexpr std::array fontFiles{
-    "Text-Regular.otf",    "Text-Medium.otf",           "Text-SemiBold.otf",    "Text-Bold.otf",
-    "Tabular-Regular.otf", "Tabular-Medium.otf",        "Tabular-SemiBold.otf", "Tabular-Bold.otf",
-    "Label-SemiBold.otf",  "MaterialIcons-Regular.ttf",
+    "Text-Regular.otf",    "Text-Medium.otf",    "Text-SemiBold.otf",    "Text-Bold.otf",
+    "Tabular-Regular.otf", "Tabular-Medium.otf", "Tabular-SemiBold.otf", "Tabular-Bold.otf",
+    "Label-SemiBold.otf",  "Icons.ttf",
 };
 
 bool loadAll() {
