@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "platform/FatalError.h"
+#include "platform/SystemLog.h"
 
 namespace {
 
