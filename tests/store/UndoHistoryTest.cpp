@@ -350,6 +350,14 @@ TEST_F(Typing, aRecordThatIsTypedIntoAndGoesComesBackWithBothValues) {
 
 // --- steps that can't be kept ------------------------------------------------------------------
 
+TEST_F(UndoHistoryTest, aNewStepEndsWhatCouldBeRedone) {
+    history_.perform("Step", [&] { acme_->name = "Acme Co"; });
+    static_cast<void>(history_.undo());
+    EXPECT_TRUE(history_.canRedo());
+    history_.perform("Another", [&] { website_->name = "Site"; });
+    EXPECT_FALSE(history_.canRedo());
+}
+
 TEST_F(UndoHistoryTest, aStepWithFlushedInsertsCannotBeUndoneNorWhatCameBefore) {
     history_.perform("Step", [&] { entry_->notes = "typed"; });
     history_.perform("Import", [&] {
