@@ -85,6 +85,8 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     open(opening);
 }
 
+ElmworthApp::~ElmworthApp() = default;
+
 /// A window first: what stands beside it waits until the window has been drawn. That may never be,
 /// as where it starts minimized.
 void ElmworthApp::open(Opening opening) {

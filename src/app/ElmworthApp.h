@@ -46,6 +46,7 @@ class ElmworthApp {
     ElmworthApp(bool isDemo, Opening opening);
     ElmworthApp(const ElmworthApp&) = delete;
     ElmworthApp& operator=(const ElmworthApp&) = delete;
+    ~ElmworthApp();
 
     /// Shows the main window and puts it in front of the others.
     void showMainWindow();
