@@ -54,6 +54,8 @@ class Record : public std::enable_shared_from_this<Record> {
 
  private:
     friend class UnitOfWork;
+    friend class PendingRecords;
+    friend class RecordReader;
     friend class StepRecorder;
     template <class T>
     friend class Attribute;

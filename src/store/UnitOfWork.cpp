@@ -3,10 +3,9 @@
 
 #include "store/UnitOfWork.h"
 
-#include <algorithm>
-#include <iterator>
+#include <utility>
 
-#include "store/RecordOrder.h"
+#include "store/Deletion.h"
 #include "store/StepRule.h"
 #include "store/sqlite/RecordStore.h"
 
@@ -27,26 +26,17 @@ UnitOfWork::UnitOfWork(std::unique_ptr<sqlite::RecordStore> store,
                        std::span<const RecordSchema* const> types, RunLoop& runLoop)
     : store_(std::move(store)),
       runLoop_(runLoop),
-      types_(types),
-      pending_(types.size()),
-      observers_(runLoop),
-      readFaults_(runLoop) {
+      readFaults_(runLoop),
+      pending_(types),
+      reader_(*this, *store_, pending_, readFaults_),
+      observers_(runLoop) {
     upkeep_ = runLoop_.post([this] { store_->prepareLog(); });
 }
 
-UnitOfWork::~UnitOfWork() {
-    for (auto& [id, weak] : identities_) {
-        if (const auto record = weak.lock()) record->context_ = nullptr;
-    }
-}
-
-UnitOfWork::RecordMap& UnitOfWork::pending(const RecordSchema& schema) {
-    return pending_[schema.ordinal];
-}
+UnitOfWork::~UnitOfWork() = default;
 
 bool UnitOfWork::hasChanges() const noexcept {
-    return std::any_of(pending_.begin(), pending_.end(),
-                       [](const auto& map) { return !map.empty(); });
+    return !pending_.isEmpty();
 }
 
 // --- changes -----------------------------------------------------------------------------------
@@ -54,16 +44,15 @@ bool UnitOfWork::hasChanges() const noexcept {
 void UnitOfWork::insert(const Ref<Record>& record) {
     if (record->context_) return;
     if (recorder_) recorder_->touch(*record);
-    const auto& schema = record->recordSchema();
     record->context_ = this;
     record->state_ = Record::State::inserted;
-    identities_[record->id_] = record;
-    pending(schema)[record->id_] = record;
+    reader_.add(*record);
+    pending_.add(record);
     note(*record, {RecordChange::Kind::came});
 }
 
 Ref<Record> UnitOfWork::reinsert(const RecordSchema& schema, const PersistentID& id) {
-    auto record = existing(id);
+    auto record = reader_.existing(id);
     if (!record) {
         record = schema.make(id);
         insert(record);
@@ -80,7 +69,7 @@ void UnitOfWork::recordWillChange(Record& record) {
     if (record.state_ != Record::State::clean) return;
     record.saved_ = std::make_unique<std::vector<Value>>(record.capture());
     record.state_ = Record::State::changed;
-    pending(record.recordSchema())[record.id_] = record.shared_from_this();
+    pending_.add(record.shared_from_this());
 }
 
 void UnitOfWork::recordDidChange(Record& record, std::size_t field) {
@@ -114,43 +103,24 @@ void UnitOfWork::note(const Record& record, const RecordChange& change) {
 
 void UnitOfWork::deleteRecord(const Ref<Record>& record) {
     if (record->context_ != this || record->isDeleted()) return;
-    std::vector<Ref<Record>> deletions;
-    std::vector<std::pair<Ref<Record>, std::size_t>> nullified;
-    collectDeletions(record, deletions, nullified);
-    for (const auto& [other, field] : nullified) {
+    const auto deletion = Deletion::of(record, *this);
+    for (const auto& [other, field] : deletion.nullified) {
         recordWillChange(*other);
         other->recordSchema().fields[field].write(*other, Value{});
         recordDidChange(*other, field);
     }
-    for (const auto& deletion : deletions) markDeleted(deletion);
-}
-
-void UnitOfWork::collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
-                                  std::vector<std::pair<Ref<Record>, std::size_t>>& nullified) {
-    deletions.push_back(record);
-    for (const auto& relationship : record->recordSchema().relationships) {
-        if (relationship.rule == DeleteRule::deny) continue;
-        const auto& schema = relationship.target();
-        for (const auto& other : related(schema, relationship.inverse, record->id_)) {
-            if (relationship.rule == DeleteRule::cascade) {
-                collectDeletions(other, deletions, nullified);
-            } else {
-                nullified.emplace_back(other, schema.fieldIndex(relationship.inverse));
-            }
-        }
-    }
+    for (const auto& deleted : deletion.deleted) markDeleted(deleted);
 }
 
 void UnitOfWork::markDeleted(const Ref<Record>& record) {
     if (recorder_) recorder_->touch(*record);
-    const auto& schema = record->recordSchema();
     if (record->stored_) {
         if (asksForSteps && !recorder_) StepRule::check(*this, *record, "deleted");
         recordWillChange(*record);
         record->state_ = Record::State::deleted;
     } else {
-        pending(schema).erase(record->id_);
-        identities_.erase(record->id_);
+        pending_.remove(*record);
+        reader_.remove(record->id_);
         record->context_ = nullptr;
         record->state_ = Record::State::gone;
     }
@@ -158,50 +128,16 @@ void UnitOfWork::markDeleted(const Ref<Record>& record) {
 }
 
 void UnitOfWork::checkDeniedDeletions() {
-    for (const auto& map : pending_) {
-        for (const auto& [id, record] : map) {
-            if (record->state_ != Record::State::deleted) continue;
-            for (const auto& relationship : record->recordSchema().relationships) {
-                if (relationship.rule != DeleteRule::deny) continue;
-                if (related(relationship.target(), relationship.inverse, id).empty()) continue;
-                throw StoreError(StoreError::Code::deleteDenied,
-                                 "A " + std::string(record->recordSchema().name) +
-                                     " that still has " + std::string(relationship.name) +
-                                     " can't be deleted.");
-            }
-        }
-    }
-}
-
-sqlite::ChangeSet UnitOfWork::collectChanges() {
-    sqlite::ChangeSet changes;
-    for (const auto* schema : types_) {
-        std::vector<const Record*> ordered;
-        for (const auto& [id, record] : pending(*schema)) ordered.push_back(record.get());
-        std::sort(ordered.begin(), ordered.end(),
-                  [](const auto* a, const auto* b) { return a->id() < b->id(); });
-        for (const auto* record : ordered) {
-            switch (record->state_) {
-                case Record::State::inserted:
-                    changes.inserted.push_back(record);
-                    break;
-                case Record::State::deleted:
-                    changes.deleted.push_back(record);
-                    break;
-                default:
-                    changes.updated.push_back({record, record->saved_.get()});
-                    break;
-            }
-        }
-    }
-    return changes;
+    pending_.forEach([&](const Record& record) {
+        if (record.state_ == Record::State::deleted) requireDeletable(record, *this);
+    });
 }
 
 void UnitOfWork::save(Progress& progress) {
     if (hasChanges() || !flushed_.empty()) {
         try {
             checkDeniedDeletions();
-            store_->write(collectChanges(), progress);
+            store_->write(pending_.changes(), progress);
         } catch (...) {
             // The flushed rows went with the transaction; their objects may be gone.
             if (!flushed_.empty()) rollback();
@@ -220,7 +156,7 @@ void UnitOfWork::tidyLogLater() {
 }
 
 void UnitOfWork::flushInserts() {
-    const auto changes = collectChanges();
+    const auto changes = pending_.changes();
     if (!changes.updated.empty() || !changes.deleted.empty()) return;
     try {
         store_->flush(changes.inserted);
@@ -237,9 +173,9 @@ void UnitOfWork::flushInserts() {
 
 /// The rows of `flushed_` were rolled back: their records are not stored.
 void UnitOfWork::detachFlushed() {
-    if (!flushed_.empty()) totals_.clear();
+    if (!flushed_.empty()) totals_.forget();
     for (const auto& id : std::exchange(flushed_, {})) {
-        const auto record = existing(id);
+        const auto record = reader_.existing(id);
         if (!record) continue;
         record->state_ = Record::State::inserted;
         record->stored_ = false;
@@ -265,35 +201,28 @@ void UnitOfWork::saveOrRollback(Progress& progress) {
 }
 
 void UnitOfWork::forgetChanges() {
-    carryTotals();
-    for (auto& map : pending_) {
-        for (auto& [id, record] : map) {
-            if (recorder_) recorder_->takeSaved(*record);
-            record->saved_.reset();
-            if (record->state_ == Record::State::deleted) {
-                record->state_ = Record::State::gone;
-                record->context_ = nullptr;
-                record->stored_ = false;
-                identities_.erase(id);
-            } else {
-                record->state_ = Record::State::clean;
-                record->stored_ = true;
-            }
+    totals_.carry(pending_);
+    pending_.releaseAll([&](Record& record) {
+        if (recorder_) recorder_->takeSaved(record);
+        record.saved_.reset();
+        if (record.state_ == Record::State::deleted) {
+            record.state_ = Record::State::gone;
+            record.context_ = nullptr;
+            record.stored_ = false;
+            reader_.remove(record.id_);
+        } else {
+            record.state_ = Record::State::clean;
+            record.stored_ = true;
         }
-        // Releasing a record may release others that it points to, so the map must be out of reach.
-        const RecordMap released = std::exchange(map, {});
-    }
+    });
 }
 
 void UnitOfWork::rollback() {
     store_->dropFlushed();
-    for (auto& map : pending_) {
-        for (auto& [id, record] : map) {
-            noteRestored(*record);
-            restore(*record);
-        }
-        const RecordMap released = std::exchange(map, {});
-    }
+    pending_.releaseAll([&](Record& record) {
+        noteRestored(record);
+        restore(record);
+    });
     if (!flushed_.empty()) tidyLogLater();
     detachFlushed();
 }
@@ -307,7 +236,7 @@ void UnitOfWork::noteRestored(const Record& record) {
 
 void UnitOfWork::restore(Record& record) {
     if (record.state_ == Record::State::inserted) {
-        identities_.erase(record.id_);
+        reader_.remove(record.id_);
         record.context_ = nullptr;
         record.state_ = Record::State::detached;
         return;
@@ -321,36 +250,6 @@ void UnitOfWork::restore(Record& record) {
 }
 
 // --- reading -----------------------------------------------------------------------------------
-
-Ref<Record> UnitOfWork::existing(const PersistentID& id) const {
-    const auto found = identities_.find(id);
-    return found == identities_.end() ? nullptr : found->second.lock();
-}
-
-void UnitOfWork::adopt(Record& record) {
-    record.context_ = this;
-    record.state_ = Record::State::clean;
-    record.stored_ = true;
-    identities_[record.id_] = record.weak_from_this();
-}
-
-void UnitOfWork::forget(Record& record) noexcept {
-    const auto found = identities_.find(record.id_);
-    if (found != identities_.end() && found->second.expired()) identities_.erase(found);
-}
-
-Ref<Record> UnitOfWork::record(const RecordSchema& schema, const PersistentID& id) {
-    if (auto known = existing(id)) return known->isDeleted() ? nullptr : known;
-    Ref<Record> found;
-    reading([&] {
-        store_->selectOne(schema, id, [&](const sqlite::Row& row) {
-            found = schema.make(id);
-            row.readInto(*found, schema);
-            adopt(*found);
-        });
-    });
-    return found;
-}
 
 Ref<Record> UnitOfWork::recordQuietly(const RecordSchema& schema, const PersistentID& id) {
     try {
@@ -369,73 +268,14 @@ std::vector<Ref<Record>> UnitOfWork::recordsWith(const RecordSchema& schema, std
                                                  Value value) {
     const PredicateNode hasValue{PredicateNode::Kind::equal, field, std::move(value), {}};
     std::vector<Ref<Record>> records;
-    fetchRecords(schema, &hasValue, {}, std::nullopt,
-                 [&](Ref<Record> record) { records.push_back(std::move(record)); });
+    reader_.fetch(schema, &hasValue, {}, std::nullopt,
+                  [&](Ref<Record> record) { records.push_back(std::move(record)); });
     return records;
 }
 
-void UnitOfWork::fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                              std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
-                              const RecordHandler& handler) {
-    const auto& unsaved = pending(schema);
-    // Each unsaved record may take the place of one of the library's.
-    const auto rowLimit = limit ? std::optional(*limit + unsaved.size()) : std::nullopt;
-    std::vector<Ref<Record>> records;
-    const auto take = [&](const sqlite::Row& row) {
-        const PersistentID id = row.id();
-        auto record = existing(id);
-        if (!record) {
-            record = schema.make(id);
-            row.readInto(*record, schema);
-            adopt(*record);
-        } else if (record->state_ != Record::State::clean) {
-            return;
-        }
-        records.push_back(std::move(record));
-    };
-    reading([&] { store_->select(schema, predicate, sortBy, rowLimit, take); });
-    if (sortBy.empty()) {
-        std::sort(records.begin(), records.end(),
-                  [](const auto& a, const auto& b) { return a->id_ < b->id_; });
-    }
-    overlayPending(records, schema, predicate, sortBy);
-    if (limit && records.size() > *limit) records.resize(*limit);
-    for (auto& record : records) handler(std::move(record));
-}
-
-std::vector<Ref<Record>> UnitOfWork::unsavedMatches(const RecordSchema& schema,
-                                                    const PredicateNode* predicate,
-                                                    const RecordOrder& order) {
-    std::vector<Ref<Record>> records;
-    for (const auto& [id, record] : pending(schema)) {
-        if (record->isDeleted()) continue;
-        if (!predicate || predicate->matches(schema, *record)) records.push_back(record);
-    }
-    std::sort(records.begin(), records.end(),
-              [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
-    return records;
-}
-
-void UnitOfWork::overlayPending(std::vector<Ref<Record>>& records, const RecordSchema& schema,
-                                const PredicateNode* predicate, std::span<const SortKey> sortBy) {
-    const RecordOrder order(schema, sortBy);
-    const auto stored = static_cast<std::ptrdiff_t>(records.size());
-    auto unsaved = unsavedMatches(schema, predicate, order);
-    std::move(unsaved.begin(), unsaved.end(), std::back_inserter(records));
-    std::inplace_merge(records.begin(), records.begin() + stored, records.end(),
-                       [&](const auto& a, const auto& b) { return order.precedes(*a, *b); });
-}
-
-std::size_t UnitOfWork::countRecords(const RecordSchema& schema, const PredicateNode* predicate) {
-    return reading([&] {
-        std::size_t count = store_->count(schema, predicate);
-        for (const auto& [id, record] : pending(schema)) {
-            if (record->stored_ && store_->rowMatches(schema, id, predicate)) --count;
-            if (record->isDeleted()) continue;
-            if (!predicate || predicate->matches(schema, *record)) ++count;
-        }
-        return count;
-    });
+double UnitOfWork::totalSpan(const SpanFields& fields, const PersistentID& owner) {
+    return totals_.total(fields, owner, pending_,
+                         [&] { return reader_.storedSpan(fields, owner); });
 }
 
 }  // namespace elmworth

@@ -9,27 +9,22 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "platform/Progress.h"
 #include "platform/RunLoop.h"
 #include "store/ChangeObservers.h"
+#include "store/PendingRecords.h"
 #include "store/Query.h"
 #include "store/ReadFaults.h"
 #include "store/Record.h"
-#include "store/RecordOrder.h"
+#include "store/RecordReader.h"
 #include "store/SpanTotals.h"
 #include "store/StepRecorder.h"
 #include "store/StoreError.h"
 
 namespace elmworth {
-
-namespace sqlite {
-class RecordStore;
-struct ChangeSet;
-}  // namespace sqlite
 
 /// The unit of work over a library: hands out its records, notes their changes, and writes all of
 /// them in one transaction.
@@ -101,10 +96,10 @@ class UnitOfWork {
     template <class T>
     [[nodiscard]] std::vector<Ref<T>> fetch(const Query<T>& descriptor = {}) {
         std::vector<Ref<T>> records;
-        fetchRecords(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
-                     [&](Ref<Record> record) {
-                         records.push_back(std::static_pointer_cast<T>(std::move(record)));
-                     });
+        reader_.fetch(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
+                      [&](Ref<Record> record) {
+                          records.push_back(std::static_pointer_cast<T>(std::move(record)));
+                      });
         return records;
     }
 
@@ -131,8 +126,8 @@ class UnitOfWork {
     /// follow relationships, but fetches and changes nothing.
     template <class T>
     void forEach(const Query<T>& descriptor, const std::function<void(const T&)>& visit) {
-        visitRecords(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
-                     [&](const Record& record) { visit(static_cast<const T&>(record)); });
+        reader_.visit(T::schema(), node(descriptor), descriptor.sortBy, descriptor.fetchLimit,
+                      [&](const Record& record) { visit(static_cast<const T&>(record)); });
     }
 
     /// Hands out the identity and the values of `Fields` of each record that meets `predicate`,
@@ -141,17 +136,17 @@ class UnitOfWork {
     template <auto... Fields, class T, class Visit>
     void forEachValues(const std::optional<Predicate<T>>& predicate, const Visit& visit) {
         const std::array fields{KeyPath<Fields>::index()...};
-        visitValues(T::schema(), predicate ? predicate->node().get() : nullptr, fields,
-                    [&](const PersistentID& id, const Value* values) {
-                        handOut<Fields...>(id, values, visit,
-                                           std::make_index_sequence<sizeof...(Fields)>());
-                    });
+        reader_.visitValues(T::schema(), predicate ? predicate->node().get() : nullptr, fields,
+                            [&](const PersistentID& id, const Value* values) {
+                                handOut<Fields...>(id, values, visit,
+                                                   std::make_index_sequence<sizeof...(Fields)>());
+                            });
     }
 
     /// How many records `fetch` would give without a limit.
     template <class T>
     [[nodiscard]] std::size_t fetchCount(const Query<T>& descriptor = {}) {
-        return countRecords(T::schema(), node(descriptor));
+        return reader_.count(T::schema(), node(descriptor));
     }
 
     /// The sum of `Until` minus `Since`, in seconds, over the records that have both and whose
@@ -169,7 +164,9 @@ class UnitOfWork {
     [[nodiscard]] Ref<T> record(const PersistentID& id) {
         return std::static_pointer_cast<T>(record(T::schema(), id));
     }
-    [[nodiscard]] Ref<Record> record(const RecordSchema& schema, const PersistentID& id);
+    [[nodiscard]] Ref<Record> record(const RecordSchema& schema, const PersistentID& id) {
+        return reader_.record(schema, id);
+    }
 
     /// The records of `schema` whose to-one field `inverse` points to `owner`, oldest first.
     [[nodiscard]] std::vector<Ref<Record>> related(const RecordSchema& schema,
@@ -198,19 +195,6 @@ class UnitOfWork {
 
  private:
     friend class Record;
-    using RecordHandler = std::function<void(Ref<Record>)>;
-    using RecordMap = std::unordered_map<PersistentID, Ref<Record>>;
-
-    /// Does what reads the library, and notes it when that fails.
-    template <class Read>
-    auto reading(const Read& read) {
-        try {
-            return read();
-        } catch (const StoreError& error) {
-            readFaults_.note(error);
-            throw;
-        }
-    }
 
     template <class T>
     static const PredicateNode* node(const Query<T>& descriptor) {
@@ -223,59 +207,29 @@ class UnitOfWork {
         visit(id, FieldTraits<typename KeyPath<Fields>::Field::ValueType>::fromValue(values[I])...);
     }
 
-    void fetchRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                      std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
-                      const RecordHandler& handler);
-    void visitRecords(const RecordSchema& schema, const PredicateNode* predicate,
-                      std::span<const SortKey> sortBy, std::optional<std::size_t> limit,
-                      const std::function<void(const Record&)>& visit);
-    void visitValues(const RecordSchema& schema, const PredicateNode* predicate,
-                     std::span<const std::size_t> fields,
-                     const std::function<void(const PersistentID&, const Value*)>& visit);
-    [[nodiscard]] std::vector<Ref<Record>> unsavedMatches(const RecordSchema& schema,
-                                                          const PredicateNode* predicate,
-                                                          const RecordOrder& order);
-    [[nodiscard]] std::size_t countRecords(const RecordSchema& schema,
-                                           const PredicateNode* predicate);
     [[nodiscard]] double totalSpan(const SpanFields& fields, const PersistentID& owner);
-    /// What the save of the pending changes adds to the sum of each owner.
-    void visitUnsavedSpans(
-        const SpanFields& fields,
-        const std::function<void(const PersistentID& owner, double microseconds)>& add);
-    /// Adds to the sums what is about to be no longer pending.
-    void carryTotals();
-    [[nodiscard]] Ref<Record> existing(const PersistentID& id) const;
-    void adopt(Record& record);
-    void overlayPending(std::vector<Ref<Record>>& records, const RecordSchema& schema,
-                        const PredicateNode* predicate, std::span<const SortKey> sortBy);
 
     void recordWillChange(Record& record);
     void recordDidChange(Record& record, std::size_t field);
     void note(const Record& record, const RecordChange& change);
-    void forget(Record& record) noexcept;
+    void forget(Record& record) noexcept { reader_.forget(record); }
 
-    void collectDeletions(const Ref<Record>& record, std::vector<Ref<Record>>& deletions,
-                          std::vector<std::pair<Ref<Record>, std::size_t>>& nullified);
     void markDeleted(const Ref<Record>& record);
     void checkDeniedDeletions();
     void forgetChanges();
-    [[nodiscard]] sqlite::ChangeSet collectChanges();
     void detachFlushed();
     void tidyLogLater();
-
-    [[nodiscard]] RecordMap& pending(const RecordSchema& schema);
     void noteRestored(const Record& record);
     void restore(Record& record);
 
     std::unique_ptr<sqlite::RecordStore> store_;
     RunLoop& runLoop_;
-    std::unordered_map<PersistentID, std::weak_ptr<Record>> identities_;
-    std::span<const RecordSchema* const> types_;
-    std::vector<RecordMap> pending_;     ///< by type: new, changed and deleted records
-    std::vector<PersistentID> flushed_;  ///< new records in the open transaction
-    std::vector<SpanTotals> totals_;     ///< as stored, with `flushed_`
-    ChangeObservers observers_;
     ReadFaults readFaults_;
+    PendingRecords pending_;
+    RecordReader reader_;
+    std::vector<PersistentID> flushed_;  ///< new records in the open transaction
+    SpanTotals totals_;                  ///< as stored, with `flushed_`
+    ChangeObservers observers_;
     std::optional<StepRecorder> recorder_;  ///< while a step is noted
     RunLoop::Handle upkeep_;
 };
