@@ -5,6 +5,7 @@
 from gi.repository import GLib
 
 DEADLINE_SECONDS = 60
+REST_MILLISECONDS = 20  # between two looks, each of which costs the program time too
 
 
 def wait_until(condition, what):
@@ -13,7 +14,6 @@ def wait_until(condition, what):
     loop = GLib.MainContext.default()
     expired = []
     deadline = GLib.timeout_add_seconds(DEADLINE_SECONDS, lambda: expired.append(True))
-    wake = GLib.timeout_add(50, lambda: True)
     try:
         while True:
             result = condition()
@@ -21,8 +21,10 @@ def wait_until(condition, what):
                 return result
             if expired:
                 raise AssertionError(f"never happened: {what() if callable(what) else what}")
-            loop.iteration(True)
+            rested = []
+            GLib.timeout_add(REST_MILLISECONDS, rested.append, True)  # once, as nothing is returned
+            while not rested:
+                loop.iteration(True)
     finally:
-        GLib.source_remove(wake)
         if not expired:
             GLib.source_remove(deadline)

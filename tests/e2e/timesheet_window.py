@@ -15,7 +15,7 @@ import unittest
 import pyatspi
 from gi.repository import Atspi
 
-from accessible import application, find, focused, press, showing, walk
+from accessible import application, find, focused, focused_name, press, showing, walk
 from keyboard import Keyboard
 from loop import wait_until
 from place import NEW_YORK
@@ -207,11 +207,6 @@ class TimesheetWindow(unittest.TestCase):
     def value(name):
         text = wait_until(lambda: find(name, "text"), f"the field {name}").queryText()
         return text.getText(0, -1).translate(SUMMARY_SPACES)
-
-
-def focused_name():
-    node = focused()
-    return node.name if node else ""
 
 
 __all__ = ["PROGRAMS", "TimesheetWindow", "find", "focused", "focused_name", "press", "showing", "walk", "wait_until"]
