@@ -79,15 +79,6 @@ class FileModes(unittest.TestCase):
         self.run_with(0, "status")
         self.assert_private(folder)
 
-    def test_a_file_that_somebody_names_follows_the_umask(self):
-        self.work(0o022)
-        number = "INV-2026-001"
-        for umask, mode in ((0o022, 0o644), (0o027, 0o640), (0o077, 0o600)):
-            for command in (("export",), ("backup",), ("invoice", "pdf", number)):
-                file = self.home / f"{command[0]}-{umask:o}"
-                self.run_with(umask, *command, str(file))
-                self.assertEqual(oct(stat.S_IMODE(file.stat().st_mode)), oct(mode), command)
-
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

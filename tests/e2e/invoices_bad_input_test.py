@@ -83,11 +83,6 @@ class InvoicesBadInput(TimesheetWindow):
         self.assertEqual((self.files(), (self.documents / NAME).read_text()), ([NAME], "former"))
         self.assertEqual((self.stored.exists(), self.viewer.opened()), (False, []))
 
-    def test_a_dialog_that_is_cancelled(self):
-        self.export("Cancel")
-        self.assertEqual((self.files(), self.stored.exists()), ([], False))
-        self.assertTrue(find(NUMBER, "heading"))
-
     def test_no_viewer_and_no_file_manager(self):
         self.export()
         self.see(f"“{NAME}” was saved, but there is no program that opens it.")

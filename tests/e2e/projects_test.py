@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Elmworth authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The projects in the main window, by pointer and by keyboard, at two places."""
+"""The projects in the main window, by pointer and by keyboard."""
 
 import os
 import subprocess
@@ -13,7 +13,7 @@ import pyatspi
 sys.path.insert(0, os.path.dirname(__file__))
 from place import BERLIN, NEW_YORK
 from pointer import RIGHT
-from timesheet_window import (PROGRAMS, TimesheetWindow, find, focused_name, press, showing,
+from timesheet_window import (PROGRAMS, TimesheetWindow, find, focused_name, showing,
                               wait_until)
 
 NOTHING_TRACKED = "0:00 tracked · 0:00 unbilled"
@@ -107,19 +107,8 @@ class ProjectsWindow(TimesheetWindow):
         self.keyboard.type(text)
 
 
-class ByKeyboard:
-    def test_from_no_project_to_a_running_timer_in_three_presses(self):
-        self.elmworth("project", "delete", "Website")
-        wait_until(lambda: find("No projects yet", "heading"), "the empty section")
-        self.wait_for_focus("Add a Project")
-        self.key("Return")
-        self.wait_for_sheet("New Project")
-        self.keyboard.type("Shop")
-        self.key("Return")
-        self.wait_for_focus("Project list")
-        self.key("space")
-        wait_until(lambda: self.running_project() == "Shop", "the timer")
-        self.see_row(f"Shop, {NOTHING_TRACKED}, {self.rate}, Running")
+class Added:
+    """What is written as the place has it."""
 
     def test_a_project_is_added_with_all_its_fields(self):
         self.elmworth("client", "add", "Globex")
@@ -149,34 +138,8 @@ class ByKeyboard:
         wait_until(lambda: self.selected_names() == ["Shop"], "the new project selected")
         self.wait_for_project("Shop", client="Globex")
 
-    def test_a_project_is_renamed_and_that_is_undone_and_redone(self):
-        self.to_the_row("Website")
-        self.key("Return")
-        self.wait_for_sheet("Edit Project")
-        self.clear_and_type("Site")
-        self.key("Return")
-        self.see_names("Site")
-        self.wait_for_focus("Project list")
-        self.key("Control_L+z")
-        self.see_names("Website")
-        self.key("Control_L+Shift_L+z")
-        self.see_names("Site")
 
-    def test_what_cannot_be_taken_is_said_and_kept(self):
-        self.to_the_row("Website")
-        self.key("Return")
-        self.wait_for_sheet("Edit Project")
-        self.tab_to("Hours budget")
-        self.keyboard.type("forty")
-        wait_until(lambda: find("Enter a number like 40 or 37.5"), "the problem")
-        self.assertEqual(find("Save", "push button").description, "Unavailable")
-        self.key("Return")
-        self.assertEqual(self.value("Hours budget"), "forty")
-        self.clear_and_type("40,")
-        self.wait_for_end("Enter a number like 40 or 37.5")
-        self.key("Return")
-        self.wait_for_project("Website", budgetHours=40)
-
+class ByKeyboard(Added):
     def test_space_starts_and_stops(self):
         self.elmworth("project", "add", "App", "--client", "Acme Co")
         self.see_names("App", "Website")
@@ -240,61 +203,8 @@ class ByKeyboard:
         self.key("Control_L+z")
         self.see_row(f"Website, 1:00 tracked · 1:00 unbilled, {self.rate}")
 
-    def test_with_invoiced_time_it_is_archived_and_stays_with_its_client(self):
-        self.log("2026-11-18T09:00", "2026-11-18T10:00")
-        self.elmworth("invoice", "create", "--client", "Acme Co", "--from", "2026-11-01", "--through", "2026-11-30")
-        self.see_row(f"Website, 1:00 tracked · 0:00 unbilled, {self.rate}")
-        self.to_the_row("Website")
-        self.key("Return")
-        self.wait_for_sheet("Edit Project")
-        wait_until(lambda: find("Projects with invoiced time stay with their client."), "the line under the client")
-        self.key("Escape")
-        self.wait_for_focus("Project list")
-        self.key("Delete")
-        self.question("Delete Website?", "It has invoiced time, so it will be archived instead of deleted to keep "
-                      "your invoices intact.")
-        self.wait_for_focus("Archive Project")
-        self.key("Return")
-        self.wait_for_project("Website", isArchived=True)
-        self.assertEqual(len(self.entries()), 1)
-
-    def test_renamed_elsewhere_the_form_follows_and_deleted_it_is_a_new_one(self):
-        self.to_the_row("Website")
-        self.key("Return")
-        self.wait_for_sheet("Edit Project")
-        self.tab_to("Hours budget")
-        self.keyboard.type("10")
-        self.elmworth("project", "set", "Website", "name", "Site")
-        wait_until(lambda: self.value("Name") == "Site", "the name")
-        self.elmworth("project", "delete", "Site")
-        wait_until(lambda: find("This project was deleted elsewhere. Save adds it as a new one."), "the notice")
-        self.assertEqual(self.value("Hours budget"), "10")
-        self.key("Return")
-        self.wait_for_project("Site", budgetHours=10)
-
 
 class ByPointer:
-    def test_a_project_is_added(self):
-        self.pointer.click(wait_until(lambda: find("Add Project", "push button"), "the button"))
-        self.wait_for_sheet("New Project")
-        self.fill_in("Name", "Shop")
-        self.pointer.click(find("Override client rate", "check box"))
-        wait_until(lambda: find("Hourly rate", "text"), "the rate")
-        self.fill_in("Hourly rate", "120,50")
-        self.fill_in("Hours budget", "40")
-        self.pointer.click(find("Color 4", "radio button"))
-        wait_until(lambda: find("Color 4", "radio button").getState().contains(pyatspi.STATE_CHECKED), "the color")
-        self.pointer.click(find("Save", "push button"))
-        self.see_row(f"Shop, Custom rate, {NOTHING_TRACKED} · budget 40 h, 0 percent of budget used, "
-                     f"{self.custom_rate}")
-
-    def test_a_double_click_edits(self):
-        self.pointer.double_click(self.row("Website"))
-        self.wait_for_sheet("Edit Project")
-        self.pointer.click(find("Archived", "check box"))
-        self.pointer.click(find("Save", "push button"))
-        self.wait_for_project("Website", isArchived=True)
-
     def test_the_button_on_a_row_starts_and_the_row_runs(self):
         self.pointer.move_to(find("Projects", "heading"))
         self.wait_for_end("Start Website")
@@ -320,30 +230,6 @@ class ByPointer:
         wait_until(lambda: find("No projects yet", "heading"), "the empty section")
         self.wait_for_focus("Add a Project")
 
-    def test_the_budget_fills_and_runs_over(self):
-        self.elmworth("project", "set", "Website", "budget", "10")
-        self.log("2026-11-18T09:00", "2026-11-18T17:00")
-        self.see_row(f"Website, 8:00 tracked · 8:00 unbilled · budget 10 h, 80 percent of budget used, {self.rate}")
-        bar = find("80 percent of budget used", "progress bar")
-        self.pointer.move_to(bar)
-        wait_until(lambda: find("80% of budget used"), "the help")
-        self.log("2026-11-19T08:00", "2026-11-19T12:30")
-        self.see_row(f"Website, 12:30 tracked · 12:30 unbilled · budget 10 h, 125 percent of budget used, {self.rate}")
-
-    def test_from_seven_projects_on_they_can_be_searched(self):
-        for number in range(2, 7):
-            self.elmworth("project", "add", f"Project {number}", "--client", "Acme Co")
-        self.subtitle("6 active")
-        self.assertIsNone(find("Search projects", "text"))
-        self.elmworth("project", "add", "Project 7", "--client", "Acme Co")
-        wait_until(lambda: find("Search projects", "text"), "the search")
-        self.fill_in("Search projects", "web")
-        self.see_names("Website")
-        self.fill_in("Search projects", "zzz")
-        wait_until(lambda: find("No projects match “zzz”."), "no match")
-        press("Clear search")
-        self.subtitle("7 active")
-
     def test_without_clients_the_way_leads_there(self):
         self.elmworth("client", "delete", "Acme Co")
         wait_until(lambda: find("Add a client first", "heading"), "the empty section")
@@ -359,7 +245,7 @@ class ByPointer:
         self.assertEqual(self.nameless(), [])
 
 
-class InNewYork(ByKeyboard, ByPointer, ProjectsWindow):
+class InNewYork(Added, ProjectsWindow):
     place = NEW_YORK
 
 

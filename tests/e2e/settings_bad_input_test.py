@@ -48,30 +48,6 @@ class SettingsBadInput(SettingsWindow):
         wait_until(lambda: self.setting("appearance") == "dark", "the appearance")
         self.assertEqual([file.read_bytes() for file in self.kept_aside()], [damaged])
 
-    def test_what_a_later_version_wrote_stays(self):
-        self.settings.write_text(self.settings.read_text() + "appearance=sepia\nlaterKey=later value\n")
-        self.show()
-        wait_until(lambda: self.is_chosen("Appearance", "System"), "the default")
-        self.assertEqual(self.setting("appearance"), "sepia")
-        press("Launch Elmworth at login", "check box")
-        self.pick("Appearance", "Dark")
-        wait_until(lambda: self.setting("appearance") == "dark", "the appearance")
-        self.assertEqual(self.setting("laterKey"), "later value")
-        self.assertEqual(self.kept_aside(), [])
-
-    def choose_logo(self, name):
-        press("Choose Logo…")
-        self.take_keyboard()
-        self.pointer.click(wait_until(lambda: find(name), f"{name} in the dialog"), times=2)
-
-    def test_a_text_under_a_pictures_name_is_no_logo(self):
-        (self.home / "text.png").write_text("no picture")
-        self.start(cwd=self.home)
-        self.open_settings()
-        self.choose_logo("text.png")
-        wait_until(lambda: self.says("That image couldn't be read."), "the reason")
-        self.assertFalse((self.home / "data/Elmworth/logo.png").exists())
-
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

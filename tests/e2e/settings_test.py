@@ -17,7 +17,7 @@ gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib
 
 sys.path.insert(0, os.path.dirname(__file__))
-from timesheet_window import TimesheetWindow, find, press, showing, wait_until, walk
+from timesheet_window import TimesheetWindow, find, press, wait_until, walk
 
 
 class SettingsWindow(TimesheetWindow):
@@ -85,43 +85,6 @@ class Settings(SettingsWindow):
     def setUp(self):
         super().setUp()
         self.start(cwd=self.home)
-
-    def test_each_setting_survives_a_restart(self):
-        texts = {"Business name": ("name", "Zoë & Co"), "Email": ("email", "me@example.org"),
-                 "Tax ID": ("taxID", "DE 1"),
-                 "Address": ("address", "1 Road\nTown"), "Payment instructions": ("paymentInstructions", "By wire"),
-                 "Invoice prefix": ("invoicePrefix", "ZC"), "Next number": ("nextInvoiceNumber", "42")}
-        self.open_settings()
-        for label, (_, text) in texts.items():
-            self.fill_in(label, text)
-        press("Restart numbering each year", "check box")
-        wait_until(lambda: find("Next invoice: ZC-2026-042"), "the next invoice")
-        self.show_tab("Invoices")
-        self.pick("Round each entry up to", "15 min")
-        self.fill_in("Tax name", "VAT")
-        self.fill_in("Default tax %", "8.25")
-        self.show_tab("General")
-        self.pick("Appearance", "Dark")
-        press("Launch Elmworth at login", "check box")
-        wait_until(lambda: self.is_on("Launch Elmworth at login"), "the login item")
-        self.stop()
-        for field, text in texts.values():
-            self.assertEqual(str(self.profile(field)), text)
-        kept = self.as_json("profile")
-        self.assertEqual((kept["roundingMinutes"], kept["taxLabel"], kept["defaultTaxBasisPoints"],
-                          kept["resetNumberingYearly"]), (15, "VAT", 825, True))
-        self.assertEqual(self.setting("appearance"), "dark")
-        self.start(cwd=self.home)
-        self.open_settings()
-        for label, (_, text) in texts.items():
-            self.assertEqual(self.value(label).replace("\u2029", "\n"), text)
-        self.assertTrue(self.is_on("Restart numbering each year"))
-        self.show_tab("Invoices")
-        wait_until(lambda: self.is_chosen("Round each entry up to", "15 min"), "the rounding")
-        self.assertEqual(self.value("Default tax %"), "8.25")
-        self.show_tab("General")
-        wait_until(lambda: self.is_chosen("Appearance", "Dark"), "the appearance")
-        self.assertTrue(self.is_on("Launch Elmworth at login"))
 
     def test_the_keyboard_alone_reaches_and_sets_everything(self):
         self.take_keyboard()
@@ -217,17 +180,6 @@ class Settings(SettingsWindow):
         self.addCleanup(os.kill, started[0], 9)
         wait_until(lambda: find("Timesheet", "heading"), "the program that the entry starts")
 
-    def test_a_login_item_that_cannot_be_written_stays_off_and_says_why(self):
-        (self.home / "config/autostart").write_text("a file in the folder's place")
-        self.open_settings("General")
-        press("Launch Elmworth at login", "check box")
-        wait_until(lambda: self.says("can't be changed"), "the reason")
-        self.assertFalse(self.is_on("Launch Elmworth at login"))
-
-    @staticmethod
-    def says(part):
-        return any(part in node.name for node in walk(find("Settings", "frame")) if showing(node))
-
     def test_a_library_is_exported_wiped_and_restored(self):
         self.elmworth("profile", "set", "name", "Mine")
         before = self.statistics()
@@ -256,21 +208,6 @@ class Settings(SettingsWindow):
         self.press_below("Restore Backup…")
         self.click_in_dialog(file.name, times=2)
         wait_until(lambda: not find(file.name), "the dialog's end")
-
-    def test_a_table_is_imported_once_and_can_be_undone(self):
-        table = self.home / "time.csv"
-        table.write_text("Start,End,Hours,Client,Project,Notes\n"
-                         "2026-11-17T09:00:00Z,2026-11-17T10:00:00Z,,Globex,App,From elsewhere\n")
-        self.open_settings("General")
-        for told in ("Imported 1 entry. New clients: Globex — set their rates in Clients.",
-                     "Imported 0 entries. Skipped 1 already imported."):
-            press("Import CSV…")
-            self.click_in_dialog("time.csv", times=2)
-            self.read(told)
-        self.see("An hour", "From elsewhere")
-        press("Menu")
-        press("Undo Import", "menu item")
-        self.see("An hour")
 
     def click_in_dialog(self, name, **how):
         self.take_keyboard()
@@ -310,19 +247,6 @@ class FirstRun(SettingsWindow):
         self.start()
         wait_until(lambda: find("New Entry"), "the window")
         self.assertFalse(find("Welcome to Elmworth"))
-
-    def test_the_welcome_is_read_by_the_keyboard_alone(self):
-        self.start()
-        wait_until(lambda: find("Welcome to Elmworth", "dialog"), "the welcome")
-        self.take_keyboard()
-        self.wait_for_focus("Continue")
-        self.key("Return")
-        wait_until(lambda: find("Page 2 of 3"), "the second page")
-        self.key("Left")
-        wait_until(lambda: find("Page 1 of 3"), "the first page")
-        self.key("Escape")
-        wait_until(lambda: not find("Welcome to Elmworth"), "the welcome's end")
-        self.assertEqual(self.setting("didOnboard"), "true")
 
     def test_the_checklist_leads_to_the_first_invoice_and_is_hidden_for_good(self):
         self.settings.write_text(f"[General]\nmainWindowFrame={self.frame}\ndidOnboard=true\n")

@@ -8,8 +8,6 @@ import os
 import sys
 import unittest
 
-import pyatspi
-
 sys.path.insert(0, os.path.dirname(__file__))
 from place import BERLIN, NEW_YORK
 from pointer import RIGHT
@@ -18,32 +16,17 @@ from timesheet_window import TimesheetWindow, find, press, wait_until
 MENU = ["Edit", "Continue Tracking", "Duplicate to Today", "Move to Project", "Delete"]
 
 
-class Review:
-    """What is done with the tracked time of two weeks."""
+class Added:
+    """What is written as the place has it, over the tracked time of two weeks."""
 
     def fill(self):
         self.fill_two_weeks()
-
-    def hands(self):
-        self.take_keyboard()
-        return self.pointer
-
-    def menu(self, notes, *items):
-        """Opens the menu of an entry with the right button and presses what it offers."""
-        self.pointer.click(self.line(notes), button=RIGHT)
-        for item in items:
-            press(item, "menu item")
-        if items:
-            wait_until(lambda: not find(items[-1], "menu item"), "the end of the menu")
 
     def times(self, notes):
         """The local times of an entry."""
         entry = next(entry for entry in self.entries() if entry["notes"] == notes)
         return tuple(datetime.datetime.fromisoformat(entry[key].replace("Z", "+00:00"))
                      .astimezone(self.place.zone_info).strftime("%Y-%m-%dT%H:%M") for key in ("start", "end"))
-
-    def projects(self):
-        return {entry["notes"]: entry["project"] for entry in self.entries()}
 
     def test_a_line_says_all_about_its_entry(self):
         time = self.place.time
@@ -77,6 +60,23 @@ class Review:
         self.see("Late", "Early", "Wednesday", "Call", "Tuesday")
         self.assertEqual(self.times("Call"), ("2026-11-18T09:00", "2026-11-18T09:30"))
 
+
+class Review(Added):
+    def hands(self):
+        self.take_keyboard()
+        return self.pointer
+
+    def menu(self, notes, *items):
+        """Opens the menu of an entry with the right button and presses what it offers."""
+        self.pointer.click(self.line(notes), button=RIGHT)
+        for item in items:
+            press(item, "menu item")
+        if items:
+            wait_until(lambda: not find(items[-1], "menu item"), "the end of the menu")
+
+    def projects(self):
+        return {entry["notes"]: entry["project"] for entry in self.entries()}
+
     def test_an_entry_is_edited_with_a_double_click(self):
         self.hands().double_click(self.line("Early"))
         wait_until(lambda: find("Edit Entry"), "the sheet")
@@ -89,30 +89,6 @@ class Review:
         press("Save")
         self.see("Noon", "Late", "Wednesday", "Tuesday")
         self.assertEqual(self.times("Noon"), ("2026-11-19T12:00", "2026-11-19T12:30"))
-
-    def test_a_period_chosen_again_keeps_its_check_mark(self):
-        def is_marked():
-            press("Range: Today")
-            item = wait_until(lambda: find("Today", "menu item"), "the periods")
-            return item.getState().contains(pyatspi.STATE_CHECKED)
-
-        self.choose_period("Today")
-        pointer = self.hands()
-        for _ in range(3):
-            self.assertTrue(is_marked())
-            pointer.click(find("Today", "menu item"))
-            self.wait_for_end("Today", "menu item")
-
-    def test_several_are_selected_with_ctrl_and_shift(self):
-        pointer = self.hands()
-        pointer.click(self.line("Late"))
-        wait_until(lambda: self.selected() == ["Late"], "one")
-        pointer.click(self.line("Wednesday"), held="Shift_L")
-        wait_until(lambda: self.selected() == ["Late", "Early", "Wednesday"], "three")
-        pointer.click(self.line("Early"), held="Control_L")
-        wait_until(lambda: self.selected() == ["Late", "Wednesday"], "two")
-        self.line("Tuesday").queryAction().doAction(0)
-        wait_until(lambda: self.selected() == ["Tuesday"], "what was pressed")
 
     def test_the_menu_moves_what_is_selected(self):
         pointer = self.hands()
@@ -127,35 +103,6 @@ class Review:
         self.assertEqual(self.projects()["Early"], "App")
         self.assertEqual(self.projects()["Late"], "Website")
 
-    def test_a_click_outside_the_projects_closes_them_and_leaves_the_rows(self):
-        pointer = self.hands()
-        pointer.click(self.line("Late"))
-        wait_until(lambda: self.selected() == ["Late"], "one")
-        self.menu("Late", "Move to Project")
-        wait_until(lambda: find("App — Globex", "menu item"), "the projects")
-        pointer.click(find("Timesheet", "heading"))
-        self.wait_for_end("App — Globex", "menu item")
-        self.menu("Late", "Move to Project")
-        wait_until(lambda: find("App — Globex", "menu item"), "the projects")
-        pointer.click(self.line("Tuesday"))
-        self.wait_for_end("App — Globex", "menu item")
-        self.assertEqual(self.selected(), ["Late"])
-        self.assertEqual(self.projects()["Late"], "Website")
-        pointer.click(self.line("Tuesday"))
-        wait_until(lambda: self.selected() == ["Tuesday"], "the next click")
-
-    def test_what_shows_is_exported(self):
-        press("Project: All Projects")
-        press("Website", "menu item")
-        self.see("Late", "Early", "Tuesday")
-        press("Export CSV")
-        self.hands().click(wait_until(lambda: find("Save"), "the dialog"))
-        file = self.home / "Elmworth Timesheet.csv"
-        rows = wait_until(lambda: self.rows(file), "the file")
-        self.assertEqual([row["Notes"] for row in rows], ["Tuesday", "Early", "Late"])  # the oldest first
-        start = datetime.datetime(2026, 11, 17, 10, tzinfo=self.place.zone_info)
-        self.assertEqual((rows[0]["Start"], rows[0]["Hours"]), (start.isoformat(), "1.50"))
-
     def test_every_control_has_a_role_and_a_name(self):
         self.elmworth("start", "Website")
         wait_until(lambda: find("Now tracking", "panel"), "the banner")
@@ -165,7 +112,7 @@ class Review:
         self.assertEqual(self.nameless(), [])
 
 
-class InNewYork(Review, TimesheetWindow):
+class InNewYork(Added, TimesheetWindow):
     place = NEW_YORK
 
 

@@ -79,7 +79,6 @@ class Updates(unittest.TestCase):
                 "-subj", "/CN=localhost", "-addext", "subjectAltName=DNS:localhost,IP:127.0.0.1",
                 "-keyout", cls.folder / "key.pem", "-out", cls.folder / "certificate.pem")
         cls.signer = Signer(cls.folder, "maker")
-        cls.stranger = Signer(cls.folder, "stranger")
 
     def setUp(self):
         self.server = serve(self.folder, tls=True)
@@ -91,17 +90,16 @@ class Updates(unittest.TestCase):
         self.program.write_bytes(OLD_PROGRAM)
         self.program.chmod(0o755)
 
-    def item(self, version="0.2", content=NEW_PROGRAM, signer=None, length=None):
-        return (f'<item><sparkle:version>{version}</sparkle:version><enclosure url="{self.address}/program" '
-                f'length="{len(content) if length is None else length}" '
-                f'sparkle:edSignature="{(signer or self.signer).signature(content)}"/></item>')
+    def item(self, length=len(NEW_PROGRAM)):
+        return (f'<item><sparkle:version>0.2</sparkle:version><enclosure url="{self.address}/program" '
+                f'length="{length}" sparkle:edSignature="{self.signer.signature(NEW_PROGRAM)}"/></item>')
 
-    def appcast(self, items, days=2, signer=None):
-        expires = datetime.datetime.now(datetime.timezone.utc) + datetime.timedelta(days=days)
+    def appcast(self, items):
+        expires = datetime.datetime.now(datetime.timezone.utc) + datetime.timedelta(days=2)
         document = ('<rss version="2.0" xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle" '
                     'xmlns:elmworth="https://elmworth.example/appcast"><channel><elmworth:expires>'
                     f'{expires:%Y-%m-%dT%H:%M:%SZ}</elmworth:expires>{items}</channel></rss>\n').encode()
-        return document + f"<!-- ed25519 {(signer or self.signer).signature(document)} -->\n".encode()
+        return document + f"<!-- ed25519 {self.signer.signature(document)} -->\n".encode()
 
     def offer(self, appcast, program=NEW_PROGRAM):
         self.server.answers = {"/appcast.xml": appcast, "/program": program}
@@ -150,31 +148,6 @@ class Updates(unittest.TestCase):
                                                 "Cache-Control", "Pragma"}, path)
             self.assertLessEqual(headers.get("Accept-Language", "en,*"), "en,*")
 
-    def test_the_present_version_is_the_newest(self):
-        self.offer(self.appcast(self.item(version="0.1.0")))
-        self.assertEqual(self.look(), "newest")
-
-    def test_the_wrong_key(self):
-        self.offer(self.appcast(self.item(), signer=self.stranger))
-        self.assert_refused(self.look())
-        self.offer(self.appcast(self.item(signer=self.stranger)))
-        self.assert_refused(self.look())
-
-    def test_a_program_of_which_a_byte_is_flipped(self):
-        for at in (0, len(NEW_PROGRAM) // 2, len(NEW_PROGRAM) - 1):
-            flipped = bytearray(NEW_PROGRAM)
-            flipped[at] ^= 1
-            self.offer(self.appcast(self.item()), bytes(flipped))
-            self.assert_refused(self.look())
-
-    def test_a_list_of_which_a_byte_is_flipped(self):
-        appcast = self.appcast(self.item())
-        for at in range(0, len(appcast) - 1, 97):
-            flipped = bytearray(appcast)
-            flipped[at] ^= 1
-            self.offer(bytes(flipped))
-            self.assert_refused(self.look())
-
     def test_what_is_cut_off(self):
         def break_off(handler):
             handler.send_response(200)
@@ -187,16 +160,6 @@ class Updates(unittest.TestCase):
         self.offer(self.appcast(self.item()), NEW_PROGRAM[:-1])
         self.assert_refused(self.look())
         self.offer(self.appcast(self.item()), break_off)
-        self.assert_refused(self.look())
-
-    def test_a_list_that_no_longer_holds(self):
-        self.offer(self.appcast(self.item(), days=-1))
-        self.assert_refused(self.look())
-
-    def test_an_older_list_than_one_seen_before(self):
-        self.offer(self.appcast(self.item(version="0.3")), b"something else")
-        self.assert_refused(self.look())
-        self.offer(self.appcast(self.item(version="0.2")))
         self.assert_refused(self.look())
 
     def test_more_than_it_may_be(self):
