@@ -5,16 +5,17 @@
 
 #include <QBuffer>
 #include <QColorSpace>
-#include <QFile>
 #include <QImage>
 #include <QImageReader>
 #include <QScopeGuard>
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "platform/AtomicFile.h"
 #include "platform/StandardFolders.h"
+#include "records/LogoPicture.h"
 
 namespace elmworth {
 namespace {
@@ -37,18 +38,6 @@ std::optional<FileTime> modificationDate(const std::filesystem::path& file) {
     return error ? std::nullopt : std::optional(date);
 }
 
-/// A pipe in a picture's place would keep the program waiting for ever.
-bool isFile(const std::filesystem::path& path) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(path, ignored);
-}
-
-QImage readImage(const std::filesystem::path& path) {
-    if (!isFile(path)) return {};
-    QFile file(QFile::decodeName(path.c_str()));
-    return file.open(QIODevice::ReadOnly) ? QImageReader(&file).read() : QImage();
-}
-
 /// The longer side becomes 600 pixels at most; nothing is enlarged, and no side vanishes.
 QSize logoSize(QSize picture) {
     constexpr double longestSide = 600.0;
@@ -61,27 +50,24 @@ QSize logoSize(QSize picture) {
 
 /// Reads a picture small where its format can do that while decoding. Null when it is none.
 QImage readPicture(const std::filesystem::path& path) {
-    if (!isFile(path)) return {};
-    QFile file(QFile::decodeName(path.c_str()));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    // The formats that only decode whole may take what 200 megapixels need, and no more.
-    constexpr int megabytes = 900;
-    const auto restore = qScopeGuard(
-        [old = QImageReader::allocationLimit()] { QImageReader::setAllocationLimit(old); });
-    QImageReader::setAllocationLimit(megabytes);
-    QImageReader reader(&file);
+    constexpr qint64 mostPixels = 200'000'000;  // some decoders take 8 bytes for each
+    auto picture = readLogoPicture(path);
+    if (!picture) return {};
+    QBuffer buffer(&picture->bytes);
+    QImageReader reader(&buffer, picture->format);
+    reader.setAutoDetectImageFormat(false);  // what was recognised is read as that, or not at all
     reader.setAutoTransform(true);
-    if (const QSize size = reader.size();
-        size.isValid() && !size.isEmpty() && logoSize(size) != size)
-        reader.setScaledSize(logoSize(size));
+    const QSize size = reader.size();
+    if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels) return {};
+    if (logoSize(size) != size) reader.setScaledSize(logoSize(size));
     return reader.read();
 }
 
 QImage makeLogo(QImage picture) {
     const QColorSpace sRGB(QColorSpace::SRgb);
+    picture.convertTo(QImage::Format_ARGB32_Premultiplied);
     picture =
-        picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-            .scaled(logoSize(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        picture.scaled(logoSize(picture.size()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (picture.colorSpace().isValid()) picture.convertToColorSpace(sRGB);
     picture.setColorSpace(sRGB);
     return picture;
@@ -105,7 +91,7 @@ LogoImage loadLogo() try {
         return nullptr;
     }
     if (cache() && cache()->modified == *modified) return cache()->image;
-    const QImage image = readImage(file);
+    const QImage image = readPicture(file);
     if (image.isNull()) return nullptr;
     cache() = {*modified, std::make_shared<const QImage>(image)};
     return cache()->image;
@@ -115,13 +101,18 @@ LogoImage loadLogo() try {
 }
 
 std::string makeLogoFile(const std::filesystem::path& file) {
-    const QImage picture = readPicture(file);
+    // The formats that only decode whole may take what 200 megapixels need, and no more.
+    constexpr int megabytes = 900;
+    const auto restore = qScopeGuard(
+        [old = QImageReader::allocationLimit()] { QImageReader::setAllocationLimit(old); });
+    QImageReader::setAllocationLimit(megabytes);
+    QImage picture = readPicture(file);
     if (picture.isNull())
         throw LogoError(LogoError::Code::fileReadCorruptFile,
                         "The file is not a picture that can be read.");
     QByteArray png;
     QBuffer buffer(&png);
-    if (!makeLogo(picture).save(&buffer, "PNG")) failToWrite();
+    if (!makeLogo(std::move(picture)).save(&buffer, "PNG")) failToWrite();
     return png.toStdString();
 }
 

@@ -35,9 +35,9 @@ class LogoError : public std::runtime_error {
 [[nodiscard]] LogoImage loadLogo();
 
 /// A logo of the picture in `file`: a PNG whose longer side is at most 600 pixels (never enlarged,
-/// each side at least 1). Reads pictures of any size without decoding them whole where the format
-/// allows; takes seconds for a large one. May be called on any thread, by one at a time. Throws
-/// LogoError.
+/// each side at least 1). Takes what `readLogoPicture` does, up to 200 megapixels, without decoding
+/// it whole where the format allows; takes seconds for a large one. May be called on any thread, by
+/// one at a time. Throws LogoError.
 [[nodiscard]] std::string makeLogoFile(const std::filesystem::path& file);
 
 /// Replaces the logo by what `makeLogoFile` gave. Throws LogoError; the old logo then stays.

@@ -10,6 +10,7 @@
 #include <QColorSpace>
 #include <QImage>
 #include <QImageReader>
+#include <QImageWriter>
 #include <vector>
 
 #include "platform/AtomicFile.h"
@@ -101,7 +102,7 @@ TEST_F(LogoTest, liesInTheApplicationSupportFolder) {
 }
 
 TEST_F(LogoTest, isAlwaysStoredAsPNG) {
-    storeLogo(picture(20, 20, Qt::red, "picture.bmp"));
+    storeLogo(picture(20, 20, Qt::red, "picture.jpg"));
     EXPECT_EQ(readFile(logoFileURL()).substr(1, 3), "PNG");
 }
 
@@ -140,18 +141,22 @@ TEST_F(LogoTest, isFoundByContentWhateverTheNameSays) {
     EXPECT_EQ(stored().size(), QSize(20, 20));
 }
 
-/// What storing a picture of that size adds to the memory that was ever in use.
-long megabytesToStore(const std::filesystem::path& file, int width, int height) {
-    QImage huge(width, height, QImage::Format_Grayscale8);
-    huge.fill(Qt::white);
-    EXPECT_TRUE(huge.save(QString::fromStdString(file.string())));
-    huge = QImage();
+/// What storing a picture adds to the memory that was ever in use.
+long megabytesToStore(const std::filesystem::path& file) {
     rusage before{};
     rusage after{};
     ::getrusage(RUSAGE_SELF, &before);
     storeLogo(file);
     ::getrusage(RUSAGE_SELF, &after);
     return (after.ru_maxrss - before.ru_maxrss) / 1024;
+}
+
+long megabytesToStore(const std::filesystem::path& file, int width, int height) {
+    QImage huge(width, height, QImage::Format_Grayscale8);
+    huge.fill(Qt::white);
+    EXPECT_TRUE(huge.save(QString::fromStdString(file.string())));
+    huge = QImage();
+    return megabytesToStore(file);
 }
 
 TEST_F(LogoTest, aPhotoOf200MegapixelsIsDecodedSmall) {
@@ -235,13 +240,82 @@ void expectError(const std::filesystem::path& file, LogoError::Code code, const 
     }
 }
 
+constexpr const char* noPicture = "The file is not a picture that can be read.";
+
+TEST_F(LogoTest, aPictureOfAnotherKindIsRefusedThoughAReaderOfItIsThere) {
+    const auto file = folder_.path() / "picture.png";
+    for (const char* kind : {"BMP", "PPM", "XPM"}) {
+        QImage image(20, 20, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        ASSERT_TRUE(image.save(QString::fromStdString(file.string()), kind));
+        EXPECT_FALSE(QImage(QString::fromStdString(file.string())).isNull()) << kind;
+        expectError(file, LogoError::Code::fileReadCorruptFile, noPicture);
+        writeAtomically(logoFileURL(), readFile(file));
+        EXPECT_EQ(loadLogo(), nullptr) << kind;
+    }
+}
+
+TEST_F(LogoTest, whatAPNGHoldsBesidesItsPixelsTakesNoMemory) {
+    QImage image(20, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.setText(QStringLiteral("Comment"), QString(7'900'000, u'A'));
+    const std::string one = readFile(picture(image, "text.png"));
+    const auto begin = one.find("zTXt") - 4;
+    const std::string text = one.substr(begin, one.find("IDAT") - 4 - begin);
+    std::string file = one.substr(0, begin);
+    for (int i = 0; i < 100; ++i) file += text;
+    file += one.substr(begin);
+    writeAtomically(folder_.path() / "texts.png", file);
+    EXPECT_LT(megabytesToStore(folder_.path() / "texts.png"), 100);
+    EXPECT_EQ(stored().size(), QSize(20, 20));
+    EXPECT_TRUE(stored().text().isEmpty());
+}
+
+TEST_F(LogoTest, aJPEGOfMorePassesOverItsPixelsThanAnyoneWritesIsRefused) {
+    const auto file = folder_.path() / "passes.jpg";
+    QImage image(20, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QImageWriter writer(QString::fromStdString(file.string()), "jpeg");
+    writer.setProgressiveScanWrite(true);
+    ASSERT_TRUE(writer.write(image));
+    std::string jpeg = readFile(file);
+    const auto last = jpeg.rfind("\xFF\xDA");
+    const std::string pass = jpeg.substr(last, jpeg.size() - 2 - last);
+    const auto passes = [&] { return QByteArray::fromStdString(jpeg).count("\xFF\xDA"); };
+    ASSERT_GT(passes(), 1);
+    while (passes() < 100) jpeg.insert(last, pass);
+    writeAtomically(file, jpeg);
+    EXPECT_NO_THROW(storeLogo(file));
+    writeAtomically(file, jpeg.insert(last, pass));
+    expectError(file, LogoError::Code::fileReadCorruptFile, noPicture);
+}
+
+TEST_F(LogoTest, aPictureOfMorePixelsThan200MillionIsRefusedBeforeItIsDecoded) {
+    std::string jpeg = readFile(picture(20, 20, Qt::red, "picture.jpg"));
+    const auto height = jpeg.find("\xFF\xC0") + 5;
+    const auto file = folder_.path() / "large.jpg";
+    jpeg.replace(height, 4, std::string("\x27\x10\x4E\x20", 4));  // 10,000 and 20,000
+    writeAtomically(file, jpeg);
+    EXPECT_NO_THROW(storeLogo(file));
+    jpeg[height + 3] = '\x21';
+    writeAtomically(file, jpeg);
+    expectError(file, LogoError::Code::fileReadCorruptFile, noPicture);
+}
+
+TEST_F(LogoTest, aFileOfMoreThan100MegabytesIsRefused) {
+    const auto file = picture(20, 20, Qt::red);
+    std::filesystem::resize_file(file, 100'000'000);
+    EXPECT_NO_THROW(storeLogo(file));
+    std::filesystem::resize_file(file, 100'000'001);
+    expectError(file, LogoError::Code::fileReadCorruptFile, noPicture);
+}
+
 TEST_F(LogoTest, aFileThatIsNoPictureIsRefusedAndTheOldLogoStays) {
     storeLogo(picture(20, 20, Qt::red));
     const auto text = folder_.path() / "text.png";
     writeAtomically(text, "no picture");
     for (const auto& file : {text, folder_.path() / "missing.png", folder_.path()})
-        expectError(file, LogoError::Code::fileReadCorruptFile,
-                    "The file is not a picture that can be read.");
+        expectError(file, LogoError::Code::fileReadCorruptFile, noPicture);
     EXPECT_EQ(stored().pixelColor(0, 0), QColor(Qt::red));
 }
 
@@ -250,8 +324,7 @@ TEST_F(LogoTest, aPipeInAPicturesPlaceIsNoPictureAndKeepsNobodyWaiting) {
     EXPECT_FALSE(loadLogo());
     const auto pipe = folder_.path() / "pipe.png";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    expectError(pipe, LogoError::Code::fileReadCorruptFile,
-                "The file is not a picture that can be read.");
+    expectError(pipe, LogoError::Code::fileReadCorruptFile, noPicture);
 }
 
 TEST_F(LogoTest, aFolderThatCannotBeMadeIsAFailureToWrite) {

@@ -3,26 +3,13 @@
 
 #include "screens/settings/BusinessSettings.h"
 
-#include <QFileInfo>
-#include <QImageReader>
 #include <algorithm>
 #include <limits>
 #include <memory>
-#include <vector>
 
 #include "records/Logo.h"
 
 namespace elmworth {
-
-namespace {
-
-/// Whether the picture is of a kind that is offered, whatever its name says.
-bool isLogoKind(const QString& file) {
-    static const std::vector<QByteArray> kinds{"png", "jpeg", "jpg", "heic", "heif", "tiff"};
-    return std::find(kinds.begin(), kinds.end(), QImageReader::imageFormat(file)) != kinds.end();
-}
-
-}  // namespace
 
 BusinessSettings::BusinessSettings(const SettingsServices& services, SettingsKeeper& keeper)
     : services_(services),
@@ -101,8 +88,6 @@ QString BusinessSettings::nextInvoice() const {
 
 BusinessSettings::Picture BusinessSettings::readPicture(const QString& path) {
     auto unreadable = QStringLiteral("That image couldn't be read.");
-    // A pipe in a picture's place would never end.
-    if (!QFileInfo(path).isFile() || !isLogoKind(path)) return {{}, unreadable};
     try {
         return {makeLogoFile(path.toStdString()), {}};
     } catch (const LogoError& error) {
