@@ -5,6 +5,7 @@
 #include "command/JSONOutput.h"
 #include "command/RecordFields.h"
 #include "command/TextTable.h"
+#include "platform/MoneyFormat.h"
 #include "records/FieldText.h"
 
 namespace elmworth {
@@ -76,7 +77,11 @@ void set(const std::string& field, const std::string& value, CommandEnvironment&
                                      environment.calendar.components(environment.now()).year);
     }
     environment.profiles.setProfileOrRefuse(profile);
-    if (output.isJSON()) show(environment, output);
+    if (output.isJSON()) return show(environment, output);
+    // Who meant 19 percent learns here, and not from an invoice, that it is 0.19.
+    if (field == "defaultTaxBasisPoints")
+        output.line("The default tax is " + formatBasisPoints(profile.defaultTaxBasisPoints) +
+                    "%.");
 }
 
 }  // namespace

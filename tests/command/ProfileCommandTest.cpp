@@ -44,13 +44,20 @@ TEST_F(ProfileCommand, setsEachFieldByItsName) {
         {"resetNumberingYearly", "yes"},
         {"numberingYear", "2024"},
     };
-    for (const auto& [field, value] : values)
-        EXPECT_EQ(output({"profile", "set", field, value}), "");
+    for (const auto& [field, value] : values) output({"profile", "set", field, value});
     const BusinessProfile expected{
         "Ada", "1 Road\nLondon", "GB 1", "a@b.test", "IBAN", "R", 42, PaperSize::a4, 15, 30,
         1900,  "MwSt.",          true,   2024};
     EXPECT_EQ(profile(), expected);
     EXPECT_EQ(ProfileStore(defaults_).profile(), expected) << "it is in the settings file";
+}
+
+TEST_F(ProfileCommand, onlyTheTaxIsSaidAgainAsItIsInBasisPoints) {
+    EXPECT_EQ(output({"profile", "set", "defaultTaxBasisPoints", "19"}),
+              "The default tax is 0.19%.\n");
+    EXPECT_EQ(output({"profile", "set", "defaultTaxBasisPoints", "1900"}),
+              "The default tax is 19%.\n");
+    EXPECT_EQ(output({"profile", "set", "taxLabel", "MwSt."}), "");
 }
 
 TEST_F(ProfileCommand, theNextNumberIsSetAsByHandInTheYearOfNow) {
