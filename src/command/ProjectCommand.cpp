@@ -87,11 +87,17 @@ void list(bool withArchived, CommandEnvironment& environment, CommandOutput& out
     output.text += table.text();
 }
 
+/// Projects that are added one after the other can be told apart in the chart.
+std::string nextColor(UnitOfWork& context) {
+    return projectColors.at(context.fetchCount<Project>() % projectColors.size());
+}
+
 void add(const ProjectArguments& arguments, CommandEnvironment& environment,
          CommandOutput& output) {
     const auto project = std::make_shared<Project>(
         parseName(arguments.name).value(), findClient(environment.context, arguments.client));
-    setField(*project, "color", arguments.color.empty() ? projectColors.front() : arguments.color);
+    setField(*project, "color",
+             arguments.color.empty() ? nextColor(environment.context) : arguments.color);
     if (!arguments.rate.empty()) setField(*project, "rate", arguments.rate);
     if (!arguments.budget.empty()) setField(*project, "budget", arguments.budget);
     environment.projects().add(project);
@@ -169,7 +175,7 @@ void addProjectCommand(CommandSyntax& syntax) {
         .option("--rate", arguments->rate, "Its own hourly rate like 120. Without it: the client's")
         .typeName("AMOUNT");
     adding.option("--budget", arguments->budget, "Its budget like 40").typeName("HOURS");
-    adding.option("--color", arguments->color, "Its color. Without it: #7C6CFF")
+    adding.option("--color", arguments->color, "Its color. Without it: the next of nine")
         .typeName("#RRGGBB");
     syntax.runs(adding, [arguments](CommandEnvironment& environment, CommandOutput& output) {
         add(*arguments, environment, output);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "command/CommandTest.h"
+#include "records/ProjectColors.h"
 
 namespace elmworth {
 namespace {
@@ -62,6 +63,18 @@ TEST_F(ProjectCommand, addReadsValuesAsTheFormDoes) {
     EXPECT_STREQ(project["colorHex"].GetString(), "#40D19E");
     EXPECT_EQ(output({"project", "add", "Site", "--client", "Globex"}),
               "Added the project “Site — Globex”.\n");
+}
+
+TEST_F(ProjectCommand, eachNewProjectHasTheNextColor) {
+    ASSERT_EQ(library_.context().fetchCount<Project>(), 3U);
+    const auto colorOf = [&](const char* name) {
+        return std::string(
+            json({"project", "add", name, "--client", "Globex"})["colorHex"].GetString());
+    };
+    EXPECT_EQ(colorOf("App"), projectColors.at(3));
+    EXPECT_EQ(colorOf("Site"), projectColors.at(4));
+    for (int number = 5; number < 9; ++number) colorOf(("P" + std::to_string(number)).c_str());
+    EXPECT_EQ(colorOf("Tenth"), projectColors.front()) << "there are nine";
 }
 
 TEST_F(ProjectCommand, whatCannotBeReadIsRefusedAndNothingIsAdded) {
