@@ -6,6 +6,7 @@
 #include "command/RecordLookup.h"
 #include "command/TimeArgument.h"
 #include "platform/DurationFormat.h"
+#include "records/FieldText.h"
 
 namespace elmworth {
 
@@ -19,12 +20,22 @@ struct LogArguments {
     std::string notes;
 };
 
+/// A night's work, written as 23:00 to 1:00, began yesterday or ends tomorrow: neither is guessed.
+void refuseNight(const LogArguments& arguments, const EntryForm& form) {
+    if (form.end > form.start || !isTimeOfToday(arguments.from) || !isTimeOfToday(arguments.to))
+        return;
+    throw Refused(
+        "End must be after start. A time alone is today's: name the day of one that is "
+        "not, like 2026-03-01T14:30.");
+}
+
 void log(const LogArguments& arguments, CommandEnvironment& environment, CommandOutput& output) {
     EntryForm form;
     form.project = findProject(environment.context, arguments.project, arguments.client);
     form.start = parseTime(arguments.from, environment);
     form.end = parseTime(arguments.to, environment);
     form.notes = arguments.notes;
+    refuseNight(arguments, form);
     const auto entry = environment.entries().add(form);
     if (!output.isJSON()) {
         return output.line("Logged " + formatHoursMinutes(entry->duration(environment.now())) +

@@ -12,6 +12,16 @@ namespace elmworth {
 
 namespace {
 
+/// Of what began at `start` and was stopped.
+std::string whatWasKept(const TimeEntry& entry, Instant start, Instant now) {
+    if (!entry.isDeleted()) return " after " + formatHoursMinutesSeconds(entry.duration(now)) + ".";
+    if (start > now) {
+        return ". The clock stands before its start, so nothing was kept: add the time with "
+               "elmworth log.";
+    }
+    return ". It ran for less than a second, so nothing was kept.";
+}
+
 void stop(CommandEnvironment& environment, CommandOutput& output, const std::string& at) {
     auto& timer = environment.timer;
     const auto instant = at.empty() ? std::nullopt : std::optional(parseTime(at, environment));
@@ -23,18 +33,15 @@ void stop(CommandEnvironment& environment, CommandOutput& output, const std::str
     if (!entry) return printTimer(environment, output, "Nothing is running.");
     const auto& project = entry->project.get();
     const std::string name = project ? fullName(*project) : NoProject::name;
+    const Instant start = entry->start;
     if (instant) {
         timer.stop(*instant);
     } else {
         timer.stop();
     }
     requireSaved(environment.context);
-    const std::string sentence =
-        entry->isDeleted()
-            ? "Stopped " + name + ". It ran for less than a second, so nothing was kept."
-            : "Stopped " + name + " after " +
-                  formatHoursMinutesSeconds(entry->duration(environment.now())) + ".";
-    printTimer(environment, output, sentence);
+    printTimer(environment, output,
+               "Stopped " + name + whatWasKept(*entry, start, environment.now()));
 }
 
 }  // namespace

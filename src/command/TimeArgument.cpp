@@ -70,6 +70,10 @@ std::string periodNames() {
     return names;
 }
 
+bool isTimeOfToday(const std::string& text) {
+    return text.size() <= 5;  // 9:30
+}
+
 Instant parseTime(const std::string& text, const CommandEnvironment& environment) {
     std::optional<Instant> instant = parseISO8601(withSeconds(text));
     const std::string clock = text.size() == 4 ? '0' + text : text;  // 9:30

@@ -14,6 +14,9 @@ namespace elmworth {
 /// valid one. Throws CommandError (usage).
 [[nodiscard]] Instant parseTime(const std::string& text, const CommandEnvironment& environment);
 
+/// Whether a TIME that can be read names no day, and so means today.
+[[nodiscard]] bool isTimeOfToday(const std::string& text);
+
 /// Reads a DAY, yyyy-MM-dd, as the start of that local day. Throws CommandError (usage).
 [[nodiscard]] Instant parseDay(const std::string& text, const CommandEnvironment& environment);
 

@@ -135,6 +135,15 @@ TEST_F(TimerCommands, stopEndsTheEntry) {
     EXPECT_FALSE(timer_.running());
 }
 
+TEST_F(TimerCommands, stopSaysThatTheClockWentBackAndTheTimeIsToBeAdded) {
+    timer_.start(design_);
+    now_ -= 3600s;
+    EXPECT_EQ(
+        output({"stop"}),
+        "Stopped Design — Acme Co. The clock stands before its start, so nothing was kept: add "
+        "the time with elmworth log.\n");
+}
+
 TEST_F(TimerCommands, stopWithinASecondKeepsNothing) {
     timer_.start(design_);
     EXPECT_EQ(output({"stop"}),
@@ -209,11 +218,22 @@ TEST_F(TimerCommands, logSaysHowLong) {
 }
 
 TEST_F(TimerCommands, logFollowsTheRulesOfTheEntryForm) {
-    expectRefusal({"log", "Design", "--from", "10:00", "--to", "10:00"}, 1,
+    expectRefusal({"log", "Design", "--from", "2026-03-31T10:00", "--to", "10:00"}, 1,
                   "End must be after start.");
     expectRefusal({"log", "Design", "--from", "12:01", "--to", "13:00"}, 1,
                   "The start can't be in the future.");
     output({"log", "Design", "--from", "12:00", "--to", "13:00"});  // it may end in the future
+}
+
+TEST_F(TimerCommands, logAsksForTheDayOfANight) {
+    const char* const hint =
+        "End must be after start. A time alone is today's: name the day of one that is not, like "
+        "2026-03-01T14:30.";
+    expectRefusal({"log", "Design", "--from", "23:00", "--to", "1:00"}, 1, hint);
+    expectRefusal({"log", "Design", "--from", "9:30", "--to", "09:30"}, 1, hint);
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 0U);
+    output({"log", "Design", "--from", "2026-03-30T23:00", "--to", "1:00"});
+    EXPECT_EQ(library_.context().fetchCount<TimeEntry>(), 1U);
 }
 
 TEST_F(TimerCommands, logIsNotForArchivedProjects) {
