@@ -33,7 +33,8 @@ void writeList(JSONOutput& json, const std::vector<Ref<Invoice>>& invoices,
 
 void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& output) {
     auto invoices = environment.context.fetch(
-        Query<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse)}});
+        Query<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse),
+                                  sortedBy<&Invoice::number>(SortOrder::reverse)}});
     std::erase_if(invoices, [&](const auto& invoice) {
         return !passes(*invoice, filter, environment.now(), environment.calendar);
     });

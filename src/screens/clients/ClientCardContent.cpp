@@ -3,6 +3,8 @@
 
 #include "screens/clients/ClientCardContent.h"
 
+#include <tuple>
+
 #include "records/Invoice.h"
 
 namespace elmworth {
@@ -23,7 +25,9 @@ void readLastInvoice(ClientCardContent& content, UnitOfWork& context) {
     context.forEachValues<&Invoice::number, &Invoice::issueDate>(
         std::optional(key<&Invoice::client>() == content.client),
         [&](const PersistentID& /*invoice*/, const std::string& number, Instant issueDate) {
-            if (!last || issueDate > last->issueDate) last = {number, issueDate};
+            // Of one day the one that is the first in the list of invoices.
+            if (!last || std::tie(last->issueDate, last->number) < std::tie(issueDate, number))
+                last = {number, issueDate};
         });
 }
 

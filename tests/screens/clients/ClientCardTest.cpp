@@ -110,6 +110,11 @@ TEST_F(ClientCard, namesTheInvoiceThatWasIssuedLast) {
     EXPECT_EQ(text(0, "lastInvoice"), "INV-2 · Feb 4");
 }
 
+TEST_F(ClientCard, namesOfTheInvoicesOfOneDayTheLastNumber) {
+    for (const char* number : {"INV-2", "INV-3", "INV-1"}) addInvoice(number, acme, "2026-02-04");
+    EXPECT_EQ(text(0, "lastInvoice"), "INV-3 · Feb 4");
+}
+
 TEST_F(ClientCard, followsTheTimeOfItsProjectsAndWhatItCosts) {
     const auto website = addProject("Website", acme);
     const auto entry = addEntry(website, 60min);
