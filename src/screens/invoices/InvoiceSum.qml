@@ -50,6 +50,8 @@ GlassCard {
             Layout.fillWidth: true
             text: room.advanceWidth <= width ? card.value : card.value.split(" · ").join("\n")
             size: 17
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 11
             color: card.tint
             wrapMode: Text.WordWrap
             elide: Text.ElideRight

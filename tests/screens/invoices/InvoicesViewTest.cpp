@@ -175,6 +175,20 @@ TEST_F(InvoicesView, makesTheRowsThatShowAndNoOthers) {
     EXPECT_LE(rowsIn(window_->contentItem()), 20U);
 }
 
+TEST_F(InvoicesView, aLargeSumStaysInItsCard) {
+    const auto invoice = add("INV-1", "2026-02-01", InvoiceStatus::sent);
+    const Instant start = test::at("2026-01-06T09:00Z");
+    const auto entry =
+        timer.library.addEntry(project("Website"), start, start + std::chrono::hours(1));
+    entry->invoice = invoice;
+    entry->billedRateCents = 9'999'999'999;
+    save();
+    show();
+    const auto* sum = named("$100,000,099.99", QAccessible::StaticText);
+    ASSERT_TRUE(sum);
+    EXPECT_LE(sum->property("contentWidth").toReal(), sum->width());
+}
+
 TEST_F(InvoicesView, makesNoDetailBeforeOneIsSelected) {
     add("INV-1");
     show();
