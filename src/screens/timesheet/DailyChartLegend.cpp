@@ -26,7 +26,7 @@ constexpr double rowHeight = 18;
 constexpr double swatch = 8;
 constexpr double swatchGap = 6;
 constexpr double itemGap = 14;
-constexpr double widestItem = 190;
+constexpr double widestText = 175;
 constexpr int mostLines = 3;
 
 QRectF areaOf(const LegendPlace& place) {
@@ -91,8 +91,8 @@ void DailyChartLegend::arrange() {
     std::vector<double> widths;
     if (model_) {
         for (const QString& label : model_->labels()) {
-            const double text = std::ceil(metrics.horizontalAdvance(label)) + 1;
-            widths.push_back(std::min(swatch + swatchGap + text, widestItem));
+            const QString shown = metrics.elidedText(label, Qt::ElideMiddle, widestText);
+            widths.push_back(swatch + swatchGap + std::ceil(metrics.horizontalAdvance(shown)) + 1);
         }
     }
     const double rest = metrics.horizontalAdvance(QStringLiteral("and 999 more"));
