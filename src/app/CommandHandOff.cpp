@@ -3,15 +3,12 @@
 
 #include "app/CommandHandOff.h"
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
-#include <filesystem>
 
 #include "app/SessionBus.h"
-#include "app/SiblingProgram.h"
 #include "app/WorkingFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/Calendar.h"
@@ -23,15 +20,6 @@
 namespace elmworth {
 
 namespace {
-
-/// A function of the module that talks to the bus. Loaded when it is needed: most commands find the
-/// library free and must not wait for the bus's libraries. Null when the module is not there.
-template <class Function>
-Function* sessionBusFunction(const char* name) {
-    static void* const module =
-        ::dlopen(siblingPath("elmworth-session-bus.so").c_str(), RTLD_NOW | RTLD_LOCAL);
-    return module ? reinterpret_cast<Function*>(::dlsym(module, name)) : nullptr;
-}
 
 /// A pipe whose write end closes when this process ends, however it ends: the reader sees end of
 /// file then.
@@ -72,28 +60,13 @@ class LockFile {
 
 std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
                                      const GatheredInput& input) {
-    auto* const call = sessionBusFunction<HandOffFunction>("elmworthHandOff");
     const Lifeline lifeline;
     const LockFile library;
-    if (!call || lifeline.watched() < 0 || library.descriptor() < 0) return std::nullopt;
-    const HandOffRequest request{arguments,
-                                 workingFolder().string(),
-                                 Locale::current().identifier(),
-                                 currentMoneyLocale().identifier(),
-                                 Calendar::current().zoneID(),
-                                 STDERR_FILENO,
-                                 lifeline.watched(),
-                                 input.descriptor(),
-                                 library.descriptor(),
-                                 currentUmask()};
-    CommandResult result;
-    if (!call(request, result)) return std::nullopt;
-    return result;
-}
-
-bool activateRunningApplication(const std::string& action) {
-    auto* const call = sessionBusFunction<ActivateFunction>("elmworthActivate");
-    return call && call(action.c_str());
+    if (lifeline.watched() < 0 || library.descriptor() < 0) return std::nullopt;
+    return runOverBus({arguments, workingFolder().string(), Locale::current().identifier(),
+                       currentMoneyLocale().identifier(), Calendar::current().zoneID(),
+                       STDERR_FILENO, lifeline.watched(), input.descriptor(), library.descriptor(),
+                       currentUmask()});
 }
 
 }  // namespace elmworth

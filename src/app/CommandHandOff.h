@@ -19,8 +19,4 @@ namespace elmworth {
 [[nodiscard]] std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
                                                    const GatheredInput& input);
 
-/// Asks the running application to come to the front, or to carry out an action of Activation's.
-/// False when none answers.
-[[nodiscard]] bool activateRunningApplication(const std::string& action = {});
-
 }  // namespace elmworth

@@ -3,9 +3,9 @@
 
 #include "app/OpenInApplication.h"
 
-#include "app/CommandHandOff.h"
 #include "app/DetachedStart.h"
 #include "app/DisplayVariables.h"
+#include "app/SessionBus.h"
 
 namespace elmworth {
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,13 +33,12 @@ struct HandOffRequest {
     unsigned umask;
 };
 
-// What the module elmworth-session-bus.so offers. False when no application answers.
-using HandOffFunction = bool(const HandOffRequest& request, CommandResult& result);
-using ActivateFunction = bool(const char* action);  // empty: none, just come to the front
+/// What the running application answers to a command, however long it takes. Absent when none
+/// answers, and when a text of the request is not UTF-8, which the bus doesn't carry.
+[[nodiscard]] std::optional<CommandResult> runOverBus(const HandOffRequest& request);
+
+/// Asks the running application to come to the front, or to carry out an action of Activation's.
+/// False when none answers.
+[[nodiscard]] bool activateRunningApplication(const std::string& action = {});
 
 }  // namespace elmworth
-
-extern "C" {
-elmworth::HandOffFunction elmworthHandOff;
-elmworth::ActivateFunction elmworthActivate;
-}

@@ -14,13 +14,13 @@
 #include <thread>
 #include <vector>
 
-#include "app/CommandHandOff.h"
 #include "app/DetachedStart.h"
 #include "app/Display.h"
 #include "app/ElmworthApp.h"
 #include "app/GalleryApp.h"
 #include "app/OpenInApplication.h"
 #include "app/Renderer.h"
+#include "app/SessionBus.h"
 #include "app/StandardStreams.h"
 #include "app/TerminalCommand.h"
 #include "platform/LibraryLock.h"
