@@ -15,6 +15,8 @@ Basic.TextField {
     /// Without ground and outline until it has the focus, for a text that stands on a card.
     property bool plain: false
     property bool looksFocused: activeFocus
+    /// Whether it holds more than shows, which dots say while nobody types.
+    readonly property bool isCut: !activeFocus && contentWidth > width - leftPadding - rightPadding
 
     implicitWidth: 200
     implicitHeight: 32
@@ -26,7 +28,7 @@ Basic.TextField {
     // Without the focus a long text shows its beginning.
     autoScroll: activeFocus
     opacity: enabled ? 1 : 0.45
-    color: Theme.primaryText
+    color: isCut ? "transparent" : Theme.primaryText
     placeholderTextColor: Theme.tertiaryText
     selectionColor: Theme.selectionFill
     selectedTextColor: Theme.primaryText
@@ -41,5 +43,26 @@ Basic.TextField {
             width: field.looksFocused ? 2 : field.plain && !field.hovered ? 0 : 1
             color: field.invalid ? Theme.dangerText : field.looksFocused ? Theme.focusRing : Theme.cardBorderStrong
         }
+    }
+
+    OnDemand {
+        anchors {
+            fill: parent
+            leftMargin: field.leftPadding; rightMargin: field.rightPadding
+            topMargin: field.topPadding; bottomMargin: field.bottomPadding
+        }
+        wanted: field.isCut
+        visible: wanted
+
+        // The text doesn't outlive its field.
+        // qmllint disable unqualified
+        sourceComponent: PlainText {
+            text: field.text
+            size: field.font.pixelSize
+            font { family: field.font.family; weight: field.font.weight }
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
+        }
+        // qmllint enable unqualified
     }
 }

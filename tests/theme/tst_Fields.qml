@@ -101,6 +101,20 @@ Item {
             compare(createTemporaryObject(popup, stage).Accessible.name, "Client");
         }
 
+        function test_a_field_says_that_it_holds_more_while_nobody_types() {
+            const field = createTemporaryObject(input, stage, { width: 120, text: "Acme" });
+            verify(!field.isCut);
+            field.text = "Much more than a hundred pixels have room for";
+            verify(field.isCut);
+            const shown = Array.from(field.children).map(part => part.item).find(item => item instanceof PlainText);
+            verify(shown.visible && shown.truncated);
+            compare(shown.text, field.text);
+            verify(Qt.colorEqual(field.color, "transparent"));
+            field.forceActiveFocus();
+            verify(!field.isCut && !shown.visible);
+            verify(Qt.colorEqual(field.color, Theme.primaryText));
+        }
+
         function test_tab_leaves_an_area_in_both_directions() {
             const column = createTemporaryObject(twoFields, stage);
             column.first.forceActiveFocus(Qt.TabFocusReason);
