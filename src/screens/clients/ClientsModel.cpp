@@ -51,6 +51,7 @@ void ClientsModel::setShown(bool isShown) {
     live_.reset();
     if (isShown) {
         live_ = std::make_unique<Live>(services_, *this);
+        countProjects();
         showCards();
         cards_.forgetTexts();
     }
@@ -107,8 +108,25 @@ void ClientsModel::follow(const RecordChanges& changes) {
         !changes.touch(Invoice::schema()))
         return;
     live_->search.reset();
+    if (changes.touch(Project::schema())) countProjects();
     showCards();
     cards_.forgetTexts();
+}
+
+void ClientsModel::countProjects() {
+    std::unordered_map<PersistentID, std::size_t> counts;
+    std::size_t most = 0;
+    try {
+        services_.context.forEachValues<&Project::client>(
+            std::optional(key<&Project::isArchived>() == false),
+            [&](const PersistentID& /*project*/, const std::optional<PersistentID>& client) {
+                if (client) most = std::max(most, ++counts[*client]);
+            });
+    } catch (const StoreError&) {
+        most = ClientCardTexts::mostProjects;  // nothing is cut; the library's faults are told
+                                               // elsewhere
+    }
+    projectLines_ = most > 2 ? 2 : 1;
 }
 
 void ClientsModel::followTime(const ProjectTimes::Projects& projects) {

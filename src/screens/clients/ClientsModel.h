@@ -32,6 +32,8 @@ class ClientsModel final : public QObject {
     Q_PROPERTY(elmworth::KeyedSelection* selection READ selection CONSTANT FINAL)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed FINAL)  ///< "3 clients"
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)       ///< there is no client at all
+    /// The lines that the projects of the fullest card take, two of them on each: 1 or 2.
+    Q_PROPERTY(int projectLines READ projectLines NOTIFY changed FINAL)
     Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY changed FINAL)
     Q_PROPERTY(bool isSearchShown READ isSearchShown NOTIFY changed FINAL)
     Q_PROPERTY(QString noMatchText READ noMatchText NOTIFY changed FINAL)  ///< empty with matches
@@ -49,6 +51,7 @@ class ClientsModel final : public QObject {
     [[nodiscard]] KeyedSelection* selection() noexcept { return &selection_; }
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] bool isEmpty() const noexcept { return count_ == 0; }
+    [[nodiscard]] int projectLines() const noexcept { return projectLines_; }
     [[nodiscard]] const QString& search() const noexcept { return search_; }
     void setSearch(const QString& search);
     /// From five clients on, and as long as something is searched for.
@@ -99,6 +102,7 @@ class ClientsModel final : public QObject {
     void follow(const RecordChanges& changes);
     void followTime(const ProjectTimes::Projects& projects);
     void showCards();
+    void countProjects();
     void reveal(const PersistentID& id);
     [[nodiscard]] int rowOf(const PersistentID& id) const;
 
@@ -110,6 +114,7 @@ class ClientsModel final : public QObject {
     RowPlaces places_{cards_};
     RowSelection<PlainRows<ClientRow>> selection_;
     std::size_t count_ = 0;
+    int projectLines_ = 1;
     QString search_;
     std::optional<PersistentID> menuClient_;
     std::unique_ptr<Live> live_;  ///< while it is shown

@@ -105,7 +105,7 @@ FocusScope {
         visible: !view.model.isEmpty
         clip: true
         label: "Clients"
-        cardHeight: 252
+        cardHeight: 196 + 28 * view.model.projectLines
         bottomMargin: view.margin - spacing
         selection: view.model.selection
         model: view.model.cards // qmllint disable

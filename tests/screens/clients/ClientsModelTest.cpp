@@ -93,6 +93,23 @@ const SearchRow searchRows[] = {
 INSTANTIATE_TEST_SUITE_P(Texts, SearchedClients, testing::ValuesIn(searchRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(Clients, haveRoomForTheProjectsOfTheOneWithMost) {
+    EXPECT_EQ(model.projectLines(), 1);
+    const auto acme = addClient("Acme Co");
+    const auto globex = addClient("Globex");
+    for (const char* name : {"App", "Website"}) {
+        addProject(name, acme);
+        addProject(name, globex);
+    }
+    EXPECT_EQ(model.projectLines(), 1);
+    const auto third = addProject("Shop", globex);
+    context().save();
+    EXPECT_EQ(model.projectLines(), 2);
+    third->isArchived = true;
+    context().save();
+    EXPECT_EQ(model.projectLines(), 1);
+}
+
 TEST_F(Clients, sayWhenNoneMatches) {
     EXPECT_EQ(model.noMatchText().toStdString(), "");
     addClient("Acme Co");

@@ -245,7 +245,7 @@ TEST_F(ClientsView, editsByDoubleClickAndInvoicesByTheButton) {
     show();
     QSignalSpy invoiced(&model, &ClientsModel::invoiceRequested);
     const QPoint corner = grid()->mapToScene(QPointF(40, 40)).toPoint();
-    QTest::mouseClick(window_.get(), Qt::LeftButton, {}, corner + QPoint(0, 190));
+    QTest::mouseClick(window_.get(), Qt::LeftButton, {}, corner + QPoint(0, 150));
     EXPECT_EQ(invoiced.size(), 1);
     EXPECT_EQ(current(), 0);
     QTest::mouseDClick(window_.get(), Qt::LeftButton, {}, corner);
