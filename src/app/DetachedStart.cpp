@@ -56,6 +56,7 @@ int exitStatusOf(pid_t process) {
 
 CommandResult startDetached(const std::string& name, std::vector<std::string> arguments) {
     arguments.emplace_back(detachedSwitch);
+    if (::isatty(STDERR_FILENO) == 1) arguments.emplace_back(terminalSwitch);
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) return failedCommand("No process can be started.");
     const pid_t process = ::fork();
@@ -71,6 +72,10 @@ CommandResult startDetached(const std::string& name, std::vector<std::string> ar
 
 void tellStarterReady() {
     [[maybe_unused]] const auto written = ::write(STDERR_FILENO, &readyByte, 1);
+    endStandardError();
+}
+
+void endStandardError() {
     pointToNothing(STDERR_FILENO, O_WRONLY);
 }
 

@@ -18,6 +18,7 @@
 #include "app/Display.h"
 #include "app/ElmworthApp.h"
 #include "app/GalleryApp.h"
+#include "app/LibraryProblem.h"
 #include "app/OpenInApplication.h"
 #include "app/Renderer.h"
 #include "app/SessionBus.h"
@@ -30,10 +31,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using namespace elmworth;
-
-constexpr const char* wayOut =
-    "If the library is damaged, elmworth check names what is wrong with it, and elmworth recover "
-    "FOLDER writes what can be read, and the newest snapshot, into a new library.";
 
 void describeApplication() {
     QGuiApplication::setApplicationName(QStringLiteral("Elmworth"));
@@ -98,13 +95,9 @@ ElmworthApp::Opening openingOf(const std::vector<std::string>& arguments) {
     return ElmworthApp::Opening::mainWindow;
 }
 
-int runApplication(int argc, char** argv, const std::vector<std::string>& arguments) {
+int runOnLibrary(const std::vector<std::string>& arguments) {
     const bool isDemo = isGiven(arguments, "-demo");
     const auto opening = openingOf(arguments);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const auto application = openDisplay(argc, argv);
-    describeApplication();
-    QGuiApplication::setQuitOnLastWindowClosed(false);
     LibraryLock lock(dataFolder());
     if (!isDemo && !isHostedRun()) {
         const Start start = takeLibrary(lock, actionFor(opening));
@@ -114,10 +107,28 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
             return 1;
         }
     }
-    chooseRenderer();
     ElmworthApp app(isDemo, opening);
     if (isGiven(arguments, detachedSwitch)) tellStarterReady();
     return QGuiApplication::exec();
+}
+
+int runApplication(int argc, char** argv, const std::vector<std::string>& arguments) {
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    const auto application = openDisplay(argc, argv);
+    describeApplication();
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    chooseRenderer();
+    const bool isInTerminal = isGiven(arguments, terminalSwitch);
+    try {
+        return runOnLibrary(arguments);
+    } catch (const LibraryError& error) {
+        tellLibraryProblem(error.what(), isInTerminal);
+    } catch (const std::filesystem::filesystem_error& error) {
+        tellLibraryProblem(
+            LibraryError(error.path1().string() + ": " + error.code().message()).what(),
+            isInTerminal);
+    }
+    return 1;
 }
 
 }  // namespace
@@ -125,19 +136,11 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
 int main(int argc, char** argv) {
     reserveStandardStreams();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    try {
-        if (!arguments.empty() && arguments.front() == "--command") {
-            return runCommandWithPainter(argc, argv, arguments);
-        }
-        if (!arguments.empty() && arguments.front() == "--gallery") {
-            return showGallery(argc, argv, arguments);
-        }
-        return runApplication(argc, argv, arguments);
-    } catch (const LibraryError& error) {
-        std::fprintf(stderr, "%s\n%s\n", error.what(), wayOut);
-    } catch (const std::filesystem::filesystem_error& error) {
-        std::fprintf(stderr, "Could not create ModelContainer: %s: %s\n", error.path1().c_str(),
-                     error.code().message().c_str());
+    if (!arguments.empty() && arguments.front() == "--command") {
+        return runCommandWithPainter(argc, argv, arguments);
     }
-    return 1;
+    if (!arguments.empty() && arguments.front() == "--gallery") {
+        return showGallery(argc, argv, arguments);
+    }
+    return runApplication(argc, argv, arguments);
 }

@@ -14,7 +14,8 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.dirname(__file__))
-from accessible import application, find, wait_until
+from accessible import application, find, focused, wait_until
+from keyboard import Keyboard
 
 PROGRAMS = pathlib.Path(os.environ["ELMWORTH_PROGRAMS"])
 ELMWORTH = PROGRAMS / "elmworth"
@@ -140,6 +141,32 @@ class LibraryOfItsOwn(unittest.TestCase):
         self.assertIsNone(program.poll())
         program.terminate()
         self.assertEqual(program.wait(timeout=20), 0)
+
+    def expect_window(self, reason):
+        """A start from a menu, where nobody reads standard error, says it in a window, which any way of closing ends."""
+        for keys in ("Return", "Escape", "Control_L+q"):
+            program = subprocess.Popen([ELMWORTH], env=self.environment(), stderr=subprocess.PIPE, text=True)
+            self.addCleanup(program.stderr.close)
+            self.addCleanup(program.kill)
+            alert = wait_until(lambda: find("The library can't be opened", "alert"), "the window")
+            self.assertEqual(alert.description, reason)
+            keyboard = Keyboard()
+            wait_until(lambda: keyboard.focus("Elmworth") and focused(), "the window's focus")
+            keyboard.key(keys)
+            self.assertEqual(program.wait(timeout=20), 1)
+            self.assertIn("elmworth recover FOLDER", program.stderr.read())
+            wait_until(lambda: not application(), "the end of the program")
+
+    def test_a_file_that_is_no_library_is_told_in_a_window_and_left_alone(self):
+        self.file().write_bytes(b"No library")
+        self.expect_window(f"The file {self.file()} is not an Elmworth library; move it away to start with an empty one.")
+        self.assertEqual(self.file().read_bytes(), b"No library")
+
+    def test_a_library_that_another_program_has_is_told_in_a_window(self):
+        other = sqlite3.connect(self.file(), isolation_level=None)
+        self.addCleanup(other.close)
+        other.execute("BEGIN EXCLUSIVE")
+        self.expect_window("Another program has the library open. Close it, and try again.")
 
     def test_projects_that_cannot_be_read_end_nothing_and_are_told(self):
         self.elmworth("start", "Website")

@@ -44,6 +44,8 @@ void provideCollation(void* /*context*/, sqlite3* database, int /*encoding*/, co
 }  // namespace
 
 void fail(int code, const char* message) {
+    if ((code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED)
+        message = "another program has the library open. Close it, and try again.";
     throw StoreError(classify(code), message);
 }
 
