@@ -26,6 +26,8 @@ Item {
     property real margin: 24
     /// Whether the keyboard acts on this line.
     property bool isCurrent: false
+    /// Whether a menu is open on this line.
+    property bool hasMenu: false
     property var billedHelp: null
 
     readonly property bool hovered: hover.hovered
@@ -55,7 +57,7 @@ Item {
             topMargin: 1; bottomMargin: row.isLastOfDay ? 6 : 1
         }
         radius: Theme.rowRadius
-        visible: row.isSelected || row.hovered
+        visible: row.isSelected || row.hovered || row.hasMenu
         color: row.isSelected ? Qt.alpha(Theme.accentViolet, Theme.dark ? 0.2 : 0.12) : Theme.cardFillHover
         border { width: row.isSelected ? 1 : 0; color: Qt.alpha(Theme.accentViolet, row.isCurrent ? 1 : 0.55) }
     }

@@ -35,6 +35,7 @@ DelegateChooser {
             ListView.onPooled: visible = false
             ListView.onReused: visible = true
             isCurrent: lines.list.hasKeyboard && index >= 0 && lines.list.selection.currentRow === index
+            hasMenu: lines.list.menuLine === line
             billedHelp: row => lines.list.timesheet.billedHelp(row)
             onClicked: (row, modifiers) => lines.list.click(row, modifiers)
             onDoubleClicked: row => lines.list.timesheet.edit(row)

@@ -15,6 +15,9 @@ KeyedList {
     /// Before the head grew or shrank, which leaves the lines where they are.
     property bool stoodAtTop: true
 
+    /// The one that a menu is open on.
+    property Item menuLine: null
+
     signal exportRequested()
 
     function find(): void {

@@ -54,6 +54,7 @@ FocusScope {
         onMenuRequested: (row, line, x, y) => {
             if (!view.model.openMenu(row))
                 return;
+            list.menuLine = line;
             projects.place = line.mapToItem(view, x, y);
             (menu.make() as EntryMenu).popup(view, projects.place.x, projects.place.y);
         }
@@ -68,6 +69,7 @@ FocusScope {
             parent: view
             model: view.model.menu
             onMoveRequested: projects.open()
+            onClosed: if (!projects.visible) list.menuLine = null
         }
         // qmllint enable unqualified
     }
@@ -82,7 +84,10 @@ FocusScope {
         label: "Move to Project"
         prompt: "Search projects"
         choice: view.model.menu.projects
-        onClosed: list.takeKeyboard(Qt.PopupFocusReason)
+        onClosed: {
+            list.menuLine = null;
+            list.takeKeyboard(Qt.PopupFocusReason);
+        }
     }
 
     // It shows itself.

@@ -138,6 +138,20 @@ TEST_F(TimesheetListView, opensTheMenuOfTheCurrentLineAlsoWhenItIsScrolledAway) 
     EXPECT_LE(y + line->height(), list_->height());
 }
 
+TEST_F(TimesheetListView, showsWhichLineAMenuIsOpenOn) {
+    model->selection()->moveCurrent(1);
+    QSignalSpy requested(list_, SIGNAL(menuRequested(int, QQuickItem*, double, double)));
+    QMetaObject::invokeMethod(list_, "requestMenu");
+    ASSERT_EQ(requested.size(), 1);
+    auto* line = requested[0][1].value<QQuickItem*>();
+    ASSERT_NE(line, nullptr);
+    EXPECT_FALSE(line->property("hasMenu").toBool());
+    list_->setProperty("menuLine", QVariant::fromValue(line));
+    EXPECT_TRUE(line->property("hasMenu").toBool());
+    list_->setProperty("menuLine", QVariant::fromValue<QQuickItem*>(nullptr));
+    EXPECT_FALSE(line->property("hasMenu").toBool());
+}
+
 TEST_F(TimesheetListView, movesWhenTheBannerComesAndDoesNotJump) {
     AppAppearance::instance().setReducedMotion(false);
     const double before = head()->height();
