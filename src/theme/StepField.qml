@@ -30,7 +30,9 @@ InputField {
     /// Makes the next letter typed the first of a new text.
     function takeFocus(): void {
         forceActiveFocus(Qt.TabFocusReason);
-        selectAll();
+        // One that can't be changed doesn't get it.
+        if (activeFocus)
+            selectAll();
     }
 
     implicitWidth: 108

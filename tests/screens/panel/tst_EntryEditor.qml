@@ -378,6 +378,7 @@ Item {
             compare(focused(), "Close");
             for (const name of ["Project", "Start date", "Start date calendar", "Start time", "End date", "End time", "1h"])
                 verify(!control(name).enabled, name);
+            compare(control("Start time").selectedText, "");
             verify(control("Notes").readOnly);
             compare(control("Save"), null);
             compare(control("Notes").text, "Landing page");
