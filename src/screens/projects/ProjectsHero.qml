@@ -23,7 +23,8 @@ Item {
     EmptyHero {
         id: hero
 
-        anchors.centerIn: parent
+        // Where those of the other sections stand, in the middle of the window.
+        anchors { centerIn: parent; verticalCenterOffset: -place.y / 2 }
         width: Math.min(parent.width, 460)
         visible: place.model.needsClient || place.model.needsProject
         icon: "folder-filled"
