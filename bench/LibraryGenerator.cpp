@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <map>
 #include <random>
 #include <string>
@@ -27,6 +28,10 @@ namespace elmworth::bench {
 namespace {
 
 using namespace std::chrono_literals;
+
+std::chrono::seconds cutToSeconds(double seconds) {
+    return std::chrono::seconds(static_cast<std::int64_t>(seconds));
+}
 
 constexpr std::array names{"Acme",   "Globex",    "Initech", "Umbrella", "Hooli",
                            "Stark",  "Wayne",     "Wonka",   "Café Zoë", "Żółw Studio",
@@ -191,10 +196,9 @@ class Generator {
     void work(const WorkingDay& day) {
         const double slot = workSeconds / static_cast<double>(day.entries);
         for (std::size_t i = 0; i < day.entries; ++i) {
-            const Instant start = adding(day.begin, std::floor(slot * static_cast<double>(i)));
-            month_.push_back(
-                addEntry(anyProject(), start,
-                         adding(start, std::floor(std::max(1.0, slot * dice_.between(0.5, 1))))));
+            const Instant start = day.begin + cutToSeconds(slot * static_cast<double>(i));
+            const auto length = cutToSeconds(std::max(1.0, slot * dice_.between(0.5, 1)));
+            month_.push_back(addEntry(anyProject(), start, start + length));
         }
     }
 

@@ -3,7 +3,7 @@
 
 #include "command/CommandSyntax.h"
 #include "command/JSONOutput.h"
-#include "platform/Counted.h"
+#include "platform/Text.h"
 #include "records/LibrarySchema.h"
 #include "rescue/LibraryCheck.h"
 #include "store/sqlite/LibraryMigration.h"

@@ -7,7 +7,7 @@
 #include "command/InvoiceOutput.h"
 #include "command/TextTable.h"
 #include "invoicing/InvoiceFigures.h"
-#include "invoicing/InvoiceFilter.h"
+#include "invoicing/InvoiceList.h"
 #include "invoicing/InvoicePages.h"
 #include "platform/DateFormatter.h"
 #include "platform/MoneyFormat.h"
@@ -35,8 +35,11 @@ void list(InvoiceFilter filter, CommandEnvironment& environment, CommandOutput& 
     auto invoices = environment.context.fetch(
         Query<Invoice>{.sortBy = {sortedBy<&Invoice::issueDate>(SortOrder::reverse),
                                   sortedBy<&Invoice::number>(SortOrder::reverse)}});
+    const Instant today = environment.calendar.startOfDay(environment.now());
     std::erase_if(invoices, [&](const auto& invoice) {
-        return !passes(*invoice, filter, environment.now(), environment.calendar);
+        return !passes({invoice->id(), invoice->number, invoice->issueDate, invoice->dueDate,
+                        invoice->status()},
+                       filter, today);
     });
     const InvoiceFigures figures(environment.context, invoices);
     if (output.isJSON()) {

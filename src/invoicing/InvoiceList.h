@@ -6,11 +6,19 @@
 #include <string>
 #include <vector>
 
-#include "invoicing/InvoiceFilter.h"
+#include "records/Invoice.h"
 #include "store/RecordChanges.h"
 #include "store/UnitOfWork.h"
 
 namespace elmworth {
+
+/// Which invoices a list shows.
+enum class InvoiceFilter {
+    all,
+    open,     ///< not paid; drafts too
+    overdue,  ///< sent, and due before today
+    paid,
+};
 
 /// What puts an invoice in its place in a list, and says whether it passes a filter.
 struct ListedInvoice {
@@ -31,7 +39,7 @@ struct ListedInvoice {
 /// As `Invoice::isOverdue` on the day that begins at `today`.
 [[nodiscard]] bool isOverdue(const ListedInvoice& invoice, Instant today);
 
-/// As for an invoice, on the day that begins at `today`.
+/// Whether a list that shows `filter` has it, on the day that begins at `today`.
 [[nodiscard]] bool passes(const ListedInvoice& invoice, InvoiceFilter filter, Instant today);
 
 }  // namespace elmworth

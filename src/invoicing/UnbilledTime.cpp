@@ -3,6 +3,8 @@
 
 #include "invoicing/UnbilledTime.h"
 
+#include <algorithm>
+
 #include "records/Project.h"
 #include "records/TimeEntry.h"
 
@@ -54,6 +56,20 @@ std::vector<ClientSummary> allClientSummaries(UnitOfWork& context) {
         summaries.push_back(clientSummary(client, unbilled));
     }
     return summaries;
+}
+
+std::optional<Instant> firstUnbilledStart(UnitOfWork& context, const Ref<Client>& client,
+                                          Instant before) {
+    const CompleteReading reading(context);
+    Instant first = before;
+    for (const auto& project : client->projects()) {
+        context.forEachValues<&TimeEntry::start>(
+            std::optional(key<&TimeEntry::project>() == project &&
+                          key<&TimeEntry::end>() != absent && key<&TimeEntry::invoice>() == absent),
+            [&](const PersistentID& /*entry*/, Instant start) { first = std::min(first, start); });
+    }
+    reading.check();
+    return first < before ? std::optional(first) : std::nullopt;
 }
 
 }  // namespace elmworth

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "invoicing/InvoiceCalculator.h"
+#include "platform/Instant.h"
 #include "records/Client.h"
 #include "records/Project.h"
 #include "store/UnitOfWork.h"
@@ -53,5 +55,11 @@ struct ClientSummary {
 
 /// All clients by name. Throws StoreError.
 [[nodiscard]] std::vector<ClientSummary> allClientSummaries(UnitOfWork& context);
+
+/// When the first of the client's finished, unbilled entries started, of those that did before
+/// `before`; absent without any. By an index of unbilled entries and without records. Throws
+/// StoreError.
+[[nodiscard]] std::optional<Instant> firstUnbilledStart(UnitOfWork& context,
+                                                        const Ref<Client>& client, Instant before);
 
 }  // namespace elmworth

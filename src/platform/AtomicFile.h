@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Instant.h"
+
 namespace elmworth {
 
 /// Who may read a file that is written.
@@ -77,5 +79,10 @@ void writeAtomically(const std::filesystem::path& target, std::string_view bytes
 /// Reads a whole regular file. Throws std::filesystem::filesystem_error, also for folders and
 /// devices.
 [[nodiscard]] std::string readFile(const std::filesystem::path& file);
+
+/// Removes from `folder` the temporary files of AtomicFile that were last written before `before`:
+/// whoever wrote them was killed, or the power failed. All other files stay. What can be neither
+/// listed nor removed is left for the next time.
+void removeStaleTempFiles(const std::filesystem::path& folder, Instant before);
 
 }  // namespace elmworth

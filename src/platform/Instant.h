@@ -16,15 +16,14 @@ using Instant = std::chrono::sys_time<std::chrono::microseconds>;
 using Clock = std::function<Instant()>;
 
 /// The current instant of the system's clock.
-[[nodiscard]] Instant currentInstant();
+[[nodiscard]] inline Instant currentInstant() {
+    return std::chrono::floor<Instant::duration>(std::chrono::system_clock::now());
+}
 
 /// Seconds from `from` to `to`, with their fraction; negative when `to` lies before `from`.
 [[nodiscard]] constexpr double secondsBetween(Instant from, Instant to) noexcept {
     return static_cast<double>((to - from).count()) / 1'000'000.0;
 }
-
-/// `instant` moved by `seconds`, rounded to the microsecond; `seconds` may be negative.
-[[nodiscard]] Instant adding(Instant instant, double seconds);
 
 /// Whole seconds since 1970 of `instant`, rounded down.
 [[nodiscard]] constexpr std::int64_t wholeSeconds(Instant instant) noexcept {

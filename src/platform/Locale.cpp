@@ -8,8 +8,6 @@
 #include <cstdlib>
 #include <initializer_list>
 
-#include "platform/EnvironmentLocale.h"
-
 namespace elmworth {
 namespace {
 

@@ -10,7 +10,7 @@
 #include <limits>
 
 #include "platform/CurrencyFormatter.h"
-#include "platform/EnvironmentLocale.h"
+#include "platform/Locale.h"
 #include "platform/Text.h"
 
 namespace elmworth {

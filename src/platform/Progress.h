@@ -39,6 +39,12 @@ class Progress {
 };
 
 /// Tells nobody, and never stops.
-[[nodiscard]] Progress& noProgress();
+[[nodiscard]] inline Progress& noProgress() {
+    class NoProgress final : public Progress {
+        void report(const char* /*step*/, std::size_t /*done*/, std::size_t /*total*/) override {}
+    };
+    static NoProgress progress;
+    return progress;
+}
 
 }  // namespace elmworth

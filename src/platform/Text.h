@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -52,5 +53,10 @@ namespace elmworth {
 
 /// `text` with everything that is not UTF-8 replaced by U+FFFD.
 [[nodiscard]] std::string validUTF8(std::string_view text);
+
+/// "1 entry", "0 entries", "2 entries".
+[[nodiscard]] inline std::string counted(std::uint64_t count, const char* one, const char* many) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
 
 }  // namespace elmworth

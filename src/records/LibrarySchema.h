@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "store/LibraryModel.h"
+#include "store/Schema.h"
 
 namespace elmworth {
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "invoicing/InvoiceFigures.h"
-#include "platform/Counted.h"
+#include "platform/Text.h"
 #include "records/LibrarySchema.h"
 #include "records/TimeEntry.h"
 #include "rescue/RecordRules.h"

@@ -17,6 +17,10 @@
 
 namespace elmworth {
 
+namespace sqlite {
+class Database;
+}
+
 /// What becomes of the records that point to a record when it is deleted.
 enum class DeleteRule {
     cascade,  ///< they are deleted too
@@ -194,5 +198,29 @@ constexpr FieldDescription toOne(std::string_view name) {
             &detail::placeOfField<Member>,
             &Field::Target::schema};
 }
+
+/// How a library of one version becomes one of the next: by SQL statements, by a function, or by
+/// the statements and then the function. Runs in a transaction, with foreign keys off, so that a
+/// table can be made anew; opens and ends no transaction, and leaves the version alone.
+struct MigrationStep {
+    int from;
+    int to;
+    std::string_view sql = {};
+    void (*change)(sqlite::Database&) = nullptr;  ///< throws StoreError
+};
+
+/// What a library consists of: its record types, the version of their schema, and the steps that
+/// lead to it from older ones.
+struct LibraryModel {
+    /// Parents before those that point to them; the ordinal of each is its place here.
+    std::span<const RecordSchema* const> types;
+    int version;
+    std::span<const MigrationStep> steps = {};
+
+    /// Whether a library of `stored` is of the current version, or steps lead from it there.
+    [[nodiscard]] bool canRead(int stored) const;
+    /// The step that begins at `stored`; null for none.
+    [[nodiscard]] const MigrationStep* stepFrom(int stored) const;
+};
 
 }  // namespace elmworth

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "invoicing/FirstUnbilledStart.h"
 #include "invoicing/InvoiceBuilder.h"
 #include "invoicing/UnbilledTime.h"
 #include "support/RawDatabase.h"

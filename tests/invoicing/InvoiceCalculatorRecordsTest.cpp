@@ -17,11 +17,12 @@ namespace {
 
 using InvoiceCalculator::totals;
 using test::at;
+using test::moved;
 
 class InvoiceCalculatorRecords : public testing::Test {
  protected:
     Ref<TimeEntry> addEntry(const Ref<Project>& project, const char* start, double hours) {
-        return library_.addEntry(project, at(start), adding(at(start), hours * 3600));
+        return library_.addEntry(project, at(start), moved(at(start), hours * 3600));
     }
 
     Ref<Invoice> createInvoice() {

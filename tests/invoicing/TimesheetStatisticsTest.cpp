@@ -16,6 +16,7 @@ namespace elmworth {
 namespace {
 
 using test::at;
+using test::moved;
 
 /// Entries of a client in euros at 100 an hour, over March 2 in UTC, seen at noon.
 class Statistics : public testing::Test {
@@ -227,14 +228,14 @@ TEST_F(Statistics, equalTheSumOverAllEntriesAtEachInstant) {
         TimesheetSums sums(range_);
         for (int i = pick(0, 30); i > 0; --i) {
             TimesheetEntry entry;
-            entry.start = adding(range_.start, pick(-90'000, 180'000));
-            if (pick(0, 5) > 0) entry.end = adding(entry.start, pick(-600, 90'000));
+            entry.start = moved(range_.start, pick(-90'000, 180'000));
+            if (pick(0, 5) > 0) entry.end = moved(entry.start, pick(-600, 90'000));
             entry.rateCents = pick(0, 30'000);
             entry.isBilled = entry.end && pick(0, 1) == 1;
             entries.push_back(entry);
             sums.add(entry);
         }
-        const Instant now = adding(range_.start, pick(-10'000, 200'000));
+        const Instant now = moved(range_.start, pick(-10'000, 200'000));
         const auto expected = naive(entries, range_, now);
         const auto all = sums.statistics(now);
         EXPECT_EQ(all.entryCount, entries.size());

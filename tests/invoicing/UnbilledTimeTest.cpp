@@ -7,7 +7,6 @@
 
 #include <limits>
 
-#include "invoicing/FirstUnbilledStart.h"
 #include "records/TimeEntry.h"
 #include "support/Instants.h"
 #include "support/TestLibrary.h"

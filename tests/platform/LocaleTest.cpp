@@ -7,7 +7,6 @@
 
 #include <vector>
 
-#include "platform/EnvironmentLocale.h"
 #include "support/Rows.h"
 #include "support/ScopedEnvironment.h"
 

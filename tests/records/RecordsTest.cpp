@@ -21,6 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using test::at;
+using test::moved;
 using test::TestLibrary;
 
 // --- dates
@@ -169,7 +170,7 @@ class Budget : public testing::Test {
     Budget() { project = library.addProject("Website", nullptr); }
     void addHours(double hours) {
         const auto start = at("2026-03-01T09:00Z");
-        library.addEntry(project, start, adding(start, hours * 3600));
+        library.addEntry(project, start, moved(start, hours * 3600));
     }
     /// How often the table of the entries was read since the last call.
     [[nodiscard]] static long readingsOfEntries() {

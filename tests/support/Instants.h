@@ -32,6 +32,11 @@ inline Instant at(const std::string& text) {
     return date + hours(hour) + minutes(minute - offset) + seconds(second);
 }
 
+/// `instant` moved by `seconds`, rounded to the microsecond.
+inline Instant moved(Instant instant, double seconds) {
+    return instant + std::chrono::round<Instant::duration>(std::chrono::duration<double>(seconds));
+}
+
 /// "2026-03-29T01:30:00Z", with microseconds where there are any: what a failed test shows.
 inline std::string iso(Instant instant) {
     using namespace std::chrono;

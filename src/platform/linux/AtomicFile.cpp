@@ -8,17 +8,21 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <string>
 #include <utility>
-
-#include "platform/StaleTempFiles.h"
+#include <vector>
 
 namespace elmworth {
 namespace {
 
 constexpr unsigned permissions = 0777;
+
+/// What the names of the temporary files begin with; six letters or digits follow.
+constexpr std::string_view temporaryFilePrefix = ".elmworth-";
 
 [[noreturn]] void fail(const char* what, const std::filesystem::path& file, int error) {
     throw std::filesystem::filesystem_error(what, file,
@@ -69,6 +73,18 @@ std::string readAll(int descriptor, const std::filesystem::path& file) {
         if (count > 0) content.append(buffer, static_cast<std::size_t>(count));
         if (count < 0 && errno != EINTR) fail("cannot read", file, errno);
     }
+}
+
+bool isStale(const std::filesystem::path& file, Instant before) {
+    constexpr std::size_t randomLetters = 6;
+    const std::string name = file.filename().string();
+    if (!name.starts_with(temporaryFilePrefix)) return false;
+    if (name.size() != temporaryFilePrefix.size() + randomLetters) return false;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(std::filesystem::symlink_status(file, error)))
+        return false;
+    const auto written = std::filesystem::last_write_time(file, error);
+    return !error && std::chrono::file_clock::to_sys(written) < before;
 }
 
 }  // namespace
@@ -149,6 +165,19 @@ std::string readFile(const std::filesystem::path& file) {
     if (S_ISDIR(status.st_mode)) fail("cannot read", file, EISDIR);
     if (!S_ISREG(status.st_mode)) fail("cannot read", file, EINVAL);
     return readAll(source.number(), file);
+}
+
+void removeStaleTempFiles(const std::filesystem::path& folder, Instant before) {
+    std::vector<std::filesystem::path> stale;
+    std::error_code error;
+    for (std::filesystem::directory_iterator item(folder, error), end; !error && item != end;
+         item.increment(error)) {
+        if (isStale(item->path(), before)) stale.push_back(item->path());
+    }
+    for (const auto& file : stale) {
+        std::error_code ignored;
+        std::filesystem::remove(file, ignored);
+    }
 }
 
 }  // namespace elmworth

@@ -11,7 +11,6 @@
 #include "platform/Tray.h"
 #include "platform/linux/DBusMenu.h"
 #include "platform/linux/NotifierObject.h"
-#include "platform/linux/TrayIconFiles.h"
 #include "platform/linux/TrayIconPainter.h"
 
 namespace elmworth {

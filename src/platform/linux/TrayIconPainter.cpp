@@ -3,10 +3,12 @@
 
 #include "platform/linux/TrayIconPainter.h"
 
+#include <QDir>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QStandardPaths>
 #include <array>
 
 namespace elmworth {
@@ -14,6 +16,7 @@ namespace elmworth {
 namespace {
 
 constexpr std::array panelSizes{16, 22, 24, 32, 44, 48, 64};
+constexpr int fileSize = 48;
 
 void drawGround(QPainter& painter, const TrayIconStyle& style, double size) {
     painter.setPen(Qt::NoPen);
@@ -91,6 +94,21 @@ QList<QImage> drawTrayIcons(const TrayIconStyle& style, const TrayFace& face, bo
     QList<QImage> images;
     for (const int size : panelSizes) images.append(drawTrayIcon(style, face, size, withText));
     return images;
+}
+
+TrayIconFiles::TrayIconFiles(const TrayIconStyle& style)
+    : folder_(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +
+              QStringLiteral("/elmworth-tray")) {
+    QDir().mkpath(folder_);
+    for (const auto icon : {TrayFace::Icon::idle, TrayFace::Icon::running}) {
+        drawTrayIcon(style, {.icon = icon}, fileSize, false)
+            .save(folder_ + QLatin1Char('/') + name(icon) + QStringLiteral(".png"));
+    }
+}
+
+QString TrayIconFiles::name(TrayFace::Icon icon) {
+    return icon == TrayFace::Icon::running ? QStringLiteral("elmworth-tray-running")
+                                           : QStringLiteral("elmworth-tray-idle");
 }
 
 }  // namespace elmworth

@@ -33,4 +33,19 @@ struct TrayIconStyle {
 [[nodiscard]] QList<QImage> drawTrayIcons(const TrayIconStyle& style, const TrayFace& face,
                                           bool withText);
 
+/// The tray item's icons as files, for desktops that read no pictures from the bus: they look in a
+/// folder for an icon by its name.
+class TrayIconFiles {
+ public:
+    /// Writes the icons into the folder for what lives as long as the session. Files that cannot be
+    /// written are not there.
+    explicit TrayIconFiles(const TrayIconStyle& style);
+
+    [[nodiscard]] const QString& folder() const noexcept { return folder_; }
+    [[nodiscard]] static QString name(TrayFace::Icon icon);
+
+ private:
+    QString folder_;
+};
+
 }  // namespace elmworth

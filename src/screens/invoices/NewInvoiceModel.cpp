@@ -10,7 +10,7 @@
 #include <chrono>
 #include <utility>
 
-#include "invoicing/FirstUnbilledStart.h"
+#include "invoicing/UnbilledTime.h"
 #include "platform/DateFormatter.h"
 #include "platform/MoneyFormat.h"
 #include "platform/Text.h"

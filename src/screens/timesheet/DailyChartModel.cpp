@@ -6,7 +6,7 @@
 #include <QLocale>
 #include <algorithm>
 
-#include "platform/EnvironmentLocale.h"
+#include "platform/Locale.h"
 #include "theme/HexColor.h"
 
 namespace elmworth {

@@ -3,7 +3,7 @@
 
 #include "screens/timesheet/EntryCommandsModel.h"
 
-#include "platform/Counted.h"
+#include "platform/Text.h"
 
 namespace elmworth {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/Progress.h"
-#include "store/LibraryModel.h"
+#include "store/Schema.h"
 #include "store/sqlite/Database.h"
 
 namespace elmworth::sqlite {

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "store/LibraryModel.h"
+#include "store/Schema.h"
 #include "store/sqlite/Database.h"
 
 namespace elmworth::sqlite {

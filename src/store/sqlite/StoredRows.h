@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "platform/Progress.h"
-#include "store/LibraryModel.h"
+#include "store/Schema.h"
 #include "store/sqlite/LibraryImage.h"
 
 namespace elmworth::sqlite {

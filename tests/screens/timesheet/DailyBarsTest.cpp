@@ -17,6 +17,7 @@ namespace {
 using test::at;
 using test::clientNamed;
 using test::listed;
+using test::moved;
 using test::projectNamed;
 using test::splitByDay;
 
@@ -194,14 +195,13 @@ TEST(DailyBars, equalTheEntriesCutByDayInZonesOfAllKinds) {
     for (const char* zone : {"UTC", "Europe/Berlin", "America/Sao_Paulo", "Africa/Cairo"}) {
         const Calendar calendar(Locale("en_US"), zone);
         for (int round = 0; round < 40; ++round) {
-            const Instant start = adding(at("2015-01-01T00:00Z"), pick(0, 200'000'000));
-            const auto range =
-                customInterval(start, adding(start, pick(0, 32) * 86400.0), calendar);
+            const Instant start = moved(at("2015-01-01T00:00Z"), pick(0, 200'000'000));
+            const auto range = customInterval(start, moved(start, pick(0, 32) * 86400.0), calendar);
             std::vector<TimesheetEntry> entries;
             for (int i = pick(0, 40); i > 0; --i) {
                 TimesheetEntry entry;
-                entry.start = adding(range.start, pick(-200'000, 3'000'000));
-                entry.end = adding(entry.start, pick(-1000, 200'000));
+                entry.start = moved(range.start, pick(-200'000, 3'000'000));
+                entry.end = moved(entry.start, pick(-1000, 200'000));
                 entry.project = projects[static_cast<std::size_t>(pick(0, 2))];
                 entries.push_back(entry);
             }

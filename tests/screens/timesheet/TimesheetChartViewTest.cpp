@@ -32,6 +32,7 @@ namespace {
 
 using test::at;
 using test::listed;
+using test::moved;
 using test::projectNamed;
 
 QStringList warnings;
@@ -91,7 +92,7 @@ class TimesheetChartView : public testing::Test {
     }
 
     void show(int days) {
-        const auto range = customInterval(monday, adding(monday, (days - 1) * 86400.0),
+        const auto range = customInterval(monday, moved(monday, (days - 1) * 86400.0),
                                           Calendar(Locale("en_US"), "UTC"));
         const std::vector entries{listed(web, "2026-03-02T08:00Z", "2026-03-02T11:00Z"),
                                   listed(app, "2026-03-02T11:00Z", "2026-03-02T12:00Z"),
