@@ -62,7 +62,8 @@ TEST(FieldText, isReadAsPeopleTypeIt) {
 TEST(FieldText, aRateIsComplainedAboutOnceSomethingIsTyped) {
     EXPECT_EQ(rateProblem(""), "");
     EXPECT_EQ(rateProblem("120"), "");
-    EXPECT_EQ(rateProblem("."), "Enter a number like 120 or 120.50");
+    for (const char* text : {".", "  ", "½", "99999999999"})
+        EXPECT_EQ(rateProblem(text), "Enter a number like 120 or 120.50") << text;
 }
 
 // --- the form ----------------------------------------------------------------------------------

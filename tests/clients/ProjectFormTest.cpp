@@ -32,7 +32,8 @@ INSTANTIATE_TEST_SUITE_P(
     test::rowName);
 
 TEST(ProjectFields, whatCannotBeReadIsRefused) {
-    for (const std::string text : {"0", "-1", "forty", "nan", "inf", "40h", "1e10"})
+    for (const std::string text :
+         {"0", "-1", "forty", "nan", "inf", "40h", "40 h", "1e10", "1.2.3"})
         EXPECT_EQ(parseBudget(text).problem(),
                   "“" + text + "” is no budget. Enter hours like 40 or 37.5.");
     EXPECT_EQ(parseColor("#40d19E").value(), "#40d19E");

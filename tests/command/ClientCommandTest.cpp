@@ -134,12 +134,5 @@ TEST_F(ClientCommand, deleteTakesProjectsAndTimeAlong) {
     EXPECT_TRUE(json({"client", "delete", "Globex"})["deleted"].GetBool());
 }
 
-TEST_F(ClientCommand, aClientWithInvoicesStays) {
-    addEntry(website_, "2026-03-30T09:00+02:00", 90);
-    billMarch();
-    expectRefusal({"client", "delete", "Acme Co"}, 1, "Delete Acme Co's invoices first.");
-    EXPECT_EQ(library_.context().fetchCount<Client>(), 2U);
-}
-
 }  // namespace
 }  // namespace elmworth

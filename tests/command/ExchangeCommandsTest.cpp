@@ -144,27 +144,6 @@ TEST_F(ExchangeCommands, importedNamesDoNotSteerTheTerminal) {
     EXPECT_EQ(library_.context().fetch<Client>().back()->name.get(), "red \x1b[31m\nline");
 }
 
-TEST_F(ExchangeCommands, importOfWhatIsNoReportChangesNothing) {
-    const auto before = state();
-    const std::string unknown =
-        "This CSV isn't in a format Elmworth knows. Use an Elmworth export or a Toggl Track "
-        "detailed report.";
-    const std::string empty = "No time entries were found in this file.";
-    const struct {
-        std::string content;
-        std::string message;
-    } files[] = {{"", empty},
-                 {"\n", empty},
-                 {"a,b\n1,2\n", unknown},
-                 {"{}", unknown},
-                 {"start,end,hours\n", empty}};
-    for (const auto& [content, message] : files) {
-        writeAtomically(file("bad.csv"), content);
-        expectRefusal({"import", "bad.csv"}, 1, message);
-    }
-    EXPECT_EQ(state(), before);
-}
-
 TEST_F(ExchangeCommands, importToAFullDiskChangesNothing) {
     writeAtomically(file("report.csv"), report);
     const auto before = state();

@@ -99,16 +99,6 @@ TEST_F(InvoiceCommand, createShowsTheWholeInvoiceAsJSON) {
                     recordKeys, {"lines", "subtotalCents", "taxCents", "totalCents", "pages"})));
 }
 
-TEST_F(InvoiceCommand, theTaxIsTheOneGivenElseTheClientsElseTheBusinessDefault) {
-    auto profile = profiles_.profile();
-    profile.defaultTaxBasisPoints = 100;
-    profiles_.setProfile(profile);
-    EXPECT_EQ(json(march("preview"))["taxCents"].GetInt(), 310);
-    acme_->taxBasisPoints = 0;
-    EXPECT_EQ(json(march("preview"))["taxCents"].GetInt(), 0);
-    EXPECT_EQ(json(march("create", {"--tax", "8,25"}))["taxRateBasisPoints"].GetInt(), 825);
-}
-
 TEST_F(InvoiceCommand, aTaxThatCannotBeReadMakesNoInvoice) {
     expectRefusal(march("create", {"--tax", "lots"}), 1,
                   "“lots” is no percentage. Enter a number like 0 or 8.25, at most 100.");

@@ -68,15 +68,6 @@ TEST_F(TimerCommands, startFindsTheProjectWithoutRegardToCase) {
     EXPECT_EQ(timer_.running()->notes.get(), "Logo");
 }
 
-TEST_F(TimerCommands, startClosesWhatRuns) {
-    timer_.start(design_);
-    const auto first = timer_.running();
-    now_ += 10min;
-    const auto status = json({"start", "website", "--client", "globex"});
-    EXPECT_STREQ(status["running"]["client"].GetString(), "Globex");
-    EXPECT_EQ(first->end.get(), now_);
-}
-
 TEST_F(TimerCommands, aNameOfSeveralProjectsIsRefusedWithTheCandidates) {
     expectRefusal({"start", "website"}, 1,
                   "There are 2 projects “website”: Website — Acme Co, Website — Globex. Name the "
@@ -157,13 +148,6 @@ TEST_F(TimerCommands, stopAtAnEarlierTime) {
     now_ += 3h;
     output({"stop", "--at", "13:30"});
     EXPECT_EQ(entry->end.get(), at("2026-03-31T13:30+02:00"));
-}
-
-TEST_F(TimerCommands, stopBeforeTheStartLeavesOneSecond) {
-    timer_.start(design_);
-    const auto entry = timer_.running();
-    output({"stop", "--at", "2026-03-01T10:00"});
-    EXPECT_EQ(entry->end.get(), now_ + 1s);
 }
 
 TEST_F(TimerCommands, stopInTheFutureIsRefused) {

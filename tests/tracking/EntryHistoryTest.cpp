@@ -115,14 +115,6 @@ TEST_F(EntryHistoryTest, stepsAreTakenBackFromTheNewestOn) {
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(EntryHistoryTest, aNewStepForgetsWhatCouldBeRedone) {
-    remove({first_});
-    history().undo();
-    EXPECT_TRUE(history().canRedo());
-    move({second_}, app_);
-    EXPECT_FALSE(history().canRedo());
-}
-
 TEST_F(EntryHistoryTest, whatChangedNothingIsNoStep) {
     remove({first_});
     history().undo();
