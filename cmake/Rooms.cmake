@@ -19,7 +19,8 @@ if(ELMWORTH_SANITIZE)
     target_compile_options(elmworth_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all
         -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/support/sanitizers-ignore.txt
-        -fno-omit-frame-pointer -g1 -O0)
+        -fno-omit-frame-pointer -g1 -O0
+        -D_GLIBCXX_ASSERTIONS)  # what they don't see: an empty optional that is read, or an index beyond the end
     target_link_options(elmworth_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ELMWORTH_COVERAGE)
