@@ -6,6 +6,7 @@
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
 
+#include <algorithm>
 #include <bitset>
 #include <functional>
 #include <utility>
@@ -15,6 +16,9 @@
 namespace elmworth {
 
 namespace {
+
+/// RapidJSON counts bytes and items in 32 bits, and goes astray beyond.
+constexpr std::size_t largestDocument = 4'000'000'000;
 
 /// A stream of RapidJSON's over pieces of bytes, which counts lines.
 class PieceStream {
@@ -253,6 +257,9 @@ BackupObject read(const std::function<std::string_view()>& nextPiece, BackupCoun
 
 std::function<std::string_view()> piecesOf(FileSource& source, Progress& progress) {
     return [&] {
+        if (std::max(source.size(), source.bytesRead()) > largestDocument) {
+            throw BackupDecodeError("This file is larger than 4 GB, more than a backup can be.");
+        }
         progress.advance("Reading", source.bytesRead(), source.size());
         return source.nextPiece();
     };

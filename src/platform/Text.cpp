@@ -92,14 +92,31 @@ UChar32 characterAt(std::string_view text, std::size_t position) {
     return icu::UnicodeString::fromUTF8(piece(text.substr(position, 4))).char32At(0);
 }
 
+/// Whether the byte at `position` is one of those that follow the first of a code point.
+bool continuesCharacter(std::string_view text, std::size_t position) {
+    return (static_cast<unsigned char>(text[position]) & 0xC0U) == 0x80U;
+}
+
 /// The code point that ends before `position`.
 UChar32 characterBefore(std::string_view text, std::size_t position) {
     std::size_t start = position - 1;
-    const auto continues = [&](std::size_t i) {
-        return (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80U;
-    };
-    while (start > 0 && position - start < 4 && continues(start)) --start;
+    while (start > 0 && position - start < 4 && continuesCharacter(text, start)) --start;
     return characterAt(text.substr(0, position), start);
+}
+
+/// The length of a beginning of `text` that can be composed by itself. Marks are put into order in
+/// the square of their number, so that a run longer than any script's is cut.
+std::size_t composableLength(const icu::Normalizer2& composed, std::string_view text) {
+    constexpr std::size_t least = 256;
+    constexpr std::size_t most = 512;
+    if (text.size() <= most) return text.size();
+    std::size_t length = most;
+    for (std::size_t end = least; end < most; ++end) {
+        if (continuesCharacter(text, end)) continue;
+        length = end;
+        if (composed.hasBoundaryBefore(characterAt(text, end))) break;
+    }
+    return length;
 }
 
 }  // namespace
@@ -168,7 +185,11 @@ std::string canonical(std::string_view text) {
     if (U_FAILURE(status)) throw std::bad_alloc();
     std::string result;
     icu::StringByteSink<std::string> sink(&result, static_cast<int>(text.size()));
-    composed->normalizeUTF8(0, piece(text), sink, nullptr, status);
+    while (!text.empty()) {
+        const std::size_t length = composableLength(*composed, text);
+        composed->normalizeUTF8(0, piece(text.substr(0, length)), sink, nullptr, status);
+        text.remove_prefix(length);
+    }
     return result;
 }
 

@@ -455,6 +455,24 @@ TEST(Backup, everyEntryStandsInItOnceHoweverManyBeganAtOneInstant) {
     EXPECT_EQ(notes(backupOf(library).clients.at(0).items.at(0).items), expected);
 }
 
+TEST(Backup, aFileOfMoreThanFourGigabytesIsNotRead) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "backup.json";
+    writeAtomically(file, "{}");
+    const auto refusal = [&](std::uintmax_t size) {
+        std::filesystem::resize_file(file, size);
+        FileSource source(file);
+        try {
+            (void)decodeBackup(source);
+        } catch (const BackupDecodeError& error) {
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    EXPECT_THAT(refusal(4'000'000'000), testing::HasSubstr("is missing"));
+    EXPECT_EQ(refusal(4'000'000'001), "This file is larger than 4 GB, more than a backup can be.");
+}
+
 TEST(Backup, aDocumentIsCountedAsItIsRead) {
     TestLibrary library;
     fill(library);

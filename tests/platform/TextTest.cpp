@@ -131,6 +131,26 @@ TEST(Text, canonicalFormsCaseFoldingsAndLowerCaseAreEqualForEquivalentTexts) {
     EXPECT_NE(canonical("a\xff"), canonical("a\xfe"));
 }
 
+TEST(Text, longTextsAreComposedAsShortOnesAre) {
+    for (std::string before; before.size() < 4; before += 'x') {
+        std::string one = before;
+        std::string other = before;
+        for (int i = 0; i < 2000; ++i) {
+            one += "\u1ed8\uac00";
+            other += "O\u0302\u0323\u1100\u1161";
+        }
+        EXPECT_EQ(canonical(other), one);
+        EXPECT_EQ(lowerCased(other), lowerCased(one));
+    }
+}
+
+// All at once, they took a minute of processor time.
+TEST(Text, marksWithoutEndAreComposedInTimeThatGrowsAsTheyDo) {
+    std::string marks = "a";
+    for (int i = 0; i < 150'000; ++i) marks += "\u0301\u0316";
+    EXPECT_EQ(lowerCased(marks).size(), marks.size() - 1);  // of which the first makes "á"
+}
+
 TEST(Text, onlyUTF8IsUTF8) {
     for (const char* text : {"", "plain", "Z\u00fcrich", "\U0001f44d"})
         EXPECT_TRUE(isUTF8(text)) << text;
