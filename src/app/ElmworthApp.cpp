@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QGuiApplication>
+#include <QQmlComponent>
 #include <QUrl>
 #include <QVariant>
 #include <QtQml/QQmlExtensionPlugin>
@@ -33,10 +34,15 @@ namespace {
 /// After the window's first frame: its section comes before what stands beside the window.
 constexpr auto sectionIsMade = 200ms;
 
+QUrl mainWindowFile() {
+    return QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml"));
+}
+
 }  // namespace
 
 ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     : isInMemory_(isDemo || isHostedRun()),
+      fonts_(loadFontsMeanwhile()),
       services_(isDemo, currentInstant, runLoop_),
       settingsWatch_(services_.defaults().file(), [this] { services_.defaults().reload(); }),
       activation_({[this] { showMainWindowForOthers(); }, [this] { showPanel(); },
@@ -71,7 +77,6 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
         autoBackup_.emplace(services_.context(), services_.defaults(), services_.clock(), runLoop_,
                             powerEvents_);
     }
-    loadEmbeddedFonts();
     // Controls ask for the default font before their own is set; the system's would be read for it.
     QFont font(textFontFamily());
     font.setPixelSize(13);
@@ -92,6 +97,10 @@ ElmworthApp::~ElmworthApp() = default;
 void ElmworthApp::open(Opening opening) {
     standBeside_.setSingleShot(true);
     QObject::connect(&standBeside_, &QTimer::timeout, qGuiApp, [this] { standBesideWindow(); });
+    // The types of a window are read while the fonts are.
+    std::optional<QQmlComponent> types;
+    if (opening == Opening::mainWindow) types.emplace(&engine_, mainWindowFile());
+    fonts_.get();
     if (opening == Opening::mainWindow) makeMainWindow();
     if (opening == Opening::panel) showPanel();
     if (opening == Opening::newInvoice) showNewInvoice();
@@ -162,9 +171,7 @@ void ElmworthApp::showNewInvoice() {
 }
 
 void ElmworthApp::makeMainWindow() {
-    mainWindow_ = makeWindow(
-        engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml")),
-        QVariant::fromValue(&mainViewModel_));
+    mainWindow_ = makeWindow(engine_, mainWindowFile(), QVariant::fromValue(&mainViewModel_));
     lowerLeastSize(*mainWindow_);
     rememberedWindow_.emplace(*mainWindow_, services_.defaults(), "mainWindowFrame");
     inFront_.setSingleShot(true);

@@ -6,6 +6,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTimer>
+#include <future>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -73,6 +74,7 @@ class ElmworthApp {
 
     /// A library in memory must not take the bus name of the application with the real library.
     bool isInMemory_;
+    std::future<void> fonts_;  ///< read while the library is opened
     QTimer afterClose_;
     QTimer inFront_;      ///< for the desktop to bring the window to the front
     QTimer trayWait_;     ///< for a tray to take the item up

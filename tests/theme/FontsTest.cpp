@@ -34,6 +34,12 @@ TEST(Fonts, eachFaceIsEmbeddedAndNotReplacedByAnother) {
     EXPECT_EQ(QFontInfo(labelFont(8)).family(), labelFontFamily());
 }
 
+TEST(Fonts, areThereOnceTheThreadThatLoadsThemIsDone) {
+    loadFontsMeanwhile().get();
+    for (const auto& family : {textFontFamily(), tabularFontFamily(), labelFontFamily()})
+        EXPECT_TRUE(QFontDatabase::hasFamily(family)) << qPrintable(family);
+}
+
 TEST(Fonts, loadingAgainChangesNothing) {
     loadEmbeddedFonts();
     const auto before = QFontDatabase::families();

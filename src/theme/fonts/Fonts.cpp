@@ -5,8 +5,10 @@
 
 #include <QFontDatabase>
 #include <QLatin1String>
+#include <QResource>
 #include <QtGlobal>
 #include <array>
+#include <tuple>
 
 // The macro declares a function of the global namespace.
 static void initializeFontResources() {
@@ -26,8 +28,11 @@ constexpr std::array fontFiles{
 bool loadAll() {
     initializeFontResources();
     for (const char* file : fontFiles) {
-        const QString path = QStringLiteral(":/elmworth/fonts/") + QLatin1String(file);
-        if (QFontDatabase::addApplicationFont(path) < 0) {
+        const QResource font(QStringLiteral(":/elmworth/fonts/") + QLatin1String(file));
+        // Read where it lies in the program: all of them are megabytes.
+        const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(font.data()),
+                                                   static_cast<qsizetype>(font.size()));
+        if (QFontDatabase::addApplicationFontFromData(bytes) < 0) {
             qFatal("The embedded font %s cannot be loaded", file);
         }
     }
@@ -46,6 +51,13 @@ QFont unhinted(const QString& family, double pointSize, QFont::Weight weight) {
 
 void loadEmbeddedFonts() {
     [[maybe_unused]] static const bool loaded = loadAll();
+}
+
+std::future<void> loadFontsMeanwhile() {
+    return std::async(std::launch::async | std::launch::deferred, [] {
+        loadEmbeddedFonts();
+        std::ignore = QFontDatabase::hasFamily(textFontFamily());  // looks at all that there are
+    });
 }
 
 QString textFontFamily() {

@@ -5,12 +5,17 @@
 
 #include <QFont>
 #include <QString>
+#include <future>
 
 namespace elmworth {
 
 /// Makes the fonts that the program carries known to Qt. Needs a QGuiApplication; does nothing when
 /// called again.
 void loadEmbeddedFonts();
+
+/// Does it on a thread of its own, and has Qt read the system's fonts there, which takes a fifth of
+/// a start. What shows a text must wait for it.
+[[nodiscard]] std::future<void> loadFontsMeanwhile();
 
 /// The family of all text: Inter under a name of its own, so that an installed one never mixes in.
 [[nodiscard]] QString textFontFamily();
