@@ -120,25 +120,6 @@ TEST_P(ExchangeWriteFailure, leavesAnEmptyLibraryOfARestoreWhichThenSucceeds) {
     });
 }
 
-TEST_P(ExchangeWriteFailure, inARestoreThatACrashFollowsLeavesAllOrNothing) {
-    const std::string whole = test::encode(someBackup());
-    atEachOperation([&](FaultyVfs& disk, TestLibrary& library, int n) {
-        const std::string empty = documentOf(library);
-        failAt(disk, n);
-        try {
-            restore(someBackup(), library.context());
-        } catch (const StoreError&) {
-        }
-        const bool hasFailed = disk.hasFailed();
-        library.close();
-        disk.heal();
-        library.open();
-        const std::string found = documentOf(library);
-        EXPECT_TRUE(found == whole || (hasFailed && found == empty));
-        return hasFailed;
-    });
-}
-
 TEST_P(ExchangeWriteFailure, inARestoreWithItsProfileLeavesBothOrNeither) {
     const std::string whole = test::encode(someBackup());
     auto backup = someBackup();

@@ -66,17 +66,6 @@ TEST_F(Invoices, rowsFollowTheirRecords) {
     EXPECT_THAT(shown(InvoiceRowsModel::badge), ElementsAre("Paid"));
 }
 
-TEST_F(Invoices, aDraftThatIsPastItsDueDateIsOpenAndNotOverdue) {
-    add("INV-1", "2025-01-01");
-    EXPECT_THAT(shown(InvoiceRowsModel::badge), ElementsAre("Draft"));
-    EXPECT_EQ(outstanding(), "—");
-    filter(InvoiceFilter::overdue);
-    EXPECT_THAT(numbers(), IsEmpty());
-    EXPECT_EQ(utf8(model.noneText()), "No overdue invoices");
-    filter(InvoiceFilter::open);
-    EXPECT_THAT(numbers(), ElementsAre("INV-1"));
-}
-
 TEST_F(Invoices, filtersNarrowTheRowsAndNotTheSummary) {
     add("INV-1", "2026-01-01", InvoiceStatus::sent);
     add("INV-2", "2026-02-25", InvoiceStatus::sent);

@@ -87,26 +87,6 @@ TEST_F(StatsRow, ofSeveralCurrenciesShowsHoursForMoney) {
     EXPECT_EQ(texts(), "2:30|2 entries\nMixed|Several currencies\n2:30|2:30 ready to invoice");
 }
 
-TEST_F(StatsRow, countsTimeWithoutAProjectAsHoursAlone) {
-    show({listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z"),
-          listed(nullptr, "2026-03-02T09:00Z", "2026-03-02T10:00Z"),
-          listed(nullptr, "2026-03-02T10:00Z", "2026-03-02T11:00Z")});
-    EXPECT_EQ(texts(), "3:00|3 entries\n€100.00|Before rounding\n€100.00|3:00 ready to invoice");
-}
-
-TEST_F(StatsRow, ofAProjectWithoutAClientIsInDollars) {
-    show({listed(projectNamed("Own"), "2026-03-02T08:00Z", "2026-03-02T09:00Z")});
-    EXPECT_EQ(model.billable(), QStringLiteral("$0.00"));
-}
-
-TEST_F(StatsRow, takesTheFrozenRateOfBilledTime) {
-    auto entry = listed(web, "2026-03-02T08:00Z", "2026-03-02T09:00Z");
-    entry.rateCents = 7000;
-    entry.isBilled = true;
-    show({entry});
-    EXPECT_EQ(texts(), "1:00|1 entry\n€70.00|Before rounding\n€0.00|0:00 ready to invoice");
-}
-
 TEST_F(StatsRow, writesMoneyInTheLocaleOfTheMoment) {
     const test::ScopedEnvironment german("LC_ALL", "de_DE.UTF-8");
     show({listed(web, "2026-03-02T08:00Z", "2026-03-02T20:00Z")});
