@@ -21,10 +21,6 @@ namespace {
 constexpr std::chrono::days longestChart{32};
 constexpr std::size_t manyEntries = 20'000;
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 }  // namespace
 
 TimesheetModel::TimesheetModel(const AppServices& services, Confirmation& confirmation,
@@ -193,8 +189,8 @@ Ref<TimeEntry> TimesheetModel::entryAt(int row) {
 
 QString TimesheetModel::billedHelp(int row) {
     const auto entry = entryAt(row);
-    const auto invoice = entry ? entry->invoice.get() : nullptr;
-    return invoice ? QStringLiteral("On invoice %1").arg(text(invoice->number.get())) : QString();
+    if (!entry || !entry->invoice) return {};
+    return QStringLiteral("On invoice %1").arg(QString::fromStdString(entry->invoice->number));
 }
 
 // --- the selection and the lines ---------------------------------------------------------------
