@@ -3,11 +3,24 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QString>
+#include <functional>
 
 namespace elmworth::test {
+
+/// Lets the loop turn until `condition` holds. False when it never does.
+inline bool comesTrue(const std::function<bool()>& condition) {
+    const QDeadlineTimer deadline(20'000);
+    while (!condition()) {
+        if (deadline.hasExpired()) return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
+    }
+    return true;
+}
 
 /// A message bus that nobody else is on. It ends with the object.
 class PrivateSessionBus {
