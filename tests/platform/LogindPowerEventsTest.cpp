@@ -9,48 +9,32 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDeadlineTimer>
-#include <QProcess>
 #include <algorithm>
 #include <array>
+#include <optional>
 
+#include "support/PrivateSessionBus.h"
 #include "support/TestTimer.h"
 
 namespace elmworth {
 namespace {
 
+using test::comesTrue;
 using test::TestTimer;
 using testing::ElementsAre;
-
-/// Lets the loop turn until `condition` holds. False when it never does.
-bool comesTrue(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(20'000);
-    while (!condition()) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-    }
-    return true;
-}
 
 /// The process's system bus.
 class SystemBus final : public testing::Environment {
  public:
     void SetUp() override {
-        daemon_.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                       QStringLiteral("--print-address")});
-        ASSERT_TRUE(daemon_.waitForReadyRead());
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", daemon_.readLine().trimmed());
+        bus_.emplace();
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus_->address().toUtf8());
     }
-    void TearDown() override {
-        daemon_.kill();
-        daemon_.waitForFinished();
-    }
+    void TearDown() override { bus_.reset(); }
 
  private:
-    QProcess daemon_;
+    std::optional<test::PrivateSessionBus> bus_;
 };
 
 [[maybe_unused]] const auto* const systemBus = testing::AddGlobalTestEnvironment(new SystemBus);
@@ -144,14 +128,6 @@ class LogindPowerEventsTest : public testing::Test {
     TestTimer timer;
 };
 
-TEST_F(LogindPowerEventsTest, aSleepOf599SecondsCountsAsWork) {
-    FakeLogind logind;
-    LogindPowerEvents events;
-    const auto& service = runningTimer(events);
-    sleepFor(logind, events, 599);
-    EXPECT_TRUE(service.awayIntervals().empty());
-}
-
 TEST_F(LogindPowerEventsTest, aSleepOf600SecondsIsAskedAbout) {
     FakeLogind logind;
     LogindPowerEvents events;
@@ -160,15 +136,6 @@ TEST_F(LogindPowerEventsTest, aSleepOf600SecondsIsAskedAbout) {
     ASSERT_EQ(service.awayIntervals().size(), 1U);
     EXPECT_EQ(service.awayIntervals().front().end, timer.now);
     EXPECT_EQ(timer.spans(), std::vector<std::string>{"09:00:00-"});
-}
-
-TEST_F(LogindPowerEventsTest, twoSleepsAreAskedAboutTogether) {
-    FakeLogind logind;
-    LogindPowerEvents events;
-    const auto& service = runningTimer(events);
-    sleepFor(logind, events, 5400);
-    sleepFor(logind, events, 2700);
-    EXPECT_EQ(service.awayIntervals().size(), 2U);
 }
 
 TEST_F(LogindPowerEventsTest, theMachineWaitsUntilTheHandlersHaveRun) {
