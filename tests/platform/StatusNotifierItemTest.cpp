@@ -11,7 +11,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <memory>
 
@@ -24,18 +23,10 @@
 namespace elmworth {
 namespace {
 
+using test::comesTrue;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-
-bool comesTrue(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(20'000);
-    while (!condition()) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    }
-    return true;
-}
 
 /// A tray that items register with, and that may have a panel to show them.
 class FakeTray final : public QObject {
