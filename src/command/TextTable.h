@@ -31,12 +31,12 @@ class TextTable {
 
  private:
     struct Cell {
-        explicit Cell(std::string line);
-
         std::string text;
-        std::size_t length;  ///< in user-perceived characters
+        std::size_t length;  ///< in user-perceived characters; none where it isn't needed
     };
 
+    [[nodiscard]] Cell cell(std::size_t column, std::string text) const;
+    [[nodiscard]] std::vector<Cell> titles() const;
     [[nodiscard]] std::vector<std::size_t> widths() const;
     void appendLine(std::string& text, const std::vector<Cell>& cells,
                     const std::vector<std::size_t>& widths) const;

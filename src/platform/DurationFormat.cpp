@@ -6,9 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cinttypes>
 #include <cstdint>
-#include <cstdio>
 
 #include "platform/SystemLog.h"
 
@@ -22,21 +20,21 @@ std::int64_t wholeTotal(double seconds) {
     return std::max<std::int64_t>(0, static_cast<std::int64_t>(seconds));
 }
 
+/// Behind the unit above: a colon and two digits.
+std::string sexagesimal(std::int64_t part) {
+    return (part < 10 ? ":0" : ":") + std::to_string(part);
+}
+
 }  // namespace
 
 std::string formatHoursMinutes(double seconds) {
     const std::int64_t total = wholeTotal(seconds);
-    char text[32];
-    std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64, total / 3600, total / 60 % 60);
-    return text;
+    return std::to_string(total / 3600) + sexagesimal(total / 60 % 60);
 }
 
 std::string formatHoursMinutesSeconds(double seconds) {
     const std::int64_t total = wholeTotal(seconds);
-    char text[32];
-    std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64 ":%02" PRId64, total / 3600,
-                  total / 60 % 60, total % 60);
-    return text;
+    return formatHoursMinutes(seconds) + sexagesimal(total % 60);
 }
 
 std::string formatDecimalHours(double seconds) {
