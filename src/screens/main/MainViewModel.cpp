@@ -4,6 +4,7 @@
 #include "screens/main/MainViewModel.h"
 
 #include <QKeySequence>
+#include <utility>
 
 #include "screens/main/SidebarItem.h"
 
@@ -21,6 +22,8 @@ MainViewModel::MainViewModel(const AppServices& services, const InvoiceOutlets& 
       context_(services.context),
       defaults_(services.defaults),
       timer_(services.timer),
+      now_(services.now),
+      lastRunning_(timer_.running()),
       running_(services),
       welcome_(services.defaults),
       updater_(updater),
@@ -37,6 +40,7 @@ MainViewModel::MainViewModel(const AppServices& services, const InvoiceOutlets& 
     connect(&clients_, &ClientsModel::removed, &history_, &HistoryModel::tellOfStep);
     connect(&projects_, &ProjectsModel::removed, &history_, &HistoryModel::tellOfStep);
     connect(&projects_, &ProjectsModel::failed, &history_, &HistoryModel::say);
+    connect(&history_, &HistoryModel::historyChanged, this, &MainViewModel::followTimer);
     connect(&newInvoice_, &NewInvoiceModel::created, this,
             [this] { defaults_.setString(sectionKey, "Invoices"); });
     connect(timesheet_.gettingStarted(), &GettingStartedModel::settingsRequested, this,
@@ -48,6 +52,15 @@ MainViewModel::MainViewModel(const AppServices& services, const InvoiceOutlets& 
         if (key == sectionKey) Q_EMIT sectionChanged();
     });
     faultsObservation_ = readFaults_.observe([this] { Q_EMIT libraryProblemChanged(); });
+}
+
+/// An entry that a clock set back leaves without time goes like one that was started by accident;
+/// it may have been an hour.
+void MainViewModel::followTimer() {
+    const auto last = std::exchange(lastRunning_, timer_.running());
+    if (!last || !last->isDeleted() || last->start.get() <= now_()) return;
+    history_.tellOfStep(
+        QStringLiteral("The clock stands before the start of what ran, so nothing was kept."));
 }
 
 int MainViewModel::section() const {

@@ -97,11 +97,14 @@ class MainViewModel final : public QObject {
 
  private:
     [[nodiscard]] bool isCovered();
+    void followTimer();
 
     ReadFaults& readFaults_;
     UnitOfWork& context_;
     Settings& defaults_;
     TimerService& timer_;
+    Clock now_;
+    Ref<TimeEntry> lastRunning_;
     SidebarModel sections_;
     RunningEntryModel running_;
     WelcomeModel welcome_;

@@ -61,6 +61,23 @@ TEST_F(MainView, saysWhatASectionTookAwayAndOffersToUndoIt) {
     EXPECT_FALSE(model.history()->noticeOffersUndo());
 }
 
+TEST_F(MainView, saysWhenAStopKeepsNothingAsTheClockWasSetBack) {
+    const auto website = timer.library.addProject("Website", nullptr);
+    context().save();
+    timer.service->setHistory(*timer.history);
+    timer.service->start(website);
+    timer.service->stop();
+    EXPECT_EQ(model.history()->notice().toStdString(), "") << "it was an accident";
+    timer.service->start(website);
+    timer.now -= std::chrono::hours(1);
+    timer.service->stop();
+    EXPECT_EQ(model.history()->notice().toStdString(),
+              "The clock stands before the start of what ran, so nothing was kept.");
+    EXPECT_TRUE(model.history()->noticeOffersUndo());
+    model.history()->undo();
+    EXPECT_EQ(context().fetchCount<TimeEntry>(), 1U);
+}
+
 TEST_F(MainView, anUnknownSectionShowsTheTimesheetAndStaysStored) {
     for (const char* text : {"", "timesheet", "Reports", "Clients "}) {
         defaults.setString("mainSection", text);
