@@ -8,9 +8,8 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "exchange/CSVFormat.h"
 #include "exchange/CSVTokenizer.h"
-#include "platform/Calendar.h"
-#include "platform/ISO8601.h"
 #include "platform/Text.h"
 #include "platform/TextEncoding.h"
 #include "records/Client.h"
@@ -45,111 +44,12 @@ namespace CSVImporter {
 
 namespace {
 
-using Fields = std::vector<std::string>;
-using Column = std::optional<std::size_t>;
-
 /// Some eight million rows; a text has to fit into memory several times.
 constexpr std::size_t largestFile = 1'000'000'000;
 
-/// Calendars count the years before this one backwards.
-constexpr Instant yearOne = std::chrono::sys_days{std::chrono::year{1} / 1 / 1};
-
-/// The names of the columns, trimmed and in lower case.
-class Header {
- public:
-    explicit Header(const Fields& names) {
-        for (const auto& name : names) names_.push_back(lowerCased(trimmedBlanks(name)));
-    }
-    [[nodiscard]] Column column(std::string_view name) const {
-        const auto found = std::find(names_.begin(), names_.end(), name);
-        if (found == names_.end()) return std::nullopt;
-        return static_cast<std::size_t>(found - names_.begin());
-    }
-    [[nodiscard]] bool hasAll(std::initializer_list<std::string_view> names) const {
-        return std::all_of(names.begin(), names.end(),
-                           [&](auto name) { return column(name).has_value(); });
-    }
-
- private:
-    Fields names_;
-};
-
-std::string optionalField(const Fields& fields, Column column) {
+std::string optionalField(const CSVFields& fields, CSVColumn column) {
     if (!column || *column >= fields.size()) return {};
     return std::string(trimmedBlanks(fields[*column]));
-}
-
-/// Reads one kind of file, row by row.
-class Format {
- public:
-    virtual ~Format() = default;
-    /// Start and end of a row; absent when they cannot be read.
-    [[nodiscard]] virtual std::optional<DateInterval> span(const Fields& fields) const = 0;
-    [[nodiscard]] virtual std::string_view notesColumn() const = 0;
-};
-
-class OwnFormat final : public Format {
- public:
-    explicit OwnFormat(const Header& header)
-        : start_(*header.column("start")), end_(*header.column("end")) {}
-    [[nodiscard]] std::optional<DateInterval> span(const Fields& fields) const override {
-        if (std::max(start_, end_) >= fields.size()) return std::nullopt;
-        const auto start = parseISO8601(fields[start_]);
-        const auto end = parseISO8601(fields[end_]);
-        if (!start || !end) return std::nullopt;
-        return DateInterval{*start, *end};
-    }
-    [[nodiscard]] std::string_view notesColumn() const override { return "notes"; }
-
- private:
-    std::size_t start_;
-    std::size_t end_;
-};
-
-class TogglFormat final : public Format {
- public:
-    TogglFormat(const Header& header, const std::string& zoneID)
-        : startDate_(*header.column("start date")),
-          startTime_(*header.column("start time")),
-          endDate_(*header.column("end date")),
-          endTime_(*header.column("end time")),
-          calendar_(Locale("en_US"), zoneID),
-          utc_(Locale("en_US"), "UTC") {}
-
-    [[nodiscard]] std::optional<DateInterval> span(const Fields& fields) const override {
-        if (std::max({startDate_, startTime_, endDate_, endTime_}) >= fields.size()) {
-            return std::nullopt;
-        }
-        const auto start = localTime(fields[startDate_], fields[startTime_]);
-        const auto end = localTime(fields[endDate_], fields[endTime_]);
-        if (!start || !end) return std::nullopt;
-        return DateInterval{*start, *end};
-    }
-    [[nodiscard]] std::string_view notesColumn() const override { return "description"; }
-
- private:
-    [[nodiscard]] std::optional<Instant> localTime(const std::string& date,
-                                                   const std::string& time) const {
-        const auto asIfUTC = parseISO8601(date + 'T' + time + 'Z');
-        if (!asIfUTC || *asIfUTC < yearOne) return std::nullopt;
-        const auto instant = calendar_.date(utc_.components(*asIfUTC));
-        return instant && hasISO8601(*instant) ? instant : std::nullopt;
-    }
-
-    std::size_t startDate_;
-    std::size_t startTime_;
-    std::size_t endDate_;
-    std::size_t endTime_;
-    Calendar calendar_;
-    Calendar utc_;
-};
-
-std::unique_ptr<Format> recognize(const Header& header, const std::string& zoneID) {
-    if (header.hasAll({"start", "end", "hours"})) return std::make_unique<OwnFormat>(header);
-    if (header.hasAll({"start date", "start time", "end date", "end time"})) {
-        return std::make_unique<TogglFormat>(header, zoneID);
-    }
-    throw ImportError(ImportError::Code::unrecognizedFormat);
 }
 
 /// What makes two entries the same.
@@ -263,13 +163,14 @@ std::vector<Row> parse(std::string_view text, const std::string& zoneID, Progres
         text.remove_prefix(byteOrderMark.size());
     }
     CSVTokenizer tokenizer(text);
-    Fields fields;
+    CSVFields fields;
     if (!tokenizer.next(fields)) throw ImportError(ImportError::Code::empty);
-    const Header header(fields);
-    const auto format = recognize(header, zoneID);
-    const Column client = header.column("client");
-    const Column project = header.column("project");
-    const Column notes = header.column(format->notesColumn());
+    const CSVHeader header(fields);
+    const auto format = CSVFormat::of(header, zoneID);
+    if (!format) throw ImportError(ImportError::Code::unrecognizedFormat);
+    const CSVColumn client = header.column("client");
+    const CSVColumn project = header.column("project");
+    const CSVColumn notes = header.column(format->notesColumn());
 
     std::vector<Row> rows;
     while (tokenizer.next(fields)) {
