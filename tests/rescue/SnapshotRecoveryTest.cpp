@@ -163,6 +163,18 @@ TEST_F(RecoveredLibrary, hasWhatADamagedPageMayHaveHeldFromTheSnapshot) {
                                          "look whether you had renamed or deleted it since."));
 }
 
+TEST_F(RecoveredLibrary, setsRightWhatTheSnapshotHasWrong) {
+    acme_->hourlyRateCents = -5;
+    library_.context().save();
+    takeSnapshot();
+    damage("Client");
+    EXPECT_THAT(recover().remarks,
+                Contains("Client “Acme”: rate is -5, below 0; this was set right."));
+    recovered([&](UnitOfWork& context) {
+        EXPECT_EQ(context.record<Client>(acme_->id())->hourlyRateCents.get(), 0);
+    });
+}
+
 TEST_F(RecoveredLibrary, isTheSnapshotWhereThereIsNoLibrary) {
     takeSnapshot();
     library_.close();
