@@ -32,7 +32,7 @@ class TimesheetContents {
     /// About `entriesOfTurn` entries are read in one turn, the first one included.
     TimesheetContents(UnitOfWork& context, RunLoop& runLoop, Clock now,
                       std::function<Calendar()> calendar, Handlers handlers,
-                      std::size_t entriesOfTurn = 2'000);
+                      std::size_t entriesOfTurn = 6'000);
 
     [[nodiscard]] const TimesheetFilter& filter() const noexcept { return filter_; }
     /// Shows what `filter` lets through. Another search alone reads nothing.
