@@ -11,11 +11,11 @@
 #include "app/SessionBus.h"
 #include "app/WorkingFolder.h"
 #include "platform/AtomicFile.h"
-#include "platform/Calendar.h"
 #include "platform/LibraryLock.h"
 #include "platform/Locale.h"
 #include "platform/MoneyFormat.h"
 #include "platform/StandardFolders.h"
+#include "platform/ZoneOffsets.h"
 
 namespace elmworth {
 
@@ -64,8 +64,8 @@ std::optional<CommandResult> handOff(const std::vector<std::string>& arguments,
     const LockFile library;
     if (lifeline.watched() < 0 || library.descriptor() < 0) return std::nullopt;
     return runOverBus({arguments, workingFolder().string(), Locale::current().identifier(),
-                       currentMoneyLocale().identifier(), Calendar::current().zoneID(),
-                       STDERR_FILENO, lifeline.watched(), input.descriptor(), library.descriptor(),
+                       currentMoneyLocale().identifier(), currentZoneID(), STDERR_FILENO,
+                       lifeline.watched(), input.descriptor(), library.descriptor(),
                        currentUmask()});
 }
 

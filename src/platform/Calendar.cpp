@@ -11,6 +11,8 @@
 #include <new>
 #include <utility>
 
+#include "platform/ZoneOffsets.h"
+
 namespace elmworth {
 namespace {
 
@@ -132,10 +134,7 @@ Calendar::Calendar(const Locale& locale, std::string_view zoneID)
     : impl_(std::make_unique<Impl>(makeCalendar(locale, zoneID))) {}
 
 Calendar Calendar::current() {
-    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
-    icu::UnicodeString id;
-    std::string zoneID;
-    return {Locale::current(), zone->getID(id).toUTF8String(zoneID)};
+    return {Locale::current(), currentZoneID()};
 }
 
 Calendar::Calendar(const Calendar& other)

@@ -12,7 +12,6 @@
 #include <new>
 #include <unordered_map>
 
-#include "platform/Calendar.h"
 #include "platform/ZoneOffsets.h"
 
 namespace elmworth {
@@ -45,7 +44,7 @@ icu::DateFormat* create(DateFormatter::Style style, const icu::Locale& locale, U
 }
 
 DateFormatter currentFormatter(DateFormatter::Style style) {
-    return {style, Locale::current(), Calendar::current().zoneID()};
+    return {style, Locale::current(), currentZoneID()};
 }
 
 }  // namespace

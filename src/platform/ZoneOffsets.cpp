@@ -68,4 +68,11 @@ int ZoneOffsets::secondsAt(Instant instant) const {
     return impl_->seconds;
 }
 
+std::string currentZoneID() {
+    const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
+    icu::UnicodeString id;
+    std::string zoneID;
+    return zone->getID(id).toUTF8String(zoneID);
+}
+
 }  // namespace elmworth

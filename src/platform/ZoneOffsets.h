@@ -4,11 +4,15 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "platform/Instant.h"
 
 namespace elmworth {
+
+/// The identifier of the time zone that the computer is set to.
+[[nodiscard]] std::string currentZoneID();
 
 /// How far the clocks of a time zone are from UTC. Quick for instants that lie close together: the
 /// zone is asked once for each span without a change of the clocks.

@@ -9,12 +9,18 @@
 
 #include "platform/Calendar.h"
 #include "support/Instants.h"
+#include "support/ScopedEnvironment.h"
 
 namespace elmworth {
 namespace {
 
 using namespace std::chrono_literals;
 using test::at;
+
+TEST(ZoneOffsets, ofThisComputerAreThoseOfTheZoneThatItIsSetTo) {
+    const test::ScopedEnvironment zone("TZ", "Asia/Kathmandu");
+    EXPECT_EQ(currentZoneID(), "Asia/Kathmandu");
+}
 
 TEST(ZoneOffsets, changeAtTheVeryInstantOfTheClocksChange) {
     const ZoneOffsets berlin("Europe/Berlin");
