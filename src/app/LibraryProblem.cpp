@@ -15,6 +15,7 @@
 #include "app/DetachedStart.h"
 #include "app/LiveAppearance.h"
 #include "app/MakeWindow.h"
+#include "app/Renderer.h"
 #include "platform/linux/PortalColorScheme.h"
 #include "theme/fonts/Fonts.h"
 #include "theme/icons/AppIcon.h"
@@ -34,6 +35,7 @@ QString reasonIn(const std::string& sentence) {
 }
 
 void showProblem(const QString& reason) {
+    chooseRenderer();
     loadEmbeddedFonts();
     QGuiApplication::setWindowIcon(appIcon());
     QGuiApplication::setQuitOnLastWindowClosed(true);

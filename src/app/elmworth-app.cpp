@@ -107,6 +107,7 @@ int runOnLibrary(const std::vector<std::string>& arguments) {
             return 1;
         }
     }
+    chooseRenderer();
     ElmworthApp app(isDemo, opening);
     if (isGiven(arguments, detachedSwitch)) tellStarterReady();
     return QGuiApplication::exec();
@@ -117,7 +118,6 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& argume
     const auto application = openDisplay(argc, argv);
     describeApplication();
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    chooseRenderer();
     const bool isInTerminal = isGiven(arguments, terminalSwitch);
     try {
         return runOnLibrary(arguments);

@@ -123,8 +123,8 @@ void ClientsModel::countProjects() {
                 if (client) most = std::max(most, ++counts[*client]);
             });
     } catch (const StoreError&) {
-        most = ClientCardTexts::mostProjects;  // nothing is cut; the library's faults are told
-                                               // elsewhere
+        // So nothing is cut; the library's faults are told elsewhere.
+        most = ClientCardTexts::mostProjects;
     }
     projectLines_ = most > 2 ? 2 : 1;
 }
