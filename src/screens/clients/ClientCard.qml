@@ -171,16 +171,6 @@ HoverCard {
                 }
             }
 
-            PlainText {
-                visible: card.projectNames.length === 0
-                height: 22
-                verticalAlignment: Text.AlignVCenter
-                text: "No active projects"
-                size: Theme.captionSize
-                color: Theme.tertiaryText
-                Accessible.ignored: true
-            }
-
             ClientChips {
                 width: parent.width
                 visible: card.projectNames.length > 0
