@@ -49,8 +49,7 @@ QSize logoSize(QSize picture) {
 }
 
 /// Reads a picture small where its format can do that while decoding. Null when it is none.
-QImage readPicture(const std::filesystem::path& path) {
-    constexpr qint64 mostPixels = 200'000'000;  // some decoders take 8 bytes for each
+QImage readPicture(const std::filesystem::path& path, qint64 mostPixels) {
     auto picture = readLogoPicture(path);
     if (!picture) return {};
     QBuffer buffer(&picture->bytes);
@@ -91,7 +90,8 @@ LogoImage loadLogo() try {
         return nullptr;
     }
     if (cache() && cache()->modified == *modified) return cache()->image;
-    const QImage image = readPicture(file);
+    constexpr qint64 mostPixels = 32'000'000;  // of a file that this program did not write
+    const QImage image = readPicture(file, mostPixels);
     if (image.isNull()) return nullptr;
     cache() = {*modified, std::make_shared<const QImage>(image)};
     return cache()->image;
@@ -106,7 +106,8 @@ std::string makeLogoFile(const std::filesystem::path& file) {
     const auto restore = qScopeGuard(
         [old = QImageReader::allocationLimit()] { QImageReader::setAllocationLimit(old); });
     QImageReader::setAllocationLimit(megabytes);
-    QImage picture = readPicture(file);
+    constexpr qint64 mostPixels = 200'000'000;  // some decoders take 8 bytes for each
+    QImage picture = readPicture(file, mostPixels);
     if (picture.isNull())
         throw LogoError(LogoError::Code::fileReadCorruptFile,
                         "The file is not a picture that can be read.");

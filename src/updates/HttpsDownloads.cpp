@@ -30,6 +30,8 @@ QNetworkRequest requestFor(const QUrl& address) {
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     // Qt unpacks what it asked to be packed, which can grow without limit.
     request.setRawHeader("Accept-Encoding", "identity");
+    // Qt would tell the languages of the desktop.
+    request.setRawHeader("Accept-Language", "*");
     request.setRawHeader("User-Agent", "Elmworth/" ELMWORTH_VERSION);
     return request;
 }
