@@ -34,6 +34,9 @@ namespace {
 /// After the window's first frame: its section comes before what stands beside the window.
 constexpr auto sectionIsMade = 200ms;
 
+/// Between two attempts to end.
+constexpr auto refusalIsOver = 250ms;
+
 QUrl mainWindowFile() {
     return QUrl(QStringLiteral("qrc:/qt-project.org/imports/Elmworth/Main/MainWindow.qml"));
 }
@@ -49,7 +52,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
                    [this] { showNewInvoice(); }},
                   services_.timer(), services_.longWork()),
       commandService_(services_, painter_, activation_),
-      terminationSignals_([] { QGuiApplication::quit(); }),
+      terminationSignals_([this] { endSoon(); }),
       colorScheme_(QDBusConnection::sessionBus()),
       appearance_(services_.defaults(), colorScheme_),
       updates_(services_.defaults(), runLoop_, services_.clock(), isInMemory_),
@@ -83,6 +86,7 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
     QGuiApplication::setFont(font);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     QObject::connect(&engine_, &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit);
+    QObject::connect(&end_, &QTimer::timeout, qGuiApp, &QGuiApplication::quit);
     QObject::connect(&mainViewModel_, &MainViewModel::panelRequested, [this] { showPanel(); });
     QObject::connect(&mainViewModel_, &MainViewModel::settingsRequested,
                      [this] { showSettings(); });
@@ -91,6 +95,13 @@ ElmworthApp::ElmworthApp(bool isDemo, Opening opening)
 }
 
 ElmworthApp::~ElmworthApp() = default;
+
+/// A window refuses to close as long as its work goes on, and a quit before the loop runs is lost:
+/// who asks by a signal asks once.
+void ElmworthApp::endSoon() {
+    end_.start(refusalIsOver);
+    QGuiApplication::quit();
+}
 
 /// A window first: what stands beside it waits until the window has been drawn. That may never be,
 /// as where it starts minimized.

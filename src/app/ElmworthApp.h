@@ -71,6 +71,7 @@ class ElmworthApp {
     void followTray();
     void mainWindowClosed();
     void saveBeforeInterruptions();
+    void endSoon();
 
     /// A library in memory must not take the bus name of the application with the real library.
     bool isInMemory_;
@@ -79,6 +80,7 @@ class ElmworthApp {
     QTimer inFront_;      ///< for the desktop to bring the window to the front
     QTimer trayWait_;     ///< for a tray to take the item up
     QTimer standBeside_;  ///< until what is not the window may take its time
+    QTimer end_;          ///< once it was asked for
     QtRunLoop runLoop_;
     LibraryServices services_;
     FileWatch settingsWatch_;
