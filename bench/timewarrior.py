@@ -63,9 +63,12 @@ def main():
         environment = os.environ | {"TIMEWARRIORDB": str(home / "timewarrior"), "XDG_DATA_HOME": folder,
                                     "XDG_CONFIG_HOME": folder, "TZ": "Europe/Berlin", "LC_ALL": "C.UTF-8"}
         elmworth = programs / "elmworth"
+        # Seven whole days: the first day of a week is another one for each of them.
+        end = now.date()
+        week = [str(end - datetime.timedelta(days=days)) for days in (7, 1)]
         pairs = [({"elmworth status": [elmworth, "status"]}, {"timew": [timew]}),
-                 ({"elmworth report, a week": [elmworth, "report", "--period", "This Week"]},
-                  {"timew summary :week": [timew, "summary", ":week"]}),
+                 ({"elmworth report, a week": [elmworth, "report", "--from", week[0], "--through", week[1]]},
+                  {"timew summary, a week": [timew, "summary", week[0], "-", str(end)]}),
                  ({"elmworth report, a year": [elmworth, "report", "--period", "This Year"]},
                   {"timew summary :year": [timew, "summary", ":year"]})]
         times = collections.defaultdict(list)
